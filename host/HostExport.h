@@ -1,0 +1,16 @@
+#pragma once
+/// @file Linkage of the client platform's classes and functions.
+///
+/// The embedded default defines INDICATORHOST_BUILD while it is compiled; everybody else imports.
+
+#if defined(_WIN32)
+#if defined(INDICATORHOST_BUILD)
+#define INDICATORHOST_EXPORT __declspec(dllexport)
+#else
+#define INDICATORHOST_EXPORT __declspec(dllimport)
+#endif
+#define INDICATORHOST_TEMPLATE
+#else
+#define INDICATORHOST_EXPORT __attribute__((visibility("default")))
+#define INDICATORHOST_TEMPLATE __attribute__((visibility("default")))
+#endif

@@ -1,0 +1,22 @@
+#pragma once
+/// @file One formula as the formula manager knows it.
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+namespace TC {
+
+/// Record of a formula.
+struct CFormulaDetail
+{
+    QString displayName; ///< first name: what users see
+    QString realName;    ///< second name: what the engine knows it by
+    int kind = 0;        ///< 2: main-chart formula
+    QVector<double> numberParams;
+    QStringList stringParams;
+    bool groupModel = false;
+    bool script = false;
+};
+
+} // namespace TC

@@ -1,0 +1,16 @@
+#pragma once
+/// @file Set-up of the embedded host: what tests and applications steer.
+///
+/// The embedded host works with defaults and no set-up. Everything here is GUI-thread only.
+
+#include "host/HostExport.h"
+#include "host/embedded/FormulaSetup.h"
+#include "host/embedded/SettingsSetup.h"
+#include "host/embedded/SkinSetup.h"
+
+namespace TC::embedded {
+
+/// Returns every part of the embedded host to its defaults, so that no test sees another's state.
+INDICATORHOST_EXPORT void reset();
+
+} // namespace TC::embedded

@@ -1,0 +1,35 @@
+#pragma once
+/// @file Skins of the embedded host.
+
+#include "host/HostExport.h"
+
+#include <QColor>
+#include <QFont>
+#include <QPixmap>
+#include <QString>
+#include <QStringList>
+
+namespace TC::embedded {
+
+/// Names of the shipped skins, the default one first.
+INDICATORHOST_EXPORT QStringList skinNames();
+
+/// Name of the skin in use: a shipped name, the "name" of a skin file, or empty after clearSkin().
+INDICATORHOST_EXPORT QString currentSkin();
+
+/// Loads a skin: one of skinNames(), or the path of a JSON file.
+/// @return empty on success; else one line "FILE:LINE:COLUMN: reason", and the previous skin stays.
+INDICATORHOST_EXPORT QString loadSkin(const QString& nameOrPath);
+
+/// Empties the skin: no key answers.
+INDICATORHOST_EXPORT void clearSkin();
+
+/// Sets one key; handlers of skin changes are told.
+INDICATORHOST_EXPORT void setColor(const QString& key, const QColor& color);
+INDICATORHOST_EXPORT void setFont(const QString& key, const QFont& font);
+INDICATORHOST_EXPORT void setPixmap(const QString& key, const QPixmap& pixmap);
+
+/// Removes a key of any kind; handlers of skin changes are told.
+INDICATORHOST_EXPORT void removeSkinKey(const QString& key);
+
+} // namespace TC::embedded

@@ -1,0 +1,35 @@
+#pragma once
+/// @file A set of flags of one enumeration.
+
+namespace utils {
+
+/// Bit set over the values of `Enum`; converts from a single value and from a raw word.
+template <class Enum>
+class CFlags
+{
+public:
+    constexpr CFlags() = default;
+    constexpr CFlags(Enum flag)
+        : m_bits(static_cast<int>(flag))
+    {
+    }
+    explicit constexpr CFlags(int bits)
+        : m_bits(bits)
+    {
+    }
+
+    constexpr bool testFlag(Enum flag) const
+    {
+        return (m_bits & static_cast<int>(flag)) == static_cast<int>(flag) && flag != Enum {};
+    }
+    constexpr int bits() const { return m_bits; }
+
+    friend constexpr CFlags operator|(CFlags a, CFlags b) { return CFlags(a.m_bits | b.m_bits); }
+    friend constexpr bool operator==(CFlags a, CFlags b) { return a.m_bits == b.m_bits; }
+    friend constexpr bool operator!=(CFlags a, CFlags b) { return a.m_bits != b.m_bits; }
+
+private:
+    int m_bits = 0;
+};
+
+} // namespace utils

@@ -1,0 +1,219 @@
+/// @file Vertical range of what a pane shows, and the candles' mapping of values to rows.
+
+#include "draw/CDrawStyle.h"
+
+#include "draw/internal/Numbers.h"
+#include "draw/internal/Output.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace TC {
+
+namespace {
+
+using namespace detail;
+
+constexpr int kFlagColumn = 2, kTextColumn = 3, kPlainColumn = 200;
+constexpr int kGatedText = 13, kFixedText = 31, kBoolLine = 37, kStackedVolume = 42;
+
+bool isPlainNumber(int columnType)
+{
+    return columnType < 2 || columnType == kPlainColumn;
+}
+
+/// Widens the caller's range; the first value replaces it.
+class RangeGatherer
+{
+public:
+    RangeGatherer(double& max, double& min)
+        : m_max(max)
+        , m_min(min)
+    {
+    }
+
+    void count(double value)
+    {
+        m_max = m_counted ? std::max(m_max, value) : value;
+        m_min = m_counted ? std::min(m_min, value) : value;
+        m_counted = true;
+    }
+
+    /// Deliberate: a flag column widens the range that the caller passed in instead of replacing it, and
+    /// the first number after it only widens as well.
+    void countFlagColumn()
+    {
+        m_max = std::max(m_max, 1.0);
+        m_min = std::min(m_min, 0.0);
+        m_counted = true;
+    }
+
+    bool counted() const { return m_counted; }
+
+private:
+    double& m_max;
+    double& m_min;
+    bool m_counted = false;
+};
+
+const std::vector<double>* seriesOf(const se::RPCFormulaResult& result, int column)
+{
+    const int* series = elementAt(result.columnSeries, column);
+    return series ? elementAt(result.numberSeries, *series) : nullptr;
+}
+
+bool lacksBars(const se::RPCFormulaResult& result)
+{
+    return result.barTimes.empty() || result.columnType.empty() || result.barValid.empty();
+}
+
+/// First bar past the walk: after `endIndex`, the last bar or the end of the column's series.
+int walkEnd(const se::RPCFormulaResult& result, int endIndex, const std::vector<double>* series)
+{
+    const std::size_t length = series ? series->size() : 0;
+    const int total = std::min(barTotal(result), static_cast<int>(std::min<std::size_t>(length, INT_MAX)));
+    return endIndex < total ? endIndex + 1 : total;
+}
+
+/// Total of a stack at a bar, columns off the axis included; a missing term adds nothing.
+double stackedValue(const se::RPCFormulaResult& result, const std::vector<int>& columns, int bar)
+{
+    double sum = 0.0;
+    for (int column : columns) {
+        const std::vector<double>* series = seriesOf(result, column);
+        const double* term = series ? elementAt(*series, bar) : nullptr;
+        sum += term ? *term : 0.0;
+    }
+    return sum;
+}
+
+/// Counts one column of the all-output range.
+struct ColumnScan
+{
+    const se::RPCFormulaResult& result;
+    int startIndex, endIndex;
+    bool countZero;
+    double factor;
+    RangeGatherer& range;
+
+    void scan(int drawType, const std::vector<int>& columns, int column) const
+    {
+        const int* type = elementAt(result.columnType, column);
+        const int* needsAxis = elementAt(result.columnNeedsAxis, column);
+        if (!type || *type == kTextColumn || !needsAxis || *needsAxis == 0)
+            return;
+        const std::vector<double>* series = seriesOf(result, column);
+        const int end = walkEnd(result, endIndex, series);
+        const std::vector<double>* gate =
+            drawType == kGatedText ? seriesOf(result, columns.front()) : nullptr;
+        for (int bar = std::max(startIndex, 0); bar < end; ++bar) {
+            if (!isValidBar(result, bar))
+                continue;
+            if (drawType == kGatedText) {
+                const double* condition = gate ? elementAt(*gate, bar) : nullptr;
+                if (!condition || *condition == 0.0)
+                    continue;
+            }
+            if (isPlainNumber(*type))
+                countValue(drawType == kStackedVolume ? stackedValue(result, columns, bar)
+                                                      : (*series)[static_cast<std::size_t>(bar)]);
+            else if (*type == kFlagColumn && drawType == kBoolLine)
+                range.countFlagColumn();
+        }
+    }
+
+    /// Deliberate: validity and zero are tested after the factor, so that a scaled missing marker is an
+    /// ordinary number.
+    void countValue(double value) const
+    {
+        value *= factor;
+        if (!isMissing(value) && (countZero || !isZero(value)))
+            range.count(value);
+    }
+};
+
+} // namespace
+
+bool CDrawStyle::calcMaxMin(double& max, double& min, int startIndex, int endIndex,
+                            RPCFormulaResultCache& cache, const QRect&, bool countZero, bool useScale,
+                            float scale)
+{
+    const se::RPCFormulaMetaResult& meta = cache.meta;
+    if (lacksBars(cache.result)) {
+        max = min = 0.0;
+        return false;
+    }
+    RangeGatherer range(max, min);
+    const double factor = useScale ? static_cast<double>(scale) : 1.0;
+    const ColumnScan scan { cache.result, startIndex, endIndex, countZero, factor, range };
+    const auto described = std::min(meta.drawType.size(), meta.outputColumns.size());
+    const int outputs =
+        std::min(meta.outputCount, static_cast<int>(std::min<std::size_t>(described, INT_MAX)));
+    for (int output = 0; output < outputs; ++output) {
+        const int drawType = *elementAt(meta.drawType, output);
+        const std::vector<int>& columns = *elementAt(meta.outputColumns, output);
+        const int* width = elementAt(meta.lineWidth, output);
+        if (!width || *width == 0 || drawType == kFixedText || columns.empty())
+            continue;
+        const std::size_t visited = drawType == kStackedVolume ? 1
+            : drawType == kGatedText                           ? std::min<std::size_t>(2, columns.size())
+                                                               : columns.size();
+        for (std::size_t k = 0; k < visited; ++k)
+            scan.scan(drawType, columns, columns[k]);
+    }
+    return range.counted();
+}
+
+bool CDrawStyle::calcMaxMin(double& max, double& min, int startIndex, int endIndex,
+                            const RPCFormulaResultCache& cache, int outputIndex, const QRect&)
+{
+    const se::RPCFormulaMetaResult& meta = cache.meta;
+    const se::RPCFormulaResult& result = cache.result;
+    if (lacksBars(result) || outputIndex < 0 || outputIndex >= meta.outputCount)
+        return false;
+    const int* width = elementAt(meta.lineWidth, outputIndex);
+    const int* drawType = elementAt(meta.drawType, outputIndex);
+    const std::vector<int>* columns = elementAt(meta.outputColumns, outputIndex);
+    if (!width || *width == 0 || !drawType || !columns)
+        return false;
+
+    // Deliberate: zeros, the missing marker and columns off the axis count here; the range of all outputs
+    // leaves them out.
+    RangeGatherer range(max, min);
+    for (int column : *columns) {
+        const int* type = elementAt(result.columnType, column);
+        if (!type || *type == kTextColumn)
+            continue;
+        const std::vector<double>* series = seriesOf(result, column);
+        const int end = walkEnd(result, endIndex, series);
+        for (int bar = std::max(startIndex, 0); bar < end; ++bar) {
+            if (!isValidBar(result, bar))
+                continue;
+            const double value = (*series)[static_cast<std::size_t>(bar)];
+            if (isPlainNumber(*type)) {
+                if (std::isfinite(value))
+                    range.count(value);
+            } else if (*type == kFlagColumn && *drawType == kBoolLine) {
+                range.countFlagColumn();
+            }
+        }
+    }
+    return range.counted();
+}
+
+int dataToYAxis(double value, int top, int bottom, double max, double min)
+{
+    if (detail::isEqual(max, min)) {
+        if (value - min > detail::kTolerance)
+            return top;
+        if (max - value <= detail::kTolerance)
+            return static_cast<int>((static_cast<long long>(top) + 1 + bottom) / 2);
+        return bottom;
+    }
+    const double lowest = std::min(max, min), highest = std::max(max, min);
+    const double height = static_cast<double>(static_cast<long long>(bottom) - top);
+    const double rows = height * (value - lowest) / (highest - lowest);
+    return detail::saturatedSum(bottom, -static_cast<long long>(detail::toPixel(rows)));
+}
+
+} // namespace TC

@@ -1,0 +1,12 @@
+#pragma once
+/// @file Seeds of the property tests.
+
+#include <string>
+#include <vector>
+
+namespace test {
+
+/// `count` fixed seeds, then the ones held in tests/data/seeds/<suite>.txt because they failed once.
+std::vector<unsigned> seedsFor(const std::string& suite, unsigned count);
+
+} // namespace test

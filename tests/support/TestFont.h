@@ -1,0 +1,11 @@
+#pragma once
+/// @file The bundled font of all tests.
+
+#include <QFont>
+
+namespace test {
+
+/// A font of the bundled family, so that text is as wide on every machine.
+QFont font(int pixelSize);
+
+} // namespace test
