@@ -1,12 +1,17 @@
 #include "draw/internal/LabelPlacement.h"
 
-#include "draw/internal/Numbers.h"
-
 namespace TC::detail {
 
 namespace {
 
-enum PositionCode { CentredOnPoint = 0, AtPoint = 1, BesideOrAbovePoint = 2, Middle = 3, Top = 4, Bottom = 5 };
+enum PositionCode {
+    CentredOnPoint = 0,
+    AtPoint = 1,
+    BesideOrAbovePoint = 2,
+    Middle = 3,
+    Top = 4,
+    Bottom = 5
+};
 
 constexpr int kEdgeGap = 3; ///< pixels between a text and the pane's edge
 

@@ -1,8 +1,9 @@
 #pragma once
 /// @file Where position codes put texts and icons, decided without a painter.
 
+#include "draw/internal/Layout.h"
+
 #include <QPoint>
-#include <QRect>
 #include <QSize>
 
 #include <optional>
@@ -11,6 +12,19 @@ namespace TC::detail {
 
 /// Side of an icon's square in pixels.
 constexpr int kIconSize = 6;
+
+/// Whether a bar asks for its label: by any number but 0.0, however small. A missing number asks for
+/// nothing.
+inline bool asksForLabel(const std::optional<double>& condition)
+{
+    return condition && *condition != 0.0 && !isMissing(*condition);
+}
+
+/// Row of a price; empty where the scale has none for it.
+inline std::optional<int> rowOf(const ValueScale& scale, double price)
+{
+    return hasPixel(scale.at(price)) ? std::optional<int>(scale.row(price)) : std::nullopt;
+}
 
 /// Baseline start of a text.
 /// @param code  0 centred on the point, 1 at the point, 2 ending at the point, 3 middle of the pane,
