@@ -65,8 +65,9 @@ struct RemovedVolume
     double side2 = 0.0;
 };
 
-/// Volume of `previous` that `current` no longer shows. A price that left both sides counts only when
-/// its own side did not merely move away from it: side 1 shows no higher price, side 2 no lower one.
+/// Volume of `previous` that `current` no longer shows, per side. What shrank counts by the difference,
+/// what moved to the other side counts whole. A price gone from both sides counts whole as well, but only
+/// when side 1 shows no higher price any more (side 2: no lower one).
 RemovedVolume removedVolume(const OrderBook& previous, const OrderBook& current);
 
 /// Direction of a trade after what left the book: a removal about as large as the trade, far larger than
