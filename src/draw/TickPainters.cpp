@@ -4,13 +4,13 @@
 
 #include "draw/internal/BookChange.h"
 #include "draw/internal/Layout.h"
-#include "draw/internal/Pens.h"
+#include "draw/internal/TickInk.h"
 #include "draw/internal/TradeDirection.h"
 #include "draw/tickPaintData.h"
 
 #include "host/TC/CAppConfig.h"
+#include "host/utils/CSingletonT.h"
 
-#include <QLine>
 #include <QPainter>
 
 namespace TC {
@@ -26,32 +26,6 @@ struct ReferencePositions
 };
 constexpr ReferencePositions kCrossReferences { 2, 3 };
 constexpr ReferencePositions kStickReferences { 0, 1 };
-
-/// The pens of the two directions, looked up once and set only where the direction changes.
-class DirectionPens
-{
-public:
-    explicit DirectionPens(QPainter* painter)
-        : m_painter(painter)
-        , m_rise(skinColor(kRiseColor))
-        , m_fall(skinColor(kFallColor))
-    {
-    }
-
-    void use(bool rise)
-    {
-        if (m_inUse == rise)
-            return;
-        m_painter->setPen(rise ? m_rise : m_fall);
-        m_inUse = rise;
-    }
-    QColor fallColor() const { return m_fall.color(); }
-
-private:
-    QPainter* m_painter;
-    QPen m_rise, m_fall;
-    std::optional<bool> m_inUse;
-};
 
 TradeSeries tradeSeries(const se::RPCFormulaResult& result, const ColumnView& prices,
                         const ReferencePositions& references)
@@ -112,15 +86,6 @@ std::optional<int> crossRow(const QRect& rect, const QPair<double, double>& rang
     return saturatedSum(row, -reach) < rect.top() ? rect.top() + reach : row;
 }
 
-/// Two diagonals, the rising one first.
-void paintCross(QPainter* painter, int x, int y, int half)
-{
-    const int left = saturatedSum(x, -half), right = saturatedSum(x, half);
-    const int top = saturatedSum(y, -half), bottom = saturatedSum(y, half);
-    const QLine diagonals[] = { QLine(left, bottom, right, top), QLine(left, top, right, bottom) };
-    painter->drawLines(diagonals, 2);
-}
-
 // Sticks
 
 /// The arguments of a stick painter that travel together.
@@ -135,53 +100,60 @@ struct StickRun
     bool asLine;   ///< lines at every width
 };
 
-/// The ink of one trade's volume.
+/// Sticks of one run: lines, bodies or one-pixel marks.
 class StickInk
 {
 public:
     StickInk(QPainter* painter, const StickRun& run)
         : m_painter(painter)
         , m_pens(painter)
+        , m_lines(painter, m_pens, run.rect.bottom())
         , m_run(run)
         , m_slotWidth(slotWidth(run.rect, run.bars.divisor()))
         , m_scale { static_cast<double>(run.rect.bottom()), 0.0, run.rect.height() / run.maximum }
     {
     }
 
-    void paint(int bar, double volume, bool rise)
+    void add(int bar, double volume, bool rise)
     {
-        const double left = m_run.rect.left();
         const double inPane = (static_cast<double>(bar) - m_run.bars.first) * m_slotWidth + m_run.halfWidth;
-        if (isMissing(volume) || !hasPixel(left + inPane) || !hasPixel(m_scale.at(volume)))
+        const double middle = m_run.rect.left() + inPane;
+        if (isMissing(volume) || !hasPixel(middle) || !hasPixel(m_scale.at(volume)))
             return;
-        m_pens.use(rise);
-        const int x = saturatedSum(toPixel(left + inPane), -static_cast<long long>(m_run.halfWidth));
+        const int x = saturatedSum(toPixel(middle), -static_cast<long long>(m_run.halfWidth));
         const int y = m_scale.row(volume);
         const long long width = std::max(2ll * m_run.halfWidth, 1ll);
         // Deliberate: the pane's height less the row, although rows count from the top of the surface:
         // in a pane that does not start at row 0 sticks come out short, the small ones as one-pixel marks.
         const long long height = std::max(static_cast<long long>(m_run.rect.height()) - y, 1ll);
-        const bool isMark = height == 1 && !m_run.asLine;
-        if (isMark)
-            paintMark(x, width);
-        else if (m_run.asLine || width == 1)
-            m_painter->drawLine(x, y, x, m_run.rect.bottom());
+        if (m_run.asLine)
+            m_lines.add(x, y, rise);
+        else if (width == 1)
+            m_lines.add(x, height == 1 ? m_run.rect.bottom() : y, rise);
+        else
+            paintBody(x, y, width, height, rise);
+    }
+
+    /// Paints what is held back; call it behind the last stick.
+    void finish() { m_lines.finish(); }
+
+private:
+    /// Hollow when it rises, filled from a row lower on when it falls, a mark on the bottom row when flat.
+    void paintBody(int x, int y, long long width, long long height, bool rise)
+    {
+        const int bottom = m_run.rect.bottom();
+        m_pens.use(rise);
+        if (height == 1)
+            m_painter->drawLine(x, bottom, saturatedSum(x, width), bottom);
         else if (rise)
             m_painter->drawRect(paintableRect(x, y, width, height));
         else
             m_painter->fillRect(paintableRect(x, y + 1ll, width, height), m_pens.fallColor());
     }
 
-private:
-    /// A stick without height: a line along the bottom row, a point where the stick is a line itself.
-    void paintMark(int x, long long width)
-    {
-        const int bottom = m_run.rect.bottom();
-        m_painter->drawLine(x, bottom, width == 1 ? x : saturatedSum(x, width), bottom);
-    }
-
     QPainter* m_painter;
     DirectionPens m_pens;
+    StandingLineInk m_lines;
     const StickRun& m_run;
     double m_slotWidth; ///< fractional pixels
     ValueScale m_scale;
@@ -206,8 +178,9 @@ void paintSticks(QPainter* painter, const StickRun& run, Decide decide)
         if (!rise)
             return;
         const double volume = volumes.raw(bar).value_or(DBL_MAX);
-        ink.paint(bar, volume, decide(bar, volume, *prices.raw(bar), *rise));
+        ink.add(bar, volume, decide(bar, volume, *prices.raw(bar), *rise));
     });
+    ink.finish();
 }
 
 } // namespace
@@ -233,14 +206,12 @@ void CDrawStyle::drawTick(QPainter* painter, QRect& rect, QPair<double, double> 
     const ValueScale scale = spanning(rect, range);
     const int half = std::max(crossSize / 2, 1);
 
-    DirectionPens pens(painter);
+    CrossInk ink(painter, rect, half);
     for (std::size_t trade = 0; trade < trades.size(); ++trade) {
-        const std::optional<int> row = crossRow(rect, range, scale, trades[trade].price);
-        if (!row)
-            continue;
-        pens.use(trades[trade].rise);
-        paintCross(painter, toPixel(layout.at(trade)), *row, half);
+        if (const std::optional<int> row = crossRow(rect, range, scale, trades[trade].price))
+            ink.add(toPixel(layout.at(trade)), *row, trades[trade].rise);
     }
+    ink.finish();
 }
 
 void CDrawStyle::drawTickVolStick(QPainter* painter, QRect& rect, RPCFormulaResultCache& cache,
