@@ -11,11 +11,14 @@ namespace TC::detail {
 
 bool hidesBeneath(const QPainter& painter)
 {
-    constexpr QPainter::RenderHints blending = QPainter::Antialiasing;
     const QPaintEngine* engine = painter.paintEngine();
-    return engine && engine->type() == QPaintEngine::Raster && !(painter.renderHints() & blending)
-        && painter.compositionMode() == QPainter::CompositionMode_SourceOver && painter.opacity() == 1.0
-        && painter.deviceTransform().type() <= QTransform::TxTranslate;
+    if (!engine || engine->type() != QPaintEngine::Raster)
+        return false;
+    const QTransform toDevice = painter.deviceTransform();
+    const bool isOnWholePixels = toDevice.type() <= QTransform::TxTranslate
+        && std::trunc(toDevice.dx()) == toDevice.dx() && std::trunc(toDevice.dy()) == toDevice.dy();
+    return isOnWholePixels && !painter.testRenderHint(QPainter::Antialiasing)
+        && painter.compositionMode() == QPainter::CompositionMode_SourceOver && painter.opacity() == 1.0;
 }
 
 DirectionPens::DirectionPens(QPainter* painter)
