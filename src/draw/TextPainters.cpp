@@ -130,11 +130,10 @@ void CDrawStyle::drawTextEx(QPainter* painter, QRect& rect, RPCFormulaResultCach
     const auto across = lastOf(output.column(2)), down = lastOf(output.column(3));
     const std::vector<std::string>* texts = output.texts(4);
     const std::optional<QPen> pen = textPen(output, outputColor(output));
-    if (!condition || !isCode(*condition, 1) || !mode || !across || !down || !texts || texts->empty() || !pen)
+    if (!condition || !isCode(*condition, 1) || !mode || !across || !down || !texts || texts->empty() || !pen
+        || isMissing(*across) || isMissing(*down))
         return;
 
-    if (isMissing(*across) || isMissing(*down))
-        return;
     painter->setPen(*pen);
     setTitleFont(painter);
     const QString text = WB::sToQs(texts->back());

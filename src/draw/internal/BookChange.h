@@ -48,7 +48,7 @@ private:
     void assign(int key, double volume);
 
     std::array<Entry, kBookLevels> m_entries;
-    std::array<double, kBookLevels> m_prices; ///< unrounded; read where there are entries
+    std::array<double, kBookLevels> m_prices {}; ///< unrounded; read where there are entries
     int m_count = 0;
 };
 
