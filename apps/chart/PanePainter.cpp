@@ -117,6 +117,7 @@ void paintPane(QPainter& painter, const PaneGeometry& geometry, const PaneConten
     painter.save();
     painter.setClipRect(geometry.plot, Qt::IntersectClip);
     painter.translate(geometry.plot.topLeft());
+    useAxisFont(painter); // candles and numbers are labelled in the painter's font
     paintFormulas(painter, pane, view, range, geometry.plot.height());
     painter.restore();
 
