@@ -22,14 +22,14 @@ int paintRow(QPainter* painter, const QList<CArrowColorSimpleText>& row, int x, 
 
 void paintSummary(QPainter* painter, int x, const QVector<ArrowColorTextData>& texts)
 {
-    constexpr int top = 2;
     const QFont* font =
         utils::CSingletonT<WB::CUiResource>::instance()->getFont(QString::fromLatin1(detail::kTitleFont));
     painter->setFont(font ? *font : QFont());
     for (const ArrowColorTextData& text : texts) {
         const int width = detail::summaryTextWidth(text.text);
         painter->setPen(text.color);
-        painter->drawText(QRectF(x, top, width, detail::kTitleRowHeight), text.text, QTextOption());
+        painter->drawText(QRectF(x, detail::kSummaryTop, width, detail::kTitleRowHeight), text.text,
+                          QTextOption());
         x = detail::saturatedSum(x, width);
     }
 }

@@ -24,4 +24,14 @@ inline QSize logicalSize(const QPixmap* picture)
     return picture ? (QSizeF(picture->size()) / picture->devicePixelRatio()).toSize() : QSize(0, 0);
 }
 
+/// Width of the arrow behind a legend piece; 0 for none.
+inline int arrowWidth(int arrowType)
+{
+    switch (arrowType) {
+    case 1: return logicalSize(skinPicture(kArrowUpPicture)).width();
+    case 2: return logicalSize(skinPicture(kArrowDownPicture)).width();
+    default: return 0;
+    }
+}
+
 } // namespace TC::detail

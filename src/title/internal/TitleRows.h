@@ -26,6 +26,8 @@ namespace TC::detail {
 constexpr int kTitleRowHeight = 16; ///< pixels
 constexpr int kTitleGap = 3;        ///< pixels behind each object of a row, and added to summary texts
 
+constexpr int kSummaryTop = 2; ///< y of the summary's texts in the first row
+
 using Instrument = std::shared_ptr<ttservice::CInstrumentDetail>;
 
 /// The formula of a display name, or else of a real name; null when unknown.

@@ -96,10 +96,11 @@ void writeVolumes(SummaryWriter& writer, const TitleTrading& trading, double pri
         writeVolume(writer, trading.buyVolume, trading.buyAvgPrice, priceTick, kSummaryRiseColor);
     }
     if (trading.sellVolume != 0) {
-        writer.label(trading.buyVolume != 0 ? QStringLiteral("卖量:") : QStringLiteral(" [卖量:"));
+        if (trading.buyVolume != 0)
+            writer.label(QStringLiteral("卖量:"));
+        else
+            writer.open(QStringLiteral(" [卖量:"));
         writeVolume(writer, trading.sellVolume, trading.sellAvgPrice, priceTick, kSummaryFallColor);
-        writer.label(QStringLiteral("]"));
-        return;
     }
     writer.close();
 }
@@ -124,11 +125,11 @@ void writeAccounts(SummaryWriter& writer, const TitleTrading& trading)
 
 QVector<ArrowColorTextData> summaryTexts(const TitleTrading& trading, double priceTick)
 {
-    SummaryWriter amounts, volumes, accounts;
-    writeAmounts(amounts, trading);
-    writeVolumes(volumes, trading, priceTick);
-    writeAccounts(accounts, trading);
-    return amounts.texts() + volumes.texts() + accounts.texts();
+    SummaryWriter writer;
+    writeAmounts(writer, trading);
+    writeVolumes(writer, trading, priceTick);
+    writeAccounts(writer, trading);
+    return writer.texts();
 }
 
 int summaryTextWidth(const QString& text)
