@@ -5,6 +5,8 @@
 #include "tests/support/Legend.h"
 #include "title/CIndexTitleWidget.h"
 
+#include <QResizeEvent>
+
 namespace test {
 
 /// A data holder that tests fill.
@@ -60,6 +62,8 @@ public:
         resize(width, height);
         QResizeEvent resized(size(), QSize());
         resizeEvent(&resized);
+        if (size().isEmpty())
+            return QImage();
         QImage image(size() * ratio, QImage::Format_ARGB32_Premultiplied);
         image.setDevicePixelRatio(ratio);
         image.fill(Qt::magenta);

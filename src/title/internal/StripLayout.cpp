@@ -70,7 +70,7 @@ int layOutHeading(const StripContent& content, int x, int rightEdge, StripLayout
 void placeLegend(const StripContent& content, int x, int rightEdge, StripLayout& layout)
 {
     const bool mainChart = content.displayType == EIndexDisplay_Heading;
-    const int indent = stripIndent(content.subViewType, content.leftOffset);
+    const int indent = std::max(0, stripIndent(content.subViewType, content.leftOffset));
     const bool hasOwnIndent = content.viewType == EIndexView_Module || content.viewType == EIndexView_Quote
         || content.viewType == EIndexView_Replay;
     if (mainChart && !hasOwnIndent)

@@ -1,5 +1,7 @@
 #pragma once
 /// @file A pane's legend before it is painted: what stands in which row, and where.
+///
+/// What is exported here and in the neighbouring headers is for the tests, not for hosts.
 
 #include "data/CFormulaKey.h"
 #include "data/RPCFormulaResultCache.h"
@@ -62,10 +64,10 @@ struct TitleTrading
 
 /// The texts of the trade summary and the accounts in order; nothing traded gives none.
 /// @param priceTick  of the pane's instrument.
-QVector<ArrowColorTextData> summaryTexts(const TitleTrading& trading, double priceTick);
+INDICATORUI_EXPORT QVector<ArrowColorTextData> summaryTexts(const TitleTrading& trading, double priceTick);
 
 /// Width of one of those texts in the legend's font.
-int summaryTextWidth(const QString& text);
+INDICATORUI_EXPORT int summaryTextWidth(const QString& text);
 
 /// Where the rows of a legend begin.
 struct TitleOrigin
@@ -75,7 +77,8 @@ struct TitleOrigin
     int secondY = 0;
 };
 
-TitleOrigin titleOrigin(const QRect& rect, EIndexViewType viewType, int leftOffset, bool mainChart);
+INDICATORUI_EXPORT TitleOrigin titleOrigin(const QRect& rect, EIndexViewType viewType, int leftOffset,
+                                           bool mainChart);
 
 /// Calls visit(object, x, width) for each object of a row: its x, and the width left for it.
 /// @return the x behind the last object.
