@@ -8,6 +8,7 @@
 #include "host/embedded/FormulaSetup.h"
 #include "host/embedded/SettingsSetup.h"
 #include "host/embedded/SkinSetup.h"
+#include "host/embedded/TradingSetup.h"
 
 namespace TC::embedded {
 
