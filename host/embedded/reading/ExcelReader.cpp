@@ -9,10 +9,12 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <atomic>
 
 namespace {
 
 bool s_excelAvailable = true;
+std::atomic<int> s_readers { 0 };
 
 const TC::embedded::ResetHook s_resetReading([] { TC::embedded::setExcelAvailable(true); });
 
@@ -73,6 +75,11 @@ void setExcelAvailable(bool available)
     s_excelAvailable = available;
 }
 
+int excelReaderCount()
+{
+    return s_readers;
+}
+
 } // namespace TC::embedded
 
 namespace WB {
@@ -89,9 +96,13 @@ CExcelReader::CExcelReader(QObject* parent)
     : QObject(parent)
     , m_data(std::make_unique<Private>())
 {
+    ++s_readers;
 }
 
-CExcelReader::~CExcelReader() = default;
+CExcelReader::~CExcelReader()
+{
+    --s_readers;
+}
 
 bool CExcelReader::init(bool)
 {

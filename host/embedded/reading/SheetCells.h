@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <string_view>
 #include <vector>
 
@@ -35,6 +36,15 @@ public:
     int firstColumn() const { return m_firstColumn; }
     int lastColumn() const { return m_lastColumn; }
     QString text(int row, int column) const;
+
+    /// Gives every cell in the order in which it was set to `take(row, column, text)`, until that answers
+    /// false. @return whether all were taken.
+    template <class Take>
+    bool forEach(Take take) const
+    {
+        return std::all_of(m_cells.begin(), m_cells.end(),
+                           [&](const Cell& cell) { return take(cell.row, cell.column, cell.text); });
+    }
 
 private:
     struct Cell

@@ -1,3 +1,4 @@
+#include "host/embedded/reading/IsolatedReading.h"
 #include "host/embedded/reading/WorkbookFormats.h"
 
 #include <QFile>
@@ -76,9 +77,7 @@ void takeCell(const FreeXL_CellValue& value, int row, int column, SheetCells& ce
     }
 }
 
-} // namespace
-
-void readXls(const QString& path, SheetCells& cells)
+void readHere(const QString& path, SheetCells& cells)
 {
     if (!isReasonableWorkbook(path))
         return;
@@ -95,6 +94,14 @@ void readXls(const QString& path, SheetCells& cells)
                 takeCell(value, static_cast<int>(row), column, cells);
         }
     }
+}
+
+} // namespace
+
+void readXls(const QString& path, SheetCells& cells)
+{
+    // The library can crash on damaged files.
+    readIsolated([&](SheetCells& found) { readHere(path, found); }, cells);
 }
 
 } // namespace TC::embedded

@@ -216,7 +216,8 @@ private:
     std::string m_firstName;
 };
 
-/// Whether the archive stays within what may be unpacked, by the sizes it states itself.
+/// Whether the archive stays within what may be unpacked, by the sizes it states itself. The packed sizes
+/// must fit the file as well: whoever reads an entry makes room for them first.
 bool isReasonableArchive(const QByteArray& bytes)
 {
     constexpr zip_int64_t mostEntries = 1'000;
@@ -233,13 +234,16 @@ bool isReasonableArchive(const QByteArray& bytes)
     const std::unique_ptr<zip_t, void (*)(zip_t*)> archive(opened, zip_discard);
 
     const zip_int64_t entries = zip_get_num_entries(archive.get(), 0);
-    zip_uint64_t unpacked = 0;
+    zip_uint64_t unpacked = 0, packed = 0;
+    const zip_uint64_t fileSize = static_cast<zip_uint64_t>(bytes.size());
     for (zip_int64_t i = 0; i < entries && entries <= mostEntries; ++i) {
         zip_stat_t stat;
         if (zip_stat_index(archive.get(), static_cast<zip_uint64_t>(i), 0, &stat) != 0
-            || !(stat.valid & ZIP_STAT_SIZE) || stat.size > mostUnpacked - unpacked)
+            || !(stat.valid & ZIP_STAT_SIZE) || !(stat.valid & ZIP_STAT_COMP_SIZE)
+            || stat.size > mostUnpacked - unpacked || stat.comp_size > fileSize - packed)
             return false;
         unpacked += stat.size;
+        packed += stat.comp_size;
     }
     return entries <= mostEntries;
 }
