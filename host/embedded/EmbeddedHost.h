@@ -5,6 +5,8 @@
 
 #include "host/HostExport.h"
 #include "host/embedded/FormulaSetup.h"
+#include "host/embedded/ModuleSetup.h"
+#include "host/embedded/ReloadSetup.h"
 #include "host/embedded/SettingsSetup.h"
 #include "host/embedded/SkinSetup.h"
 
