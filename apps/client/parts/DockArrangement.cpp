@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QFile>
 #include <QMainWindow>
+#include <QVBoxLayout>
 
 #include <qtadvanceddocking/DockWidgetTab.h>
 #include <qtadvanceddocking/FloatingDockContainer.h>
@@ -28,9 +29,26 @@ QString simpleHeaderStyle()
         " { max-width: 0; max-height: 0; border: none; padding: 0; }");
 }
 
-TC::IIndexDockableWidget* panelOf(const ads::CDockWidget* dock)
+/// What a dock holds for good, since the docking system shows no dock without content: an empty berth for
+/// the panel.
+QWidget* makeBerth()
 {
-    return qobject_cast<TC::IIndexDockableWidget*>(dock->widget());
+    auto* made = new QWidget;
+    auto* layout = new QVBoxLayout(made);
+    layout->setContentsMargins(0, 0, 0, 0);
+    return made;
+}
+
+void berth(ads::CDockWidget* dock, TC::IIndexDockableWidget* panel)
+{
+    dock->widget()->layout()->addWidget(panel);
+    dock->setFeature(ads::CDockWidget::DockWidgetClosable, panel->isCloseEnable());
+    panel->show();
+}
+
+TC::IIndexDockableWidget* panelIn(const ads::CDockWidget* dock)
+{
+    return dock->widget()->findChild<TC::IIndexDockableWidget*>(QString(), Qt::FindDirectChildrenOnly);
 }
 
 } // namespace
@@ -41,7 +59,6 @@ DockArrangement::DockArrangement(QMainWindow* window, PanelPool& pool)
     , m_manager(new ads::CDockManager(window))
 {
     m_manager->setStyleSheet(m_manager->styleSheet() + simpleHeaderStyle());
-    connect(&m_pool, &PanelPool::released, this, &DockArrangement::empty);
 }
 
 DockArrangement::~DockArrangement() = default;
@@ -57,10 +74,9 @@ ads::CDockWidget* DockArrangement::addPanel(const QString& panelId, ads::DockWid
 
     auto* dock = new ads::CDockWidget(panel->title());
     dock->setObjectName(panelId); // before the manager learns of it: arrangements know docks by name
-    dock->setWidget(panel, ads::CDockWidget::ForceNoScrollArea);
-    dock->setFeature(ads::CDockWidget::DockWidgetClosable, panel->isCloseEnable());
+    dock->setWidget(makeBerth(), ads::CDockWidget::ForceNoScrollArea);
     dock->tabWidget()->setProperty("simpleHeader", panel->isSimpleHeaderTitle());
-    panel->show();
+    berth(dock, panel);
     m_manager->addDockWidget(area, dock, beside ? beside->dockAreaWidget() : nullptr);
     connect(dock, &ads::CDockWidget::viewToggled, this,
             [this, dock](bool open) { open ? borrow(dock) : giveBack(dock); });
@@ -73,8 +89,8 @@ void DockArrangement::removePanel(const QString& panelId)
     if (!removed)
         return;
     disconnect(removed, nullptr, this, nullptr);
-    if (TC::IIndexDockableWidget* panel = panelOf(removed)) {
-        removed->takeWidget();
+    if (TC::IIndexDockableWidget* panel = panelIn(removed)) {
+        panel->setParent(nullptr); // it outlives the dock
         m_pool.takeBack(panel);
     }
     m_manager->removeDockWidget(removed);
@@ -85,6 +101,12 @@ void DockArrangement::removePanel(const QString& panelId)
 ads::CDockWidget* DockArrangement::dock(const QString& panelId) const
 {
     return m_manager ? m_manager->findDockWidget(panelId) : nullptr;
+}
+
+TC::IIndexDockableWidget* DockArrangement::panel(const QString& panelId) const
+{
+    const ads::CDockWidget* holder = dock(panelId);
+    return holder ? panelIn(holder) : nullptr;
 }
 
 void DockArrangement::rememberDefault()
@@ -144,33 +166,16 @@ QString DockArrangement::forget(const QString& name)
 /// An opened dock without a panel gets one; one that was closed a moment ago keeps its own.
 void DockArrangement::borrow(ads::CDockWidget* dock)
 {
-    if (TC::IIndexDockableWidget* panel = panelOf(dock)) {
-        m_pool.keep(panel);
-        return;
-    }
-    TC::IIndexDockableWidget* panel = m_pool.lend(dock->objectName());
-    if (!panel)
-        return;
-    dock->setWidget(panel, ads::CDockWidget::ForceNoScrollArea);
-    dock->setFeature(ads::CDockWidget::DockWidgetClosable, panel->isCloseEnable());
-    panel->show();
+    if (TC::IIndexDockableWidget* own = panelIn(dock))
+        m_pool.keep(own);
+    else if (TC::IIndexDockableWidget* lent = m_pool.lend(dock->objectName()))
+        berth(dock, lent);
 }
 
 void DockArrangement::giveBack(ads::CDockWidget* dock)
 {
-    if (TC::IIndexDockableWidget* panel = panelOf(dock))
+    if (TC::IIndexDockableWidget* panel = panelIn(dock))
         m_pool.takeBack(panel);
-}
-
-/// Makes the dock that held the panel forget it.
-void DockArrangement::empty(TC::IIndexDockableWidget* panel)
-{
-    if (!m_manager)
-        return;
-    for (ads::CDockWidget* dock : m_manager->dockWidgetsMap()) {
-        if (dock->widget() == panel)
-            dock->takeWidget();
-    }
 }
 
 /// The docking system must not restore while docks or floating windows wait for their deletion.

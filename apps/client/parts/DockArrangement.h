@@ -42,6 +42,8 @@ public:
     void removePanel(const QString& panelId);
 
     ads::CDockWidget* dock(const QString& panelId) const;
+    /// The panel that stands in a dock now; null while the dock is closed and without a dock.
+    TC::IIndexDockableWidget* panel(const QString& panelId) const;
     ads::CDockManager* manager() const { return m_manager; }
 
     /// Makes the present arrangement the default one.
@@ -67,7 +69,6 @@ public:
 private:
     void borrow(ads::CDockWidget* dock);
     void giveBack(ads::CDockWidget* dock);
-    void empty(TC::IIndexDockableWidget* panel);
     void finishDeletions();
     bool applyState(const QByteArray& state);
     QString readFile(QByteArray& last);

@@ -75,9 +75,8 @@ void PanelPool::carryOutReleases()
             panel->testDoPendRelease();
         if (!panel || panel->isAcquired() || panel->parentWidget())
             continue;
-        Entry* entry = entryOf(panel);
-        if (entry && std::exchange(entry->releaseDue, false))
-            Q_EMIT released(panel);
+        if (Entry* entry = entryOf(panel))
+            entry->releaseDue = false;
     }
 }
 

@@ -48,10 +48,6 @@ public:
     int panelCount(const QString& panelId) const;
     int lentCount(const QString& panelId) const;
 
-Q_SIGNALS:
-    /// The panel is back: it has no parent and is hidden. A borrower forgets it now.
-    void released(TC::IIndexDockableWidget* panel);
-
 private:
     struct Entry
     {

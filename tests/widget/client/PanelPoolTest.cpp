@@ -88,24 +88,6 @@ TEST_F(PanelPoolTest, TakenBackPanelStaysInPlaceUntilTheEventLoopRuns)
     EXPECT_EQ(panel->happened, QStringList({ QStringLiteral("acquire"), QStringLiteral("release") }));
 }
 
-TEST_F(PanelPoolTest, ReleasedPanelIsAnnouncedOnceAfterItsRelease)
-{
-    QWidget window;
-    NotingPanel* panel = lend();
-    panel->setParent(&window);
-    int announced = 0;
-    QObject::connect(&pool, &client::PanelPool::released, [&](TC::IIndexDockableWidget* released) {
-        EXPECT_EQ(released, panel);
-        EXPECT_EQ(released->parentWidget(), nullptr);
-        ++announced;
-    });
-    pool.takeBack(panel);
-    pool.carryOutReleases();
-    pool.carryOutReleases();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(announced, 1);
-}
-
 TEST_F(PanelPoolTest, ReleasedPanelIsLentAgain)
 {
     NotingPanel* panel = lend();
