@@ -11,7 +11,10 @@ namespace {
 
 const std::vector<BuiltIn>& allFormulas()
 {
-    static const std::vector<BuiltIn> formulas { candlesFormula(), movingAverageFormula() };
+    static const std::vector<BuiltIn> formulas {
+        candlesFormula(), movingAverageFormula(), bollingerFormula(),   volumeFormula(),     macdFormula(),
+        kdjFormula(),     rsiFormula(),           crossSignalFormula(), risingDaysFormula(), noteFormula()
+    };
     return formulas;
 }
 
@@ -86,7 +89,7 @@ const std::vector<FormulaDescription>& builtInFormulas()
 const FormulaDescription* findBuiltIn(const std::string& name)
 {
     const BuiltIn* formula = find(name);
-    return formula ? &formula->description : nullptr;
+    return formula ? &builtInFormulas()[static_cast<std::size_t>(formula - allFormulas().data())] : nullptr;
 }
 
 std::optional<FormulaRecords> computeFormula(const std::string& name, const BarSeries& bars,

@@ -36,5 +36,13 @@ std::string periodName(const std::string& prefix, int period);
 
 BuiltIn candlesFormula();
 BuiltIn movingAverageFormula();
+BuiltIn bollingerFormula();
+BuiltIn volumeFormula();
+BuiltIn macdFormula();
+BuiltIn kdjFormula();
+BuiltIn rsiFormula();
+BuiltIn crossSignalFormula();
+BuiltIn risingDaysFormula();
+BuiltIn noteFormula();
 
 } // namespace engine

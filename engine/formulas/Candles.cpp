@@ -57,7 +57,7 @@ void compute(const FormulaInput& input, RecordBuilder& records)
 
 BuiltIn candlesFormula()
 {
-    return { { "KLINE", "K线", 2, {} }, compute };
+    return { { "KLINE", "KLINE", 2, {} }, compute };
 }
 
 } // namespace engine

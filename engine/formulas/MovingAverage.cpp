@@ -20,7 +20,7 @@ void compute(const FormulaInput& input, RecordBuilder& records)
 BuiltIn movingAverageFormula()
 {
     return { { "MA",
-               "均线",
+               "MA",
                2,
                { periodParameter("N1", 5), periodParameter("N2", 10), periodParameter("N3", 20),
                  periodParameter("N4", 60) } },

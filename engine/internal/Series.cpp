@@ -159,4 +159,19 @@ Series lowestOf(const Series& values, int period)
     return bestOf(values, period, [](double held, double next) { return held < next; });
 }
 
+Series crossingsOf(const Series& a, const Series& b)
+{
+    Series crossings(a.size(), 0.0);
+    double side = 0.0; // where `a` last stood: 1 above, -1 below
+    for (std::size_t bar = 0; bar < a.size(); ++bar) {
+        if (!isValue(a[bar]) || !isValue(b[bar]) || a[bar] == b[bar])
+            continue;
+        const double now = a[bar] > b[bar] ? 1.0 : -1.0;
+        if (side == -now)
+            crossings[bar] = now;
+        side = now;
+    }
+    return crossings;
+}
+
 } // namespace engine

@@ -60,4 +60,8 @@ Series highestOf(const Series& values, int period);
 /// Least value of the last `period` bars; missing unless all of them have a value.
 Series lowestOf(const Series& values, int period);
 
+/// 1 on the bars where `a` comes to stand above `b` after it last stood below, -1 the other way round, 0
+/// elsewhere. Meeting without passing is no crossing, and neither is the first bar that has both values.
+Series crossingsOf(const Series& a, const Series& b);
+
 } // namespace engine
