@@ -36,11 +36,10 @@ void compute(const FormulaInput& input, RecordBuilder& records)
 
 BuiltIn kdjFormula()
 {
-    return { { "KDJ",
-               "KDJ",
-               0,
-               { periodParameter("N", 9), periodParameter("M1", 3), periodParameter("M2", 3) } },
-             compute };
+    return {
+        { "KDJ", "KDJ", 0, { periodParameter("N", 9), periodParameter("M1", 3), periodParameter("M2", 3) } },
+        compute
+    };
 }
 
 } // namespace engine

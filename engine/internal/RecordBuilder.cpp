@@ -11,14 +11,24 @@ constexpr int kTextColumn = 3;
 
 void RecordBuilder::setBars(const BarSeries& bars)
 {
+    Series anyPrice = bars.close;
+    for (const Series* prices : { &bars.open, &bars.high, &bars.low }) {
+        for (std::size_t bar = 0; bar < anyPrice.size(); ++bar) {
+            if (!isValue(anyPrice[bar]))
+                anyPrice[bar] = (*prices)[bar];
+        }
+    }
+    setBars(bars.timeMs, anyPrice);
+}
+
+void RecordBuilder::setBars(const std::vector<std::int64_t>& timeMs, const Series& price)
+{
     se::RPCFormulaResult& result = m_records.result;
-    const std::size_t count = bars.size();
-    result.barTimes.resize(count);
-    result.barValid.resize(count);
-    for (std::size_t bar = 0; bar < count; ++bar) {
-        result.barTimes[bar].msecs = bars.timeMs[bar];
-        result.barValid[bar] = isValue(bars.open[bar]) || isValue(bars.high[bar]) || isValue(bars.low[bar])
-            || isValue(bars.close[bar]);
+    result.barTimes.resize(timeMs.size());
+    result.barValid.resize(timeMs.size());
+    for (std::size_t bar = 0; bar < timeMs.size(); ++bar) {
+        result.barTimes[bar].msecs = timeMs[bar];
+        result.barValid[bar] = isValue(price[bar]);
     }
 }
 

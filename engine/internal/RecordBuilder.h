@@ -39,6 +39,8 @@ class RecordBuilder
 public:
     /// Adds the bars: times and which of them carry data.
     void setBars(const BarSeries& bars);
+    /// Adds trades: a trade carries data where it has a price.
+    void setBars(const std::vector<std::int64_t>& timeMs, const Series& price);
 
     /// Adds a number series that columns may name; @return its index.
     int series(Series values);

@@ -1,5 +1,6 @@
 #include "engine/internal/Times.h"
 
+#include <algorithm>
 #include <charconv>
 #include <ctime>
 
@@ -24,6 +25,21 @@ bool takeMark(std::string_view& text, char mark)
         return false;
     text.remove_prefix(1);
     return true;
+}
+
+/// Takes one to nine digits after a decimal point; thousandths are kept, the rest is cut off.
+bool takeFraction(std::string_view& text, int& thousandths)
+{
+    const std::size_t digits = std::min<std::size_t>(text.size(), 9);
+    thousandths = 0;
+    int weight = 100;
+    for (std::size_t digit = 0; digit < digits; ++digit, weight /= 10) {
+        if (text[digit] < '0' || text[digit] > '9')
+            return false;
+        thousandths += (text[digit] - '0') * weight;
+    }
+    text.remove_prefix(digits);
+    return digits > 0;
 }
 
 bool isLeapYear(int year)
@@ -70,7 +86,7 @@ bool readTimeOfDay(std::string_view text, CivilTime& time)
     if (takeMark(text, ':')) {
         if (!takeNumber(text, 2, 2, time.second))
             return false;
-        if (takeMark(text, '.') && !takeNumber(text, 3, 3, time.millisecond))
+        if (takeMark(text, '.') && !takeFraction(text, time.millisecond))
             return false;
     }
     return text.empty() && time.hour < 24 && time.minute < 60 && time.second < 60;

@@ -18,7 +18,8 @@ struct CivilTime
 /// do not exist.
 bool readDate(std::string_view text, CivilTime& time);
 
-/// Reads 9:30, 09:30, 09:30:15 or 09:30:15.250 into the time fields.
+/// Reads 9:30, 09:30, 09:30:15 or 09:30:15.25 into the time fields; up to nine decimals, cut at the
+/// millisecond.
 bool readTimeOfDay(std::string_view text, CivilTime& time);
 
 /// Milliseconds since 1970-01-01 UTC of a time that is UTC.
