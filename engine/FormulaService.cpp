@@ -1,15 +1,30 @@
 #include "engine/FormulaService.h"
 
-#include <QMetaObject>
+#include <QCoreApplication>
+#include <QEvent>
 
+#include <algorithm>
+#include <atomic>
 #include <condition_variable>
 #include <deque>
+#include <map>
 #include <mutex>
+#include <thread>
 
 namespace engine {
 
-/// One request.
-struct FormulaService::Job
+namespace {
+
+const QEvent::Type kDeliveryEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
+
+QString nextId()
+{
+    static std::atomic<quint64> counter { 0 };
+    return QStringLiteral("request-%1").arg(++counter);
+}
+
+/// One request. The thread reads it; only the flag is written by both sides.
+struct Job
 {
     QString id;
     std::string name;
@@ -18,92 +33,166 @@ struct FormulaService::Job
     std::atomic<bool> cancelled { false };
 };
 
-/// What the two threads share.
-struct FormulaService::Queue
-{
-    std::mutex mutex;
-    std::condition_variable changed;
-    std::deque<std::shared_ptr<Job>> jobs;
-    bool ended = false;
+} // namespace
 
-    /// The next job; null when the service ends.
-    std::shared_ptr<Job> take()
+/// A result on its way to the service's thread.
+class FormulaService::Delivery : public QEvent
+{
+public:
+    Delivery(const QString& request, std::shared_ptr<const FormulaRecords> computed)
+        : QEvent(kDeliveryEvent)
+        , id(request)
+        , records(std::move(computed))
     {
-        std::unique_lock<std::mutex> lock(mutex);
-        changed.wait(lock, [this] { return ended || !jobs.empty(); });
-        if (ended)
-            return nullptr;
-        std::shared_ptr<Job> job = jobs.front();
-        jobs.pop_front();
-        return job;
     }
+
+    const QString id;
+    const std::shared_ptr<const FormulaRecords> records; ///< null: failed
+};
+
+/// The thread and its queue.
+class FormulaService::Worker
+{
+public:
+    explicit Worker(FormulaService* service)
+        : m_service(service)
+        , m_thread([this] { run(); })
+    {
+    }
+
+    ~Worker()
+    {
+        {
+            const std::lock_guard<std::mutex> lock(m_lock);
+            m_stopping = true;
+            m_waiting.clear();
+            if (m_current)
+                m_current->cancelled = true;
+        }
+        m_wake.notify_one();
+        m_thread.join();
+    }
+
+    void add(std::shared_ptr<Job> job)
+    {
+        m_open.emplace(job->id, job);
+        {
+            const std::lock_guard<std::mutex> lock(m_lock);
+            m_waiting.push_back(std::move(job));
+        }
+        m_wake.notify_one();
+    }
+
+    /// Forgets an open request. @return whether it was open.
+    bool close(const QString& id)
+    {
+        const auto found = m_open.find(id);
+        if (found == m_open.end())
+            return false;
+        found->second->cancelled = true;
+        const std::lock_guard<std::mutex> lock(m_lock);
+        const auto queued = std::find(m_waiting.begin(), m_waiting.end(), found->second);
+        if (queued != m_waiting.end())
+            m_waiting.erase(queued);
+        m_open.erase(found);
+        return true;
+    }
+
+    void closeAll()
+    {
+        while (!m_open.empty())
+            close(QString(m_open.begin()->first));
+    }
+
+    int openCount() const { return static_cast<int>(m_open.size()); }
+
+private:
+    void run()
+    {
+        while (const std::shared_ptr<Job> job = next()) {
+            std::shared_ptr<const FormulaRecords> records;
+            if (job->bars) {
+                if (auto computed = computeFormula(job->name, *job->bars, job->parameters, &job->cancelled))
+                    records = std::make_shared<const FormulaRecords>(std::move(*computed));
+            }
+            if (!job->cancelled)
+                QCoreApplication::postEvent(m_service, new Delivery(job->id, std::move(records)));
+        }
+    }
+
+    /// Waits for a request; null when the service is going away.
+    std::shared_ptr<Job> next()
+    {
+        std::unique_lock<std::mutex> lock(m_lock);
+        m_current.reset();
+        m_wake.wait(lock, [this] { return m_stopping || !m_waiting.empty(); });
+        if (m_stopping)
+            return nullptr;
+        m_current = std::move(m_waiting.front());
+        m_waiting.pop_front();
+        return m_current;
+    }
+
+    FormulaService* m_service;
+    std::map<QString, std::shared_ptr<Job>> m_open; ///< the service's thread only
+
+    std::mutex m_lock; ///< guards what follows
+    std::condition_variable m_wake;
+    std::deque<std::shared_ptr<Job>> m_waiting;
+    std::shared_ptr<Job> m_current;
+    bool m_stopping = false;
+
+    std::thread m_thread; ///< last: it starts when everything else stands
 };
 
 FormulaService::FormulaService(QObject* parent)
     : QObject(parent)
-    , m_queue(std::make_unique<Queue>())
-    , m_worker([this, queue = m_queue.get()] { work(this, *queue); })
+    , m_worker(std::make_unique<Worker>(this))
 {
 }
 
-FormulaService::~FormulaService()
-{
-    for (auto& open : m_open)
-        open.second->cancelled = true;
-    {
-        const std::lock_guard<std::mutex> lock(m_queue->mutex);
-        m_queue->ended = true;
-    }
-    m_queue->changed.notify_one();
-    m_worker.join();
-}
+FormulaService::~FormulaService() = default;
 
 QString FormulaService::request(const std::string& name, std::shared_ptr<const BarSeries> bars,
-                                std::vector<double> parameters)
+                                const std::vector<double>& parameters)
 {
-    if (!findBuiltIn(name) || !bars)
-        return QString();
     auto job = std::make_shared<Job>();
-    job->id = QString::number(++m_lastId);
+    job->id = nextId();
     job->name = name;
     job->bars = std::move(bars);
-    job->parameters = std::move(parameters);
-    m_open[job->id] = job;
-    {
-        const std::lock_guard<std::mutex> lock(m_queue->mutex);
-        m_queue->jobs.push_back(job);
-    }
-    m_queue->changed.notify_one();
-    return job->id;
+    job->parameters = parameters;
+    const QString id = job->id;
+    m_worker->add(std::move(job));
+    return id;
 }
 
 void FormulaService::cancel(const QString& id)
 {
-    const auto open = m_open.find(id);
-    if (open == m_open.end())
-        return;
-    open->second->cancelled = true;
-    m_open.erase(open);
+    m_worker->close(id);
 }
 
-void FormulaService::work(FormulaService* service, Queue& queue)
+void FormulaService::cancelAll()
 {
-    while (const std::shared_ptr<Job> job = queue.take()) {
-        std::optional<FormulaRecords> computed
-            = computeFormula(job->name, *job->bars, job->parameters, &job->cancelled);
-        if (!computed)
-            continue;
-        auto records = std::make_shared<const FormulaRecords>(std::move(*computed));
-        // Posted to the owner's thread; dropped by Qt when the owner is gone by then.
-        QMetaObject::invokeMethod(
-            service, [service, job, records] { service->deliver(job->id, records); }, Qt::QueuedConnection);
-    }
+    m_worker->closeAll();
 }
 
-void FormulaService::deliver(const QString& id, const std::shared_ptr<const FormulaRecords>& records)
+int FormulaService::pending() const
 {
-    if (m_open.erase(id) > 0) // else it was given up after it was computed
-        Q_EMIT sigResult(id, records);
+    return m_worker->openCount();
+}
+
+bool FormulaService::event(QEvent* event)
+{
+    if (event->type() != kDeliveryEvent)
+        return QObject::event(event);
+    const auto* delivery = static_cast<const Delivery*>(event);
+    if (!m_worker->close(delivery->id)) // cancelled after it was posted
+        return true;
+    if (delivery->records)
+        Q_EMIT computed(delivery->id, delivery->records);
+    else
+        Q_EMIT failed(delivery->id);
+    return true;
 }
 
 } // namespace engine
