@@ -3,6 +3,7 @@
 #include "apps/client/parts/LineDiff.h"
 
 #include <QDialogButtonBox>
+#include <QFontDatabase>
 #include <QJsonDocument>
 #include <QLabel>
 #include <QLocale>
@@ -33,7 +34,10 @@ QStringList readableLines(const QByteArray& content)
 
 QString sizeText(qint64 bytes)
 {
-    return bytes < 0 ? RestoreDialog::tr("缺失") : QLocale::c().formattedDataSize(bytes, 1);
+    if (bytes < 0)
+        return RestoreDialog::tr("缺失");
+    return bytes < 1024 ? RestoreDialog::tr("%1 字节").arg(bytes)
+                        : QLocale::c().formattedDataSize(bytes, 1, QLocale::DataSizeTraditionalFormat);
 }
 
 QString dateText(const QDateTime& made)
@@ -122,6 +126,7 @@ RestoreDialog::RestoreDialog(Occasion occasion, QWidget* parent)
     m_list->setAlternatingRowColors(true);
     m_preview->setObjectName(QStringLiteral("preview"));
     m_preview->setReadOnly(true);
+    m_preview->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_preview->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_preview->setPlaceholderText(tr("没有备份版本"));
 

@@ -70,8 +70,8 @@ TEST_F(RestoreDialogTest, ListsVersionsNewestFirstWithDateAndSizes)
     ASSERT_EQ(list(dialog)->topLevelItemCount(), 2);
     EXPECT_EQ(cell(dialog, 0, 0), QStringLiteral("2024-03-02 09:30:00"));
     EXPECT_EQ(cell(dialog, 1, 0), QStringLiteral("2024-03-01 09:30:00"));
-    EXPECT_EQ(cell(dialog, 0, 1), QStringLiteral("10 bytes")); // "formulas 1"
-    EXPECT_EQ(cell(dialog, 0, 2), QStringLiteral("9 bytes"));  // "scripts 1"
+    EXPECT_EQ(cell(dialog, 0, 1), QStringLiteral("10 字节")); // "formulas 1"
+    EXPECT_EQ(cell(dialog, 0, 2), QStringLiteral("9 字节"));  // "scripts 1"
 }
 
 TEST_F(RestoreDialogTest, ListsBackupsOfThisRunToo)
