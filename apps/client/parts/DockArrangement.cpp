@@ -3,6 +3,7 @@
 #include "apps/client/parts/ArrangementFile.h"
 #include "host/TC/Folders.h"
 
+#include <QAbstractButton>
 #include <QCoreApplication>
 #include <QDir>
 #include <QEvent>
@@ -20,13 +21,12 @@ namespace {
 /// Counts the changes of what a saved arrangement means.
 constexpr int kStateVersion = 1;
 
-/// A simple header is the bare title: no frame, no close button on the tab.
-QString simpleHeaderStyle()
+/// A simple header is the bare title: the tab has no close button. The docking system shows and hides the
+/// button as tabs change, so it is made too small to be seen instead.
+void simplifyHeader(ads::CDockWidget* dock)
 {
-    return QStringLiteral(
-        "\nads--CDockWidgetTab[simpleHeader=\"true\"] { border: none; background: transparent; }"
-        "\nads--CDockWidgetTab[simpleHeader=\"true\"] #tabCloseButton"
-        " { max-width: 0; max-height: 0; border: none; padding: 0; }");
+    if (auto* button = dock->tabWidget()->findChild<QAbstractButton*>(QStringLiteral("tabCloseButton")))
+        button->setFixedSize(0, 0);
 }
 
 /// What a dock holds for good, since the docking system shows no dock without content: an empty berth for
@@ -58,7 +58,6 @@ DockArrangement::DockArrangement(QMainWindow* window, PanelPool& pool)
     , m_pool(pool)
     , m_manager(new ads::CDockManager(window))
 {
-    m_manager->setStyleSheet(m_manager->styleSheet() + simpleHeaderStyle());
 }
 
 DockArrangement::~DockArrangement() = default;
@@ -75,7 +74,8 @@ ads::CDockWidget* DockArrangement::addPanel(const QString& panelId, ads::DockWid
     auto* dock = new ads::CDockWidget(panel->title());
     dock->setObjectName(panelId); // before the manager learns of it: arrangements know docks by name
     dock->setWidget(makeBerth(), ads::CDockWidget::ForceNoScrollArea);
-    dock->tabWidget()->setProperty("simpleHeader", panel->isSimpleHeaderTitle());
+    if (panel->isSimpleHeaderTitle())
+        simplifyHeader(dock);
     berth(dock, panel);
     m_manager->addDockWidget(area, dock, beside ? beside->dockAreaWidget() : nullptr);
     connect(dock, &ads::CDockWidget::viewToggled, this,

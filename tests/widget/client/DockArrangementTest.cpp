@@ -3,6 +3,7 @@
 #include "host/embedded/EmbeddedHost.h"
 #include "tests/support/Trace.h"
 
+#include <QAbstractButton>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -116,8 +117,14 @@ TEST_F(DockArrangementTest, UnknownAndRepeatedPanelsAreRefused)
 TEST_F(DockArrangementTest, OnlyTheChartHasASimpleHeader)
 {
     Client client;
-    EXPECT_TRUE(client.dock(kChart)->tabWidget()->property("simpleHeader").toBool());
-    EXPECT_FALSE(client.dock(kTicks)->tabWidget()->property("simpleHeader").toBool());
+    const auto closeButtonWidth = [&](const QString& panelId) {
+        return client.dock(panelId)
+            ->tabWidget()
+            ->findChild<QAbstractButton*>(QStringLiteral("tabCloseButton"))
+            ->width();
+    };
+    EXPECT_EQ(closeButtonWidth(kChart), 0);
+    EXPECT_GT(closeButtonWidth(kTicks), 0);
 }
 
 TEST_F(DockArrangementTest, PanelThatMayNotBeClosedGetsNoCloseButton)
