@@ -5,7 +5,7 @@ namespace client {
 FormulaSource::FormulaSource(QObject* parent)
     : QObject(parent)
 {
-    connect(&m_service, &engine::FormulaService::sigResult, this, &FormulaSource::sigResult);
+    connect(&m_service, &engine::FormulaService::computed, this, &FormulaSource::sigResult);
 }
 
 QString FormulaSource::request(const QString& name, const std::shared_ptr<const engine::BarSeries>& bars)

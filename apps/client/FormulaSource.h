@@ -27,7 +27,7 @@ public:
     void cancel(const QString& id);
 
 Q_SIGNALS:
-    void sigResult(const QString& id, const std::shared_ptr<const engine::FormulaRecords>& records);
+    void sigResult(const QString& id, std::shared_ptr<const engine::FormulaRecords> records);
 
 private:
     engine::FormulaService m_service;

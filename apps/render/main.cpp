@@ -38,6 +38,8 @@ int main(int argc, char** argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Standard error carries one line of our own or nothing: remarks of the platform are left out.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     QApplication application(argc, argv);
     render::Options options;
     QString failure = render::parseArguments(application.arguments().mid(1), options);

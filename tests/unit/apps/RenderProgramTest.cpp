@@ -11,7 +11,7 @@
 
 namespace {
 
-struct Run
+struct Outcome
 {
     int exitCode;
     QString error;
@@ -20,7 +20,7 @@ struct Run
 class RenderProgram : public testing::Test
 {
 protected:
-    Run run(QStringList arguments)
+    Outcome run(QStringList arguments)
     {
         QProcess process;
         process.start(QStringLiteral(RENDER_PROGRAM), arguments);
@@ -28,7 +28,7 @@ protected:
         return { process.exitCode(), QString::fromUtf8(process.readAllStandardError()).trimmed() };
     }
 
-    Run runOn(const QByteArray& csv)
+    Outcome runOn(const QByteArray& csv)
     {
         QFile file(path("bars.csv"));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
@@ -39,7 +39,7 @@ protected:
 
     QString path(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
 
-    void expectRefused(const Run& result, const char* reason)
+    void expectRefused(const Outcome& result, const char* reason)
     {
         EXPECT_EQ(result.exitCode, 2);
         EXPECT_FALSE(result.error.contains(QLatin1Char('\n'))) << result.error.toStdString();
@@ -62,7 +62,7 @@ const char* const kHeader = "date,open,high,low,close,volume\n";
 TEST_F(RenderProgram, PaintsEveryBundledFile)
 {
     for (const char* name : { "SH000001.csv", "SH600030.csv", "SH510050.csv", "SFCU00.csv", "DFM00.csv" }) {
-        const Run result =
+        const Outcome result =
             run({ QStringLiteral("--bars"), sample(name), QStringLiteral("--size"), QStringLiteral("800x500"),
                   QStringLiteral("--dpr"), QStringLiteral("2"), QStringLiteral("-o"), path("out.png") });
         EXPECT_EQ(result.exitCode, 0) << result.error.toStdString();
@@ -73,7 +73,7 @@ TEST_F(RenderProgram, PaintsEveryBundledFile)
 TEST_F(RenderProgram, WritesSvgAndPdf)
 {
     for (const char* name : { "out.svg", "out.pdf" }) {
-        const Run result =
+        const Outcome result =
             run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("-o"), path(name) });
         EXPECT_EQ(result.exitCode, 0) << result.error.toStdString();
         EXPECT_GT(QFile(path(name)).size(), 2000) << name;
@@ -138,7 +138,7 @@ TEST_F(RenderProgram, NamesLineAndColumnOfABrokenSkin)
 
 TEST_F(RenderProgram, LeavesNothingBehindWhenTheFolderIsMissing)
 {
-    const Run result =
+    const Outcome result =
         run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("-o"), path("missing/out.png") });
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_TRUE(result.error.contains(QStringLiteral("missing/out.png")));
