@@ -86,16 +86,15 @@ TEST(StockWeights, BySharesDoesNotOverflow)
 
 TEST(StockWeights, ByFigureVectorsAreTruncatedAndStocksAreNot)
 {
-    setFigures(150.9, 50.0);
+    setFigures(104.9, 0.9);
     BasketTable table;
     table.setWeightType(2);
     table.add({ stock("600000", 7.0), stock("600036", 8.0) });
-    // total 150 + 50; vectors 150 / 100 = 1, 50 / 100 = 0, 150 / 200, 50 / 200
-    EXPECT_EQ(table.weights(), QStringLiteral("1 0 | 0.75 0.25"));
-    // stocks 150.9 / 100 and 50 / 100; 150.9 / 200 + 50 / 200 = 1.0045
-    EXPECT_EQ(table.columnText(3), QStringLiteral("2 1"));
-    EXPECT_EQ(table.statText(3), QStringLiteral("2.0")); // 1.509 + 0.5
-    EXPECT_EQ(table.statText(4), QStringLiteral("100.5%"));
+    // total 104 + 0; vectors 104 / 100 = 1, 0 / 100 = 0, 104 / 104, 0 / 104
+    EXPECT_EQ(table.weights(), QStringLiteral("1 0 | 1 0"));
+    // stocks 104.9 / 100 + 0.9 / 100 = 1.058 and 105.8 / 104 = 1.0173; truncated it were 1.04 and 1
+    EXPECT_EQ(table.statText(3), QStringLiteral("1.1"));
+    EXPECT_EQ(table.statText(4), QStringLiteral("101.7%"));
 }
 
 TEST(StockWeights, TypeThreeTakesTheOtherFigure)
