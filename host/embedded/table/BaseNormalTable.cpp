@@ -70,6 +70,8 @@ CBaseNormalTable::CBaseNormalTable(int tableId, QWidget* parent, QFlags<EBaseTab
         }
     });
     d.view->setItemDelegate(d.delegate);
+    d.header = new TC::embedded::TableHeader(d.view);
+    d.view->setHorizontalHeader(d.header);
     setUpView(*d.view);
     setFocusProxy(d.view);
 
@@ -281,20 +283,8 @@ void CBaseNormalTable::keyPressEvent(QKeyEvent* event)
 void CBaseNormalTable::uiResourceChanged()
 {
     const TC::embedded::TableColors colors(palette());
-    QPalette shades = m_data->view->palette();
-    shades.setColor(QPalette::Base, colors.background);
-    shades.setColor(QPalette::AlternateBase, colors.band);
-    shades.setColor(QPalette::Text, colors.text);
-    shades.setColor(QPalette::Highlight, colors.selection);
-    shades.setColor(QPalette::HighlightedText, colors.text);
-    m_data->view->setPalette(shades);
-    m_data->view->setStyleSheet(
-        QStringLiteral("QTableView { gridline-color: %1; background: %2; }"
-                       "QHeaderView { background: %3; }"
-                       "QHeaderView::section { background: %3; color: %4; border: none; padding: 0 4px;"
-                       " border-right: 1px solid %1; border-bottom: 1px solid %5; }")
-            .arg(colors.grid.name(), colors.background.name(), colors.header.name(), colors.mutedText.name(),
-                 colors.border.name()));
+    m_data->view->setPalette(colors.applied(palette()));
+    m_data->header->setColors(colors);
     m_data->model.setMarkColor(colors.mark);
     CBaseWidget::uiResourceChanged();
 }

@@ -36,4 +36,18 @@ TableColors::TableColors(const QPalette& fallback)
     selection = blended(background, QColor(0x4f, 0x8f, 0xe6), 0.38);
 }
 
+QPalette TableColors::applied(QPalette palette) const
+{
+    palette.setColor(QPalette::Base, background);
+    palette.setColor(QPalette::AlternateBase, band);
+    palette.setColor(QPalette::Text, text);
+    palette.setColor(QPalette::WindowText, text);
+    palette.setColor(QPalette::Button, header);
+    palette.setColor(QPalette::ButtonText, text);
+    palette.setColor(QPalette::Highlight, selection);
+    palette.setColor(QPalette::HighlightedText, text);
+    palette.setColor(QPalette::Window, grid.lighter(120)); // grid lines are drawn in this, darker by 120
+    return palette;
+}
+
 } // namespace TC::embedded

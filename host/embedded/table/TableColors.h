@@ -11,6 +11,9 @@ struct TableColors
 {
     explicit TableColors(const QPalette& fallback);
 
+    /// The given palette in these colours, for the view and its scroll bars.
+    QPalette applied(QPalette palette) const;
+
     QColor background, band, header, text, mutedText, grid, border, selection, mark;
 };
 

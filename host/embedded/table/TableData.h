@@ -2,6 +2,7 @@
 /// @file What the embedded table holds.
 
 #include "host/WB/CBaseNormalTable.h"
+#include "host/embedded/table/TableHeader.h"
 #include "host/embedded/table/TableModel.h"
 #include "host/embedded/table/TableView.h"
 
@@ -15,6 +16,7 @@ struct CBaseNormalTable::Private
 {
     TC::embedded::TableModel model;
     TC::embedded::TableView* view = nullptr;
+    TC::embedded::TableHeader* header = nullptr;
     TC::embedded::TableDelegate* delegate = nullptr;
     QMenu* menu = nullptr;
     QVBoxLayout* layout = nullptr;

@@ -40,6 +40,7 @@ QWidget* TableDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem
     if (!own)
         return new WB::CLineEdit(parent);
     own->setParent(parent);
+    own->setModified(false);
     return own;
 }
 
@@ -58,6 +59,8 @@ void TableDelegate::destroyEditor(QWidget* editor, const QModelIndex&) const
 void TableDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
 {
     auto* line = qobject_cast<QLineEdit*>(editor);
+    if (line->isModified())
+        return; // a change of the cell does not overwrite what the user is typing
     line->setText(index.data(Qt::EditRole).toString());
     line->selectAll();
 }

@@ -188,6 +188,13 @@ TEST_F(StockListParsing, AHeaderLineIsARowThatLowersTheMinimumToZero)
     EXPECT_EQ(m_minimum, 0.0);
 }
 
+TEST_F(StockListParsing, TheLineEndsOfAFileAreThoseOfAnyPlatform)
+{
+    EXPECT_EQ(csv("600036\r\n000001\r\n"), texts({ "SH600036 0 0", "SZ000001 0 0" }));
+    m_out.clear();
+    EXPECT_EQ(csv("600036\r000001\r"), texts({ "SH600036 0 0", "SZ000001 0 0" }));
+}
+
 TEST_F(StockListParsing, FieldsKeepTheirPlaceBehindEmptyOnes)
 {
     csv("nothing,,4\n");
