@@ -4,6 +4,7 @@
 /// The embedded host works with defaults and no set-up. Everything here is GUI-thread only.
 
 #include "host/HostExport.h"
+#include "host/embedded/BacktestSetup.h"
 #include "host/embedded/FormulaSetup.h"
 #include "host/embedded/SettingsSetup.h"
 #include "host/embedded/SkinSetup.h"

@@ -156,7 +156,7 @@ public:
                               QPair<double, double> range, int outputIndex, int startIndex, int endIndex,
                               int xOffset, bool fullWidth, int barCount, bool alignByIndex);
 
-    // Sticks (StickPainters.cpp)
+    // Sticks (StickPainters.cpp, VolumePainters.cpp)
 
     /// Sticks from the zero row: rise colour above zero, fall colour below.
     /// @param realtimeColours  both in the skin's single stick colour.
