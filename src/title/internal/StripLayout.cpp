@@ -120,6 +120,10 @@ StripLayout layOutStrip(const StripContent& content)
         // Without a legend beside it the heading may use the whole strip.
         const int headingEdge = content.size.width() - (content.hasButton ? rightReserve(content) : 0);
         x = layOutHeading(content, x, headingEdge, layout);
+        if (!layout.separators.isEmpty())
+            x += kTitleGap;
+    } else {
+        ++x; // the ink of a first letter may begin left of it
     }
     placeLegend(content, x, rightEdge, layout);
     return layout;

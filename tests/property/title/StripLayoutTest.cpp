@@ -125,7 +125,7 @@ TEST(StripLayout, AWideHeadingStripShowsEveryColumn)
     EXPECT_EQ(layout.period, QRect(62 + 21 + 4, 0, 36, 16));
     EXPECT_EQ(layout.adjustment, QRect(62 + 21 + 4, 16, 36, 16));
     EXPECT_EQ(layout.separators, QVector<QLine>({ QLine(82, 0, 82, 31), QLine(128, 0, 128, 31) }));
-    EXPECT_EQ(layout.legend.left(), 62 + 21 + 46 + 1);
+    EXPECT_EQ(layout.legend.left(), 62 + 21 + 46 + 3 + 1);
     EXPECT_EQ(layout.legend.right() + 1, 800 - 50);
 }
 
