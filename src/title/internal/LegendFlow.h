@@ -15,11 +15,11 @@ struct FlowPiece
 };
 
 /// Width of all objects of both rows side by side.
-INDICATORUI_EXPORT int titleWidth(const TitleRows& rows);
+int titleWidth(const TitleRows& rows);
 
 /// Lets the pieces of both rows flow from the area's left edge to its right edge, row by row from its top.
 /// A heading is not parted from its first value; a piece that no row can hold and everything below the
 /// area's last whole row is left out.
-INDICATORUI_EXPORT QVector<FlowPiece> flowPieces(const TitleRows& rows, const QRect& area);
+QVector<FlowPiece> flowPieces(const TitleRows& rows, const QRect& area);
 
 } // namespace TC::detail

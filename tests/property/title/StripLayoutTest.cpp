@@ -141,6 +141,18 @@ TEST(StripLayout, ALongNameIsShortenedAndLeavesTheOtherColumnsOut)
     EXPECT_TRUE(layout.legend.isEmpty());
 }
 
+TEST(StripLayout, AShortNameShowsAndAStumpOfALongOneDoesNot)
+{
+    StripContent content = heading(400, 0, 0);
+    content.nameWidth = 12;
+    EXPECT_EQ(layOutStrip(content).name, QRect(4, 0, 12, 32));
+    content.size.setWidth(33);
+    content.nameWidth = 100;
+    EXPECT_TRUE(layOutStrip(content).name.isEmpty());
+    content.size.setWidth(34);
+    EXPECT_EQ(layOutStrip(content).name.width(), 24);
+}
+
 TEST(StripLayout, TheReserveFollowsTheLayout)
 {
     StripContent content = heading(500, 3, 2);
