@@ -10,6 +10,7 @@
 #include "host/TC/UiParams.h"
 #include "host/WB/CPushButton.h"
 #include "title/internal/AccountPositions.h"
+#include "title/internal/LegendFlow.h"
 #include "title/internal/Pictures.h"
 #include "title/internal/StripLayout.h"
 
@@ -177,6 +178,14 @@ void CIndexTitleWidget::paintLegend(QPainter& painter, const detail::TitleRows& 
 {
     const bool mainChart = m_displayType == EIndexDisplay_Heading;
     const auto& results = m_indexData->getData();
+    if (!mainChart && layout.legend.width() < detail::titleWidth(rows)) {
+        // drawTitle wraps each formula by itself and leaves what stands behind it outside the strip: the
+        // rows that were opened for the legend would stay empty.
+        for (const detail::FlowPiece& piece : detail::flowPieces(rows, layout.legend))
+            piece.text.drawText(&painter, piece.position.x(), piece.position.y(), QWIDGETSIZE_MAX,
+                                detail::kTitleRowHeight, Qt::AlignCenter, false, false);
+        return;
+    }
     const double priceTick = getDetailPriceTick(m_stock);
     detail::TitleTrading trading;
     if (mainChart && showsPositions(m_klineParam.get(), m_realtimeParam.get())) {

@@ -8,11 +8,11 @@ namespace TC::detail {
 
 /// Date "yyyyMMdd", local, of the bar that a legend shows for an instrument; empty when it has no bars.
 /// @param index  bar; below 0 or past the end: the last one.
-INDICATORUI_EXPORT QString shownBarDate(const QMap<CFormulaKey, RPCFormulaResultCache>& data,
-                                        const QString& instrumentKey, int index);
+QString shownBarDate(const QMap<CFormulaKey, RPCFormulaResultCache>& data, const QString& instrumentKey,
+                     int index);
 
 /// The trade summary, and each account's latest position of that date or before it; accounts without one
 /// are left out. Dates compare as "yyyyMMdd", so that every bar of a day has the day's positions.
-INDICATORUI_EXPORT TitleTrading tradingAt(const CPositionNumber& positions, const QString& barDate);
+TitleTrading tradingAt(const CPositionNumber& positions, const QString& barDate);
 
 } // namespace TC::detail

@@ -14,6 +14,6 @@ struct PieceSteps
 };
 
 /// Rows that the pieces take when they flow from the rectangle's left edge; 1 at least.
-INDICATORUI_EXPORT int countRows(const TitleRows& rows, const QRect& rect, const PieceSteps& steps);
+int countRows(const TitleRows& rows, const QRect& rect, const PieceSteps& steps);
 
 } // namespace TC::detail

@@ -13,7 +13,7 @@ constexpr int kColumnPadding = 10; ///< pixels that a heading column is wider th
 constexpr int kTextInset = 4;      ///< of them before the text
 constexpr int kIconColumn = 21;    ///< pixels by which an icon moves what stands behind it
 constexpr int kDescent = 2;        ///< pixels of ink below a row of text
-constexpr int kLeastName = 24;     ///< pixels below which not even a shortened name is shown
+constexpr int kLeastName = 24;     ///< pixels below which no shortened name is shown
 
 /// Pixels kept free at the right end.
 int rightReserve(const StripContent& content)
@@ -37,10 +37,10 @@ int layOutHeading(const StripContent& content, int x, int rightEdge, StripLayout
     const auto separate = [&] { layout.separators.append(QLine(x - 1, 0, x - 1, height - 1)); };
 
     const int nameColumn = std::min(headingColumnWidth(content.nameWidth), rightEdge - x);
-    if (content.nameWidth <= 0 || nameColumn < kLeastName + kColumnPadding)
+    const bool isShortened = nameColumn < headingColumnWidth(content.nameWidth);
+    if (content.nameWidth <= 0 || (isShortened && nameColumn < kLeastName + kColumnPadding))
         return x;
     layout.name = QRect(x + kTextInset, 0, nameColumn - kColumnPadding, height);
-    const bool isShortened = layout.name.width() < content.nameWidth;
     x += nameColumn;
 
     if (!content.icon.isEmpty() && !isShortened && x + kIconColumn <= rightEdge) {
@@ -120,6 +120,10 @@ StripLayout layOutStrip(const StripContent& content)
         // Without a legend beside it the heading may use the whole strip.
         const int headingEdge = content.size.width() - (content.hasButton ? rightReserve(content) : 0);
         x = layOutHeading(content, x, headingEdge, layout);
+        if (!layout.separators.isEmpty())
+            x += kTitleGap;
+    } else {
+        ++x; // the ink of a first letter may begin left of it
     }
     placeLegend(content, x, rightEdge, layout);
     return layout;

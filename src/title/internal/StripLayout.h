@@ -51,16 +51,16 @@ int headingColumnWidth(int textWidth);
 /// Place of the close button on a strip of the given width.
 QRect closeButtonRect(int stripWidth);
 
-INDICATORUI_EXPORT StripLayout layOutStrip(const StripContent& content);
+StripLayout layOutStrip(const StripContent& content);
 
 /// The part of `area` that shows whole legend pieces only: each text with the arrow behind it either lies
 /// inside `area` altogether or is left out. Arguments as for CDrawStyle::drawTitle.
-INDICATORUI_EXPORT QRegion wholePieces(const QRect& area, const QRect& titleRect, const TitleRows& rows,
-                                       const QVector<ArrowColorTextData>& summary, EIndexViewType viewType,
-                                       int leftOffset, bool mainChart);
+QRegion wholePieces(const QRect& area, const QRect& titleRect, const TitleRows& rows,
+                    const QVector<ArrowColorTextData>& summary, EIndexViewType viewType, int leftOffset,
+                    bool mainChart);
 
 /// Leaves out what of the trade summary does not fit between `x` and the area's right edge: whole accounts
 /// from the last one on, then the volumes, then everything.
-INDICATORUI_EXPORT TitleTrading fitTrading(TitleTrading trading, const QRect& area, int x, double priceTick);
+TitleTrading fitTrading(TitleTrading trading, const QRect& area, int x, double priceTick);
 
 } // namespace TC::detail

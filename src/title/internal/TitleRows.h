@@ -1,7 +1,5 @@
 #pragma once
 /// @file A pane's legend before it is painted: what stands in which row, and where.
-///
-/// What is exported here and in the neighbouring headers is for the tests, not for hosts.
 
 #include "data/CFormulaKey.h"
 #include "data/RPCFormulaResultCache.h"
@@ -64,10 +62,10 @@ struct TitleTrading
 
 /// The texts of the trade summary and the accounts in order; nothing traded gives none.
 /// @param priceTick  of the pane's instrument.
-INDICATORUI_EXPORT QVector<ArrowColorTextData> summaryTexts(const TitleTrading& trading, double priceTick);
+QVector<ArrowColorTextData> summaryTexts(const TitleTrading& trading, double priceTick);
 
 /// Width of one of those texts in the legend's font.
-INDICATORUI_EXPORT int summaryTextWidth(const QString& text);
+int summaryTextWidth(const QString& text);
 
 /// Where the rows of a legend begin.
 struct TitleOrigin
@@ -77,8 +75,7 @@ struct TitleOrigin
     int secondY = 0;
 };
 
-INDICATORUI_EXPORT TitleOrigin titleOrigin(const QRect& rect, EIndexViewType viewType, int leftOffset,
-                                           bool mainChart);
+TitleOrigin titleOrigin(const QRect& rect, EIndexViewType viewType, int leftOffset, bool mainChart);
 
 /// Calls visit(object, x, width) for each object of a row: its x, and the width left for it.
 /// @return the x behind the last object.

@@ -125,7 +125,7 @@ TEST(StripLayout, AWideHeadingStripShowsEveryColumn)
     EXPECT_EQ(layout.period, QRect(62 + 21 + 4, 0, 36, 16));
     EXPECT_EQ(layout.adjustment, QRect(62 + 21 + 4, 16, 36, 16));
     EXPECT_EQ(layout.separators, QVector<QLine>({ QLine(82, 0, 82, 31), QLine(128, 0, 128, 31) }));
-    EXPECT_EQ(layout.legend.left(), 62 + 21 + 46 + 1);
+    EXPECT_EQ(layout.legend.left(), 62 + 21 + 46 + 3 + 1);
     EXPECT_EQ(layout.legend.right() + 1, 800 - 50);
 }
 
@@ -139,6 +139,18 @@ TEST(StripLayout, ALongNameIsShortenedAndLeavesTheOtherColumnsOut)
     EXPECT_TRUE(layout.icon.isEmpty());
     EXPECT_TRUE(layout.period.isEmpty());
     EXPECT_TRUE(layout.legend.isEmpty());
+}
+
+TEST(StripLayout, AShortNameShowsAndAStumpOfALongOneDoesNot)
+{
+    StripContent content = heading(400, 0, 0);
+    content.nameWidth = 12;
+    EXPECT_EQ(layOutStrip(content).name, QRect(4, 0, 12, 32));
+    content.size.setWidth(33);
+    content.nameWidth = 100;
+    EXPECT_TRUE(layOutStrip(content).name.isEmpty());
+    content.size.setWidth(34);
+    EXPECT_EQ(layOutStrip(content).name.width(), 24);
 }
 
 TEST(StripLayout, TheReserveFollowsTheLayout)

@@ -657,3 +657,15 @@ TEST_F(TitleWidget, PositionsShowWhenTheSettingsAskForThem)
     settings->displayFlags = 5;
     EXPECT_EQ(strip.picture(900, 32), without);
 }
+
+TEST_F(TitleWidget, OpenedRowsShowTheRestOfTheLegend)
+{
+    data.add(QStringLiteral("F"), outputs(4));
+    data.add(QStringLiteral("G"), outputs(4));
+    test::Strip strip(&data, 1, 2, 2);
+    strip.setStock(stock);
+    const QImage image = strip.picture(330, 64);
+    EXPECT_TRUE(hasInk(image, QRect(0, 2, 200, 12)));
+    EXPECT_TRUE(hasInk(image, QRect(0, 18, 200, 12)));
+    EXPECT_TRUE(hasInk(image, QRect(0, 34, 200, 12)));
+}
