@@ -1,7 +1,7 @@
 #include "engine/FormulaService.h"
 
-#include <QCoreApplication>
-#include <QEvent>
+#include <QMetaObject>
+#include <QPointer>
 
 #include <algorithm>
 #include <atomic>
@@ -10,12 +10,11 @@
 #include <map>
 #include <mutex>
 #include <thread>
+#include <utility>
 
 namespace engine {
 
 namespace {
-
-const QEvent::Type kDeliveryEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
 
 QString nextId()
 {
@@ -33,22 +32,14 @@ struct Job
     std::atomic<bool> cancelled { false };
 };
 
-} // namespace
-
-/// A result on its way to the service's thread.
-class FormulaService::Delivery : public QEvent
+/// What became of a request; without records it failed.
+struct Outcome
 {
-public:
-    Delivery(const QString& request, std::shared_ptr<const FormulaRecords> computed)
-        : QEvent(kDeliveryEvent)
-        , id(request)
-        , records(std::move(computed))
-    {
-    }
-
-    const QString id;
-    const std::shared_ptr<const FormulaRecords> records; ///< null: failed
+    QString id;
+    std::shared_ptr<const FormulaRecords> records;
 };
+
+} // namespace
 
 /// The thread and its queue.
 class FormulaService::Worker
@@ -104,6 +95,13 @@ public:
             close(QString(m_open.begin()->first));
     }
 
+    /// What has been computed since the last call.
+    std::deque<Outcome> takeOutcomes()
+    {
+        const std::lock_guard<std::mutex> lock(m_lock);
+        return std::exchange(m_outcomes, {});
+    }
+
     int openCount() const { return static_cast<int>(m_open.size()); }
 
 private:
@@ -116,8 +114,21 @@ private:
                     records = std::make_shared<const FormulaRecords>(std::move(*computed));
             }
             if (!job->cancelled)
-                QCoreApplication::postEvent(m_service, new Delivery(job->id, std::move(records)));
+                hand({ job->id, std::move(records) });
         }
+    }
+
+    /// Leaves the outcome for the service's thread and calls that thread, once for all that lies there.
+    void hand(Outcome outcome)
+    {
+        bool isFirst = false;
+        {
+            const std::lock_guard<std::mutex> lock(m_lock);
+            isFirst = m_outcomes.empty();
+            m_outcomes.push_back(std::move(outcome));
+        }
+        if (isFirst)
+            QMetaObject::invokeMethod(m_service, "slotDeliver", Qt::QueuedConnection);
     }
 
     /// Waits for a request; null when the service is going away.
@@ -140,6 +151,7 @@ private:
     std::condition_variable m_wake;
     std::deque<std::shared_ptr<Job>> m_waiting;
     std::shared_ptr<Job> m_current;
+    std::deque<Outcome> m_outcomes;
     bool m_stopping = false;
 
     std::thread m_thread; ///< last: it starts when everything else stands
@@ -181,18 +193,19 @@ int FormulaService::pending() const
     return m_worker->openCount();
 }
 
-bool FormulaService::event(QEvent* event)
+void FormulaService::slotDeliver()
 {
-    if (event->type() != kDeliveryEvent)
-        return QObject::event(event);
-    const auto* delivery = static_cast<const Delivery*>(event);
-    if (!m_worker->close(delivery->id)) // cancelled after it was posted
-        return true;
-    if (delivery->records)
-        Q_EMIT computed(delivery->id, delivery->records);
-    else
-        Q_EMIT failed(delivery->id);
-    return true;
+    const QPointer<FormulaService> self(this); // a receiver may delete the service
+    for (const Outcome& outcome : m_worker->takeOutcomes()) {
+        if (!self)
+            return;
+        if (!m_worker->close(outcome.id)) // cancelled after it was computed
+            continue;
+        if (outcome.records)
+            Q_EMIT computed(outcome.id, outcome.records);
+        else
+            Q_EMIT failed(outcome.id);
+    }
 }
 
 } // namespace engine

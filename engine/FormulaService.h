@@ -45,11 +45,11 @@ Q_SIGNALS:
     /// The formula is not known, or there are no bars to compute it over.
     void failed(const QString& id);
 
+private Q_SLOTS:
+    void slotDeliver();
+
 private:
     class Worker;
-    class Delivery;
-
-    bool event(QEvent* event) override;
 
     std::unique_ptr<Worker> m_worker;
 };

@@ -9,7 +9,6 @@
 #include "host/embedded/InstrumentSetup.h"
 #include "host/embedded/ModuleSetup.h"
 #include "host/embedded/ReadingSetup.h"
-#include "host/embedded/ReloadSetup.h"
 #include "host/embedded/SettingsSetup.h"
 #include "host/embedded/SkinSetup.h"
 #include "host/embedded/TableSetup.h"

@@ -1,5 +1,5 @@
 #pragma once
-/// @file The formula engine's own reload of its configuration.
+/// @file Asks the formula engine to read its configuration anew.
 
 #include "host/HostExport.h"
 
@@ -7,12 +7,13 @@
 
 namespace se {
 
-/// Makes the formula engine load a configuration anew. GUI thread only.
-/// @param root  the folder, by its role: "root" is the user's root folder.
-/// @param name  the configuration in it: "configFormula".
-/// @param extra  nothing for a plain reload.
-/// @return 0 when the configuration was taken over.
-INDICATORHOST_EXPORT int loadConfig(const std::string& root, const std::string& name,
-                                    const std::string& extra);
+/// Reads a configuration file anew. GUI thread only.
+/// @param folder  "root": the user's root folder.
+/// @param file  "configFormula": the user's formulas.
+/// @param section  empty: all of it.
+/// @return 0 when all of the file is in use, another number when something in it is wrong. Other folders and
+///         files are not known: nothing is read.
+INDICATORHOST_EXPORT int loadConfig(const std::string& folder, const std::string& file,
+                                    const std::string& section);
 
 } // namespace se

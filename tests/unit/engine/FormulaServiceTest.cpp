@@ -157,6 +157,21 @@ TEST(FormulaService, AReceiverMayAskAndCancelFromWithinTheSignal)
     EXPECT_EQ(recorder.ids, (std::vector<QString> { first, second }));
 }
 
+TEST(FormulaService, AReceiverMayDeleteTheService)
+{
+    auto* service = new FormulaService;
+    int received = 0;
+    QObject::connect(service, &FormulaService::computed, [&] {
+        ++received;
+        delete service;
+    });
+    for (int k = 0; k < 5; ++k)
+        service->request("MA", sharedBars({ 1 }));
+    QThread::msleep(50); // all five lie ready
+    settle();
+    EXPECT_EQ(received, 1);
+}
+
 TEST(FormulaService, GoesAwayInTheMiddleOfItsWork)
 {
     const auto bars = std::make_shared<const engine::BarSeries>(test::randomBars(7, 20'000));
