@@ -28,7 +28,7 @@ struct FormulaDescription
 {
     std::string name;        ///< what the engine knows it by ("MACD")
     std::string displayName; ///< what users see, UTF-8; traders know the built-in ones by their name
-    int kind = 0;            ///< 2: drawn over the candles; 0: in a pane of its own
+    int kind = 0;            ///< 2: the main chart itself; 1: drawn over it; 0: in a pane of its own
     std::vector<Parameter> parameters;
 };
 

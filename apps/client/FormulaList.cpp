@@ -1,6 +1,8 @@
 #include "apps/client/FormulaList.h"
 
-#include "engine/Formulas.h"
+#include "host/TC/CFormulaOperateManager.h"
+#include "host/embedded/FormulaSetup.h"
+#include "host/utils/CSingletonT.h"
 
 namespace client {
 
@@ -15,15 +17,17 @@ FormulaList::FormulaList(QWidget* parent)
 void FormulaList::reload()
 {
     clear();
-    for (const engine::FormulaDescription& formula : engine::builtInFormulas()) {
+    const auto* manager = utils::CSingletonT<TC::CFormulaOperateManager>::instance();
+    const QStringList names = TC::embedded::formulaNames();
+    for (const QString& name : names) {
         QStringList parameters;
-        for (const engine::Parameter& parameter : formula.parameters)
-            parameters << QString::number(parameter.value);
-        const QString name = QString::fromStdString(formula.name);
-        auto* item = new QListWidgetItem(
-            parameters.isEmpty() ? name
-                                 : QStringLiteral("%1 (%2)").arg(name, parameters.join(QStringLiteral(", "))),
-            this);
+        const QVector<double> numbers = manager->getFormula(name)->numberParams;
+        for (double number : numbers)
+            parameters << QString::number(number);
+        const QString shown = parameters.isEmpty()
+            ? name
+            : QStringLiteral("%1 (%2)").arg(name, parameters.join(QStringLiteral(", ")));
+        auto* item = new QListWidgetItem(shown, this);
         item->setData(Qt::UserRole, name);
     }
 }

@@ -13,7 +13,7 @@ class FormulaList : public QListWidget
 public:
     explicit FormulaList(QWidget* parent = nullptr);
 
-    /// Lists the engine's formulas anew.
+    /// Lists the formula manager's formulas anew.
     void reload();
 
 Q_SIGNALS:

@@ -2,7 +2,9 @@
 /// @file Where panes get formula results from: the engine in its own thread.
 
 #include "engine/FormulaService.h"
+#include "host/embedded/FormulaSetup.h"
 
+#include <QHash>
 #include <QObject>
 #include <QString>
 
@@ -30,7 +32,10 @@ Q_SIGNALS:
     void sigResult(const QString& id, std::shared_ptr<const engine::FormulaRecords> records);
 
 private:
+    void deliver(const QString& id, const std::shared_ptr<const engine::FormulaRecords>& records);
+
     engine::FormulaService m_service;
+    QHash<QString, TC::embedded::FormulaRecipe> m_open; ///< of requests that have not been delivered
 };
 
 } // namespace client

@@ -1,12 +1,12 @@
 #include "apps/client/MainWindow.h"
 
+#include "apps/chart/OpenedBars.h"
 #include "apps/client/BarAlignment.h"
 #include "apps/client/BasketPanel.h"
 #include "apps/client/ChartView.h"
 #include "apps/client/FormulaList.h"
 #include "apps/client/InstrumentList.h"
 #include "apps/client/MessageList.h"
-#include "apps/client/OpenedBars.h"
 #include "apps/client/Panel.h"
 #include "host/TC/Instruments.h"
 #include "host/embedded/EmbeddedHost.h"
@@ -201,8 +201,8 @@ void MainWindow::buildToolsMenu()
 
 QString MainWindow::openBars(const QString& path)
 {
-    OpenedBars opened;
-    const QString failure = openBarsFile(path, opened);
+    chart::OpenedBars opened;
+    const QString failure = chart::openBarsFile(path, QString(), opened);
     if (!failure.isEmpty()) {
         slotShowMessage(failure);
         return failure;
@@ -218,9 +218,9 @@ QString MainWindow::openBars(const QString& path)
 
 QString MainWindow::overlayBars(const QString& path)
 {
-    OpenedBars opened;
+    chart::OpenedBars opened;
     const QString failure =
-        m_chart->state()->bars() ? openBarsFile(path, opened) : QStringLiteral("先打开K线");
+        m_chart->state()->bars() ? chart::openBarsFile(path, QString(), opened) : QStringLiteral("先打开K线");
     if (!failure.isEmpty()) {
         slotShowMessage(failure);
         return failure;

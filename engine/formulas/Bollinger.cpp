@@ -31,7 +31,7 @@ void compute(const FormulaInput& input, RecordBuilder& records)
 
 BuiltIn bollingerFormula()
 {
-    return { { "BOLL", "BOLL", 2, { periodParameter("N", 20), { "P", 2, 0, 100 } } }, compute };
+    return { { "BOLL", "BOLL", 1, { periodParameter("N", 20), { "P", 2, 0, 100 } } }, compute };
 }
 
 } // namespace engine

@@ -83,7 +83,7 @@ void compute(const FormulaInput& input, RecordBuilder& records)
 
 BuiltIn crossSignalFormula()
 {
-    return { { "CROSSSIGNAL", "CROSSSIGNAL", 2, { periodParameter("N1", 5), periodParameter("N2", 20) } },
+    return { { "CROSSSIGNAL", "CROSSSIGNAL", 1, { periodParameter("N1", 5), periodParameter("N2", 20) } },
              compute };
 }
 

@@ -21,7 +21,7 @@ BuiltIn movingAverageFormula()
 {
     return { { "MA",
                "MA",
-               2,
+               1,
                { periodParameter("N1", 5), periodParameter("N2", 10), periodParameter("N3", 20),
                  periodParameter("N4", 60) } },
              compute };

@@ -20,7 +20,7 @@ void compute(const FormulaInput& input, RecordBuilder& records)
 
 BuiltIn noteFormula()
 {
-    return { { "NOTE", "NOTE", 2, { { "X", 500, 0, 1000 }, { "Y", 60, 0, 1000 } } }, compute };
+    return { { "NOTE", "NOTE", 1, { { "X", 500, 0, 1000 }, { "Y", 60, 0, 1000 } } }, compute };
 }
 
 } // namespace engine

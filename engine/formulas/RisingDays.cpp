@@ -45,7 +45,7 @@ void compute(const FormulaInput& input, RecordBuilder& records)
 
 BuiltIn risingDaysFormula()
 {
-    return { { "RISINGDAYS", "RISINGDAYS", 2, { periodParameter("N", 3) } }, compute };
+    return { { "RISINGDAYS", "RISINGDAYS", 1, { periodParameter("N", 3) } }, compute };
 }
 
 } // namespace engine

@@ -153,6 +153,14 @@ void setFormula(const CFormulaDetail& formula)
         formulas.push_back(std::move(added));
 }
 
+QStringList formulaNames()
+{
+    QStringList names;
+    for (const KnownFormula& formula : knownFormulas(manager()))
+        names << formula.detail->displayName;
+    return names;
+}
+
 void clearFormulas()
 {
     manager().isFilled = true;

@@ -29,6 +29,9 @@ struct FormulaRecipe
 /// of a built-in formula, with its number parameters.
 INDICATORHOST_EXPORT void setFormula(const CFormulaDetail& formula);
 
+/// Display names of all formulas: the built-in ones, then those that were set and the user's own.
+INDICATORHOST_EXPORT QStringList formulaNames();
+
 /// Forgets every formula, the built-in ones too, until the next reset().
 INDICATORHOST_EXPORT void clearFormulas();
 

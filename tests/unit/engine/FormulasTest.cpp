@@ -27,12 +27,12 @@ TEST(BuiltInFormulas, AreKnownByTheirExactName)
     EXPECT_EQ(engine::findBuiltIn(""), nullptr);
 }
 
-TEST(BuiltInFormulas, OverlaysOfTheCandlesAreMainChartFormulas)
+TEST(BuiltInFormulas, OnlyTheCandlesAreTheMainChartItself)
 {
     for (const auto& formula : engine::builtInFormulas()) {
         const bool ownPane =
             formula.name == "VOL" || formula.name == "MACD" || formula.name == "KDJ" || formula.name == "RSI";
-        EXPECT_EQ(formula.kind, ownPane ? 0 : 2) << formula.name;
+        EXPECT_EQ(formula.kind, formula.name == "KLINE" ? 2 : ownPane ? 0 : 1) << formula.name;
     }
 }
 

@@ -155,7 +155,7 @@ TEST_F(UserFormulas, RestOnABuiltInFormula)
 TEST_F(UserFormulas, TakeNameAndKindFromElsewhereWhenLeftOut)
 {
     EXPECT_EQ(load(fileWith(R"({"name": "BAND", "base": "BOLL"})")), QStringList());
-    EXPECT_EQ(manager().getFormula(text("BAND"))->kind, 2);
+    EXPECT_EQ(manager().getFormula(text("BAND"))->kind, 1);
     EXPECT_EQ(manager().getFormula(text("BAND"))->numberParams, (QVector<double> { 20, 2 }));
 }
 
