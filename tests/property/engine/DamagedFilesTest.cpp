@@ -33,11 +33,13 @@ QByteArray damaged(QByteArray text, unsigned seed)
 class DamagedFiles : public testing::Test
 {
 protected:
+    /// The whole lines among the first bytes of a bundled file.
     QByteArray head(const char* sample, int bytes)
     {
         QFile file(QStringLiteral(SAMPLES_DIR "/") + QString::fromLatin1(sample));
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.read(bytes);
+        const QByteArray text = file.read(bytes);
+        return text.left(text.lastIndexOf('\n') + 1);
     }
 
     /// Writes a file of the test's folder. @return its path.
