@@ -1,14 +1,14 @@
 #pragma once
 /// @file The one truncation, the one tolerance and the one missing-number test of all painters.
 
+#include "data/internal/ElementAt.h"
+
 #include <QRect>
 
 #include <algorithm>
 #include <cfloat>
 #include <climits>
 #include <cmath>
-#include <cstddef>
-#include <vector>
 
 namespace TC::detail {
 
@@ -62,15 +62,6 @@ inline QRect paintableRect(long long x, long long y, long long width, long long 
     static constexpr long long limit = 1'000'000'000;
     const auto bounded = [](long long v) { return static_cast<int>(std::clamp(v, -limit, limit)); };
     return QRect(bounded(x), bounded(y), bounded(width), bounded(height));
-}
-
-/// Element of a vector, or null past either end.
-template <class Value>
-const Value* elementAt(const std::vector<Value>& values, int index)
-{
-    return index >= 0 && static_cast<std::size_t>(index) < values.size()
-        ? &values[static_cast<std::size_t>(index)]
-        : nullptr;
 }
 
 } // namespace TC::detail

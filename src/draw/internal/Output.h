@@ -36,6 +36,8 @@ public:
     }
 
     bool exists() const { return m_values != nullptr; }
+    /// The whole series; null when the column does not exist.
+    const std::vector<double>* values() const { return m_values; }
     int size() const
     {
         return m_values ? static_cast<int>(std::min<std::size_t>(m_values->size(), INT_MAX)) : 0;

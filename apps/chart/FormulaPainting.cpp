@@ -1,0 +1,162 @@
+#include "apps/chart/FormulaPainting.h"
+
+#include "draw/CDrawStyle.h"
+
+#include <QPainter>
+
+namespace chart {
+
+namespace {
+
+/// Draw-type codes of this client's panes.
+enum DrawType {
+    SimpleLine = 0,
+    SegmentLine = 1,
+    ColorStick = 2,
+    Tick = 3,
+    TickVolume = 4,
+    PointDot = 10,
+    CircleDot = 11,
+    Candle = 12,
+    Text = 13,
+    Icon = 19,
+    Number = 26,
+    Volume = 27,
+    StickLine = 28,
+    FixedText = 31,
+    VertLine = 34,
+    BoolLine = 37,
+    StackedVolume = 42
+};
+
+Qt::PenStyle penStyle(const se::RPCFormulaMetaResult& meta, std::size_t output)
+{
+    switch (output < meta.lineStyle.size() ? meta.lineStyle[output] : 0) {
+    case 15: return Qt::DotLine;
+    case 16: return Qt::DashDotLine;
+    case 17: return Qt::DashDotDotLine;
+    default: return Qt::SolidLine;
+    }
+}
+
+/// Close of the bar before the shown ones, for volume bars whose first bar is unchanged.
+double previousClose(const TC::RPCFormulaResultCache& cache, std::size_t output, int first)
+{
+    const auto& columns = cache.meta.outputColumns[output];
+    if (first < 1 || columns.size() < 3)
+        return 0.0;
+    const auto column = static_cast<std::size_t>(columns[2]);
+    if (column >= cache.result.columnSeries.size())
+        return 0.0;
+    const auto series = static_cast<std::size_t>(cache.result.columnSeries[column]);
+    if (series >= cache.result.numberSeries.size())
+        return 0.0;
+    const auto& closes = cache.result.numberSeries[series];
+    const auto bar = static_cast<std::size_t>(first - 1);
+    return bar < closes.size() ? closes[bar] : 0.0;
+}
+
+void paintOutput(QPainter& painter, TC::CDrawStyle& style, const PaneContent& pane,
+                 const PaneFormula& formula, int output, const BarView& view,
+                 const QPair<double, double>& range, int height)
+{
+    TC::RPCFormulaResultCache& cache = *formula.records;
+    QRect rect(0, 0, view.width, height);
+    // One slot fewer and one spare slot make exactly one slot per shown bar, and no start offset: lines,
+    // sticks and labels then share the candles' columns.
+    const int barCount = view.count() - 1;
+    const bool fullWidth = false;
+    const int half = view.halfWidth();
+    const int first = view.first, last = view.last;
+    const auto index = static_cast<std::size_t>(output);
+    switch (cache.meta.drawType[index]) {
+    case SimpleLine:
+        style.drawSimpleLine(&painter, rect, cache, range, penStyle(cache.meta, index), output, first, last,
+                             barCount, half, fullWidth, false, 1.0f, false, false);
+        break;
+    case SegmentLine:
+        style.drawSegmentLine(&painter, rect, cache, range, output, first, last, barCount, half + 1,
+                              fullWidth);
+        break;
+    case ColorStick:
+        style.drawColorStick(&painter, rect, cache, range, Qt::SolidLine, output, first, last, half,
+                             fullWidth, barCount, false, false);
+        break;
+    case Tick:
+        style.drawTick(&painter, rect, range, cache, first, last, output, std::max(2, 2 * half + 1), 0.0, 0.0,
+                       fullWidth, barCount);
+        break;
+    case TickVolume:
+        if (pane.bookRule)
+            style.drawTickVolStickNew(&painter, rect, cache, range, output, first, last, half, half == 0,
+                                      fullWidth, barCount, 0.0);
+        else
+            style.drawTickVolStick(&painter, rect, cache, range, output, first, last, half, half == 0,
+                                   fullWidth, barCount, 0.0);
+        break;
+    case PointDot:
+        TC::CDrawStyle::drawPointDot(&painter, rect, cache, range, output, first, last, half, fullWidth,
+                                     barCount);
+        break;
+    case CircleDot:
+        TC::CDrawStyle::drawCircleDot(&painter, rect, cache, range, output, first, last, half, fullWidth,
+                                      barCount, false);
+        break;
+    case Candle:
+        style.drawKLine(&painter, rect, cache, range, output, first, last, view.count(), half,
+                        pane.periodSeconds, formula.overlaid, formula.scale,
+                        TC::CDrawStyle::priceTick2Precision(pane.priceTick));
+        break;
+    case Text: style.drawText(&painter, rect, cache, range, output, first, last, half, barCount); break;
+    case Icon:
+        style.drawIcon(&painter, rect, QString(), range, cache, first, last, output, half, barCount);
+        break;
+    case Number:
+        style.drawNumber(&painter, rect, range, cache, first, last, output, half, fullWidth, barCount);
+        break;
+    case Volume:
+        style.drawVolStick(&painter, rect, cache, range, output, first, last, half, false, fullWidth,
+                           barCount, previousClose(cache, index, first), false);
+        break;
+    case StickLine:
+        style.drawStickKline(&painter, rect, range, cache, first, last, output, half, fullWidth, barCount);
+        break;
+    case FixedText: style.drawTextEx(&painter, rect, cache, range, output, 0, 0); break;
+    case VertLine:
+        style.drawVertLine(&painter, rect, cache, range, Qt::SolidLine, output, first, last, half, barCount);
+        break;
+    case BoolLine:
+        style.drawBoolLine(&painter, rect, cache, range, penStyle(cache.meta, index), output, first, last,
+                           half, barCount);
+        break;
+    case StackedVolume:
+        style.drawStackVolstick(&painter, rect, cache, range, output, first, last, half, fullWidth, barCount,
+                                false);
+        break;
+    default: break;
+    }
+}
+
+} // namespace
+
+void paintFormulas(QPainter& painter, const PaneContent& pane, const BarView& view,
+                   const QPair<double, double>& range, int height)
+{
+    if (view.count() == 0)
+        return;
+    TC::CDrawStyle style;
+    for (const PaneFormula& formula : pane.formulas) {
+        const se::RPCFormulaMetaResult& meta = formula.records->meta;
+        const std::size_t described =
+            std::min({ meta.drawType.size(), meta.outputColumns.size(), meta.lineWidth.size() });
+        for (std::size_t output = 0; output < described; ++output) {
+            if (meta.lineWidth[output] == 0)
+                continue;
+            painter.save();
+            paintOutput(painter, style, pane, formula, static_cast<int>(output), view, range, height);
+            painter.restore();
+        }
+    }
+}
+
+} // namespace chart

@@ -1,0 +1,34 @@
+#pragma once
+/// @file What one pane shows.
+
+#include "data/CFormulaKey.h"
+#include "data/RPCFormulaResultCache.h"
+
+#include <QList>
+
+#include <vector>
+
+namespace chart {
+
+/// One formula of a pane with its result.
+struct PaneFormula
+{
+    TC::CFormulaKey key;
+    TC::RPCFormulaResultCache* records = nullptr; ///< not owned
+    /// Factor on the prices of an overlaid instrument, which brings it onto the pane's axis; 1 for the pane's
+    /// own formulas.
+    float scale = 1.0f;
+    bool overlaid = false; ///< candles of another instrument, all in one colour
+};
+
+/// Formulas in the order in which they are painted; later ones lie on top.
+struct PaneContent
+{
+    std::vector<PaneFormula> formulas;
+    bool showsPrices = false; ///< the pane's axis shows prices of the instrument
+    double priceTick = 0.01;  ///< smallest price step of the instrument
+    int periodSeconds = 86400;
+    bool bookRule = false; ///< tick volume sticks follow the order book
+};
+
+} // namespace chart

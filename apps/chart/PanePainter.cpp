@@ -1,0 +1,159 @@
+#include "apps/chart/PanePainter.h"
+
+#include "apps/chart/FormulaPainting.h"
+#include "apps/chart/PaneScale.h"
+#include "apps/chart/TimeMarks.h"
+#include "host/WB/CUiResource.h"
+#include "host/utils/CSingletonT.h"
+
+#include <QPainter>
+
+namespace chart {
+
+namespace {
+
+constexpr int kMarkSpacing = 38; // least rows between two marks of a value axis
+constexpr int kTimeSpacing = 74; // least columns between two marks of the time axis
+constexpr int kTextMargin = 6;   // between the frame and an axis text
+
+QColor skinColor(const char* key, const QColor& fallback)
+{
+    const QColor* color = utils::CSingletonT<WB::CUiResource>::instance()->getColor(QString::fromLatin1(key));
+    return color ? *color : fallback;
+}
+
+QColor background()
+{
+    return skinColor("ic_clr_graph_kline_bg", Qt::black);
+}
+
+QColor frame()
+{
+    return skinColor("ic_clr_kline_graph_frame_border", Qt::darkGray);
+}
+
+QColor axisText()
+{
+    return skinColor("clr_chart_axis_text", Qt::gray);
+}
+
+void useAxisFont(QPainter& painter)
+{
+    if (const QFont* font =
+            utils::CSingletonT<WB::CUiResource>::instance()->getFont(QStringLiteral("fnt_graph_axis_text")))
+        painter.setFont(*font);
+}
+
+QPen dotted(const QColor& color)
+{
+    return QPen(color, 0, Qt::DotLine);
+}
+
+void paintGrid(QPainter& painter, const PaneGeometry& geometry, const std::vector<AxisMark>& marks,
+               const QPair<double, double>& range)
+{
+    painter.setPen(dotted(skinColor("clr_chart_grid", Qt::darkGray)));
+    for (const AxisMark& mark : marks) {
+        const int row = geometry.plot.top() + rowOf(mark.value, range, geometry.plot.height());
+        painter.drawLine(geometry.plot.left(), row, geometry.plot.right(), row);
+    }
+}
+
+void paintAxis(QPainter& painter, const PaneGeometry& geometry, const std::vector<AxisMark>& marks,
+               const QPair<double, double>& range)
+{
+    useAxisFont(painter);
+    painter.setPen(axisText());
+    const int height = painter.fontMetrics().height();
+    for (const AxisMark& mark : marks) {
+        const int row = geometry.plot.top() + rowOf(mark.value, range, geometry.plot.height());
+        if (row - height / 2 < geometry.plot.top() || row + height / 2 > geometry.plot.bottom())
+            continue;
+        painter.drawText(QRect(geometry.axis.left() + kTextMargin, row - height / 2,
+                               geometry.axis.width() - kTextMargin, height),
+                         Qt::AlignLeft | Qt::AlignVCenter, mark.text);
+    }
+}
+
+/// A text in a filled box, as crosshairs show their value and time.
+void paintTag(QPainter& painter, const QRect& box, const QString& text)
+{
+    painter.fillRect(box, axisText());
+    painter.setPen(background());
+    painter.drawText(box, Qt::AlignCenter, text);
+}
+
+void paintCrosshair(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane,
+                    const BarView& view, const QPair<double, double>& range, const Crosshair& crosshair)
+{
+    if (crosshair.bar < view.first || crosshair.bar > view.last)
+        return;
+    painter.setPen(dotted(skinColor("clr_chart_crosshair", Qt::gray)));
+    const int column = geometry.plot.left() + view.centre(crosshair.bar);
+    painter.drawLine(column, geometry.plot.top(), column, geometry.plot.bottom());
+    if (!crosshair.row)
+        return;
+    const int row = geometry.plot.top() + *crosshair.row;
+    painter.drawLine(geometry.plot.left(), row, geometry.plot.right(), row);
+    useAxisFont(painter);
+    const double value = valueAt(*crosshair.row, range, geometry.plot.height());
+    const double step = (range.first - range.second) / geometry.plot.height();
+    const int height = painter.fontMetrics().height() + 2;
+    paintTag(painter, QRect(geometry.axis.left() + 1, row - height / 2, geometry.axis.width() - 1, height),
+             valueText(value, pane, step));
+}
+
+} // namespace
+
+void paintPane(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane, const BarView& view,
+               const Crosshair& crosshair)
+{
+    painter.save();
+    painter.fillRect(geometry.plot.united(geometry.axis), background());
+    const QPair<double, double> range = visibleRange(pane, view);
+    const auto marks = valueMarks(range, geometry.plot.height(), kMarkSpacing, pane);
+    paintGrid(painter, geometry, marks, range);
+
+    painter.save();
+    painter.setClipRect(geometry.plot, Qt::IntersectClip);
+    painter.translate(geometry.plot.topLeft());
+    useAxisFont(painter); // candles and numbers are labelled in the painter's font
+    paintFormulas(painter, pane, view, range, geometry.plot.height());
+    painter.restore();
+
+    paintAxis(painter, geometry, marks, range);
+    paintCrosshair(painter, geometry, pane, view, range, crosshair);
+    painter.setPen(frame());
+    painter.drawLine(geometry.axis.topLeft(), geometry.axis.bottomLeft());
+    painter.restore();
+}
+
+void paintTimeAxis(QPainter& painter, const QRect& rect, const std::vector<std::int64_t>& times,
+                   const BarView& view, const Crosshair& crosshair)
+{
+    painter.save();
+    painter.fillRect(rect, background());
+    painter.setPen(frame());
+    painter.drawLine(rect.topLeft(), rect.topRight());
+    useAxisFont(painter);
+    painter.setPen(axisText());
+    for (const TimeMark& mark : timeMarks(times, view, kTimeSpacing)) {
+        const int column = rect.left() + view.centre(mark.bar);
+        painter.drawLine(column, rect.top(), column, rect.top() + 3);
+        const int width = painter.fontMetrics().horizontalAdvance(mark.text);
+        if (column - width / 2 >= rect.left() && column + width / 2 <= rect.right())
+            painter.drawText(QRect(column - width / 2 - 1, rect.top() + 3, width + 2, rect.height() - 3),
+                             Qt::AlignCenter, mark.text);
+    }
+    const QString text = timeText(times, crosshair.bar);
+    if (!text.isEmpty() && crosshair.bar >= view.first && crosshair.bar <= view.last) {
+        const int width = painter.fontMetrics().horizontalAdvance(text) + 2 * kTextMargin;
+        const int left =
+            std::max(rect.left(),
+                     std::min(rect.left() + view.centre(crosshair.bar) - width / 2, rect.right() - width));
+        paintTag(painter, QRect(left, rect.top() + 1, width, rect.height() - 1), text);
+    }
+    painter.restore();
+}
+
+} // namespace chart

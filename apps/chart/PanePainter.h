@@ -1,0 +1,37 @@
+#pragma once
+/// @file One pane: background, grid, formulas, value axis, crosshair.
+
+#include "apps/chart/BarView.h"
+#include "apps/chart/PaneContent.h"
+
+#include <QRect>
+
+#include <optional>
+
+class QPainter;
+
+namespace chart {
+
+/// Where the parts of a pane lie.
+struct PaneGeometry
+{
+    QRect plot; ///< the formulas
+    QRect axis; ///< texts of the value axis, at the right
+};
+
+/// Where the crosshair stands.
+struct Crosshair
+{
+    int bar = -1;           ///< -1: no crosshair
+    std::optional<int> row; ///< row of the plot, when the pointer is in this pane
+};
+
+/// Paints a pane. Colours and fonts come from the skin; `view.width` must be the plot's width.
+void paintPane(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane, const BarView& view,
+               const Crosshair& crosshair);
+
+/// Paints the time axis below the panes into `rect`, whose left edge is the plots' left edge.
+void paintTimeAxis(QPainter& painter, const QRect& rect, const std::vector<std::int64_t>& times,
+                   const BarView& view, const Crosshair& crosshair);
+
+} // namespace chart

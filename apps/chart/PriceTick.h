@@ -1,0 +1,12 @@
+#pragma once
+/// @file Price step of an instrument that no database knows.
+
+#include <vector>
+
+namespace chart {
+
+/// Smallest of 1, 0.1, 0.01, 0.001 that the last prices are whole multiples of; 0.0001 when none is. NaN and
+/// infinite prices are left out.
+double inferredPriceTick(const std::vector<double>& prices);
+
+} // namespace chart

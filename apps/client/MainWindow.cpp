@@ -1,0 +1,285 @@
+#include "apps/client/MainWindow.h"
+
+#include "apps/client/BarAlignment.h"
+#include "apps/client/BasketPanel.h"
+#include "apps/client/ChartView.h"
+#include "apps/client/FormulaList.h"
+#include "apps/client/InstrumentList.h"
+#include "apps/client/MessageList.h"
+#include "apps/client/OpenedBars.h"
+#include "apps/client/Panel.h"
+#include "host/TC/Instruments.h"
+#include "host/embedded/EmbeddedHost.h"
+
+#include <QActionGroup>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTimer>
+
+namespace client {
+
+namespace {
+
+// Identifiers of the panels; their titles come from the library's table.
+const QString kChartPanel = QStringLiteral("indexMainPanel");
+const QString kBasketPanel = QStringLiteral("tradeBaskets");
+const QString kInstrumentPanel = QStringLiteral("productBaseInfo");
+const QString kFormulaPanel = QStringLiteral("F7index");
+const QString kMessagePanel = QStringLiteral("messagePanel");
+
+constexpr int kStatusDuration = 8000; // milliseconds
+
+QString chooseBars(QWidget* parent, const QString& title)
+{
+    return QFileDialog::getOpenFileName(parent, title, QString(), QStringLiteral("CSV (*.csv)"));
+}
+
+/// Invented trades and accounts, to show what the legend can say.
+TC::CPositionNumber demoPositions()
+{
+    TC::CPositionNumber positions;
+    positions.accounts = { { QStringLiteral("演示账户A"), 0, 1200, true },
+                           { QStringLiteral("演示账户B"), 0, -300, false } };
+    positions.summary.totalBuyAmount = 1234500.0;
+    positions.summary.totalSellAmount = 567800.0;
+    positions.summary.netBuyAmount = 666700.0;
+    positions.summary.profitLoss = -12345.6;
+    positions.summary.buyVolume = 1500;
+    positions.summary.sellVolume = 600;
+    positions.summary.buyAvgPrice = 26.35;
+    positions.summary.sellAvgPrice = 26.81;
+    return positions;
+}
+
+} // namespace
+
+MainWindow::MainWindow()
+    : m_docks(this, m_pool)
+{
+    resize(1400, 860);
+    setWindowTitle(QStringLiteral("Indicator UI"));
+    buildPanels();
+    buildFileMenu();
+    buildViewMenu();
+    buildOverlayMenu();
+    buildToolsMenu();
+    m_chart->addPane({ QStringLiteral("KLINE"), QStringLiteral("MA") });
+    m_chart->addPane({ QStringLiteral("VOL") });
+    m_chart->addPane({ QStringLiteral("MACD") });
+    m_chart->setFocus();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::buildPanels()
+{
+    m_chart = new ChartView(&m_source);
+    m_basket = new BasketPanel;
+    m_instruments = new InstrumentList;
+    m_formulas = new FormulaList;
+    m_messages = new MessageList;
+    const std::pair<QString, QWidget*> contents[] = { { kChartPanel, m_chart },
+                                                      { kBasketPanel, m_basket },
+                                                      { kInstrumentPanel, m_instruments },
+                                                      { kFormulaPanel, m_formulas },
+                                                      { kMessagePanel, m_messages } };
+    for (const auto& [id, content] : contents)
+        m_pool.setMaker(id, [panelId = id, widget = content] { return new Panel(panelId, widget); });
+
+    ads::CDockWidget* chart = m_docks.addPanel(kChartPanel, ads::CenterDockWidgetArea);
+    ads::CDockWidget* instruments = m_docks.addPanel(kInstrumentPanel, ads::LeftDockWidgetArea, chart);
+    m_docks.addPanel(kFormulaPanel, ads::BottomDockWidgetArea, instruments);
+    m_docks.addPanel(kBasketPanel, ads::CenterDockWidgetArea, chart);
+    m_docks.addPanel(kMessagePanel, ads::BottomDockWidgetArea, chart);
+    if (chart)
+        chart->raise();
+    m_docks.rememberDefault();
+
+    connect(m_chart, &ChartView::sigMessage, this, &MainWindow::slotShowMessage);
+    connect(m_basket, &BasketPanel::sigMessage, this, &MainWindow::slotShowMessage);
+    connect(m_instruments, &InstrumentList::sigOpen, this, &MainWindow::openBars);
+    connect(m_formulas, &FormulaList::sigPaneRequested, this,
+            [this](const QString& name) { m_chart->addPane({ name }); });
+    connect(m_chart->state(), &ChartState::sigBarsChanged, this, &MainWindow::refreshDemoAccount);
+}
+
+void MainWindow::buildFileMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("文件(&F)"));
+    menu->addAction(
+        QStringLiteral("打开K线…"), this,
+        [this] {
+            const QString path = chooseBars(this, QStringLiteral("打开K线"));
+            if (!path.isEmpty())
+                openBars(path);
+        },
+        QKeySequence::Open);
+    menu->addAction(QStringLiteral("导入股票列表…"), this, [this] {
+        const QString path =
+            QFileDialog::getOpenFileName(this, QStringLiteral("导入股票"), QString(),
+                                         QStringLiteral("股票列表 (*.csv *.txt *.xlsx *.xls)"));
+        if (!path.isEmpty())
+            m_basket->importFile(path);
+    });
+    menu->addSeparator();
+    menu->addAction(QStringLiteral("退出"), this, &QWidget::close, QKeySequence::Quit);
+}
+
+void MainWindow::buildViewMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("视图(&V)"));
+    auto* skins = new QActionGroup(this);
+    QMenu* skinMenu = menu->addMenu(QStringLiteral("皮肤"));
+    const QStringList names = TC::embedded::skinNames();
+    for (const QString& name : names) {
+        QAction* action = skinMenu->addAction(name, this, [this, name] {
+            const QString failure = TC::embedded::loadSkin(name);
+            if (!failure.isEmpty())
+                slotShowMessage(failure);
+        });
+        action->setCheckable(true);
+        action->setChecked(name == TC::embedded::currentSkin());
+        skins->addAction(action);
+    }
+    skinMenu->addAction(QStringLiteral("打开皮肤文件…"), this, [this] {
+        const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("皮肤"), QString(),
+                                                          QStringLiteral("JSON (*.json)"));
+        const QString failure = path.isEmpty() ? QString() : TC::embedded::loadSkin(path);
+        if (!failure.isEmpty())
+            slotShowMessage(failure);
+    });
+
+    QMenu* panels = menu->addMenu(QStringLiteral("面板"));
+    for (const QString& id : { kChartPanel, kBasketPanel, kInstrumentPanel, kFormulaPanel, kMessagePanel }) {
+        if (ads::CDockWidget* dock = m_docks.dock(id))
+            panels->addAction(dock->toggleViewAction());
+    }
+    QMenu* arrangements = menu->addMenu(QStringLiteral("布局"));
+    connect(arrangements, &QMenu::aboutToShow, this, [this, arrangements] {
+        arrangements->clear();
+        arrangements->addAction(QStringLiteral("默认布局"), this, [this] { m_docks.applyDefault(); });
+        arrangements->addAction(QStringLiteral("保存为…"), this, [this] {
+            const QString name =
+                QInputDialog::getText(this, QStringLiteral("保存布局"), QStringLiteral("名称"));
+            const QString failure = name.isEmpty() ? QString() : m_docks.store(name);
+            if (!failure.isEmpty())
+                slotShowMessage(failure);
+        });
+        arrangements->addSeparator();
+        const QStringList stored = m_docks.names();
+        for (const QString& name : stored) {
+            arrangements->addAction(name, this, [this, name] {
+                const QString failure = m_docks.apply(name);
+                if (!failure.isEmpty())
+                    slotShowMessage(failure);
+            });
+        }
+    });
+}
+
+void MainWindow::buildOverlayMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("叠加(&O)"));
+    menu->addAction(QStringLiteral("叠加品种…"), this, [this] {
+        const QString path = chooseBars(this, QStringLiteral("叠加品种"));
+        if (!path.isEmpty())
+            overlayBars(path);
+    });
+    menu->addAction(QStringLiteral("清除叠加"), this, &MainWindow::clearOverlays);
+}
+
+void MainWindow::buildToolsMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("工具(&T)"));
+    QAction* demo = menu->addAction(QStringLiteral("演示账户（虚构数据）"));
+    demo->setCheckable(true);
+    connect(demo, &QAction::toggled, this, &MainWindow::setDemoAccount);
+}
+
+QString MainWindow::openBars(const QString& path)
+{
+    OpenedBars opened;
+    const QString failure = openBarsFile(path, opened);
+    if (!failure.isEmpty()) {
+        slotShowMessage(failure);
+        return failure;
+    }
+    m_instruments->listFolder(QFileInfo(path).absolutePath());
+    clearOverlays();
+    m_chart->state()->setBars(opened.instrument, opened.bars);
+    slotShowMessage(QStringLiteral("已打开 %1 %2（%3 根K线）")
+                        .arg(TC::getDetailQsKey(opened.instrument), TC::getDetailQsName(opened.instrument))
+                        .arg(opened.bars->size()));
+    return QString();
+}
+
+QString MainWindow::overlayBars(const QString& path)
+{
+    OpenedBars opened;
+    const QString failure =
+        m_chart->state()->bars() ? openBarsFile(path, opened) : QStringLiteral("先打开K线");
+    if (!failure.isEmpty()) {
+        slotShowMessage(failure);
+        return failure;
+    }
+    m_overlays.push_back({ opened.instrument,
+                           std::make_shared<const engine::BarSeries>(
+                               alignedTo(m_chart->state()->bars()->timeMs, *opened.bars)) });
+    m_chart->panes().front()->setOverlays(m_overlays);
+    slotShowMessage(QStringLiteral("已叠加 %1").arg(TC::getDetailQsName(opened.instrument)));
+    return QString();
+}
+
+void MainWindow::clearOverlays()
+{
+    m_overlays.clear();
+    m_chart->panes().front()->setOverlays(m_overlays);
+}
+
+void MainWindow::setDemoAccount(bool on)
+{
+    m_demoAccount = on;
+    refreshDemoAccount();
+    slotShowMessage(on ? QStringLiteral("演示账户已打开：成交与持仓均为虚构")
+                       : QStringLiteral("演示账户已关闭"));
+}
+
+void MainWindow::refreshDemoAccount()
+{
+    TC::embedded::clearPositions();
+    if (m_demoAccount && m_chart->state()->instrument())
+        TC::embedded::setPositionNumber(TC::getDetailQsKey(m_chart->state()->instrument()), demoPositions());
+    m_chart->panes().front()->showPositions(m_demoAccount);
+}
+
+void MainWindow::slotShowMessage(const QString& text)
+{
+    m_messages->slotShow(text);
+    statusBar()->showMessage(text, kStatusDuration);
+}
+
+void MainWindow::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    if (m_restored)
+        return;
+    m_restored = true;
+    QTimer::singleShot(0, this, [this] { // once the window stands
+        const QString message = m_docks.restore();
+        if (!message.isEmpty())
+            slotShowMessage(message);
+    });
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    const QString failure = m_docks.save();
+    if (!failure.isEmpty())
+        slotShowMessage(failure);
+    QMainWindow::closeEvent(event);
+}
+
+} // namespace client

@@ -1,0 +1,35 @@
+#pragma once
+/// @file The renderer's command line.
+
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace render {
+
+/// What to draw and where to.
+struct Options
+{
+    QString bars;                   ///< CSV file of price bars
+    QString instrument;             ///< key such as SH600000; by default the file's base name
+    std::vector<QStringList> panes; ///< formula names of each pane, top to bottom
+    int from = -1;                  ///< first bar; -1: so that the last bar is shown
+    int count = 250;                ///< bars shown at most
+    QSize size { 1600, 900 };       ///< logical pixels
+    double dpr = 1.0;               ///< device pixels per logical pixel
+    QString skin;                   ///< name of a shipped skin or path of a skin file; empty: the default
+    QString output;                 ///< .png, .svg or .pdf
+    bool help = false;
+};
+
+/// Text of --help.
+QString usage();
+
+/// Reads the arguments (without the program's name).
+/// @param[out] options  defaults where an option is not given.
+/// @return empty on success, else one line that names the argument and what is wrong with it.
+QString parseArguments(const QStringList& arguments, Options& options);
+
+} // namespace render

@@ -1,0 +1,56 @@
+/// @file indicatorui-render: a chart of a bars file as a picture, without a display.
+
+#include "apps/render/ChartLoader.h"
+#include "apps/render/Options.h"
+#include "apps/render/PictureFile.h"
+#include "host/embedded/EmbeddedHost.h"
+
+#include <QApplication>
+#include <QPainter>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int kBadInput = 2;
+
+/// Does what the options say.
+/// @return empty on success, else one line with the reason.
+QString renderChart(const render::Options& options)
+{
+    if (!options.skin.isEmpty()) {
+        const QString failure = TC::embedded::loadSkin(options.skin);
+        if (!failure.isEmpty())
+            return failure;
+    }
+    render::LoadedChart chart;
+    const QString failure = render::loadChart(options, chart);
+    if (!failure.isEmpty())
+        return failure;
+    return render::writePicture(options.output, options.size, options.dpr, [&](QPainter& painter) {
+        chart::paintChart(painter, chart.picture, options.size);
+    });
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Standard error carries one line of our own or nothing: remarks of the platform are left out.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    QApplication application(argc, argv);
+    render::Options options;
+    QString failure = render::parseArguments(application.arguments().mid(1), options);
+    if (failure.isEmpty() && options.help) {
+        std::fputs(qPrintable(render::usage()), stdout);
+        return 0;
+    }
+    if (failure.isEmpty())
+        failure = renderChart(options);
+    if (failure.isEmpty())
+        return 0;
+    std::fprintf(stderr, "indicatorui-render: %s\n", qPrintable(failure));
+    return kBadInput;
+}

@@ -1,0 +1,15 @@
+#pragma once
+/// @file One outstanding request of a pane.
+
+#include "data/CFormulaKey.h"
+
+namespace TC {
+
+/// A formula instance and the identifier of its request.
+struct IndexBaseDataReqItem
+{
+    CFormulaKey key;
+    QString reqId; ///< as the formula engine issued it
+};
+
+} // namespace TC

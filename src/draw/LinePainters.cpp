@@ -1,0 +1,229 @@
+/// @file Lines: unbroken, broken, vertical, step.
+
+#include "draw/CDrawStyle.h"
+
+#include "draw/internal/LineLayout.h"
+#include "draw/internal/Pens.h"
+
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <optional>
+
+namespace TC {
+
+namespace {
+
+using namespace detail;
+
+const QColor kAccent(72, 166, 242); // client type 3's blue
+constexpr int kWhite = 0xFFFFFF;
+
+/// Row of a value on the painters' own scale; on a flat range every value stands on half the bottom
+/// coordinate. Deliberate: not the centre of the rectangle, which may begin below row 0.
+class LineRows
+{
+public:
+    LineRows(const QRect& rect, const QPair<double, double>& range)
+        : m_scale(spanning(rect, range))
+    {
+        if (isFlat(range))
+            m_flatRow = rect.bottom() / 2;
+    }
+
+    /// NaN when the value has no row.
+    double at(double value) const { return m_flatRow ? *m_flatRow : m_scale.at(value); }
+
+private:
+    ValueScale m_scale;
+    std::optional<int> m_flatRow;
+};
+
+/// Adds points to a path; points without a pixel are left out.
+class PathPen
+{
+public:
+    /// The next point starts a new piece.
+    void lift() { m_down = false; }
+
+    void to(double x, double y)
+    {
+        if (!hasPixel(x) || !hasPixel(y))
+            return;
+        const QPoint point(toPixel(x), toPixel(y));
+        m_down ? m_path.lineTo(point) : m_path.moveTo(point);
+        m_down = true;
+    }
+
+    const QPainterPath& path() const { return m_path; }
+
+private:
+    QPainterPath m_path;
+    bool m_down = false;
+};
+
+/// Top and bottom colour of the fill under a line: client type 3's own, the skin's pair, or the default.
+QPair<QColor, QColor> fillColors()
+{
+    if (isSecondVariant())
+        return { QColor(72, 166, 242, 102), QColor(31, 33, 38, 0) };
+    const QList<QColor>& gradient = CDrawStyle::m_colorListGradient;
+    if (gradient.size() == 2)
+        return { gradient[0], gradient[1] };
+    return { QColor(96, 130, 216, 200), QColor(0, 0, 0, 0) };
+}
+
+void fillBeneath(QPainter* painter, const QRect& rect, const QPainterPath& line)
+{
+    const QPair<QColor, QColor> colors = fillColors();
+    // Deliberate: the gradient begins at row 0, not at the rectangle's top, and leans to its left edge.
+    QLinearGradient gradient(0, 0, rect.left(), rect.bottom());
+    gradient.setColorAt(0.0, colors.first);
+    gradient.setColorAt(1.0, colors.second);
+
+    const qreal base = rect.bottom() + 2.0;
+    const QPointF first = line.elementAt(0), last = line.elementAt(line.elementCount() - 1);
+    QPainterPath area = line;
+    area.lineTo(last.x(), base);
+    area.lineTo(first.x(), base);
+    area.lineTo(first);
+    painter->fillPath(area, gradient);
+}
+
+/// Pen style of a vertical line. Deliberate: an unknown line-style code takes the output's index as the
+/// style.
+Qt::PenStyle vertLineStyle(const OutputView& output, int lineStyle)
+{
+    switch (lineStyle) {
+    case 0: return Qt::SolidLine;
+    case 15:
+    case 16:
+    case 17: return static_cast<Qt::PenStyle>(lineStyle - 12);
+    default: return static_cast<Qt::PenStyle>(output.index());
+    }
+}
+
+} // namespace
+
+void CDrawStyle::drawSimpleLine(QPainter* painter, QRect& rect, RPCFormulaResultCache& cache,
+                                QPair<double, double> range, Qt::PenStyle penStyle, int outputIndex,
+                                int startIndex, int endIndex, int barCount, int xOffset, bool fullWidth,
+                                bool useScale, float scale, bool gradientFill, bool alignByIndex)
+{
+    const OutputView output(cache, outputIndex);
+    const ColumnView values = output.column(0);
+    const std::optional<int> color = outputColor(output);
+    const BarWindow bars { startIndex, endIndex, barCount, fullWidth };
+    if (output.lineWidth() == 0 || !color || !values.isPlainNumber() || bars.divisor() < 2.0)
+        return;
+
+    const SlotLayout layout = alignByIndex ? alignedByIndex(bars, rect) : rightAligned(bars, rect, xOffset);
+    const LineRows rows(rect, range);
+    const double factor = useScale ? static_cast<double>(scale) : 1.0;
+
+    PathPen line; // never lifted: the line joins across missing values
+    forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
+        if (const std::optional<double> value = values.at(bar))
+            line.to(std::min(layout.at(bar), static_cast<double>(rect.right())), rows.at(*value * factor));
+    });
+    if (line.path().isEmpty())
+        return;
+
+    if (gradientFill)
+        fillBeneath(painter, rect, line.path());
+    const QColor ink = isSecondVariant() && *color == kWhite ? kAccent : fromPacked(*color);
+    painter->setBrush(Qt::NoBrush);
+    painter->strokePath(line.path(), linePen(ink, output.lineWidth(), penStyle));
+}
+
+void CDrawStyle::drawSegmentLine(QPainter* painter, QRect& rect, RPCFormulaResultCache& cache,
+                                 QPair<double, double> range, int outputIndex, int startIndex, int endIndex,
+                                 int barCount, int xOffset, bool fullWidth)
+{
+    const OutputView output(cache, outputIndex);
+    const ColumnView values = output.column(0);
+    const std::optional<int> color = outputColor(output);
+    if (output.lineWidth() == 0 || !color || !values.isPlainNumber())
+        return;
+
+    const BarWindow bars { startIndex, endIndex, barCount, fullWidth };
+    SlotLayout layout = rightAligned(bars, rect, xOffset);
+    layout.shift = -1.0; // Deliberate: one pixel left of the unbroken line, and never clipped
+    const LineRows rows(rect, range);
+
+    PathPen line;
+    forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
+        if (const std::optional<double> value = values.at(bar))
+            line.to(layout.at(bar), rows.at(*value));
+        else
+            line.lift(); // a missing number breaks the line, an invalid bar does not
+    });
+    if (!line.path().isEmpty())
+        painter->strokePath(line.path(), linePen(fromPacked(*color), output.lineWidth(), Qt::SolidLine));
+}
+
+void CDrawStyle::drawVertLine(QPainter* painter, QRect& rect, RPCFormulaResultCache& cache,
+                              QPair<double, double> range, Qt::PenStyle, int outputIndex, int startIndex,
+                              int endIndex, int xOffset, int barCount)
+{
+    const OutputView output(cache, outputIndex);
+    const ColumnView condition = output.column(0), upper = output.column(1), lower = output.column(2);
+    const std::optional<int> color = outputColor(output);
+    const std::optional<int> lineStyle = output.entry(&se::RPCFormulaMetaResult::lineStyle);
+    if (output.lineWidth() == 0 || !color || !lineStyle || !condition.exists())
+        return;
+
+    const double max = range.first, min = range.second;
+    const BarWindow bars { startIndex, endIndex, barCount, false };
+    const SlotLayout layout = beginningAt(bars, rect, 0.0, xOffset); // Deliberate: without rect.left()
+    const ValueScale scale = spanningOrToMaximum(rect, range);
+    const bool hasEnds = output.columnCount() > 2;
+
+    painter->setPen(linePen(fromPacked(*color), output.lineWidth(), vertLineStyle(output, *lineStyle)));
+    forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
+        const std::optional<double> isDrawn = condition.raw(bar);
+        if (!isDrawn || *isDrawn == 0.0)
+            return;
+        double upperRow = rect.bottom(), lowerRow = rect.top();
+        if (hasEnds) {
+            const std::optional<double> top = upper.raw(bar), bottom = lower.raw(bar);
+            if (!top || !bottom)
+                return;
+            upperRow = scale.at(*top - max > kTolerance ? max : *top);
+            lowerRow = min - *bottom > kTolerance ? rect.bottom() - 3.0 : scale.at(*bottom);
+        }
+        const double x = layout.at(bar);
+        if (hasPixel(x) && hasPixel(upperRow) && hasPixel(lowerRow))
+            painter->drawLine(toPixel(x), toPixel(upperRow), toPixel(x), toPixel(lowerRow));
+    });
+}
+
+void CDrawStyle::drawBoolLine(QPainter* painter, QRect& rect, RPCFormulaResultCache& cache,
+                              QPair<double, double> range, Qt::PenStyle penStyle, int outputIndex,
+                              int startIndex, int endIndex, int xOffset, int barCount)
+{
+    const OutputView output(cache, outputIndex);
+    const ColumnView flags = output.column(0);
+    const std::optional<int> color = outputColor(output);
+    if (output.lineWidth() == 0 || !color || !flags.isFlag())
+        return;
+
+    const BarWindow bars { startIndex, endIndex, barCount, false };
+    const SlotLayout layout = beginningAt(bars, rect, 0.0, xOffset); // Deliberate: without rect.left()
+    ValueScale scale = spanningOrToMaximum(rect, range);
+    scale.baseRow = rect.height(); // Deliberate: the height, not the bottom
+
+    PathPen line;
+    forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
+        const std::optional<double> flag = flags.raw(bar);
+        if (!flag || std::isnan(*flag) || isMissingMarker(*flag))
+            return;
+        const double level = 1.0 - *flag <= kTolerance ? 1.0 : 0.0;
+        line.to(layout.at(bar), scale.at(level));
+    });
+    if (!line.path().isEmpty())
+        painter->strokePath(line.path(), linePen(fromPacked(*color), output.lineWidth(), penStyle));
+}
+
+} // namespace TC

@@ -1,0 +1,168 @@
+/// @file Sticks from the zero row, and bars between two prices.
+
+#include "draw/CDrawStyle.h"
+
+#include "draw/internal/Pens.h"
+#include "draw/internal/StickLayout.h"
+
+#include <QPainter>
+
+namespace TC {
+
+using namespace detail;
+
+namespace {
+
+/// Deliberate: the start offset stays fractional here; the other painters truncate theirs first.
+SlotLayout colorStickLayout(const QRect& rect, const BarWindow& bars, int xOffset, bool alignByIndex)
+{
+    const double width = slotWidth(rect, bars.divisor());
+    const double start = alignByIndex ? bars.first * width
+        : runsStartAtPaneLeft()       ? xOffset
+                                      : bars.rightShift() * width + xOffset;
+    return { bars.first, width, rect.left() + start };
+}
+
+/// On a flat range the height spans the level itself, as if the axis started at zero.
+ValueScale colorStickScale(const QRect& rect, const QPair<double, double>& range)
+{
+    ValueScale scale = spanning(rect, range);
+    if (isFlat(range))
+        scale.pixelsPerUnit = rect.height() / range.first;
+    return scale;
+}
+
+} // namespace
+
+void CDrawStyle::drawColorStick(QPainter* painter, QRect& rect, RPCFormulaResultCache& cache,
+                                QPair<double, double> range, Qt::PenStyle penStyle, int outputIndex,
+                                int startIndex, int endIndex, int xOffset, bool fullWidth, int barCount,
+                                bool realtimeColours, bool alignByIndex)
+{
+    const OutputView output(cache, outputIndex);
+    const ColumnView values = output.column(0);
+    const BarWindow bars { startIndex, endIndex, barCount, fullWidth };
+    if (!values.exists() || bars.divisor() < 1.0)
+        return;
+
+    const SlotLayout layout = colorStickLayout(rect, bars, xOffset, alignByIndex);
+    const ValueScale scale = colorStickScale(rect, range);
+    if (!hasPixel(scale.at(0.0)))
+        return;
+    const int zeroRow = scale.row(0.0);
+    const QPen rise = linePen(skinColor(realtimeColours ? kRealtimeStickColor : kRiseColor), 1.0, penStyle);
+    const QPen fall = linePen(skinColor(realtimeColours ? kRealtimeStickColor : kFallColor), 1.0, penStyle);
+
+    forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
+        // Deliberate: any finite number has a stick here, the missing marker as well.
+        const std::optional<double> value = values.finite(bar);
+        if (!value || isZero(*value) || !hasPixel(layout.at(bar)) || !hasPixel(scale.at(*value)))
+            return;
+        const int x = std::min(layout.x(bar), rect.right());
+        const int row = scale.row(*value);
+        // Every stick shows: one that ends on the zero row is moved a pixel away from it.
+        if (*value > kTolerance) {
+            painter->setPen(rise);
+            painter->drawLine(x, row == zeroRow ? saturatedSum(row, -1) : row, x, zeroRow);
+        } else {
+            painter->setPen(fall);
+            painter->drawLine(x, zeroRow, x, row == zeroRow ? saturatedSum(row, 1) : row);
+        }
+    });
+}
+
+namespace {
+
+/// One bar of the formula language's stick-line.
+struct StickLine
+{
+    double condition, price1, price2;
+    double width; ///< tenths of a slot
+    double empty; ///< exactly 1.0: outlined
+};
+
+/// The five columns of a stick-line.
+class StickLineColumns
+{
+public:
+    explicit StickLineColumns(const OutputView& output)
+        : m_columns { output.column(0), output.column(1), output.column(2), output.column(3),
+                      output.column(4) }
+    {
+    }
+
+    bool exist() const
+    {
+        return std::all_of(std::begin(m_columns), std::end(m_columns),
+                           [](const ColumnView& column) { return column.exists(); });
+    }
+
+    /// The bar's stick; empty when a column ends before it, a price is missing, or the condition does not
+    /// hold.
+    std::optional<StickLine> at(int bar) const
+    {
+        const auto condition = m_columns[0].raw(bar), price1 = m_columns[1].raw(bar);
+        const auto price2 = m_columns[2].raw(bar), width = m_columns[3].raw(bar),
+                   empty = m_columns[4].raw(bar);
+        if (!condition || !price1 || !price2 || !width || !empty)
+            return std::nullopt;
+        if (isMissing(*price1) || isMissing(*price2) || *condition == 0.0)
+            return std::nullopt;
+        return StickLine { *condition, *price1, *price2, *width, *empty };
+    }
+
+private:
+    ColumnView m_columns[5];
+};
+
+/// Deliberate: from 16 tenths of a slot on, a stick is one pixel wide whatever the slot.
+double stickPixels(double tenths, double slot)
+{
+    return tenths >= 16.0 ? 1.0 : tenths * slot / 10.0;
+}
+
+} // namespace
+
+void CDrawStyle::drawStickKline(QPainter* painter, QRect& rect, QPair<double, double> range,
+                                RPCFormulaResultCache& cache, int startIndex, int endIndex, int outputIndex,
+                                int xOffset, bool fullWidth, int barCount)
+{
+    const OutputView output(cache, outputIndex);
+    const StickLineColumns columns(output);
+    const std::optional<int> packed = outputColor(output);
+    if (!columns.exist() || !packed || output.lineWidth() == 0)
+        return;
+
+    const BarWindow bars { startIndex, endIndex, barCount, fullWidth };
+    const double slot = slotWidth(rect, bars.divisor());
+    const SlotLayout layout { startIndex, slot, static_cast<double>(rect.left()),
+                              static_cast<double>(xOffset) };
+    const ValueScale scale = spanning(rect, range);
+    const QColor color = fromPacked(*packed);
+    painter->setPen(linePen(color, output.lineWidth(), Qt::SolidLine));
+
+    forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
+        const std::optional<StickLine> stick = columns.at(bar);
+        if (!stick)
+            return;
+        const double row1 = scale.at(stick->price1), row2 = scale.at(stick->price2);
+        const double pixels = stickPixels(stick->width, slot);
+        if (!hasPixel(layout.at(bar)) || !hasPixel(row1) || !hasPixel(row2) || !hasPixel(pixels))
+            return;
+        const int x = layout.x(bar), y1 = toPixel(row1), y2 = toPixel(row2), width = toPixel(pixels);
+        if (width <= 1) {
+            painter->drawLine(x, y1, x, y2);
+            return;
+        }
+        // Deliberate: the height is negative when price 2 is the higher one, and goes to Qt as it is.
+        const QRect body =
+            paintableRect(static_cast<long long>(x) - width / 2, y1, width, static_cast<long long>(y2) - y1);
+        // Deliberate: only an empty flag of exactly 1.0 outlines.
+        if (stick->empty == 1.0)
+            painter->drawRect(body);
+        else
+            painter->fillRect(body, color);
+    });
+}
+
+} // namespace TC

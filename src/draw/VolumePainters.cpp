@@ -1,0 +1,174 @@
+/// @file Volume bars: coloured by rise and fall, and stacked.
+
+#include "draw/CDrawStyle.h"
+
+#include "draw/internal/Pens.h"
+#include "draw/internal/RiseFall.h"
+#include "draw/internal/StickLayout.h"
+
+#include <QPainter>
+
+namespace TC {
+
+using namespace detail;
+
+namespace {
+
+BodyLayout volumeLayout(const QRect& rect, const BarWindow& bars, int halfWidth, bool alignByIndex)
+{
+    const double width = slotWidth(rect, bars.divisor());
+    int start = 0;
+    if (bars.slotCount > 0 && alignByIndex)
+        start = toPixel(bars.first * width);
+    else if (bars.slotCount > 0 && !runsStartAtPaneLeft())
+        start = toPixel(bars.rightShift() * width);
+    return { bars.first, width, rect.left(), start, halfWidth };
+}
+
+BodyLayout stackLayout(const QRect& rect, const BarWindow& bars, int halfWidth, bool alignByIndex)
+{
+    const double width = slotWidth(rect, bars.divisor());
+    int start = 0;
+    if (bars.slotCount > 0) {
+        // Deliberate: aligned by index, the pane's left edge counts here and again in the layout; and
+        // client type 3 starts half a body further right.
+        start = alignByIndex        ? toPixel(rect.left() + bars.first * width)
+            : runsStartAtPaneLeft() ? halfWidth
+                                    : toPixel(bars.rightShift() * width);
+    }
+    return { bars.first, width, rect.left(), start, halfWidth };
+}
+
+/// The ink of one volume bar, from numbers already in pixels.
+struct VolumeBar
+{
+    int left, top;
+    long long width;
+    bool rises;
+};
+
+void drawThinVolume(QPainter* painter, const QRect& rect, const VolumeBar& bar)
+{
+    if (bar.top == rect.bottom())
+        painter->drawPoint(bar.left, saturatedSum(rect.bottom(), -1));
+    else
+        painter->drawLine(bar.left, bar.top, bar.left, rect.bottom());
+}
+
+void drawVolumeBody(QPainter* painter, const QRect& rect, const VolumeBar& bar, const QColor& color)
+{
+    // Deliberate: the height counts from row 0, not from the pane's bottom, so that bodies of a pane that
+    // stands lower end above its bottom; and the marks of the lowest bars stand two rows above it.
+    const long long height = std::max(static_cast<long long>(rect.height()) - bar.top, 1LL);
+    const int markRow = saturatedSum(rect.bottom(), -2);
+    if (bar.width == 1) {
+        if (height == 1)
+            painter->drawPoint(bar.left, markRow);
+        else
+            painter->drawLine(bar.left, bar.top, bar.left, rect.bottom());
+    } else if (height == 1) {
+        painter->drawLine(bar.left, markRow, saturatedSum(bar.left, bar.width), markRow);
+    } else if (bar.rises) {
+        painter->drawRect(paintableRect(bar.left, bar.top, bar.width, height));
+    } else {
+        painter->fillRect(paintableRect(bar.left, bar.top + 1LL, bar.width, height), color);
+    }
+}
+
+} // namespace
+
+void CDrawStyle::drawVolStick(QPainter* painter, QRect& rect, RPCFormulaResultCache& cache,
+                              QPair<double, double> range, int outputIndex, int startIndex, int endIndex,
+                              int halfWidth, bool thinLines, bool fullWidth, int barCount,
+                              double previousClose, bool alignByIndex)
+{
+    const OutputView output(cache, outputIndex);
+    const ColumnView volumes = output.column(0), opens = output.column(1), closes = output.column(2);
+    if (!volumes.exists() || !opens.exists() || !closes.exists())
+        return;
+
+    const BarWindow bars { startIndex, endIndex, barCount, fullWidth };
+    const BodyLayout layout = volumeLayout(rect, bars, halfWidth, alignByIndex);
+    const ValueScale scale = standingOnZero(rect, range);
+    const QColor riseColor = skinColor(kRiseColor), fallColor = skinColor(kFallColor);
+
+    forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
+        const std::optional<double> volume = volumes.raw(bar), open = opens.raw(bar), close = closes.raw(bar);
+        if (!volume || !open || !close || isMissing(*volume) || isZero(*volume))
+            return;
+        if (!hasPixel(layout.at(bar)) || !hasPixel(scale.at(*volume)))
+            return;
+        // The bar before counts even when it is not valid and has no body of its own.
+        const bool first = bar == startIndex;
+        const bool rises = volumeRises(*open, *close, first,
+                                       first ? std::optional<double>(previousClose) : closes.raw(bar - 1));
+        const QColor& color = rises ? riseColor : fallColor;
+        painter->setPen(color);
+        const VolumeBar ink { layout.bodyLeft(bar), scale.row(*volume), layout.bodyWidth(), rises };
+        if (thinLines)
+            drawThinVolume(painter, rect, ink);
+        else
+            drawVolumeBody(painter, rect, ink, color);
+    });
+}
+
+namespace {
+
+/// Colours of a stack, one per column of the output. Deliberate: they are the colour entries of the outputs
+/// that follow, as named colours, whether those outputs chose their colour or not.
+QList<QColor> stackColors(const se::RPCFormulaMetaResult& meta, const OutputView& output)
+{
+    constexpr int white = 0xFFFFFF;
+    QList<QColor> colors;
+    for (int k = 0; k < output.columnCount(); ++k) {
+        const int* packed = elementAt(meta.color, saturatedSum(output.index(), k));
+        QColor color;
+        color.setNamedColor(QString::fromStdString(CDrawStyle::colorName(packed ? *packed : white)));
+        colors.append(color);
+    }
+    return colors;
+}
+
+} // namespace
+
+void CDrawStyle::drawStackVolstick(QPainter* painter, QRect& rect, RPCFormulaResultCache& cache,
+                                   QPair<double, double> range, int outputIndex, int startIndex, int endIndex,
+                                   int halfWidth, bool fullWidth, int barCount, bool alignByIndex)
+{
+    const OutputView output(cache, outputIndex);
+    const QList<QColor> colors = stackColors(cache.meta, output);
+    std::vector<ColumnView> parts;
+    for (int k = 0; k < output.columnCount(); ++k)
+        parts.push_back(output.column(k));
+
+    const BarWindow bars { startIndex, endIndex, barCount, fullWidth };
+    const BodyLayout layout = stackLayout(rect, bars, halfWidth, alignByIndex);
+    const ValueScale scale = standingOnZero(rect, range);
+
+    forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
+        if (!hasPixel(layout.at(bar)))
+            return;
+        const int left = layout.bodyLeft(bar);
+        double sum = 0.0;
+        for (int k = 0; k < colors.size(); ++k) {
+            const std::optional<double> value = parts[static_cast<std::size_t>(k)].raw(bar);
+            if (!value || isMissing(*value) || isZero(*value))
+                continue; // the part keeps its colour: the next one does not move up
+            sum += *value;
+            const double pixels = scale.pixelsPerUnit * *value;
+            if (!hasPixel(scale.at(sum)) || !hasPixel(pixels))
+                continue;
+            const int height = std::max(toPixel(pixels), 1);
+            if (height == 1) {
+                // Deliberate: the mark of a part too small to see lies at the bottom, not on its stack.
+                painter->setPen(colors[k]);
+                painter->drawLine(left, rect.bottom(), saturatedSum(left, layout.bodyWidth()), rect.bottom());
+            } else {
+                painter->fillRect(paintableRect(left, scale.row(sum) + 1LL, layout.bodyWidth(), height),
+                                  colors[k]);
+            }
+        }
+    });
+}
+
+} // namespace TC

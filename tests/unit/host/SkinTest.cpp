@@ -1,0 +1,176 @@
+#include "host/WB/CUiResource.h"
+#include "host/WB/CUiResourceChangeHandler.h"
+#include "host/embedded/EmbeddedHost.h"
+#include "host/utils/CSingletonT.h"
+#include "tests/support/Trace.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+WB::CUiResource* skin()
+{
+    return utils::CSingletonT<WB::CUiResource>::instance();
+}
+
+class SkinFile : public testing::Test
+{
+protected:
+    QString write(const QByteArray& json)
+    {
+        QFile file(m_folder.filePath(QStringLiteral("skin.json")));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(json);
+        return file.fileName();
+    }
+
+    void expectRefused(const QByteArray& json, const QString& place)
+    {
+        const QColor before = *skin()->getColor(QStringLiteral("ic_clr_kline_rise"));
+        const QString path = write(json);
+        const QString failure = TC::embedded::loadSkin(path);
+        EXPECT_TRUE(failure.startsWith(path + QLatin1Char(':') + place + QStringLiteral(": ")))
+            << failure.toStdString();
+        EXPECT_FALSE(failure.contains(QLatin1Char('\n')));
+        EXPECT_EQ(*skin()->getColor(QStringLiteral("ic_clr_kline_rise")), before); // the previous skin stays
+        EXPECT_EQ(TC::embedded::currentSkin(), QStringLiteral("dark"));
+    }
+
+    QTemporaryDir m_folder;
+};
+
+struct CountingHandler : WB::CUiResourceChangeHandler
+{
+    void uiResourceChanged() override { ++changes; }
+    int changes = 0;
+};
+
+} // namespace
+
+TEST(ShippedSkins, HoldEveryKeyThatTheLibraryReads)
+{
+    QStringList colors { QStringLiteral("ic_clr_index_gradient1"),
+                         QStringLiteral("ic_clr_index_gradient2"),
+                         QStringLiteral("ic_clr_kline_rise"),
+                         QStringLiteral("ic_clr_kline_fall"),
+                         QStringLiteral("ic_clr_kline_highlow_line"),
+                         QStringLiteral("ic_clr_realtime_colorstick"),
+                         QStringLiteral("ic_clr_draw_icon"),
+                         QStringLiteral("clr_default"),
+                         QStringLiteral("ic_clr_index_default_rise"),
+                         QStringLiteral("ic_clr_index_default_fall"),
+                         QStringLiteral("clr_stock_code"),
+                         QStringLiteral("clr_stock_index"),
+                         QStringLiteral("ic_clr_realtime_title_account_position_text"),
+                         QStringLiteral("ic_clr_graph_kline_bg"),
+                         QStringLiteral("ic_clr_kline_graph_frame_border"),
+                         QStringLiteral("ic_clr_modulegroup_header_stock"),
+                         QStringLiteral("tc_clr_total_buyamount"),
+                         QStringLiteral("tc_clr_total_sellamount"),
+                         QStringLiteral("tc_clr_buyamount") };
+    for (int i = 1; i <= 10; ++i)
+        colors << QStringLiteral("ic_clr_index_output_var%1").arg(i);
+    for (const QString& name : TC::embedded::skinNames()) {
+        ASSERT_EQ(TC::embedded::loadSkin(name), QString());
+        for (const QString& key : colors)
+            EXPECT_NE(skin()->getColor(key), nullptr) << name.toStdString() << " " << key.toStdString();
+        for (const char* key :
+             { "fnt_index_title_text", "fnt_default", "ic_fnt_index_modulegroup_header_text",
+               "ic_fnt_index_realtime_stock_title_text", "fnt_graph_axis_text" })
+            EXPECT_NE(skin()->getFont(QString::fromLatin1(key)), nullptr) << name.toStdString() << " " << key;
+        for (const char* key :
+             { "ic_img_arrow_up", "ic_img_arrow_down", "img_code_gem_icon", "img_code_kcb_icon",
+               "img_index_title_normal_close", "img_index_title_normal_close_a" })
+            EXPECT_NE(skin()->getPixmap(QString::fromLatin1(key)), nullptr)
+                << name.toStdString() << " " << key;
+    }
+}
+
+TEST(ShippedSkins, AreThreeAndTheDarkOneIsTheDefault)
+{
+    EXPECT_EQ(TC::embedded::skinNames().size(), 3);
+    EXPECT_EQ(TC::embedded::currentSkin(), QStringLiteral("dark"));
+}
+
+TEST(Skin, AnswersNullForKeysThatItDoesNotHold)
+{
+    EXPECT_EQ(skin()->getColor(QStringLiteral("none")), nullptr);
+    EXPECT_EQ(skin()->getFont(QStringLiteral("none")), nullptr);
+    EXPECT_EQ(skin()->getPixmap(QStringLiteral("none")), nullptr);
+}
+
+TEST(Skin, IsEmptyAfterItWasCleared)
+{
+    TC::embedded::clearSkin();
+    EXPECT_EQ(skin()->getColor(QStringLiteral("ic_clr_kline_rise")), nullptr);
+    TC::embedded::setColor(QStringLiteral("ic_clr_kline_rise"), Qt::blue);
+    EXPECT_EQ(*skin()->getColor(QStringLiteral("ic_clr_kline_rise")), QColor(Qt::blue));
+}
+
+TEST(Skin, TellsItsHandlersOfEveryChangeUntilTheyAreGone)
+{
+    auto handler = std::make_unique<CountingHandler>();
+    TC::embedded::loadSkin(QStringLiteral("light"));
+    TC::embedded::setColor(QStringLiteral("clr_default"), Qt::red);
+    TC::embedded::removeSkinKey(QStringLiteral("clr_default"));
+    EXPECT_EQ(handler->changes, 3);
+    handler.reset();
+    TC::embedded::loadSkin(QStringLiteral("dark"));
+}
+
+TEST_F(SkinFile, ReplacesTheWholeSkin)
+{
+    const QString path = write(R"({"name": "mine", "colors": {"clr_default": "#80ff0000"},
+        "fonts": {"fnt_default": {"family": "Sans", "pixelSize": 15, "bold": true}}, "pictures": {}})");
+    ASSERT_EQ(TC::embedded::loadSkin(path), QString());
+    EXPECT_EQ(TC::embedded::currentSkin(), QStringLiteral("mine"));
+    EXPECT_EQ(*skin()->getColor(QStringLiteral("clr_default")), QColor(255, 0, 0, 128));
+    EXPECT_EQ(skin()->getFont(QStringLiteral("fnt_default"))->pixelSize(), 15);
+    EXPECT_EQ(skin()->getColor(QStringLiteral("ic_clr_kline_rise")), nullptr);
+}
+
+TEST_F(SkinFile, NamesThePlaceOfASyntaxError)
+{
+    expectRefused("{\n  \"colors\": {,}\n}\n", QStringLiteral("2:15"));
+}
+
+TEST_F(SkinFile, NamesThePlaceOfABadColour)
+{
+    expectRefused(
+        "{\n \"colors\": {\n  \"a\": \"#fff\",\n  \"b\": \"reddish\"\n },\n \"fonts\": {}, \"pictures\": {}}",
+        QStringLiteral("4:3"));
+}
+
+TEST_F(SkinFile, NamesThePlaceOfABadFont)
+{
+    expectRefused("{\"colors\": {},\n \"fonts\": {\"f\": {\"family\": \"x\"}}, \"pictures\": {}}",
+                  QStringLiteral("2:12"));
+}
+
+TEST_F(SkinFile, NamesThePlaceOfAMissingPicture)
+{
+    expectRefused("{\"colors\": {}, \"fonts\": {},\n \"pictures\": {\"p\": \"none.svg\"}}",
+                  QStringLiteral("2:15"));
+}
+
+TEST_F(SkinFile, MustHaveEverySection)
+{
+    expectRefused("{\"colors\": {}, \"fonts\": {}}", QStringLiteral("1:1"));
+    expectRefused("[]", QStringLiteral("1:1"));
+    expectRefused("", QStringLiteral("1:1"));
+}
+
+TEST_F(SkinFile, CountsColumnsInCharacters)
+{
+    expectRefused("{\"名字\": \"色\", \"colors\": {\"b\": 1}, \"fonts\": {}, \"pictures\": {}}",
+                  QStringLiteral("1:24"));
+}
+
+TEST_F(SkinFile, ThatDoesNotExistIsNamed)
+{
+    const QString failure = TC::embedded::loadSkin(m_folder.filePath(QStringLiteral("none.json")));
+    EXPECT_TRUE(failure.contains(QStringLiteral("none.json:1:1: "))) << failure.toStdString();
+}
