@@ -27,8 +27,8 @@ public:
         readTime();
         for (std::size_t price = 0; price < 4; ++price)
             (m_bars.*kPrices[price]).push_back(m_csv.number(m_prices[price]));
-        // Only the order of the two is asked for: published opens and closes lie outside them now and then,
-        // by rounding or because they come from a different auction.
+        // Deliberate: only these two are compared. Published opens and closes lie outside high and low now
+        // and then, by a rounded digit or for no reason that the source gives.
         if (m_bars.high.back() < m_bars.low.back())
             m_csv.fail("the high " + std::string(m_csv.text(m_prices[1])) + " is below the low "
                        + std::string(m_csv.text(m_prices[2])));

@@ -18,10 +18,15 @@ struct Signal
     double direction; ///< 1: the fast average rises through the slow one and the marks stand below the candle
     int color;
     double shape;
+    double textDistance; ///< from the candle, in usual heights of a candle
 };
 
-constexpr Signal kSignals[] = { { "买点", "金叉", "买", 1.0, kBuyColor, kEllipse },
-                                { "卖点", "死叉", "卖", -1.0, kSellColor, kRectangle } };
+constexpr double kIconDistance = 0.4; // as textDistance
+
+// The painter centres a text by its baseline, so that the glyphs stand above the point: below the candle the
+// text needs more distance than above it.
+constexpr Signal kSignals[] = { { "买点", "金叉", "买", 1.0, kBuyColor, kEllipse, 1.75 },
+                                { "卖点", "死叉", "卖", -1.0, kSellColor, kRectangle, 0.75 } };
 
 /// The series of one signal that text and icon are drawn from.
 struct Marks
@@ -42,8 +47,8 @@ Marks addMarks(const Signal& signal, const Series& crossings, const Series& reac
             continue;
         const double distance = isValue(reach[bar]) ? reach[bar] * signal.direction : 0.0;
         condition[bar] = 1.0;
-        iconPrice[bar] = valueOrMissing(edge - 0.5 * distance);
-        textPrice[bar] = valueOrMissing(edge - 1.2 * distance);
+        iconPrice[bar] = valueOrMissing(edge - kIconDistance * distance);
+        textPrice[bar] = valueOrMissing(edge - signal.textDistance * distance);
         texts[bar] = signal.text;
     }
     return { records.series(std::move(condition)), records.series(std::move(textPrice)),

@@ -31,7 +31,7 @@ void compute(const FormulaInput& input, RecordBuilder& records)
         if (run[bar] < input.parameters[0] || !isValue(bars.high[bar]))
             continue;
         condition[bar] = 1.0;
-        price[bar] = valueOrMissing(bars.high[bar] + (isValue(reach[bar]) ? 0.5 * reach[bar] : 0.0));
+        price[bar] = valueOrMissing(bars.high[bar] + (isValue(reach[bar]) ? 0.25 * reach[bar] : 0.0));
     }
     const int number = records.series(std::move(run));
     const int shown = records.series(std::move(condition)), at = records.series(std::move(price));

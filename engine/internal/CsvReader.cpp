@@ -124,8 +124,12 @@ double CsvReader::number(std::size_t column)
 
 void CsvReader::fail(const std::string& reason)
 {
-    if (!failed())
-        m_failure = m_path + ":" + std::to_string(m_line) + ": " + reason;
+    if (failed())
+        return;
+    std::string printable = reason; // a failure stays one line whatever the field holds
+    std::replace_if(
+        printable.begin(), printable.end(), [](char c) { return (c >= 0 && c < ' ') || c == 0x7F; }, '?');
+    m_failure = m_path + ":" + std::to_string(m_line) + ": " + printable;
 }
 
 /// The next line that is not blank.

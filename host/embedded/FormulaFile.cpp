@@ -47,10 +47,14 @@ public:
     void complain(const QString& key, const QString& reason) { m_problems << line(key, reason); }
 
 private:
-    QString line(const QString& key, const QString& reason) const
+    QString line(const QString& key, QString reason) const
     {
         const QString separator = key.isEmpty() || m_path.isEmpty() ? QString() : QStringLiteral("/");
         const QString path = m_path + separator + key;
+        for (QChar& character : reason) { // one line, whatever a name holds
+            if (!character.isPrint() && !character.isSurrogate())
+                character = QLatin1Char('?');
+        }
         return QStringLiteral("%1:%2: %3").arg(m_fileName, m_places.placeOf(path), reason);
     }
 

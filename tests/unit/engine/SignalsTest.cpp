@@ -41,9 +41,9 @@ TEST(CrossSignal, MarksTheGoldenCrossBelowTheCandle)
     const auto records = computed("CROSSSIGNAL", crossingBars(), { 1, 2 });
     EXPECT_EQ(seriesOf(records, "买点", 0), (Series { 0, 0, 1, 0 }));
     EXPECT_EQ(textsOf(records, "买点", 2), (std::vector<std::string> { "", "", "买", "" }));
-    // Heights of bars 1 and 2 are 4 and 6, mean 5: 1 - 1.2 * 5 and 1 - 0.5 * 5.
-    EXPECT_EQ(seriesOf(records, "买点", 1), (Series { DBL_MAX, DBL_MAX, -5, DBL_MAX }));
-    EXPECT_EQ(seriesOf(records, "金叉", 1), (Series { DBL_MAX, DBL_MAX, -1.5, DBL_MAX }));
+    // Heights of bars 1 and 2 are 4 and 6, mean 5: 1 - 1.75 * 5 and 1 - 0.4 * 5.
+    EXPECT_EQ(seriesOf(records, "买点", 1), (Series { DBL_MAX, DBL_MAX, -7.75, DBL_MAX }));
+    EXPECT_EQ(seriesOf(records, "金叉", 1), (Series { DBL_MAX, DBL_MAX, -1, DBL_MAX }));
     EXPECT_EQ(seriesOf(records, "金叉", 2), Series(4, 1.0)) << "an ellipse";
 }
 
@@ -52,9 +52,9 @@ TEST(CrossSignal, MarksTheDeathCrossAboveTheCandle)
     const auto records = computed("CROSSSIGNAL", crossingBars(), { 1, 2 });
     EXPECT_EQ(seriesOf(records, "死叉", 0), (Series { 0, 0, 0, 1 }));
     EXPECT_EQ(textsOf(records, "卖点", 2), (std::vector<std::string> { "", "", "", "卖" }));
-    // Heights of bars 2 and 3 are 6 and 6: 7 + 1.2 * 6 and 7 + 0.5 * 6.
-    EXPECT_DOUBLE_EQ(seriesOf(records, "卖点", 1)[3], 14.2);
-    EXPECT_DOUBLE_EQ(seriesOf(records, "死叉", 1)[3], 10.0);
+    // Heights of bars 2 and 3 are 6 and 6: 7 + 0.75 * 6 and 7 + 0.4 * 6.
+    EXPECT_DOUBLE_EQ(seriesOf(records, "卖点", 1)[3], 11.5);
+    EXPECT_DOUBLE_EQ(seriesOf(records, "死叉", 1)[3], 9.4);
     EXPECT_EQ(seriesOf(records, "死叉", 2), Series(4, 0.0)) << "a rectangle";
 }
 
@@ -98,7 +98,7 @@ TEST(RisingDays, GivesTheLegendTheNumberOnEveryBar)
     EXPECT_EQ(seriesOf(records, "连涨天数"), (Series { 0, 1, 2 }));
 }
 
-TEST(RisingDays, KeepsTheNumberHalfAUsualHeightAboveTheCandle)
+TEST(RisingDays, KeepsTheNumberAQuarterOfAUsualHeightAboveTheCandle)
 {
     Series closes;
     for (int day = 0; day < 25; ++day)
@@ -106,7 +106,7 @@ TEST(RisingDays, KeepsTheNumberHalfAUsualHeightAboveTheCandle)
     auto bars = barsOf(closes);
     for (double& high : bars.high)
         high += 2.0; // every candle is 2 high
-    EXPECT_EQ(seriesOf(computed("RISINGDAYS", bars), "连涨", 1)[24], 27.0);
+    EXPECT_EQ(seriesOf(computed("RISINGDAYS", bars), "连涨", 1)[24], 26.5);
 }
 
 TEST(Note, StandsAtAPlaceInPerMille)
