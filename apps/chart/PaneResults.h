@@ -25,6 +25,13 @@ public:
         cache.result = std::move(records.result);
     }
 
+    /// Forgets every formula.
+    void clear()
+    {
+        m_formulas.clear();
+        m_data.clear();
+    }
+
     /// Records of a formula; null when it was not added.
     TC::RPCFormulaResultCache* recordsOf(const TC::CFormulaKey& key)
     {

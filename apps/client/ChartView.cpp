@@ -1,6 +1,7 @@
 #include "apps/client/ChartView.h"
 
 #include "apps/chart/TextExport.h"
+#include "apps/client/ChartKeys.h"
 #include "apps/client/TimeAxisWidget.h"
 
 #include <QApplication>
@@ -17,8 +18,6 @@ namespace client {
 namespace {
 
 constexpr int kMainShare = 3; // the main pane is this many times as high as the others
-constexpr double kZoomStep = 1.25;
-constexpr int kMoveShare = 10; // a cursor key moves by this part of the shown bars
 
 } // namespace
 
@@ -75,17 +74,8 @@ void ChartView::toggleMaximized(ChartPane* pane)
 
 void ChartView::keyPressEvent(QKeyEvent* event)
 {
-    const int step = std::max(1, (m_state.last() - m_state.first() + 1) / kMoveShare);
-    const int anchor = m_state.crosshairBar() >= 0 ? m_state.crosshairBar() : m_state.last();
-    switch (event->key()) {
-    case Qt::Key_Up: m_state.zoom(1.0 / kZoomStep, anchor); break;
-    case Qt::Key_Down: m_state.zoom(kZoomStep, anchor); break;
-    case Qt::Key_Left: m_state.pan(-step); break;
-    case Qt::Key_Right: m_state.pan(step); break;
-    case Qt::Key_Home: m_state.showFirst(); break;
-    case Qt::Key_End: m_state.showLast(); break;
-    default: QWidget::keyPressEvent(event);
-    }
+    if (!moveByKey(m_state, event->key()))
+        QWidget::keyPressEvent(event);
 }
 
 void ChartView::exportPane(ChartPane* pane, const QString& formula, bool toClipboard)

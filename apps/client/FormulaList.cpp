@@ -20,6 +20,8 @@ void FormulaList::reload()
     const auto* manager = utils::CSingletonT<TC::CFormulaOperateManager>::instance();
     const QStringList names = TC::embedded::formulaNames();
     for (const QString& name : names) {
+        if (!TC::embedded::resolveFormula(name))
+            continue; // nothing computes it from bars
         QStringList parameters;
         const QVector<double> numbers = manager->getFormula(name)->numberParams;
         for (double number : numbers)

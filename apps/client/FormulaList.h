@@ -13,7 +13,7 @@ class FormulaList : public QListWidget
 public:
     explicit FormulaList(QWidget* parent = nullptr);
 
-    /// Lists the formula manager's formulas anew.
+    /// Lists anew the formulas that can be computed from bars.
     void reload();
 
 Q_SIGNALS:

@@ -8,14 +8,19 @@
 #include "apps/client/InstrumentList.h"
 #include "apps/client/MessageList.h"
 #include "apps/client/Panel.h"
+#include "apps/client/TickView.h"
 #include "host/TC/Instruments.h"
 #include "host/embedded/EmbeddedHost.h"
+#include "host/se/LoadConfig.h"
+#include "host/utils/CSingletonT.h"
+#include "recovery/CRecoveryVersionManager.h"
 
 #include <QActionGroup>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMenuBar>
+#include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
 
@@ -25,14 +30,19 @@ namespace {
 
 // Identifiers of the panels; their titles come from the library's table.
 const QString kChartPanel = QStringLiteral("indexMainPanel");
+const QString kTickPanel = QStringLiteral("transactionPanel");
 const QString kBasketPanel = QStringLiteral("tradeBaskets");
 const QString kInstrumentPanel = QStringLiteral("productBaseInfo");
 const QString kFormulaPanel = QStringLiteral("F7index");
 const QString kMessagePanel = QStringLiteral("messagePanel");
 
+// Shares of the default arrangement, pixels of a window of the initial size.
+constexpr int kListWidth = 230, kChartWidth = 1170, kListHeight = 400, kChartHeight = 700,
+              kMessageHeight = 90;
+
 constexpr int kStatusDuration = 8000; // milliseconds
 
-QString chooseBars(QWidget* parent, const QString& title)
+QString chooseFile(QWidget* parent, const QString& title)
 {
     return QFileDialog::getOpenFileName(parent, title, QString(), QStringLiteral("CSV (*.csv)"));
 }
@@ -72,30 +82,65 @@ MainWindow::MainWindow()
     m_chart->setFocus();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow()
+{
+    TC::embedded::setReloadReceiver({});
+}
+
+void MainWindow::startRun()
+{
+    // A formula that the file now lacks stays on its pane, empty, until the user closes it.
+    TC::embedded::setReloadReceiver(
+        [this](const std::string&, const std::string&, const std::string&) { followFormulas(); });
+    if (utils::CSingletonT<TC::CRecoveryVersionManager>::instance()->init() && !formulaVersions().empty())
+        showRestoreDialog(RestoreDialog::Occasion::FailedRun);
+}
+
+void MainWindow::showRestoreDialog(RestoreDialog::Occasion occasion)
+{
+    auto* dialog = new RestoreDialog(occasion, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &RestoreDialog::restored, this,
+            [this](const QString& version) { slotShowMessage(QStringLiteral("已恢复 %1").arg(version)); });
+    dialog->open();
+}
+
+void MainWindow::followFormulas()
+{
+    m_formulas->reload();
+    for (ChartPane* pane : m_chart->panes())
+        pane->request(true);
+}
 
 void MainWindow::buildPanels()
 {
     m_chart = new ChartView(&m_source);
+    m_ticks = new TickView;
     m_basket = new BasketPanel;
     m_instruments = new InstrumentList;
     m_formulas = new FormulaList;
     m_messages = new MessageList;
-    const std::pair<QString, QWidget*> contents[] = { { kChartPanel, m_chart },
-                                                      { kBasketPanel, m_basket },
-                                                      { kInstrumentPanel, m_instruments },
-                                                      { kFormulaPanel, m_formulas },
-                                                      { kMessagePanel, m_messages } };
+    const std::pair<QString, QWidget*> contents[] = {
+        { kChartPanel, m_chart },      { kTickPanel, m_ticks },
+        { kBasketPanel, m_basket },    { kInstrumentPanel, m_instruments },
+        { kFormulaPanel, m_formulas }, { kMessagePanel, m_messages }
+    };
     for (const auto& [id, content] : contents)
         m_pool.setMaker(id, [panelId = id, widget = content] { return new Panel(panelId, widget); });
 
     ads::CDockWidget* chart = m_docks.addPanel(kChartPanel, ads::CenterDockWidgetArea);
     ads::CDockWidget* instruments = m_docks.addPanel(kInstrumentPanel, ads::LeftDockWidgetArea, chart);
     m_docks.addPanel(kFormulaPanel, ads::BottomDockWidgetArea, instruments);
+    m_docks.addPanel(kTickPanel, ads::CenterDockWidgetArea, chart);
     m_docks.addPanel(kBasketPanel, ads::CenterDockWidgetArea, chart);
     m_docks.addPanel(kMessagePanel, ads::BottomDockWidgetArea, chart);
-    if (chart)
-        chart->raise();
+    if (chart && instruments) {
+        chart->setAsCurrentTab();
+        m_docks.manager()->setSplitterSizes(instruments->dockAreaWidget(), { kListHeight, kListHeight });
+        m_docks.manager()->setSplitterSizes(chart->dockAreaWidget(), { kChartHeight, kMessageHeight });
+        if (auto* columns = qobject_cast<QSplitter*>(m_docks.manager()->rootSplitter()))
+            columns->setSizes({ kListWidth, kChartWidth });
+    }
     m_docks.rememberDefault();
 
     connect(m_chart, &ChartView::sigMessage, this, &MainWindow::slotShowMessage);
@@ -112,11 +157,16 @@ void MainWindow::buildFileMenu()
     menu->addAction(
         QStringLiteral("打开K线…"), this,
         [this] {
-            const QString path = chooseBars(this, QStringLiteral("打开K线"));
+            const QString path = chooseFile(this, QStringLiteral("打开K线"));
             if (!path.isEmpty())
                 openBars(path);
         },
         QKeySequence::Open);
+    menu->addAction(QStringLiteral("打开分笔…"), this, [this] {
+        const QString path = chooseFile(this, QStringLiteral("打开分笔"));
+        if (!path.isEmpty())
+            openTicks(path);
+    });
     menu->addAction(QStringLiteral("导入股票列表…"), this, [this] {
         const QString path =
             QFileDialog::getOpenFileName(this, QStringLiteral("导入股票"), QString(),
@@ -153,7 +203,8 @@ void MainWindow::buildViewMenu()
     });
 
     QMenu* panels = menu->addMenu(QStringLiteral("面板"));
-    for (const QString& id : { kChartPanel, kBasketPanel, kInstrumentPanel, kFormulaPanel, kMessagePanel }) {
+    for (const QString& id :
+         { kChartPanel, kTickPanel, kBasketPanel, kInstrumentPanel, kFormulaPanel, kMessagePanel }) {
         if (ads::CDockWidget* dock = m_docks.dock(id))
             panels->addAction(dock->toggleViewAction());
     }
@@ -184,7 +235,7 @@ void MainWindow::buildOverlayMenu()
 {
     QMenu* menu = menuBar()->addMenu(QStringLiteral("叠加(&O)"));
     menu->addAction(QStringLiteral("叠加品种…"), this, [this] {
-        const QString path = chooseBars(this, QStringLiteral("叠加品种"));
+        const QString path = chooseFile(this, QStringLiteral("叠加品种"));
         if (!path.isEmpty())
             overlayBars(path);
     });
@@ -197,6 +248,15 @@ void MainWindow::buildToolsMenu()
     QAction* demo = menu->addAction(QStringLiteral("演示账户（虚构数据）"));
     demo->setCheckable(true);
     connect(demo, &QAction::toggled, this, &MainWindow::setDemoAccount);
+    menu->addSeparator();
+    menu->addAction(QStringLiteral("备份公式"), this, [this] {
+        backUpFormulas();
+        slotShowMessage(QStringLiteral("公式已备份"));
+    });
+    menu->addAction(QStringLiteral("恢复公式…"), this,
+                    [this] { showRestoreDialog(RestoreDialog::Occasion::Menu); });
+    menu->addAction(QStringLiteral("重新载入公式"), this,
+                    [] { se::loadConfig("root", "configFormula", ""); });
 }
 
 QString MainWindow::openBars(const QString& path)
@@ -213,6 +273,25 @@ QString MainWindow::openBars(const QString& path)
     slotShowMessage(QStringLiteral("已打开 %1 %2（%3 根K线）")
                         .arg(TC::getDetailQsKey(opened.instrument), TC::getDetailQsName(opened.instrument))
                         .arg(opened.bars->size()));
+    return QString();
+}
+
+QString MainWindow::openTicks(const QString& path)
+{
+    chart::OpenedTicks opened;
+    const QString failure = chart::openTicksFile(path, QString(), opened);
+    if (!failure.isEmpty()) {
+        slotShowMessage(failure);
+        return failure;
+    }
+    m_ticks->setTicks(opened);
+    if (ads::CDockWidget* dock = m_docks.dock(kTickPanel)) {
+        dock->toggleView(true);
+        dock->setAsCurrentTab();
+    }
+    slotShowMessage(QStringLiteral("已打开 %1（%2 笔）")
+                        .arg(TC::getDetailQsName(opened.instrument))
+                        .arg(opened.ticks->size()));
     return QString();
 }
 
@@ -271,11 +350,13 @@ void MainWindow::showEvent(QShowEvent* event)
         const QString message = m_docks.restore();
         if (!message.isEmpty())
             slotShowMessage(message);
+        startRun();
     });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    utils::CSingletonT<TC::CRecoveryVersionManager>::instance()->quit();
     const QString failure = m_docks.save();
     if (!failure.isEmpty())
         slotShowMessage(failure);

@@ -1,10 +1,12 @@
 #pragma once
 /// @file The reference client's window.
 
+#include "apps/client/ApplicationLook.h"
 #include "apps/client/FormulaSource.h"
 #include "apps/client/PaneData.h"
 #include "apps/client/parts/DockArrangement.h"
 #include "apps/client/parts/PanelPool.h"
+#include "apps/client/parts/RestoreDialog.h"
 
 #include <QMainWindow>
 
@@ -15,8 +17,9 @@ class ChartView;
 class FormulaList;
 class InstrumentList;
 class MessageList;
+class TickView;
 
-/// Chart, basket, instruments, formulas and messages as dock panels, with menus. GUI thread only.
+/// Chart, ticks, basket, instruments, formulas and messages as dock panels, with menus. GUI thread only.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -27,6 +30,8 @@ public:
 
     /// Opens a bars file. @return empty on success, else one line with the reason, which is shown as well.
     QString openBars(const QString& path);
+    /// Opens a trades file on the tick page; as openBars.
+    QString openTicks(const QString& path);
     /// Lays the prices of a bars file over the chart; as openBars.
     QString overlayBars(const QString& path);
     void clearOverlays();
@@ -34,6 +39,7 @@ public:
     void setDemoAccount(bool on);
 
     ChartView* chart() { return m_chart; }
+    TickView* ticks() { return m_ticks; }
     BasketPanel* basket() { return m_basket; }
     DockArrangement* docks() { return &m_docks; }
 
@@ -51,11 +57,18 @@ private:
     void buildOverlayMenu();
     void buildToolsMenu();
     void refreshDemoAccount();
+    /// Starts the mark of a running client; offers a restore when the previous run did not end in order.
+    void startRun();
+    void showRestoreDialog(RestoreDialog::Occasion occasion);
+    /// The formulas have changed: lists and panes follow.
+    void followFormulas();
 
+    ApplicationLook m_look; ///< first: widgets are made in its colours
     FormulaSource m_source;
     PanelPool m_pool;
     DockArrangement m_docks;
     ChartView* m_chart = nullptr;
+    TickView* m_ticks = nullptr;
     BasketPanel* m_basket = nullptr;
     InstrumentList* m_instruments = nullptr;
     FormulaList* m_formulas = nullptr;

@@ -2,6 +2,7 @@
 
 #include "apps/chart/NamedFormula.h"
 #include "apps/chart/OpenedBars.h"
+#include "apps/chart/TickFormulaNames.h"
 #include "engine/TickFormulas.h"
 #include "host/TC/Instruments.h"
 #include "host/embedded/FormulaSetup.h"
@@ -79,12 +80,13 @@ QString loadTicks(const Options& options, LoadedChart& chart)
     chart.picture.instrument = opened.instrument;
     chart.picture.times = opened.ticks->timeMs;
     chart.picture.periodName = QStringLiteral("分笔");
+    chart::registerTickFormulas();
     engine::TickRecords records = engine::computeTicks(*opened.ticks);
     addPane(chart);
-    addFormula(chart, QStringLiteral("TICKDATA"), std::move(records.prices));
+    addFormula(chart, QString::fromLatin1(chart::kTickPrices), std::move(records.prices));
     finishPane(chart, false);
     addPane(chart);
-    addFormula(chart, QStringLiteral("TICKVOL"), std::move(records.volumes));
+    addFormula(chart, QString::fromLatin1(chart::kTickVolumes), std::move(records.volumes));
     finishPane(chart, options.bookRule);
     return QString();
 }
