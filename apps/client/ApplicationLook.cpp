@@ -39,6 +39,8 @@ void ApplicationLook::uiResourceChanged()
     for (QPalette::ColorRole role : { QPalette::Text, QPalette::WindowText, QPalette::ButtonText })
         palette.setColor(role, text);
     palette.setColor(QPalette::PlaceholderText, muted);
+    palette.setColor(QPalette::Dark, muted); // texts of tabs that lie behind
+    palette.setColor(QPalette::Light, dark ? window.lighter(130) : window.darker(110)); // frames of docks
     palette.setColor(QPalette::Highlight, QColor(52, 110, 190));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     for (QPalette::ColorRole role : { QPalette::Text, QPalette::WindowText, QPalette::ButtonText })

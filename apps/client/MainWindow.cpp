@@ -138,8 +138,10 @@ void MainWindow::buildPanels()
         chart->setAsCurrentTab();
         m_docks.manager()->setSplitterSizes(instruments->dockAreaWidget(), { kListHeight, kListHeight });
         m_docks.manager()->setSplitterSizes(chart->dockAreaWidget(), { kChartHeight, kMessageHeight });
-        if (auto* columns = qobject_cast<QSplitter*>(m_docks.manager()->rootSplitter()))
-            columns->setSizes({ kListWidth, kChartWidth });
+        for (QSplitter* splitter : m_docks.manager()->findChildren<QSplitter*>()) {
+            if (splitter->orientation() == Qt::Horizontal && splitter->count() == 2)
+                splitter->setSizes({ kListWidth, kChartWidth });
+        }
     }
     m_docks.rememberDefault();
 
