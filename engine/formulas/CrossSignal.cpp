@@ -25,7 +25,7 @@ constexpr double kIconDistance = 0.4; // as textDistance
 
 // The painter centres a text by its baseline, so that the glyphs stand above the point: below the candle the
 // text needs more distance than above it.
-constexpr Signal kSignals[] = { { "买点", "金叉", "买", 1.0, kBuyColor, kEllipse, 1.75 },
+constexpr Signal kSignals[] = { { "买点", "金叉", "买", 1.0, kBuyColor, kEllipse, 1.4 },
                                 { "卖点", "死叉", "卖", -1.0, kSellColor, kRectangle, 0.75 } };
 
 /// The series of one signal that text and icon are drawn from.

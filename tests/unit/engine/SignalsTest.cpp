@@ -41,8 +41,8 @@ TEST(CrossSignal, MarksTheGoldenCrossBelowTheCandle)
     const auto records = computed("CROSSSIGNAL", crossingBars(), { 1, 2 });
     EXPECT_EQ(seriesOf(records, "买点", 0), (Series { 0, 0, 1, 0 }));
     EXPECT_EQ(textsOf(records, "买点", 2), (std::vector<std::string> { "", "", "买", "" }));
-    // Heights of bars 1 and 2 are 4 and 6, mean 5: 1 - 1.75 * 5 and 1 - 0.4 * 5.
-    EXPECT_EQ(seriesOf(records, "买点", 1), (Series { DBL_MAX, DBL_MAX, -7.75, DBL_MAX }));
+    // Heights of bars 1 and 2 are 4 and 6, mean 5: 1 - 1.4 * 5 and 1 - 0.4 * 5.
+    EXPECT_EQ(seriesOf(records, "买点", 1), (Series { DBL_MAX, DBL_MAX, -6, DBL_MAX }));
     EXPECT_EQ(seriesOf(records, "金叉", 1), (Series { DBL_MAX, DBL_MAX, -1, DBL_MAX }));
     EXPECT_EQ(seriesOf(records, "金叉", 2), Series(4, 1.0)) << "an ellipse";
 }

@@ -28,13 +28,6 @@ TEST(ModuleRights, SetRightOverridesTheFallbackUntilReset)
     EXPECT_TRUE(checkModule(true));
 }
 
-TEST(EngineReload, TellsWhetherAnybodyListened)
-{
-    EXPECT_NE(se::loadConfig("root", "configFormula", ""), 0);
-    TC::embedded::setReloadReceiver([](auto&&...) {});
-    EXPECT_EQ(se::loadConfig("root", "configFormula", ""), 0);
-}
-
 TEST(EngineReload, ReceiverMayReplaceItselfWhileItIsCalled)
 {
     int calls = 0;
