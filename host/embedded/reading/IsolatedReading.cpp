@@ -4,6 +4,7 @@
 
 #ifdef Q_OS_UNIX
 
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -63,6 +64,9 @@ rlim_t addressSpace()
     for (const int signal : { SIGSEGV, SIGBUS, SIGFPE, SIGABRT, SIGALRM })
         std::signal(signal, SIG_DFL);
     alarm(kMostSeconds);
+    const int nowhere = open("/dev/null", O_WRONLY);
+    if (nowhere >= 0)
+        dup2(nowhere, STDERR_FILENO); // the libraries' own remarks
 
     SheetCells cells;
     read(cells);

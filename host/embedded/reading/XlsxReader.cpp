@@ -1,3 +1,4 @@
+#include "host/embedded/reading/IsolatedReading.h"
 #include "host/embedded/reading/WorkbookFormats.h"
 
 #include <orcus/format_detection.hpp>
@@ -248,12 +249,8 @@ bool isReasonableArchive(const QByteArray& bytes)
     return entries <= mostEntries;
 }
 
-} // namespace
-
-void readXlsx(const QByteArray& bytes, SheetCells& cells)
+void readHere(const QByteArray& bytes, SheetCells& cells)
 {
-    if (!isReasonableArchive(bytes))
-        return;
     try {
         const auto* const data = reinterpret_cast<const unsigned char*>(bytes.constData());
         const auto size = static_cast<std::size_t>(bytes.size());
@@ -264,6 +261,15 @@ void readXlsx(const QByteArray& bytes, SheetCells& cells)
     } catch (const std::exception&) {
         // What came before the damage stays.
     }
+}
+
+} // namespace
+
+void readXlsx(const QByteArray& bytes, SheetCells& cells)
+{
+    // The library ends the process at some damaged sheets.
+    if (isReasonableArchive(bytes))
+        readIsolated([&](SheetCells& found) { readHere(bytes, found); }, cells);
 }
 
 } // namespace TC::embedded
