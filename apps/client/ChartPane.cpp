@@ -12,6 +12,7 @@
 
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace client {
@@ -19,6 +20,7 @@ namespace client {
 namespace {
 
 constexpr int kLegendDoubleClicked = 213;
+constexpr int kLegendOpened = 1050; // milliseconds until the strip has noticed a resting pointer
 
 } // namespace
 
@@ -41,6 +43,7 @@ ChartPane::ChartPane(bool main, ChartState* state, FormulaSource* source, const 
     layout->addWidget(m_title);
     layout->addWidget(m_plot, 1);
 
+    m_title->installEventFilter(this);
     if (auto* close = m_title->closeButton())
         connect(close, &WB::CPushButton::clicked, this, &ChartPane::sigCloseRequested);
     connect(m_data.get(), &PaneData::sigChanged, this, &ChartPane::updateView);
@@ -94,10 +97,7 @@ void ChartPane::unrequest()
 
 void ChartPane::updateView()
 {
-    if (m_main)
-        m_title->resetSize();
-    else
-        m_title->updateTitleHeight();
+    fitLegend();
     showLegendOf(m_state->crosshairBar());
     m_plot->update();
 }
@@ -123,6 +123,26 @@ void ChartPane::uiResourceChanged()
     TC::CIndexPanelBaseWidget::uiResourceChanged();
     if (m_title)
         m_title->updateView();
+}
+
+/// The legend opens further rows when the pointer has rested on it, and closes them when it leaves.
+bool ChartPane::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_title && event->type() == QEvent::Enter)
+        QTimer::singleShot(kLegendOpened, this, &ChartPane::fitLegend);
+    else if (watched == m_title && event->type() == QEvent::Leave)
+        QTimer::singleShot(0, this, &ChartPane::fitLegend);
+    return TC::CIndexPanelBaseWidget::eventFilter(watched, event);
+}
+
+/// Gives the strip the rows that its legend needs now.
+void ChartPane::fitLegend()
+{
+    if (m_main)
+        m_title->resetSize();
+    else
+        m_title->updateTitleHeight();
+    m_title->updateView();
 }
 
 bool ChartPane::handleDeliveredEvent(int id, const QString& text, void* data)

@@ -52,12 +52,14 @@ Q_SIGNALS:
     void sigExportRequested(const QString& formula, bool toClipboard);
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     bool handleDeliveredEvent(int id, const QString& text, void* data) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void showLegendOf(int bar);
+    void fitLegend();
 
     bool m_main;
     ChartState* m_state;

@@ -157,6 +157,25 @@ TEST_F(ClientWindow, GivesAPaneTheWholeHeightOnADoubleClickOfItsLegend)
     EXPECT_TRUE(panes()[0]->isVisible());
 }
 
+TEST_F(ClientWindow, OpensUpToFiveRowsOfLegendUnderARestingPointer)
+{
+    openShare();
+    client::ChartPane* pane = panes()[1];
+    pane->data()->setFormulas({ QStringLiteral("MACD"), QStringLiteral("KDJ"), QStringLiteral("RSI"),
+                                QStringLiteral("BOLL"), QStringLiteral("MA"), QStringLiteral("VOL") });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return pane->data()->getData().size() == 6; }));
+    m_window->resize(700, 700);
+    QTest::qWait(1);
+    const int row = pane->title()->titleHeight();
+    EXPECT_EQ(pane->title()->height(), 2 * row);
+    QEvent enter(QEvent::Enter), leave(QEvent::Leave);
+    QApplication::sendEvent(pane->title(), &enter);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pane->title()->height() > 2 * row; }));
+    EXPECT_LE(pane->title()->height(), 5 * row);
+    QApplication::sendEvent(pane->title(), &leave);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pane->title()->height() == 2 * row; }));
+}
+
 TEST_F(ClientWindow, DropsTheResultOfASupersededRequest)
 {
     openShare();
