@@ -222,7 +222,8 @@ void CIndexTitleWidget::updateTitleHeight()
     if (m_displayType != EIndexDisplay_Legend)
         return;
     constexpr int reserve = 50;
-    QRect room(indent, 0, detail::saturatedSum(width(), -static_cast<long long>(reserve) - indent), height());
+    QRect room =
+        detail::paintableRect(indent, 0, static_cast<long long>(width()) - reserve - indent, height());
     const int rows = getSubStorey(room);
     if (rows == m_storeys)
         return;
