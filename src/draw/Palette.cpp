@@ -1,6 +1,6 @@
 #include "draw/CDrawStyle.h"
 
-#include "draw/internal/Numbers.h"
+#include "draw/internal/Pens.h"
 #include "host/WB/CUiResource.h"
 #include "host/utils/CSingletonT.h"
 
@@ -65,16 +65,7 @@ int CDrawStyle::getIndexOutPutColorKey(int outputIndex, int colourIsSet, int col
 
 void CDrawStyle::getLineStyle(int& penStyle, const se::RPCFormulaMetaResult& meta, int outputIndex)
 {
-    const int* code = detail::elementAt(meta.lineStyle, outputIndex);
-    if (!code)
-        return;
-    switch (*code) {
-    case 0: penStyle = Qt::SolidLine; break;
-    case 15: penStyle = Qt::DotLine; break;
-    case 16: penStyle = Qt::DashDotLine; break;
-    case 17: penStyle = Qt::DashDotDotLine; break;
-    default: break; // unknown codes keep the caller's style
-    }
+    detail::applyLineStyle(penStyle, meta, outputIndex);
 }
 
 std::string CDrawStyle::colorName(int colour)

@@ -43,6 +43,21 @@ inline std::optional<int> outputColor(const OutputView& output)
     return CDrawStyle::getIndexOutPutColorKey(output.index(), *isSet, *color);
 }
 
+/// Sets `penStyle` from an output's line-style code; unknown codes and missing entries leave it.
+inline void applyLineStyle(int& penStyle, const se::RPCFormulaMetaResult& meta, int output)
+{
+    const int* code = elementAt(meta.lineStyle, output);
+    if (!code)
+        return;
+    switch (*code) {
+    case 0: penStyle = Qt::SolidLine; break;
+    case 15: penStyle = Qt::DotLine; break;
+    case 16: penStyle = Qt::DashDotLine; break;
+    case 17: penStyle = Qt::DashDotDotLine; break;
+    default: break;
+    }
+}
+
 /// The painters' pen: Qt's default square cap and bevel join.
 inline QPen linePen(const QColor& color, double width, Qt::PenStyle style)
 {

@@ -1,4 +1,5 @@
 #include "draw/CDrawStyle.h"
+#include "draw/internal/Pens.h"
 #include "host/embedded/EmbeddedHost.h"
 #include "tests/support/Trace.h"
 
@@ -105,4 +106,27 @@ TEST(ColorName, IsWhiteForEverythingElse)
 {
     for (int value : { 0, 0xFFFF00, 0x123456, -1, 0x010000FF })
         EXPECT_EQ(CDrawStyle::colorName(value), "white") << value;
+}
+
+TEST(LineStyle, FollowsTheCodeOfTheOutput)
+{
+    se::RPCFormulaMetaResult meta;
+    meta.lineStyle = { 0, 15, 16, 17 };
+    const Qt::PenStyle expected[] = { Qt::SolidLine, Qt::DotLine, Qt::DashDotLine, Qt::DashDotDotLine };
+    for (int output = 0; output < 4; ++output) {
+        int style = Qt::NoPen;
+        TC::detail::applyLineStyle(style, meta, output);
+        EXPECT_EQ(style, expected[output]);
+    }
+}
+
+TEST(LineStyle, StaysAsItWasForUnknownCodesAndMissingEntries)
+{
+    se::RPCFormulaMetaResult meta;
+    meta.lineStyle = { 1, 14, 18, -1 };
+    for (int output : { 0, 1, 2, 3, 4, -1 }) {
+        int style = Qt::DashLine;
+        TC::detail::applyLineStyle(style, meta, output);
+        EXPECT_EQ(style, Qt::DashLine) << output;
+    }
 }
