@@ -64,10 +64,10 @@ void appendDate(std::string& text, const Date& date)
 
 void appendTimeOfDay(std::string& text, int hour, int minute)
 {
-    text += ' ';
-    appendPadded(text, hour, 2);
-    text += ':';
-    appendPadded(text, minute, 2);
+    const auto digit = [](int number) { return static_cast<char>('0' + number); };
+    const std::array<char, 6> written { ' ', digit(hour / 10),   digit(hour % 10),
+                                        ':', digit(minute / 10), digit(minute % 10) };
+    text.append(written.data(), written.size());
 }
 
 } // namespace
@@ -130,7 +130,12 @@ void LocalClock::append(std::string& text, std::int64_t msecs, bool withTime)
         const std::int64_t shown = seconds + m_begin->offset;
         const std::int64_t day = floorDiv(shown, kDay);
         const auto secondOfDay = static_cast<int>(shown - day * kDay);
-        appendDate(text, dateOf(day));
+        if (m_date.empty() || m_day != day) {
+            m_date.clear();
+            appendDate(m_date, dateOf(day));
+            m_day = day;
+        }
+        text += m_date;
         if (withTime)
             appendTimeOfDay(text, secondOfDay / 3'600, secondOfDay / 60 % 60);
     } else if (const std::optional<std::tm> local = lookUp(seconds)) {

@@ -37,6 +37,8 @@ private:
 
     std::int64_t m_hour = 0;              ///< start of the hour that was entered last
     std::optional<Moment> m_begin, m_end; ///< its ends; empty before the first hour
+    std::int64_t m_day = 0;               ///< day since 1970, local, that was written last
+    std::string m_date;                   ///< its text; empty before the first
 };
 
 } // namespace TC::detail
