@@ -104,7 +104,7 @@ struct ExportedFormula
 /// Room for a text of that many rows and cells, so that it grows rarely.
 void reserveFor(std::string& text, int rows, std::size_t cells)
 {
-    constexpr std::size_t timeLength = 17, cellLength = 10;
+    constexpr std::size_t timeLength = 17, cellLength = 13; // ",-1.23457e+08"
     text.reserve(text.size() + static_cast<std::size_t>(rows) * (timeLength + cells * cellLength));
 }
 
