@@ -11,45 +11,77 @@ namespace {
 
 const std::vector<BuiltIn>& allFormulas()
 {
-    static const std::vector<BuiltIn> all = [] {
-        std::vector<BuiltIn> formulas;
-        for (const auto& family : { priceFormulas, volumeFormulas, oscillatorFormulas, signalFormulas }) {
-            for (BuiltIn& formula : family())
-                formulas.push_back(std::move(formula));
-        }
-        return formulas;
-    }();
-    return all;
+    static const std::vector<BuiltIn> formulas {
+        candlesFormula(), movingAverageFormula(), bollingerFormula(),   volumeFormula(),     macdFormula(),
+        kdjFormula(),     rsiFormula(),           crossSignalFormula(), risingDaysFormula(), noteFormula()
+    };
+    return formulas;
+}
+
+/// A complete list of parameters, every one within its range.
+std::vector<double> soundParameters(const std::vector<Parameter>& asked, const std::vector<double>& given)
+{
+    std::vector<double> sound;
+    for (std::size_t index = 0; index < asked.size(); ++index) {
+        const Parameter& parameter = asked[index];
+        const bool isGiven = index < given.size() && !std::isnan(given[index]);
+        sound.push_back(
+            std::clamp(isGiven ? given[index] : parameter.value, parameter.least, parameter.greatest));
+    }
+    return sound;
+}
+
+/// One entry per bar, the marker for everything that is no value.
+Series cleaned(const Series& values, std::size_t count)
+{
+    Series clean(count, kMissing);
+    for (std::size_t bar = 0; bar < std::min(count, values.size()); ++bar)
+        clean[bar] = valueOrMissing(values[bar]);
+    return clean;
+}
+
+BarSeries cleaned(const BarSeries& bars)
+{
+    const std::size_t count = bars.size();
+    const auto optional = [&](const Series& values) {
+        return values.empty() ? values : cleaned(values, count);
+    };
+    return { bars.timeMs,
+             cleaned(bars.open, count),
+             cleaned(bars.high, count),
+             cleaned(bars.low, count),
+             cleaned(bars.close, count),
+             cleaned(bars.volume, count),
+             optional(bars.amount),
+             optional(bars.openInterest) };
 }
 
 const BuiltIn* find(const std::string& name)
 {
-    const auto& all = allFormulas();
-    const auto found = std::find_if(all.begin(), all.end(),
+    const auto found = std::find_if(allFormulas().begin(), allFormulas().end(),
                                     [&](const BuiltIn& formula) { return formula.description.name == name; });
-    return found == all.end() ? nullptr : &*found;
-}
-
-Arguments limited(const std::vector<Parameter>& parameters, const std::vector<double>& given)
-{
-    Arguments arguments;
-    for (std::size_t i = 0; i < parameters.size(); ++i) {
-        const bool usable = i < given.size() && !std::isnan(given[i]);
-        arguments.push_back(
-            std::clamp(usable ? given[i] : parameters[i].value, parameters[i].least, parameters[i].greatest));
-    }
-    return arguments;
+    return found == allFormulas().end() ? nullptr : &*found;
 }
 
 } // namespace
 
+Parameter periodParameter(const std::string& name, double value, double least)
+{
+    return { name, value, least, kLongestPeriod };
+}
+
+std::string periodName(const std::string& prefix, int period)
+{
+    return prefix + std::to_string(period);
+}
+
 const std::vector<FormulaDescription>& builtInFormulas()
 {
     static const std::vector<FormulaDescription> descriptions = [] {
-        std::vector<FormulaDescription> all;
+        std::vector<FormulaDescription> list;
         for (const BuiltIn& formula : allFormulas())
-            all.push_back(formula.description);
-        return all;
+            list.push_back(formula.description);
+        return list;
     }();
     return descriptions;
 }
@@ -57,7 +89,7 @@ const std::vector<FormulaDescription>& builtInFormulas()
 const FormulaDescription* findBuiltIn(const std::string& name)
 {
     const BuiltIn* formula = find(name);
-    return formula ? &formula->description : nullptr;
+    return formula ? &builtInFormulas()[static_cast<std::size_t>(formula - allFormulas().data())] : nullptr;
 }
 
 std::optional<FormulaRecords> computeFormula(const std::string& name, const BarSeries& bars,
@@ -65,12 +97,17 @@ std::optional<FormulaRecords> computeFormula(const std::string& name, const BarS
                                              const std::atomic<bool>* cancelled)
 {
     const BuiltIn* formula = find(name);
-    if (!formula || (cancelled && *cancelled))
+    if (!formula)
         return std::nullopt;
-    FormulaRecords records = formula->compute(bars, limited(formula->description.parameters, parameters));
-    if (cancelled && *cancelled)
+    const BarSeries clean = cleaned(bars);
+    const std::vector<double> sound = soundParameters(formula->description.parameters, parameters);
+    const FormulaInput input { clean, sound, cancelled };
+    RecordBuilder records;
+    records.setBars(clean);
+    formula->compute(input, records);
+    if (input.cancelled())
         return std::nullopt;
-    return records;
+    return records.take();
 }
 
 } // namespace engine

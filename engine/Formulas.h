@@ -1,7 +1,10 @@
 #pragma once
-/// @file The engine's built-in formulas.
+/// @file The engine's built-in formulas: bars in, formula records out.
+///
+/// Plain functions without state; every one of them may be called from any thread.
 
 #include "engine/BarSeries.h"
+
 #include "host/se/RPCFormulaMetaResult.h"
 #include "host/se/RPCFormulaResult.h"
 
@@ -12,41 +15,45 @@
 
 namespace engine {
 
-/// One parameter of a formula. Values outside [least, greatest] are limited to it, NaN becomes the default.
+/// One number that a formula takes.
 struct Parameter
 {
     std::string name;
-    double value; ///< default
-    double least, greatest;
+    double value = 0.0;                 ///< default
+    double least = 0.0, greatest = 0.0; ///< both inclusive; other values are moved to the nearer end
 };
 
-/// What is known about a formula before it is computed.
+/// What a formula is called and what it takes.
 struct FormulaDescription
 {
-    std::string name;        ///< by which it is asked for
-    std::string displayName; ///< UTF-8
-    int kind;                ///< 2: the main chart itself; 1: drawn over the main chart; 0: a pane of its own
+    std::string name;        ///< what the engine knows it by ("MACD")
+    std::string displayName; ///< what users see, UTF-8; traders know the built-in ones by their name
+    int kind = 0;            ///< 2: the main chart itself; 1: drawn over it; 0: in a pane of its own
     std::vector<Parameter> parameters;
 };
 
-/// A formula's description of outputs and its series, as the client's engine hands them out.
+/// The two records of one computed formula.
 struct FormulaRecords
 {
     se::RPCFormulaMetaResult meta;
     se::RPCFormulaResult result;
 };
 
-/// All built-in formulas, in the order in which lists show them.
+/// Every built-in formula, in the order in which a menu lists them.
 const std::vector<FormulaDescription>& builtInFormulas();
 
-/// The built-in formula of a name; null when there is none.
+/// The built-in formula of an exact name ("MA"); null when there is none.
 const FormulaDescription* findBuiltIn(const std::string& name);
 
-/// Computes a built-in formula. Numbers that cannot be computed (too few bars, missing input) are DBL_MAX.
+/// Computes a built-in formula.
 ///
-/// @param parameters  in the order of the description; missing ones take their default.
-/// @param cancelled  looked at between outputs; true ends the computation.
-/// @return empty for an unknown name and for a cancelled computation.
+/// @param bars  may be empty; a vector shorter than the times reads as missing past its end. A bar whose four
+///        prices are all missing (not finite, or DBL_MAX) is marked as carrying nothing.
+/// @param parameters  in the order of the description. Missing ones and NaN take their default, others are
+///        moved into [least, greatest]; periods lose their fraction. Further ones are ignored.
+/// @param cancelled  when it turns true the computation ends early with nothing; may be null.
+/// @return records with one time and one validity flag per bar and every series of that length, DBL_MAX where
+///         there is no value; nothing when the name is unknown or the computation was cancelled.
 std::optional<FormulaRecords> computeFormula(const std::string& name, const BarSeries& bars,
                                              const std::vector<double>& parameters = {},
                                              const std::atomic<bool>* cancelled = nullptr);

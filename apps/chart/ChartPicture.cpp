@@ -1,8 +1,13 @@
 #include "apps/chart/ChartPicture.h"
 
 #include "apps/chart/PanePainter.h"
+#include "draw/CDrawStyle.h"
+#include "host/TC/Instruments.h"
+#include "host/TC/UiParams.h"
 #include "host/WB/CUiResource.h"
 #include "host/utils/CSingletonT.h"
+
+#include <boost/make_shared.hpp>
 
 #include <QPainter>
 
@@ -12,8 +17,50 @@ namespace {
 
 constexpr int kAxisWidth = 66;
 constexpr int kTimeHeight = 20;
+constexpr int kRowHeight = 16;
 constexpr int kMainShare = 3; // the first pane is this many times as high as the others
-constexpr int kLeastHeight = 24;
+constexpr int kLeastHeight = 40;
+constexpr int kGap = 8; // between the heading's parts
+
+QColor skinColor(const char* key)
+{
+    const QColor* color = utils::CSingletonT<WB::CUiResource>::instance()->getColor(QString::fromLatin1(key));
+    return color ? *color : QColor(Qt::gray);
+}
+
+/// Writes one part of the heading. @return the column behind it.
+int paintHeadingPart(QPainter& painter, int x, const QString& text, const char* fontKey, const char* colorKey)
+{
+    if (const QFont* font =
+            utils::CSingletonT<WB::CUiResource>::instance()->getFont(QString::fromLatin1(fontKey)))
+        painter.setFont(*font);
+    painter.setPen(skinColor(colorKey));
+    const int width = painter.fontMetrics().horizontalAdvance(text);
+    painter.drawText(QRect(x, 0, width + 1, 2 * kRowHeight), Qt::AlignLeft | Qt::AlignVCenter, text);
+    return x + width + kGap;
+}
+
+/// The strip above a pane: the heading and two rows for the main pane, one row for the others.
+void paintLegend(QPainter& painter, const ChartPicture& picture, const PicturePane& pane, bool main,
+                 int width)
+{
+    int left = 0;
+    if (main) {
+        left = paintHeadingPart(painter, kGap, TC::getDetailQsName(picture.instrument),
+                                "ic_fnt_index_modulegroup_header_text", "ic_clr_modulegroup_header_stock");
+        left = paintHeadingPart(painter, left, picture.periodName, "ic_fnt_index_realtime_stock_title_text",
+                                "clr_stock_code");
+    }
+    QRect rect(left, 0, width - left, main ? 2 * kRowHeight : kRowHeight);
+    auto param = boost::make_shared<TC::CKLineUiParam>();
+    param->barCount = static_cast<int>(picture.times.size());
+    Instrument instrument = picture.instrument;
+    QList<Instrument> overlaid;
+    const int indent = main ? 0 : kGap - 1;
+    TC::CDrawStyle::drawTitle(&painter, rect, pane.results->getData(), picture.last, instrument, overlaid,
+                              TC::EIndexView_Module, indent, main, {}, {}, {}, 0, 0, 0, 0, 0, 0, 0, 0, 0,
+                              param);
+}
 
 } // namespace
 
@@ -21,21 +68,26 @@ void paintChart(QPainter& painter, const ChartPicture& picture, const QSize& siz
 {
     const int shares = kMainShare + static_cast<int>(picture.panes.size()) - 1;
     const int height = size.height() - kTimeHeight;
-    BarView view { picture.first, picture.last, size.width() - kAxisWidth };
-    const QColor* frame = utils::CSingletonT<WB::CUiResource>::instance()->getColor(
-        QStringLiteral("ic_clr_kline_graph_frame_border"));
+    const BarView view { picture.first, picture.last, size.width() - kAxisWidth };
 
+    painter.fillRect(QRect(QPoint(0, 0), size), skinColor("ic_clr_graph_kline_bg"));
     int top = 0, share = 0;
     for (std::size_t i = 0; i < picture.panes.size(); ++i) {
-        share += i == 0 ? kMainShare : 1;
+        const bool main = i == 0;
+        share += main ? kMainShare : 1;
         const int bottom = height * share / shares;
         if (bottom - top < kLeastHeight)
             break;
-        const PaneGeometry geometry { QRect(0, top, view.width, bottom - top),
-                                      QRect(view.width, top, kAxisWidth, bottom - top) };
-        paintPane(painter, geometry, picture.panes[i], view, Crosshair());
-        if (i > 0 && frame) {
-            painter.setPen(*frame);
+        const int plotTop = top + (main ? 2 * kRowHeight : kRowHeight);
+        const PaneGeometry geometry { QRect(0, plotTop, view.width, bottom - plotTop),
+                                      QRect(view.width, plotTop, kAxisWidth, bottom - plotTop) };
+        paintPane(painter, geometry, picture.panes[i].content, view, Crosshair());
+        painter.save();
+        painter.translate(0, top);
+        paintLegend(painter, picture, picture.panes[i], main, size.width());
+        painter.restore();
+        if (!main) {
+            painter.setPen(skinColor("ic_clr_kline_graph_frame_border"));
             painter.drawLine(0, top, size.width() - 1, top);
         }
         top = bottom;

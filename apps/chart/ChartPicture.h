@@ -1,24 +1,36 @@
 #pragma once
-/// @file A whole chart as one picture: panes below each other, value axes at the right, time axis below.
+/// @file A whole chart as one picture: panes with legends below each other, value axes at the right, time
+/// axis below.
 
-#include "apps/chart/BarView.h"
+#include "apps/chart/OpenedBars.h"
 #include "apps/chart/PaneContent.h"
+#include "data/IndexBaseData.h"
 
 #include <QSize>
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 class QPainter;
 
 namespace chart {
 
+/// A pane with the results that its legend shows.
+struct PicturePane
+{
+    PaneContent content;
+    const TC::IndexBaseData* results = nullptr; ///< not owned
+};
+
 /// Everything that a picture shows.
 struct ChartPicture
 {
-    std::vector<PaneContent> panes;  ///< from top to bottom; the first is the tallest
+    Instrument instrument;
+    std::vector<PicturePane> panes;  ///< from top to bottom; the first is the tallest
     std::vector<std::int64_t> times; ///< starts of the bars, milliseconds since 1970-01-01 UTC
-    int first = 0, last = -1;        ///< bars, both inclusive
+    QString periodName;              ///< shown behind the instrument's name
+    int first = 0, last = -1;        ///< bars, both inclusive; legends show the last one
 };
 
 /// Paints the picture into (0, 0) to `size`. Sizes too small for the panes leave panes out from below.

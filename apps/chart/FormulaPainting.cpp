@@ -83,8 +83,8 @@ void paintOutput(QPainter& painter, TC::CDrawStyle& style, const PaneContent& pa
                              fullWidth, barCount, false, false);
         break;
     case Tick:
-        style.drawTick(&painter, rect, range, cache, first, last, output, std::max(2, 2 * half + 1), 0.0, 0.0,
-                       fullWidth, barCount);
+        style.drawTick(&painter, rect, range, cache, first, last, output, std::clamp(2 * half + 1, 6, 10),
+                       0.0, 0.0, fullWidth, barCount);
         break;
     case TickVolume:
         if (pane.bookRule)

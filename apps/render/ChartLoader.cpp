@@ -1,10 +1,12 @@
 #include "apps/render/ChartLoader.h"
 
-#include "apps/chart/PriceTick.h"
-#include "engine/BarFile.h"
-#include "engine/Formulas.h"
-
-#include <QFileInfo>
+#include "apps/chart/NamedFormula.h"
+#include "apps/chart/OpenedBars.h"
+#include "apps/chart/TickFormulaNames.h"
+#include "engine/TickFormulas.h"
+#include "host/TC/Instruments.h"
+#include "host/embedded/FormulaSetup.h"
+#include "host/ttservice/CInstrumentDetail.h"
 
 #include <algorithm>
 
@@ -12,31 +14,80 @@ namespace render {
 
 namespace {
 
-QString knownNames()
+/// Adds a formula to the last pane of the chart.
+void addFormula(LoadedChart& chart, const QString& name, engine::FormulaRecords records)
 {
-    QStringList names;
-    for (const engine::FormulaDescription& formula : engine::builtInFormulas())
-        names << QString::fromStdString(formula.name);
-    return names.join(QStringLiteral(", "));
+    const TC::CFormulaKey key(TC::getDetailQsKey(chart.picture.instrument), name);
+    chart.results.back().add(key, std::move(records));
 }
 
-QString loadPane(const QStringList& names, const engine::BarSeries& bars, const QString& instrument,
-                 LoadedChart::Results& results, chart::PaneContent& pane)
+/// Starts another pane of the chart.
+void addPane(LoadedChart& chart)
 {
-    for (const QString& name : names) {
-        std::optional<engine::FormulaRecords> records = engine::computeFormula(name.toStdString(), bars);
-        if (!records)
-            return QStringLiteral("--pane: unknown formula \"%1\"; known are %2").arg(name, knownNames());
-        TC::RPCFormulaResultCache& cache = results[TC::CFormulaKey(instrument, name)];
-        cache.meta = std::move(records->meta);
-        cache.result = std::move(records->result);
-    }
+    chart.results.emplace_back();
+    chart.picture.panes.emplace_back();
+}
+
+/// Points the last pane at its results, in display order.
+void finishPane(LoadedChart& chart, bool bookRule)
+{
+    chart::PaneResults& results = chart.results.back();
+    chart::PicturePane& pane = chart.picture.panes.back();
+    pane.results = &results;
+    pane.content.priceTick = chart.picture.instrument->priceTick;
+    pane.content.bookRule = bookRule;
+    const QString instrument = TC::getDetailQsKey(chart.picture.instrument);
+    const QList<QString> names = results.getFormulas();
     for (const QString& name : names) {
         const TC::CFormulaKey key(instrument, name);
-        pane.formulas.push_back({ key, &results[key] });
-        pane.showsPrices = pane.showsPrices || name == QLatin1String("KLINE");
+        pane.content.formulas.push_back({ key, results.recordsOf(key) });
+        pane.content.showsPrices = pane.content.showsPrices || results.isMainGraph(name);
     }
-    pane.priceTick = chart::inferredPriceTick(bars.close);
+}
+
+QString loadBars(const Options& options, LoadedChart& chart)
+{
+    chart::OpenedBars opened;
+    const QString failure = chart::openBarsFile(options.bars, options.instrument, opened);
+    if (!failure.isEmpty())
+        return failure;
+    chart.picture.instrument = opened.instrument;
+    chart.picture.times = opened.bars->timeMs;
+    chart.picture.periodName = QStringLiteral("日线");
+    const std::vector<QStringList> usual { { QStringLiteral("KLINE"), QStringLiteral("MA") },
+                                           { QStringLiteral("VOL") },
+                                           { QStringLiteral("MACD") } };
+    for (const QStringList& names : options.panes.empty() ? usual : options.panes) {
+        addPane(chart);
+        for (const QString& name : names) {
+            std::optional<engine::FormulaRecords> records = chart::computeNamed(name, *opened.bars);
+            if (!records)
+                return QStringLiteral("--pane: unknown formula \"%1\"; known are %2")
+                    .arg(name, TC::embedded::formulaNames().join(QStringLiteral(", ")));
+            addFormula(chart, name, std::move(*records));
+        }
+        finishPane(chart, false);
+    }
+    return QString();
+}
+
+QString loadTicks(const Options& options, LoadedChart& chart)
+{
+    chart::OpenedTicks opened;
+    const QString failure = chart::openTicksFile(options.ticks, options.instrument, opened);
+    if (!failure.isEmpty())
+        return failure;
+    chart.picture.instrument = opened.instrument;
+    chart.picture.times = opened.ticks->timeMs;
+    chart.picture.periodName = QStringLiteral("分笔");
+    chart::registerTickFormulas();
+    engine::TickRecords records = engine::computeTicks(*opened.ticks);
+    addPane(chart);
+    addFormula(chart, QString::fromLatin1(chart::kTickPrices), std::move(records.prices));
+    finishPane(chart, false);
+    addPane(chart);
+    addFormula(chart, QString::fromLatin1(chart::kTickVolumes), std::move(records.volumes));
+    finishPane(chart, options.bookRule);
     return QString();
 }
 
@@ -44,31 +95,17 @@ QString loadPane(const QStringList& names, const engine::BarSeries& bars, const 
 
 QString loadChart(const Options& options, LoadedChart& chart)
 {
-    std::string unread;
-    const std::optional<engine::BarSeries> bars = engine::readBars(options.bars.toStdString(), unread);
-    if (!bars)
-        return QString::fromStdString(unread);
-
-    const int total = static_cast<int>(bars->size());
+    const QString failure = options.ticks.isEmpty() ? loadBars(options, chart) : loadTicks(options, chart);
+    if (!failure.isEmpty())
+        return failure;
+    const int total = static_cast<int>(chart.picture.times.size());
     if (options.from >= total)
         return QStringLiteral("--from %1: %2 has only %3 bars")
             .arg(options.from)
-            .arg(options.bars)
+            .arg(options.bars + options.ticks)
             .arg(total);
-    chart.picture.times = bars->timeMs;
     chart.picture.first = options.from >= 0 ? options.from : std::max(0, total - options.count);
     chart.picture.last = std::min(total - chart.picture.first, options.count) + chart.picture.first - 1;
-
-    const QString instrument =
-        options.instrument.isEmpty() ? QFileInfo(options.bars).baseName() : options.instrument;
-    for (const QStringList& names : options.panes) {
-        chart.results.emplace_back();
-        chart.picture.panes.emplace_back();
-        const QString failure =
-            loadPane(names, *bars, instrument, chart.results.back(), chart.picture.panes.back());
-        if (!failure.isEmpty())
-            return failure;
-    }
     return QString();
 }
 

@@ -2,10 +2,8 @@
 /// @file From options to a chart that can be painted.
 
 #include "apps/chart/ChartPicture.h"
+#include "apps/chart/PaneResults.h"
 #include "apps/render/Options.h"
-#include "engine/BarSeries.h"
-
-#include <QMap>
 
 #include <deque>
 
@@ -14,13 +12,11 @@ namespace render {
 /// The results of each pane; the picture's panes point into them.
 struct LoadedChart
 {
-    using Results = QMap<TC::CFormulaKey, TC::RPCFormulaResultCache>;
-
-    std::deque<Results> results;
+    std::deque<chart::PaneResults> results;
     chart::ChartPicture picture;
 };
 
-/// Reads the bars and computes every formula of every pane.
+/// Reads the bars or trades and computes every formula of every pane.
 /// @param[out] chart  complete only on success.
 /// @return empty on success, else one line that names the file or argument and what is wrong.
 QString loadChart(const Options& options, LoadedChart& chart);

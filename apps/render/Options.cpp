@@ -52,12 +52,24 @@ QString readOutput(const QString& text, QString& output)
     return QString();
 }
 
+/// What a complete command line still needs.
+QString missing(const Options& options)
+{
+    if (options.bars.isEmpty() == options.ticks.isEmpty())
+        return QStringLiteral("exactly one of --bars FILE.csv and --ticks FILE.csv is needed; see --help");
+    if (options.output.isEmpty() && options.exportTo.isEmpty())
+        return QStringLiteral("-o OUT.png is missing; see --help");
+    if (options.exportTo.isEmpty() && (options.withTime || !options.exportOne.isEmpty()))
+        return QStringLiteral("--with-time and --export-one go with --export OUT.csv");
+    return QString();
+}
+
 } // namespace
 
 QString usage()
 {
     return QStringLiteral(
-        "indicatorui-render --bars FILE.csv [options] -o OUT.png|OUT.svg|OUT.pdf\n"
+        "indicatorui-render --bars FILE.csv|--ticks FILE.csv [options] -o OUT.png|OUT.svg|OUT.pdf\n"
         "  --instrument KEY    instrument key such as SH600000 (default: the file's base name)\n"
         "  --pane NAME,...     formulas of one pane; repeat for more panes\n"
         "                      (default: KLINE,MA / VOL / MACD)\n"
@@ -66,7 +78,11 @@ QString usage()
         "  --size WxH          size in pixels (default: 1600x900)\n"
         "  --dpr R             device pixels per pixel (default: 1)\n"
         "  --skin NAME|FILE    dark, light, colorblind, or a skin file\n"
-        "  -o, --output FILE   where to write\n");
+        "  --book              colour tick volume by the order book\n"
+        "  --export FILE.csv   write the first pane's formulas as text\n"
+        "  --export-one NAME   with --export: this formula alone\n"
+        "  --with-time         with --export: the time of day behind the date\n"
+        "  -o, --output FILE   where to paint the picture\n");
 }
 
 QString parseArguments(const QStringList& arguments, Options& options)
@@ -79,6 +95,9 @@ QString parseArguments(const QStringList& arguments, Options& options)
     };
     const std::map<QString, Apply> known = {
         { QStringLiteral("--bars"), keep(options.bars) },
+        { QStringLiteral("--ticks"), keep(options.ticks) },
+        { QStringLiteral("--export"), keep(options.exportTo) },
+        { QStringLiteral("--export-one"), keep(options.exportOne) },
         { QStringLiteral("--instrument"), keep(options.instrument) },
         { QStringLiteral("--skin"), keep(options.skin) },
         { QStringLiteral("--pane"),
@@ -95,10 +114,15 @@ QString parseArguments(const QStringList& arguments, Options& options)
         { QStringLiteral("-o"), [&](const QString& text) { return readOutput(text, options.output); } },
         { QStringLiteral("--output"), [&](const QString& text) { return readOutput(text, options.output); } },
     };
+    const std::map<QString, bool*> switches = { { QStringLiteral("--help"), &options.help },
+                                                { QStringLiteral("-h"), &options.help },
+                                                { QStringLiteral("--book"), &options.bookRule },
+                                                { QStringLiteral("--with-time"), &options.withTime } };
     for (int i = 0; i < arguments.size(); ++i) {
-        if (arguments[i] == QLatin1String("--help") || arguments[i] == QLatin1String("-h")) {
-            options.help = true;
-            return QString();
+        const auto on = switches.find(arguments[i]);
+        if (on != switches.end()) {
+            *on->second = true;
+            continue;
         }
         const auto option = known.find(arguments[i]);
         if (option == known.end())
@@ -110,15 +134,7 @@ QString parseArguments(const QStringList& arguments, Options& options)
             return QStringLiteral("%1: \"%2\" %3").arg(arguments[i], arguments[i + 1], failure);
         ++i;
     }
-    if (options.bars.isEmpty())
-        return QStringLiteral("--bars FILE.csv is missing; see --help");
-    if (options.output.isEmpty())
-        return QStringLiteral("-o OUT.png is missing; see --help");
-    if (options.panes.empty())
-        options.panes = { { QStringLiteral("KLINE"), QStringLiteral("MA") },
-                          { QStringLiteral("VOL") },
-                          { QStringLiteral("MACD") } };
-    return QString();
+    return options.help ? QString() : missing(options);
 }
 
 } // namespace render

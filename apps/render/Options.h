@@ -12,15 +12,21 @@ namespace render {
 /// What to draw and where to.
 struct Options
 {
-    QString bars;                   ///< CSV file of price bars
-    QString instrument;             ///< key such as SH600000; by default the file's base name
-    std::vector<QStringList> panes; ///< formula names of each pane, top to bottom
-    int from = -1;                  ///< first bar; -1: so that the last bar is shown
-    int count = 250;                ///< bars shown at most
-    QSize size { 1600, 900 };       ///< logical pixels
-    double dpr = 1.0;               ///< device pixels per logical pixel
-    QString skin;                   ///< name of a shipped skin or path of a skin file; empty: the default
-    QString output;                 ///< .png, .svg or .pdf
+    QString bars;          ///< CSV file of price bars; or
+    QString ticks;         ///< CSV file of trades
+    bool bookRule = false; ///< tick volume sticks follow the order book
+    QString instrument;    ///< key such as SH600000; by default the file's base name
+    /// Formula names of each pane, top to bottom; empty: the usual ones.
+    std::vector<QStringList> panes;
+    int from = -1;            ///< first bar; -1: so that the last bar is shown
+    int count = 250;          ///< bars shown at most
+    QSize size { 1600, 900 }; ///< logical pixels
+    double dpr = 1.0;         ///< device pixels per logical pixel
+    QString skin;             ///< name of a shipped skin or path of a skin file; empty: the default
+    QString output;           ///< picture: .png, .svg or .pdf
+    QString exportTo;         ///< text of the first pane's formulas, .csv
+    QString exportOne;        ///< name of the one formula to export; empty: all, side by side
+    bool withTime = false;    ///< exported rows carry the time of day
     bool help = false;
 };
 

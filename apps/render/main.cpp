@@ -1,5 +1,6 @@
 /// @file indicatorui-render: a chart of a bars file as a picture, without a display.
 
+#include "apps/chart/TextExport.h"
 #include "apps/render/ChartLoader.h"
 #include "apps/render/Options.h"
 #include "apps/render/PictureFile.h"
@@ -14,6 +15,14 @@ namespace {
 
 constexpr int kBadInput = 2;
 
+/// Writes the first pane's formulas, or the one that was named, as text.
+QString exportPane(const render::Options& options, chart::PaneResults& pane)
+{
+    if (!options.exportOne.isEmpty() && !pane.getFormulas().contains(options.exportOne))
+        return QStringLiteral("--export-one: the first pane has no formula \"%1\"").arg(options.exportOne);
+    return chart::writeText(options.exportTo, chart::exportText(pane, options.exportOne, options.withTime));
+}
+
 /// Does what the options say.
 /// @return empty on success, else one line with the reason.
 QString renderChart(const render::Options& options)
@@ -27,6 +36,11 @@ QString renderChart(const render::Options& options)
     const QString failure = render::loadChart(options, chart);
     if (!failure.isEmpty())
         return failure;
+    if (!options.exportTo.isEmpty()) {
+        const QString unwritten = exportPane(options, chart.results.front());
+        if (!unwritten.isEmpty() || options.output.isEmpty())
+            return unwritten;
+    }
     return render::writePicture(options.output, options.size, options.dpr, [&](QPainter& painter) {
         chart::paintChart(painter, chart.picture, options.size);
     });
@@ -38,6 +52,8 @@ int main(int argc, char** argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Standard error carries one line of our own or nothing: remarks of the platform are left out.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     QApplication application(argc, argv);
     render::Options options;
     QString failure = render::parseArguments(application.arguments().mid(1), options);

@@ -1,35 +1,48 @@
 #pragma once
-/// @file The built-in formulas by family.
+/// @file The built-in formulas, one function each.
 
 #include "engine/Formulas.h"
+#include "engine/internal/RecordBuilder.h"
 
 namespace engine {
 
-/// Parameters after limiting, in the order of the description.
-using Arguments = std::vector<double>;
+/// What a formula computes from.
+struct FormulaInput
+{
+    const BarSeries& bars;                 ///< every vector one entry per bar, or empty where optional
+    const std::vector<double>& parameters; ///< complete, within their ranges
+    const std::atomic<bool>* cancelledFlag = nullptr;
 
-/// A formula with the function that computes it.
+    /// A parameter that counts bars.
+    int period(std::size_t index) const { return static_cast<int>(parameters[index]); }
+    bool cancelled() const { return cancelledFlag && cancelledFlag->load(std::memory_order_relaxed); }
+};
+
+/// A formula: what it is called and how it is computed. `compute` may return early when cancelled.
 struct BuiltIn
 {
     FormulaDescription description;
-    FormulaRecords (*compute)(const BarSeries& bars, const Arguments& arguments);
+    void (*compute)(const FormulaInput& input, RecordBuilder& records);
 };
 
-std::vector<BuiltIn> priceFormulas();      ///< KLINE, MA, BOLL
-std::vector<BuiltIn> volumeFormulas();     ///< VOL
-std::vector<BuiltIn> oscillatorFormulas(); ///< MACD, KDJ, RSI
-std::vector<BuiltIn> signalFormulas();     ///< CROSSSIGNAL, RISINGDAYS, NOTE
+/// Longest period that a formula takes.
+constexpr double kLongestPeriod = 100'000.0;
 
-/// A whole-number argument.
-inline int wholeNumber(const Arguments& arguments, std::size_t place)
-{
-    return static_cast<int>(arguments[place]);
-}
+/// A parameter that counts bars.
+Parameter periodParameter(const std::string& name, double value, double least = 1.0);
 
-/// "MA5": a name with the period behind it.
-inline std::string numbered(const char* name, int period)
-{
-    return name + std::to_string(period);
-}
+/// A name with its period, as traders write it: MA5.
+std::string periodName(const std::string& prefix, int period);
+
+BuiltIn candlesFormula();
+BuiltIn movingAverageFormula();
+BuiltIn bollingerFormula();
+BuiltIn volumeFormula();
+BuiltIn macdFormula();
+BuiltIn kdjFormula();
+BuiltIn rsiFormula();
+BuiltIn crossSignalFormula();
+BuiltIn risingDaysFormula();
+BuiltIn noteFormula();
 
 } // namespace engine

@@ -4,7 +4,7 @@
 namespace TC {
 
 /// Length of a bar in seconds.
-enum EFormulaPeriod {
+enum EFormulaPeriod : int {
     EFormulaPeriod_Tick = 0,
     EFormulaPeriod_Minute = 60,
     EFormulaPeriod_Minute5 = 300,
@@ -18,14 +18,14 @@ enum EFormulaPeriod {
 };
 
 /// What a legend strip shows.
-enum EIndexDisplayType {
+enum EIndexDisplayType : int {
     EIndexDisplay_Heading = 0, ///< heading strip with the instrument's name
     EIndexDisplay_Legend = 1,  ///< formula legend of one or more rows
     EIndexDisplay_Date = 7     ///< date strip
 };
 
 /// Kind of view that a pane stands in.
-enum EIndexViewType {
+enum EIndexViewType : int {
     EIndexView_Module = 0,   ///< module group
     EIndexView_Indented = 1, ///< legend indented by the pane's left offset
     EIndexView_Plain = 2,

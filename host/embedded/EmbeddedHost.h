@@ -6,8 +6,13 @@
 #include "host/HostExport.h"
 #include "host/embedded/BacktestSetup.h"
 #include "host/embedded/FormulaSetup.h"
+#include "host/embedded/InstrumentSetup.h"
+#include "host/embedded/ModuleSetup.h"
+#include "host/embedded/ReadingSetup.h"
 #include "host/embedded/SettingsSetup.h"
 #include "host/embedded/SkinSetup.h"
+#include "host/embedded/TableSetup.h"
+#include "host/embedded/TradingSetup.h"
 
 namespace TC::embedded {
 

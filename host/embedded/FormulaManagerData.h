@@ -2,17 +2,44 @@
 /// @file What the embedded formula manager holds.
 
 #include "host/TC/CFormulaOperateManager.h"
+#include "host/embedded/FormulaSetup.h"
 
 #include <boost/shared_ptr.hpp>
+
+#include <QByteArray>
 
 #include <vector>
 
 namespace TC {
 
+namespace embedded {
+
+/// One formula and where it came from.
+struct KnownFormula
+{
+    enum Origin { BuiltIn, User, Set };
+
+    boost::shared_ptr<CFormulaDetail> detail;
+    FormulaRecipe recipe; ///< without a base: not computable
+    Origin origin = Set;
+};
+
+/// Reads the text of a formula file.
+/// @param fileName  for the failure lines.
+/// @param taken  names that the file must not use again.
+/// @param[out] formulas  the good entries; untouched when the text as a whole is unusable.
+/// @param[out] problems  one line "FILE:LINE:COLUMN: reason" each.
+/// @return false when the text as a whole is unusable.
+bool parseFormulas(const QByteArray& json, const QString& fileName, const QStringList& taken,
+                   std::vector<KnownFormula>& formulas, QStringList& problems);
+
+} // namespace embedded
+
 /// Formulas in the order in which they were added; names are unique by display name.
 struct CFormulaOperateManager::Private
 {
-    std::vector<boost::shared_ptr<CFormulaDetail>> formulas;
+    std::vector<embedded::KnownFormula> formulas;
+    bool isFilled = false; ///< the built-in and the user's formulas have been added
 };
 
 } // namespace TC

@@ -3,6 +3,7 @@
 
 #include "data/CFormulaKey.h"
 #include "data/RPCFormulaResultCache.h"
+#include "host/TC/Periods.h"
 #include "indicatorui_export.h"
 
 #include <boost/shared_ptr.hpp>
@@ -241,6 +242,67 @@ public:
     void drawIcon(QPainter* painter, QRect& rect, QString iconName, QPair<double, double> range,
                   RPCFormulaResultCache& cache, int startIndex, int endIndex, int outputIndex, int xOffset,
                   int barCount);
+
+    // Legend (title/TitleText.cpp, title/TitlePainting.cpp)
+
+    /// Pieces of one formula's legend at a bar, each with the output that it shows (-1 for an overlaid
+    /// instrument's piece), in display order.
+    /// @param index  bar; below 0 or past the end: the last bar. An invalid bar gives no pieces.
+    /// @param stock  the pane's instrument; may be null, prices then have two decimals.
+    /// @param addStocks  instruments overlaid on the pane.
+    /// @param mainChart  the pane shows prices of `stock`: prices follow its tick, and a key of another
+    ///        instrument gives that instrument's single piece.
+    /// @param klineParam  may be null; with a positive host count `index` counts bars of the pane's price
+    ///        series, and is moved so that this result ends on the same bar.
+    /// @return empty when the formula is unknown or has no bars.
+    static QList<QPair<int, ArrowColorTextData>> getTitleTextData(
+        CFormulaKey key, const RPCFormulaResultCache& cache, int index,
+        std::shared_ptr<ttservice::CInstrumentDetail>& stock,
+        QList<std::shared_ptr<ttservice::CInstrumentDetail>>& addStocks, bool mainChart,
+        boost::shared_ptr<CKLineUiParam> klineParam);
+
+    /// The pieces of getTitleTextData as one row of text.
+    static CArrowColorSimpleText getTitleText(CFormulaKey key, const RPCFormulaResultCache& cache, int index,
+                                              std::shared_ptr<ttservice::CInstrumentDetail>& stock,
+                                              QList<std::shared_ptr<ttservice::CInstrumentDetail>>& addStocks,
+                                              bool mainChart, boost::shared_ptr<CKLineUiParam> klineParam);
+
+    /// A row of the given pieces in the legend's font; the output indexes are left out.
+    static CArrowColorSimpleText buildTitleText(const QList<QPair<int, ArrowColorTextData>>& pieces);
+
+    /// Whether an output's value rose (1) or fell (2) against the bar before; 0: unchanged, first bar, or
+    /// no value. The change pieces of "KLINE" compare closes within 1e-5, its first bar open with close.
+    /// @param subLine  position in the output's column list.
+    static int getTitleArrow(const se::RPCFormulaResult& result, const se::RPCFormulaMetaResult& meta,
+                             int index, CFormulaKey key, int output, int subLine);
+
+    /// Heading of a formula: its name and its parameters in parentheses, "MA(5,10)".
+    /// @return false for null, `text` is then left as it was.
+    static bool getFormulaText(boost::shared_ptr<CFormulaDetail> formula, QString& text);
+
+    /// Whether a time (milliseconds since 1970-01-01 UTC) falls on a Friday of day 21 or later, local time.
+    static bool isPromptDay(long long msecs);
+
+    /// Paints the legend of a pane: row 0 with the values of price formulas and, on a main chart, the
+    /// user's trade summary and accounts; row 1 (row 0 off the main chart) with headings and values of all
+    /// other formulas. Rows are 16 pixels high, the first at y 0 whatever `rect` says.
+    /// @param rect  its left edge and width are used.
+    /// @param data  painted in key order.
+    /// @param index,stock,addStocks,mainChart,klineParam  as for getTitleTextData.
+    /// @param leftOffset  indent of the rows in pixels.
+    /// @param accounts,positions,positionFlags  by account; a position shows when both lists reach it, in
+    ///        the rise colour where its flag is not 0.
+    /// @param totalBuyAmount  this amount and the next four show when they differ from zero by more than
+    ///        1e-5; volumes show when they are not 0.
+    static void drawTitle(QPainter* painter, QRect& rect,
+                          const QMap<CFormulaKey, RPCFormulaResultCache>& data, int index,
+                          std::shared_ptr<ttservice::CInstrumentDetail>& stock,
+                          QList<std::shared_ptr<ttservice::CInstrumentDetail>>& addStocks,
+                          EIndexViewType viewType, int leftOffset, bool mainChart, QList<QString> accounts,
+                          QList<int> positions, QList<int> positionFlags, double totalBuyAmount,
+                          double totalSellAmount, double netBuyAmount, double profitLoss,
+                          double balanceAmount, int buyVolume, int sellVolume, double buyAvgPrice,
+                          double sellAvgPrice, boost::shared_ptr<CKLineUiParam> klineParam);
 
     static QList<int> m_colorList;            ///< palette, 0x00BBGGRR per output position
     static QList<QColor> m_colorListGradient; ///< fill of drawSimpleLine: top, bottom

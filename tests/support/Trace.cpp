@@ -148,8 +148,8 @@ public:
     {
         const QFont font = item.font();
         QString text = QStringLiteral("text %1 \"%2\" %3 %4px")
-                           .arg(point(position), item.text(), colorText(m_pen.color()))
-                           .arg(font.pixelSize());
+                           .arg(point(position), item.text(), colorText(m_pen.color()),
+                                QString::number(font.pixelSize())); // at once: the text may hold "%1"
         if (font.bold())
             text += QStringLiteral(" bold");
         if (font.underline())

@@ -60,8 +60,12 @@ TEST_P(ExportedSample, ReadsBackBarForBarAndNumberForNumber)
         ASSERT_EQ(rows[bar + 1].size(), outputs + 1) << dates[bar];
         EXPECT_EQ(rows[bar + 1][0], dates[bar]);
         for (std::size_t output = 0; output < outputs; ++output) {
-            char expected[40]; // the engine's lines are of column type 1: six significant digits
-            std::snprintf(expected, sizeof expected, "%g", records->result.numberSeries[output][bar]);
+            const double value = records->result.numberSeries[output][bar];
+            char expected[400];
+            if (records->result.columnType[output] == 0)
+                std::snprintf(expected, sizeof expected, "%.4f", value);
+            else
+                std::snprintf(expected, sizeof expected, "%g", value);
             ASSERT_EQ(rows[bar + 1][output + 1], expected) << dates[bar];
         }
     }

@@ -51,6 +51,7 @@ TEST(FormulaKey, OrdersByInstrumentBeforeFormula)
     EXPECT_LT(keyOf("A", "Z"), keyOf("B", "A"));
     EXPECT_FALSE(keyOf("B", "A") < keyOf("A", "Z"));
     EXPECT_LT(keyOf("A", "A"), keyOf("A", "Z"));
+    EXPECT_LT(keyOf("A", "B"), keyOf("A", "a")); // by code unit, capitals first
 }
 
 TEST(FormulaKey, OrderIsStrictAndAgreesWithEquality)

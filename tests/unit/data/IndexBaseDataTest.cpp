@@ -240,7 +240,7 @@ TEST(ShowName, IsTheFirstTextOfTheFormula)
 {
     TC::CFormulaDetail formula;
     formula.displayName = text("均线");
-    formula.realName = text("MA");
+    formula.realName = text("MEAN");
     TC::embedded::setFormula(formula);
     Pane pane;
     EXPECT_EQ(pane.getShowName(text("均线")), text("均线"));
@@ -250,9 +250,9 @@ TEST(ShowName, IsEmptyForAnUnknownFormulaAndForARealName)
 {
     TC::CFormulaDetail formula;
     formula.displayName = text("均线");
-    formula.realName = text("MA");
+    formula.realName = text("MEAN");
     TC::embedded::setFormula(formula);
-    EXPECT_TRUE(Pane().getShowName(text("MA")).isEmpty());
+    EXPECT_TRUE(Pane().getShowName(text("MEAN")).isEmpty());
     EXPECT_TRUE(Pane().getShowName(QString()).isEmpty());
 }
 

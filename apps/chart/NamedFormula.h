@@ -1,0 +1,16 @@
+#pragma once
+/// @file Formulas by the names that users see.
+
+#include "engine/Formulas.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace chart {
+
+/// Computes a formula that the formula manager knows, built-in or the user's own, with its parameters and
+/// colours; empty for a name that it does not know.
+std::optional<engine::FormulaRecords> computeNamed(const QString& name, const engine::BarSeries& bars);
+
+} // namespace chart

@@ -1,0 +1,43 @@
+#pragma once
+/// @file A data file with the instrument that it belongs to.
+
+#include "engine/BarSeries.h"
+#include "engine/TickSeries.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace ttservice {
+class CInstrumentDetail;
+}
+
+namespace chart {
+
+using Instrument = std::shared_ptr<ttservice::CInstrumentDetail>;
+
+/// Bars and their instrument.
+struct OpenedBars
+{
+    Instrument instrument;
+    std::shared_ptr<const engine::BarSeries> bars;
+};
+
+/// Trades and their instrument.
+struct OpenedTicks
+{
+    Instrument instrument;
+    std::shared_ptr<const engine::TickSeries> ticks;
+};
+
+/// Reads a bars file.
+/// @param key  key of the instrument ("SH600000"); empty: the file's base name. An instrument that the
+///        database does not know is made up from it, with the price tick that the prices suggest.
+/// @param[out] opened  written only on success.
+/// @return empty on success, else one line "FILE:LINE: reason".
+QString openBarsFile(const QString& path, const QString& key, OpenedBars& opened);
+
+/// Reads a trades file; otherwise as openBarsFile.
+QString openTicksFile(const QString& path, const QString& key, OpenedTicks& opened);
+
+} // namespace chart

@@ -1,0 +1,14 @@
+#pragma once
+/// @file Names under which the tick pages keep their results.
+
+namespace chart {
+
+/// Trade prices: a main-chart series of the library, whose legend stands in the first row without a heading.
+constexpr const char* kTickPrices = "TICKDATA";
+/// Trade volumes.
+constexpr const char* kTickVolumes = "TICKVOL";
+
+/// Makes both names known to the formula manager, so that legends can show them.
+void registerTickFormulas();
+
+} // namespace chart

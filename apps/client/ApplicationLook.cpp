@@ -1,0 +1,51 @@
+#include "apps/client/ApplicationLook.h"
+
+#include "draw/CDrawStyle.h"
+#include "host/WB/CUiResource.h"
+#include "host/utils/CSingletonT.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QStyleFactory>
+
+namespace client {
+
+namespace {
+
+QColor skinColor(const char* key, const QColor& fallback)
+{
+    const QColor* color = utils::CSingletonT<WB::CUiResource>::instance()->getColor(QString::fromLatin1(key));
+    return color ? *color : fallback;
+}
+
+} // namespace
+
+ApplicationLook::ApplicationLook()
+{
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    ApplicationLook::uiResourceChanged();
+}
+
+void ApplicationLook::uiResourceChanged()
+{
+    TC::CDrawStyle::resetDrawStyleColor();
+    const QColor base = skinColor("ic_clr_graph_kline_bg", Qt::white),
+                 text = skinColor("clr_default", Qt::black), muted = skinColor("clr_stock_index", Qt::gray);
+    const bool dark = base.lightness() < 128;
+    const QColor window = dark ? base.lighter(150) : base.darker(106);
+    QPalette palette(window);
+    palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::AlternateBase, window);
+    for (QPalette::ColorRole role : { QPalette::Text, QPalette::WindowText, QPalette::ButtonText })
+        palette.setColor(role, text);
+    palette.setColor(QPalette::PlaceholderText, muted);
+    palette.setColor(QPalette::Dark, muted); // texts of tabs that lie behind
+    palette.setColor(QPalette::Light, dark ? window.lighter(130) : window.darker(110)); // frames of docks
+    palette.setColor(QPalette::Highlight, QColor(52, 110, 190));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    for (QPalette::ColorRole role : { QPalette::Text, QPalette::WindowText, QPalette::ButtonText })
+        palette.setColor(QPalette::Disabled, role, muted);
+    QApplication::setPalette(palette);
+}
+
+} // namespace client

@@ -1,0 +1,368 @@
+#include "apps/client/MainWindow.h"
+
+#include "apps/chart/OpenedBars.h"
+#include "apps/client/BarAlignment.h"
+#include "apps/client/BasketPanel.h"
+#include "apps/client/ChartView.h"
+#include "apps/client/FormulaList.h"
+#include "apps/client/InstrumentList.h"
+#include "apps/client/MessageList.h"
+#include "apps/client/Panel.h"
+#include "apps/client/TickView.h"
+#include "host/TC/Instruments.h"
+#include "host/embedded/EmbeddedHost.h"
+#include "host/se/LoadConfig.h"
+#include "host/utils/CSingletonT.h"
+#include "recovery/CRecoveryVersionManager.h"
+
+#include <QActionGroup>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTimer>
+
+namespace client {
+
+namespace {
+
+// Identifiers of the panels; their titles come from the library's table.
+const QString kChartPanel = QStringLiteral("indexMainPanel");
+const QString kTickPanel = QStringLiteral("transactionPanel");
+const QString kBasketPanel = QStringLiteral("tradeBaskets");
+const QString kInstrumentPanel = QStringLiteral("productBaseInfo");
+const QString kFormulaPanel = QStringLiteral("F7index");
+const QString kMessagePanel = QStringLiteral("messagePanel");
+
+// Shares of the default arrangement, pixels of a window of the initial size.
+constexpr int kListWidth = 230, kChartWidth = 1170, kListHeight = 400, kChartHeight = 700,
+              kMessageHeight = 90;
+
+constexpr int kStatusDuration = 8000; // milliseconds
+
+QString chooseFile(QWidget* parent, const QString& title)
+{
+    return QFileDialog::getOpenFileName(parent, title, QString(), QStringLiteral("CSV (*.csv)"));
+}
+
+/// Invented trades and accounts, to show what the legend can say.
+TC::CPositionNumber demoPositions()
+{
+    TC::CPositionNumber positions;
+    positions.accounts = { { QStringLiteral("演示账户A"), 0, 1200, true },
+                           { QStringLiteral("演示账户B"), 0, -300, false } };
+    positions.summary.totalBuyAmount = 1234500.0;
+    positions.summary.totalSellAmount = 567800.0;
+    positions.summary.netBuyAmount = 666700.0;
+    positions.summary.profitLoss = -12345.6;
+    positions.summary.buyVolume = 1500;
+    positions.summary.sellVolume = 600;
+    positions.summary.buyAvgPrice = 26.35;
+    positions.summary.sellAvgPrice = 26.81;
+    return positions;
+}
+
+} // namespace
+
+MainWindow::MainWindow()
+    : m_docks(this, m_pool)
+{
+    resize(1400, 860);
+    setWindowTitle(QStringLiteral("Indicator UI"));
+    buildPanels();
+    buildFileMenu();
+    buildViewMenu();
+    buildOverlayMenu();
+    buildToolsMenu();
+    m_chart->addPane({ QStringLiteral("KLINE"), QStringLiteral("MA") });
+    m_chart->addPane({ QStringLiteral("VOL") });
+    m_chart->addPane({ QStringLiteral("MACD") });
+    m_chart->setFocus();
+}
+
+MainWindow::~MainWindow()
+{
+    TC::embedded::setReloadReceiver({});
+}
+
+void MainWindow::startRun()
+{
+    // A formula that the file now lacks stays on its pane, empty, until the user closes it.
+    TC::embedded::setReloadReceiver(
+        [this](const std::string&, const std::string&, const std::string&) { followFormulas(); });
+    if (utils::CSingletonT<TC::CRecoveryVersionManager>::instance()->init() && !formulaVersions().empty())
+        showRestoreDialog(RestoreDialog::Occasion::FailedRun);
+}
+
+void MainWindow::showRestoreDialog(RestoreDialog::Occasion occasion)
+{
+    auto* dialog = new RestoreDialog(occasion, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &RestoreDialog::restored, this,
+            [this](const QString& version) { slotShowMessage(QStringLiteral("已恢复 %1").arg(version)); });
+    dialog->open();
+}
+
+void MainWindow::followFormulas()
+{
+    m_formulas->reload();
+    for (ChartPane* pane : m_chart->panes())
+        pane->request(true);
+}
+
+void MainWindow::buildPanels()
+{
+    m_chart = new ChartView(&m_source);
+    m_ticks = new TickView;
+    m_basket = new BasketPanel;
+    m_instruments = new InstrumentList;
+    m_formulas = new FormulaList;
+    m_messages = new MessageList;
+    const std::pair<QString, QWidget*> contents[] = {
+        { kChartPanel, m_chart },      { kTickPanel, m_ticks },
+        { kBasketPanel, m_basket },    { kInstrumentPanel, m_instruments },
+        { kFormulaPanel, m_formulas }, { kMessagePanel, m_messages }
+    };
+    for (const auto& [id, content] : contents)
+        m_pool.setMaker(id, [panelId = id, widget = content] { return new Panel(panelId, widget); });
+
+    ads::CDockWidget* chart = m_docks.addPanel(kChartPanel, ads::CenterDockWidgetArea);
+    ads::CDockWidget* instruments = m_docks.addPanel(kInstrumentPanel, ads::LeftDockWidgetArea, chart);
+    m_docks.addPanel(kFormulaPanel, ads::BottomDockWidgetArea, instruments);
+    m_docks.addPanel(kTickPanel, ads::CenterDockWidgetArea, chart);
+    m_docks.addPanel(kBasketPanel, ads::CenterDockWidgetArea, chart);
+    m_docks.addPanel(kMessagePanel, ads::BottomDockWidgetArea, chart);
+    if (chart && instruments) {
+        chart->setAsCurrentTab();
+        m_docks.manager()->setSplitterSizes(instruments->dockAreaWidget(), { kListHeight, kListHeight });
+        m_docks.manager()->setSplitterSizes(chart->dockAreaWidget(), { kChartHeight, kMessageHeight });
+        for (QSplitter* splitter : m_docks.manager()->findChildren<QSplitter*>()) {
+            if (splitter->orientation() == Qt::Horizontal && splitter->count() == 2)
+                splitter->setSizes({ kListWidth, kChartWidth });
+        }
+    }
+    m_docks.rememberDefault();
+
+    connect(m_chart, &ChartView::sigMessage, this, &MainWindow::slotShowMessage);
+    connect(m_basket, &BasketPanel::sigMessage, this, &MainWindow::slotShowMessage);
+    connect(m_instruments, &InstrumentList::sigOpen, this, &MainWindow::openBars);
+    connect(m_formulas, &FormulaList::sigPaneRequested, this,
+            [this](const QString& name) { m_chart->addPane({ name }); });
+    connect(m_chart->state(), &ChartState::sigBarsChanged, this, &MainWindow::refreshDemoAccount);
+}
+
+void MainWindow::buildFileMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("文件(&F)"));
+    menu->addAction(
+        QStringLiteral("打开K线…"), this,
+        [this] {
+            const QString path = chooseFile(this, QStringLiteral("打开K线"));
+            if (!path.isEmpty())
+                openBars(path);
+        },
+        QKeySequence::Open);
+    menu->addAction(QStringLiteral("打开分笔…"), this, [this] {
+        const QString path = chooseFile(this, QStringLiteral("打开分笔"));
+        if (!path.isEmpty())
+            openTicks(path);
+    });
+    menu->addAction(QStringLiteral("导入股票列表…"), this, [this] {
+        const QString path =
+            QFileDialog::getOpenFileName(this, QStringLiteral("导入股票"), QString(),
+                                         QStringLiteral("股票列表 (*.csv *.txt *.xlsx *.xls)"));
+        if (!path.isEmpty())
+            m_basket->importFile(path);
+    });
+    menu->addSeparator();
+    menu->addAction(QStringLiteral("退出"), this, &QWidget::close, QKeySequence::Quit);
+}
+
+void MainWindow::buildViewMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("视图(&V)"));
+    auto* skins = new QActionGroup(this);
+    QMenu* skinMenu = menu->addMenu(QStringLiteral("皮肤"));
+    const QStringList names = TC::embedded::skinNames();
+    for (const QString& name : names) {
+        QAction* action = skinMenu->addAction(name, this, [this, name] {
+            const QString failure = TC::embedded::loadSkin(name);
+            if (!failure.isEmpty())
+                slotShowMessage(failure);
+        });
+        action->setCheckable(true);
+        action->setChecked(name == TC::embedded::currentSkin());
+        skins->addAction(action);
+    }
+    skinMenu->addAction(QStringLiteral("打开皮肤文件…"), this, [this] {
+        const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("皮肤"), QString(),
+                                                          QStringLiteral("JSON (*.json)"));
+        const QString failure = path.isEmpty() ? QString() : TC::embedded::loadSkin(path);
+        if (!failure.isEmpty())
+            slotShowMessage(failure);
+    });
+
+    QMenu* panels = menu->addMenu(QStringLiteral("面板"));
+    for (const QString& id :
+         { kChartPanel, kTickPanel, kBasketPanel, kInstrumentPanel, kFormulaPanel, kMessagePanel }) {
+        if (ads::CDockWidget* dock = m_docks.dock(id))
+            panels->addAction(dock->toggleViewAction());
+    }
+    QMenu* arrangements = menu->addMenu(QStringLiteral("布局"));
+    connect(arrangements, &QMenu::aboutToShow, this, [this, arrangements] {
+        arrangements->clear();
+        arrangements->addAction(QStringLiteral("默认布局"), this, [this] { m_docks.applyDefault(); });
+        arrangements->addAction(QStringLiteral("保存为…"), this, [this] {
+            const QString name =
+                QInputDialog::getText(this, QStringLiteral("保存布局"), QStringLiteral("名称"));
+            const QString failure = name.isEmpty() ? QString() : m_docks.store(name);
+            if (!failure.isEmpty())
+                slotShowMessage(failure);
+        });
+        arrangements->addSeparator();
+        const QStringList stored = m_docks.names();
+        for (const QString& name : stored) {
+            arrangements->addAction(name, this, [this, name] {
+                const QString failure = m_docks.apply(name);
+                if (!failure.isEmpty())
+                    slotShowMessage(failure);
+            });
+        }
+    });
+}
+
+void MainWindow::buildOverlayMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("叠加(&O)"));
+    menu->addAction(QStringLiteral("叠加品种…"), this, [this] {
+        const QString path = chooseFile(this, QStringLiteral("叠加品种"));
+        if (!path.isEmpty())
+            overlayBars(path);
+    });
+    menu->addAction(QStringLiteral("清除叠加"), this, &MainWindow::clearOverlays);
+}
+
+void MainWindow::buildToolsMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("工具(&T)"));
+    QAction* demo = menu->addAction(QStringLiteral("演示账户（虚构数据）"));
+    demo->setCheckable(true);
+    connect(demo, &QAction::toggled, this, &MainWindow::setDemoAccount);
+    menu->addSeparator();
+    menu->addAction(QStringLiteral("备份公式"), this, [this] {
+        backUpFormulas();
+        slotShowMessage(QStringLiteral("公式已备份"));
+    });
+    menu->addAction(QStringLiteral("恢复公式…"), this,
+                    [this] { showRestoreDialog(RestoreDialog::Occasion::Menu); });
+    menu->addAction(QStringLiteral("重新载入公式"), this,
+                    [] { se::loadConfig("root", "configFormula", ""); });
+}
+
+QString MainWindow::openBars(const QString& path)
+{
+    chart::OpenedBars opened;
+    const QString failure = chart::openBarsFile(path, QString(), opened);
+    if (!failure.isEmpty()) {
+        slotShowMessage(failure);
+        return failure;
+    }
+    m_instruments->listFolder(QFileInfo(path).absolutePath());
+    clearOverlays();
+    m_chart->state()->setBars(opened.instrument, opened.bars);
+    slotShowMessage(QStringLiteral("已打开 %1 %2（%3 根K线）")
+                        .arg(TC::getDetailQsKey(opened.instrument), TC::getDetailQsName(opened.instrument))
+                        .arg(opened.bars->size()));
+    return QString();
+}
+
+QString MainWindow::openTicks(const QString& path)
+{
+    chart::OpenedTicks opened;
+    const QString failure = chart::openTicksFile(path, QString(), opened);
+    if (!failure.isEmpty()) {
+        slotShowMessage(failure);
+        return failure;
+    }
+    m_ticks->setTicks(opened);
+    if (ads::CDockWidget* dock = m_docks.dock(kTickPanel)) {
+        dock->toggleView(true);
+        dock->setAsCurrentTab();
+    }
+    slotShowMessage(QStringLiteral("已打开 %1（%2 笔）")
+                        .arg(TC::getDetailQsName(opened.instrument))
+                        .arg(opened.ticks->size()));
+    return QString();
+}
+
+QString MainWindow::overlayBars(const QString& path)
+{
+    chart::OpenedBars opened;
+    const QString failure =
+        m_chart->state()->bars() ? chart::openBarsFile(path, QString(), opened) : QStringLiteral("先打开K线");
+    if (!failure.isEmpty()) {
+        slotShowMessage(failure);
+        return failure;
+    }
+    m_overlays.push_back({ opened.instrument,
+                           std::make_shared<const engine::BarSeries>(
+                               alignedTo(m_chart->state()->bars()->timeMs, *opened.bars)) });
+    m_chart->panes().front()->setOverlays(m_overlays);
+    slotShowMessage(QStringLiteral("已叠加 %1").arg(TC::getDetailQsName(opened.instrument)));
+    return QString();
+}
+
+void MainWindow::clearOverlays()
+{
+    m_overlays.clear();
+    m_chart->panes().front()->setOverlays(m_overlays);
+}
+
+void MainWindow::setDemoAccount(bool on)
+{
+    m_demoAccount = on;
+    refreshDemoAccount();
+    slotShowMessage(on ? QStringLiteral("演示账户已打开：成交与持仓均为虚构")
+                       : QStringLiteral("演示账户已关闭"));
+}
+
+void MainWindow::refreshDemoAccount()
+{
+    TC::embedded::clearPositions();
+    if (m_demoAccount && m_chart->state()->instrument())
+        TC::embedded::setPositionNumber(TC::getDetailQsKey(m_chart->state()->instrument()), demoPositions());
+    m_chart->panes().front()->showPositions(m_demoAccount);
+}
+
+void MainWindow::slotShowMessage(const QString& text)
+{
+    m_messages->slotShow(text);
+    statusBar()->showMessage(text, kStatusDuration);
+}
+
+void MainWindow::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    if (m_restored)
+        return;
+    m_restored = true;
+    QTimer::singleShot(0, this, [this] { // once the window stands
+        const QString message = m_docks.restore();
+        if (!message.isEmpty())
+            slotShowMessage(message);
+        startRun();
+    });
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    utils::CSingletonT<TC::CRecoveryVersionManager>::instance()->quit();
+    const QString failure = m_docks.save();
+    if (!failure.isEmpty())
+        slotShowMessage(failure);
+    QMainWindow::closeEvent(event);
+}
+
+} // namespace client

@@ -1,0 +1,81 @@
+#pragma once
+/// @file The reference client's window.
+
+#include "apps/client/ApplicationLook.h"
+#include "apps/client/FormulaSource.h"
+#include "apps/client/PaneData.h"
+#include "apps/client/parts/DockArrangement.h"
+#include "apps/client/parts/PanelPool.h"
+#include "apps/client/parts/RestoreDialog.h"
+
+#include <QMainWindow>
+
+namespace client {
+
+class BasketPanel;
+class ChartView;
+class FormulaList;
+class InstrumentList;
+class MessageList;
+class TickView;
+
+/// Chart, ticks, basket, instruments, formulas and messages as dock panels, with menus. GUI thread only.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    MainWindow();
+    ~MainWindow() override;
+
+    /// Opens a bars file. @return empty on success, else one line with the reason, which is shown as well.
+    QString openBars(const QString& path);
+    /// Opens a trades file on the tick page; as openBars.
+    QString openTicks(const QString& path);
+    /// Lays the prices of a bars file over the chart; as openBars.
+    QString overlayBars(const QString& path);
+    void clearOverlays();
+    /// Shows invented trades and accounts in the main legend, or none.
+    void setDemoAccount(bool on);
+
+    ChartView* chart() { return m_chart; }
+    TickView* ticks() { return m_ticks; }
+    BasketPanel* basket() { return m_basket; }
+    DockArrangement* docks() { return &m_docks; }
+
+public Q_SLOTS:
+    void slotShowMessage(const QString& text);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildPanels();
+    void buildFileMenu();
+    void buildViewMenu();
+    void buildOverlayMenu();
+    void buildToolsMenu();
+    void refreshDemoAccount();
+    /// Starts the mark of a running client; offers a restore when the previous run did not end in order.
+    void startRun();
+    void showRestoreDialog(RestoreDialog::Occasion occasion);
+    /// The formulas have changed: lists and panes follow.
+    void followFormulas();
+
+    ApplicationLook m_look; ///< first: widgets are made in its colours
+    FormulaSource m_source;
+    PanelPool m_pool;
+    DockArrangement m_docks;
+    ChartView* m_chart = nullptr;
+    TickView* m_ticks = nullptr;
+    BasketPanel* m_basket = nullptr;
+    InstrumentList* m_instruments = nullptr;
+    FormulaList* m_formulas = nullptr;
+    MessageList* m_messages = nullptr;
+    std::vector<PaneData::Overlay> m_overlays;
+    bool m_demoAccount = false;
+    bool m_restored = false;
+};
+
+} // namespace client

@@ -1,0 +1,57 @@
+#pragma once
+/// @file Formulas computed in the background.
+
+#include "engine/Formulas.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace engine {
+
+/// Computes formulas one after another in a thread of its own and delivers the records on the thread that the
+/// service lives on. All members are for that thread only.
+///
+/// A request ends in exactly one signal, computed or failed, unless it is cancelled first: then it ends in
+/// none, even when its result was already under way. No signal is sent from within request().
+class FormulaService : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit FormulaService(QObject* parent = nullptr);
+    /// Cancels everything and waits for the thread; a computation under way ends at its next check.
+    ~FormulaService() override;
+
+    /// Asks for a formula over bars that nobody changes any more.
+    /// @param name,parameters  as computeFormula takes them.
+    /// @param bars  shared with the thread until the request ends; null fails.
+    /// @return the identifier of the request, never empty and never used twice by any service.
+    QString request(const std::string& name, std::shared_ptr<const BarSeries> bars,
+                    const std::vector<double>& parameters = {});
+
+    /// Drops a request that has not been delivered; unknown identifiers are ignored.
+    void cancel(const QString& id);
+    /// Drops all requests.
+    void cancelAll();
+
+    /// Number of requests that have neither been delivered nor cancelled.
+    int pending() const;
+
+Q_SIGNALS:
+    void computed(const QString& id, std::shared_ptr<const engine::FormulaRecords> records);
+    /// The formula is not known, or there are no bars to compute it over.
+    void failed(const QString& id);
+
+private Q_SLOTS:
+    void slotDeliver();
+
+private:
+    class Worker;
+
+    std::unique_ptr<Worker> m_worker;
+};
+
+} // namespace engine

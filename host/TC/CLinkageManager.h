@@ -1,0 +1,62 @@
+#pragma once
+/// @file The user's own trading in an instrument, as the client's trading side reports it.
+
+#include "host/HostExport.h"
+
+#include <QList>
+#include <QString>
+
+#include <memory>
+
+namespace TC {
+
+/// What one account held in an instrument from one day on.
+struct CAccountPosition
+{
+    QString account;      ///< account name as the user knows it
+    long long dateMs = 0; ///< day from which the position holds, milliseconds since 1970-01-01 UTC
+    int position = 0;     ///< lots or shares; below 0: short
+    bool rise = true;     ///< show in the rise colour instead of the fall colour
+};
+
+/// Sums of the user's trades in an instrument. All zero: nothing was traded.
+struct CTradeSummary
+{
+    double totalBuyAmount = 0.0; ///< in yuan, as all amounts
+    double totalSellAmount = 0.0;
+    double netBuyAmount = 0.0;
+    double profitLoss = 0.0;
+    double balanceAmount = 0.0;
+    int buyVolume = 0;
+    int sellVolume = 0;
+    double buyAvgPrice = 0.0;
+    double sellAvgPrice = 0.0;
+};
+
+/// Positions and sums of one instrument.
+struct CPositionNumber
+{
+    QList<CAccountPosition> accounts; ///< in the order in which accounts are shown; an account may have
+                                      ///< several entries of different days
+    CTradeSummary summary;
+};
+
+/// Link to the client's trading side; reached through utils::CSingletonT<CLinkageManager>. GUI thread only.
+class INDICATORHOST_EXPORT CLinkageManager
+{
+public:
+    CLinkageManager();
+    ~CLinkageManager();
+
+    /// The user's trading in an instrument ("SH600000"); empty when there is none.
+    CPositionNumber getPositionNumber(const QString& instrumentKey) const;
+
+    struct Private;
+    /// The manager's own data, for the host that fills it.
+    Private& data() const { return *m_data; }
+
+private:
+    std::unique_ptr<Private> m_data;
+};
+
+} // namespace TC

@@ -1,0 +1,38 @@
+#pragma once
+/// @file Instruments that the embedded host knows.
+///
+/// The store is the SQLite file "instruments.sqlite" in TC::getUserRootDir(). It is made on first start from
+/// the instrument list that is compiled into the host (samples/instruments.csv) and loaded whole at the first
+/// look-up. A file that cannot be read is set aside as "instruments.sqlite.bad" and made again; where the
+/// folder cannot be written the list is used without a store.
+///
+/// The list has no market values, so the store is filled with synthetic ones for stocks: figure 3016 (total
+/// market value, yuan) between 2e9 and 5e11 and figure 3015 (free-float market value) 30 to 100 % of it, both
+/// derived from the instrument's key alone, hence the same on every machine. They are no market data: the
+/// column "synthetic" of table "figure" marks them. Replace the rows to use real figures.
+
+#include "host/HostExport.h"
+#include "host/ttservice/CInstrumentDetail.h"
+
+#include <QString>
+#include <QVector>
+
+namespace TC::embedded {
+
+constexpr int kFreeFloatValueField = 3015;   ///< figure id: free-float market value, yuan
+constexpr int kTotalMarketValueField = 3016; ///< figure id: total market value, yuan
+
+/// Adds an instrument for this run, or replaces the one of the same market and code. The store stays as it
+/// is.
+INDICATORHOST_EXPORT void setInstrument(const ttservice::CInstrumentDetail& instrument);
+
+/// Lets exactly these instruments be known for this run. The store stays as it is.
+INDICATORHOST_EXPORT void setInstruments(const QVector<ttservice::CInstrumentDetail>& instruments);
+
+/// Forgets what is loaded; the next look-up reads the store again.
+INDICATORHOST_EXPORT void reloadInstruments();
+
+/// Path of the store.
+INDICATORHOST_EXPORT QString instrumentStorePath();
+
+} // namespace TC::embedded

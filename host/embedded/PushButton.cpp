@@ -1,0 +1,97 @@
+#include "host/WB/CPushButton.h"
+
+#include "host/WB/CUiResource.h"
+#include "host/utils/CSingletonT.h"
+
+#include <QIcon>
+#include <QPainter>
+
+namespace {
+
+const QPixmap* picture(const QString& key)
+{
+    return utils::CSingletonT<WB::CUiResource>::instance()->getPixmap(key);
+}
+
+QSize logicalSize(const QPixmap& pixmap)
+{
+    return (QSizeF(pixmap.size()) / pixmap.devicePixelRatio()).toSize();
+}
+
+} // namespace
+
+namespace WB {
+
+CPushButton::CPushButton(const QString& imageKey, int style, QWidget* parent)
+    : QPushButton(parent)
+    , m_imageKey(imageKey)
+    , m_style(style)
+{
+    if (m_style == kPictureOnly)
+        setFocusPolicy(Qt::NoFocus);
+    showImage();
+}
+
+CPushButton::~CPushButton() = default;
+
+void CPushButton::setImageKey(const QString& imageKey)
+{
+    if (m_imageKey == imageKey)
+        return;
+    m_imageKey = imageKey;
+    showImage();
+}
+
+QSize CPushButton::sizeHint() const
+{
+    const QPixmap* pixmap = picture(m_imageKey);
+    return m_style == kPictureOnly && pixmap ? logicalSize(*pixmap) : QPushButton::sizeHint();
+}
+
+void CPushButton::uiResourceChanged()
+{
+    showImage();
+}
+
+void CPushButton::showImage()
+{
+    if (m_style != kPictureOnly) {
+        const QPixmap* pixmap = picture(m_imageKey);
+        setIcon(pixmap ? QIcon(*pixmap) : QIcon());
+    }
+    updateGeometry();
+    update();
+}
+
+void CPushButton::paintEvent(QPaintEvent* event)
+{
+    if (m_style != kPictureOnly) {
+        QPushButton::paintEvent(event);
+        return;
+    }
+    const QPixmap* active = m_underPointer ? picture(m_imageKey + QStringLiteral("_a")) : nullptr;
+    const QPixmap* pixmap = active ? active : picture(m_imageKey);
+    if (!pixmap)
+        return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    QRect target(QPoint(), logicalSize(*pixmap));
+    target.moveCenter(rect().center());
+    painter.drawPixmap(target, *pixmap);
+}
+
+void CPushButton::enterEvent(QEvent* event)
+{
+    m_underPointer = true;
+    update();
+    QPushButton::enterEvent(event);
+}
+
+void CPushButton::leaveEvent(QEvent* event)
+{
+    m_underPointer = false;
+    update();
+    QPushButton::leaveEvent(event);
+}
+
+} // namespace WB

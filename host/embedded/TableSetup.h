@@ -1,0 +1,23 @@
+#pragma once
+/// @file What the embedded host answers for the user of a table.
+
+#include "host/HostExport.h"
+
+#include <QString>
+
+namespace TC::embedded {
+
+/// Lets WB::getSaveFileName give this answer without a dialog, as if the user had chosen it; an empty text
+/// means that the user cancels. reset() brings the dialog back.
+INDICATORHOST_EXPORT void setSaveDialogAnswer(const QString& path);
+
+/// What a save dialog was asked to show.
+struct SaveDialogRequest
+{
+    QString title, folder, filter;
+};
+
+/// The last request since reset(); empty texts when there was none.
+INDICATORHOST_EXPORT SaveDialogRequest lastSaveDialogRequest();
+
+} // namespace TC::embedded

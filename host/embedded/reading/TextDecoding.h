@@ -1,0 +1,24 @@
+#pragma once
+/// @file From the bytes of a text file to its lines.
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+namespace TC::embedded {
+
+constexpr qint64 kLargestFile = 64 * 1024 * 1024; ///< bytes
+constexpr int kMostLines = 2'000'000;
+
+/// The bytes of a plain file of at most kLargestFile.
+/// @param[out] bytes  written only on success.
+bool readPlainFile(const QString& path, QByteArray& bytes);
+
+/// The text of bytes of unknown encoding: byte-order mark, NUL parity, strict UTF-8, else GB18030.
+QString decodeText(const QByteArray& bytes);
+
+/// The lines of a text without their ends ("\n", "\r\n", "\r").
+/// @return false, with `lines` empty, when there are more than kMostLines.
+bool splitLines(const QString& text, bool skipEmptyLines, QList<QString>& lines);
+
+} // namespace TC::embedded

@@ -1,0 +1,47 @@
+#pragma once
+/// @file Base of the client's indicator panels.
+
+#include "host/TC/Periods.h"
+#include "host/WB/CBaseWidget.h"
+#include "indicatorui_export.h"
+
+#include <boost/function.hpp>
+
+#include <QString>
+
+namespace TC {
+
+/// The operations through which a chart drives a panel. Each does nothing by default, so that a panel
+/// overrides what it needs; the order of the virtual operations is fixed. GUI thread only.
+class INDICATORUI_EXPORT CIndexPanelBaseWidget : public WB::CBaseWidget
+{
+    Q_OBJECT
+
+public:
+    /// @param name  becomes the Qt object name.
+    CIndexPanelBaseWidget(QString name, QWidget* parent);
+    /// Lets go of the date function first, then of the pair function.
+    ~CIndexPanelBaseWidget() override;
+
+    virtual void adjustIndexWidgetSize(int size);
+    virtual void clear(bool all);
+    virtual void reloadStock();
+    virtual void request(bool force);
+    virtual void setPeroid(EFormulaPeriod period);
+    virtual void unrequest();
+    /// Market and key of the panel's instrument; empty by default.
+    virtual QString getMarket() const;
+    virtual QString getStock() const;
+    /// Replaces the function that yields the current trade date; a copy that throws leaves the old one.
+    virtual void setCurrentTradeDateFunc(boost::function<int()> function);
+    virtual void updateView();
+    /// Replaces the function that receives a pair parameter; a copy that throws leaves the old one.
+    virtual void setPairParamFunc(boost::function<void(QString)> function);
+    virtual void viewVariable();
+
+protected:
+    boost::function<int()> m_currentTradeDateFunc;
+    boost::function<void(QString)> m_pairParamFunc;
+};
+
+} // namespace TC

@@ -1,0 +1,93 @@
+/// @file A backup or a restore in a process of its own, for tests that kill it or fill its disk.
+///
+/// recovery_steps OPERATION CONFIG_DIR USER_DIR [VERSION]
+///   backup, restore             stops itself (SIGSTOP) before the operation, so that a tracer takes over
+///   backup-full, restore-full   first puts a disk of 64 KiB over CONFIG_DIR or USER_DIR, seen by this
+///                               process alone; prints one line "FOLDER/NAME SIZE" per file afterwards
+/// Ends with 77 when the machine does not let it mount that disk.
+
+#include "host/embedded/EmbeddedHost.h"
+#include "recovery/CRecoveryVersionManager.h"
+
+#include <QDir>
+#include <QFile>
+#include <QMap>
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+
+#include <sched.h>
+#include <sys/mount.h>
+
+namespace {
+
+constexpr int kNoDisk = 77;
+
+QMap<QString, QByteArray> filesOf(const QString& folder)
+{
+    QMap<QString, QByteArray> files;
+    for (const QString& name : QDir(folder).entryList(QDir::Files | QDir::Hidden)) {
+        QFile file(folder + QLatin1Char('/') + name);
+        if (file.open(QIODevice::ReadOnly))
+            files.insert(name, file.readAll());
+    }
+    return files;
+}
+
+/// Puts a disk of 64 KiB over the folder and carries the folder's files over to it.
+bool putSmallDiskOver(const QString& folder)
+{
+    const QMap<QString, QByteArray> kept = filesOf(folder);
+    if (unshare(CLONE_NEWNS) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
+        return false;
+    if (mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0
+        || mount("tmpfs", folder.toUtf8().constData(), "tmpfs", 0, "size=64k") != 0)
+        return false;
+    for (auto file = kept.begin(); file != kept.end(); ++file) {
+        QFile copy(folder + QLatin1Char('/') + file.key());
+        if (!copy.open(QIODevice::WriteOnly) || copy.write(file.value()) != file.value().size())
+            return false;
+    }
+    return true;
+}
+
+void list(const char* label, const QString& folder)
+{
+    const QMap<QString, QByteArray> files = filesOf(folder);
+    for (auto file = files.begin(); file != files.end(); ++file)
+        std::printf("%s/%s %d\n", label, file.key().toUtf8().constData(), file.value().size());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc < 4)
+        return EXIT_FAILURE;
+    const QString operation = QString::fromUtf8(argv[1]);
+    const QString configDir = QString::fromUtf8(argv[2]);
+    const QString userDir = QString::fromUtf8(argv[3]);
+    const bool restoring = operation.startsWith(QLatin1String("restore"));
+    const bool onFullDisk = operation.endsWith(QLatin1String("-full"));
+    if (onFullDisk && !putSmallDiskOver(restoring ? userDir : configDir))
+        return kNoDisk;
+
+    tzset();
+    TC::embedded::setConfigDir(configDir);
+    TC::embedded::setUserRootDir(userDir);
+    TC::CRecoveryVersionManager manager;
+    if (!onFullDisk)
+        std::raise(SIGSTOP);
+    if (restoring)
+        manager.loadFile(QString::fromUtf8(argc > 4 ? argv[4] : ""));
+    else
+        manager.backUp();
+    if (onFullDisk) {
+        list("backUp", configDir + QStringLiteral("/backUp"));
+        list("user", userDir);
+        std::fflush(stdout);
+    }
+    std::_Exit(EXIT_SUCCESS);
+}

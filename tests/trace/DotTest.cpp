@@ -1,0 +1,150 @@
+#include "draw/CDrawStyle.h"
+#include "tests/support/FormulaBuilder.h"
+#include "tests/support/Trace.h"
+#include "tests/trace/PlainSkin.h"
+#include "tests/trace/TraceLines.h"
+
+#include <cfloat>
+#include <cmath>
+
+namespace {
+
+using test::FormulaBuilder;
+using test::lines;
+
+/// Six slots of 10 pixels; 10 pixels per unit, zero on row 99. A dot stands 2 pixels left of and above its
+/// point.
+struct Dots
+{
+    QRect pane { 0, 0, 60, 100 };
+    QPair<double, double> range { 10.0, 0.0 };
+    int output = 0, start = 0, end = 5, xOffset = 0;
+    bool fullWidth = true;
+    int slotCount = 6;
+    bool alignByIndex = false;
+
+    QStringList point(TC::RPCFormulaResultCache cache)
+    {
+        return test::traceOf([&](QPainter& painter) {
+            TC::CDrawStyle::drawPointDot(&painter, pane, cache, range, output, start, end, xOffset, fullWidth,
+                                         slotCount);
+        });
+    }
+    QStringList point(FormulaBuilder::Values values)
+    {
+        return point(FormulaBuilder().line(std::move(values)).color(Qt::red).build());
+    }
+    QStringList circle(FormulaBuilder::Values values)
+    {
+        auto cache = FormulaBuilder().line(std::move(values)).color(Qt::red).build();
+        return test::traceOf([&](QPainter& painter) {
+            TC::CDrawStyle::drawCircleDot(&painter, pane, cache, range, output, start, end, xOffset,
+                                          fullWidth, slotCount, alignByIndex);
+        });
+    }
+};
+
+class DrawPointDot : public test::PlainSkin
+{
+};
+class DrawCircleDot : public test::PlainSkin
+{
+};
+
+QString dotAt(const char* place)
+{
+    return QStringLiteral("ellipse %1 4x4 pen=#ff0000/1/solid brush=none").arg(QString::fromLatin1(place));
+}
+
+} // namespace
+
+TEST_F(DrawPointDot, BeginsAtTheLeftEdgePlusTheOffset)
+{
+    Dots dots;
+    dots.pane = QRect(100, 0, 60, 100);
+    dots.xOffset = 5;
+    dots.start = 1; // 100 + 5 + 0 - 2; rows 99 - 20 - 2, 99 - 30 - 2
+    EXPECT_EQ(dots.point({ 1, 2, 3 }), (QStringList { dotAt("103,77"), dotAt("113,67") }));
+}
+
+TEST_F(DrawPointDot, GoesToRowZeroWhenItsValueIsAboveTheRange)
+{
+    Dots dots;
+    dots.pane =
+        QRect(0, 40, 60, 100); // bottom 139; a value of 10 stands on row 39, the dot on 37, above the top
+    EXPECT_EQ(dots.point(FormulaBuilder::Values { 10.0 }), QStringList(dotAt("-2,0")));
+    EXPECT_EQ(dots.point(FormulaBuilder::Values { DBL_MAX }), QStringList(dotAt("-2,0")));
+    EXPECT_EQ(dots.point(FormulaBuilder::Values { 9.6 }),
+              QStringList(dotAt("-2,41"))); // 139 - 96 - 2, below the top
+    EXPECT_EQ(dots.point(FormulaBuilder::Values { 9.7 }),
+              QStringList(dotAt("-2,0"))); // row 40, on the top: not below it
+}
+
+TEST_F(DrawPointDot, StandsFourPixelsAboveTheBottomAtTheEdgeAndBelow)
+{
+    // value 0: 99 - 2 = 97, not above bottom - 2
+    EXPECT_EQ(Dots().point({ 0.0, -50.0 }), (QStringList { dotAt("-2,95"), dotAt("8,95") }));
+    // value 0.1: row 98, dot 96, above
+    EXPECT_EQ(Dots().point(FormulaBuilder::Values { 0.1 }), QStringList(dotAt("-2,96")));
+}
+
+TEST_F(DrawPointDot, SkipsWhatIsNotFiniteButDrawsTheMissingMarker)
+{
+    EXPECT_EQ(Dots().point({ NAN, INFINITY, -INFINITY, DBL_MAX }), QStringList(dotAt("28,0")));
+}
+
+TEST_F(DrawPointDot, MakesNoExceptionForAFlatRange)
+{
+    Dots dots;
+    dots.range = { 5.0, 5.0 }; // infinite scale: above goes up, below goes down, the level itself has no row
+    EXPECT_EQ(dots.point({ 6.0, 5.0, 4.0 }), (QStringList { dotAt("-2,0"), dotAt("18,95") }));
+}
+
+TEST_F(DrawPointDot, TakesThePaintersBrush)
+{
+    auto cache = FormulaBuilder().line({ 5 }).color(Qt::red).build();
+    QRect pane(0, 0, 60, 100);
+    const QStringList traced = test::traceOf([&](QPainter& painter) {
+        painter.setBrush(Qt::blue);
+        TC::CDrawStyle::drawPointDot(&painter, pane, cache, { 10, 0 }, 0, 0, 5, 0, true, 6);
+    });
+    EXPECT_EQ(traced, lines({ "ellipse -2,47 4x4 pen=#ff0000/1/solid brush=#0000ff" }));
+}
+
+TEST_F(DrawPointDot, DrawsNothingOfWidthZero)
+{
+    EXPECT_EQ(Dots().point(FormulaBuilder().line({ 5 }).width(0).build()), QStringList());
+}
+
+TEST_F(DrawCircleDot, IsRightAlignedAndAddsTheOffsetBehindTheTruncatedStart)
+{
+    Dots dots;
+    dots.pane = QRect(0, 0, 65, 100); // w = 10.83; s = trunc(10.83) = 10
+    dots.xOffset = 3;
+    EXPECT_EQ(dots.circle({ 5, 5, 5, 5, 5, 5 }).first(), dotAt("11,47")); // 3 + 10 - 2
+}
+
+TEST_F(DrawCircleDot, AddsTheOffsetToBarsAlignedByIndex)
+{
+    Dots dots;
+    dots.alignByIndex = true;
+    dots.xOffset = 3;
+    dots.start = 2; // 3 + 20 - 2
+    EXPECT_EQ(dots.circle({ 5, 5, 5 }), QStringList(dotAt("21,47")));
+}
+
+TEST_F(DrawCircleDot, CountsTheOffsetTwiceForClientType3)
+{
+    TC::embedded::setClientType(3);
+    Dots dots;
+    dots.xOffset = 5; // 5 + 5 - 2
+    EXPECT_EQ(dots.circle({ 5 }), QStringList(dotAt("8,47")));
+}
+
+TEST_F(DrawCircleDot, StartsAtTheEdgeWithoutSlots)
+{
+    Dots dots;
+    dots.slotCount = 0;
+    dots.fullWidth = false; // one slot of 60 pixels and no start offset
+    EXPECT_EQ(dots.circle({ 5, 5 }), (QStringList { dotAt("-2,47"), dotAt("58,47") }));
+}

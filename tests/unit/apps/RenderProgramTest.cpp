@@ -1,0 +1,145 @@
+/// @file The renderer as its users call it: as a program.
+
+#include "tests/support/Trace.h"
+
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Outcome
+{
+    int exitCode;
+    QString error;
+};
+
+class RenderProgram : public testing::Test
+{
+protected:
+    Outcome run(QStringList arguments)
+    {
+        QProcess process;
+        process.start(QStringLiteral(RENDER_PROGRAM), arguments);
+        EXPECT_TRUE(process.waitForFinished(60'000));
+        return { process.exitCode(), QString::fromUtf8(process.readAllStandardError()).trimmed() };
+    }
+
+    Outcome runOn(const QByteArray& csv)
+    {
+        QFile file(path("bars.csv"));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(csv);
+        file.close();
+        return run({ QStringLiteral("--bars"), path("bars.csv"), QStringLiteral("-o"), path("out.png") });
+    }
+
+    QString path(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
+
+    void expectRefused(const Outcome& result, const char* reason)
+    {
+        EXPECT_EQ(result.exitCode, 2);
+        EXPECT_FALSE(result.error.contains(QLatin1Char('\n'))) << result.error.toStdString();
+        EXPECT_TRUE(result.error.contains(QString::fromLatin1(reason))) << result.error.toStdString();
+        EXPECT_FALSE(QFile::exists(path("out.png")));
+    }
+
+    QTemporaryDir m_folder;
+};
+
+QString sample(const char* name)
+{
+    return QStringLiteral(SAMPLES_DIR "/bars/") + QString::fromLatin1(name);
+}
+
+const char* const kHeader = "date,open,high,low,close,volume\n";
+
+} // namespace
+
+TEST_F(RenderProgram, PaintsEveryBundledFile)
+{
+    for (const char* name : { "SH000001.csv", "SH600030.csv", "SH510050.csv", "SFCU00.csv", "DFM00.csv" }) {
+        const Outcome result =
+            run({ QStringLiteral("--bars"), sample(name), QStringLiteral("--size"), QStringLiteral("800x500"),
+                  QStringLiteral("--dpr"), QStringLiteral("2"), QStringLiteral("-o"), path("out.png") });
+        EXPECT_EQ(result.exitCode, 0) << result.error.toStdString();
+        EXPECT_EQ(QImage(path("out.png")).size(), QSize(1600, 1000)) << name;
+    }
+}
+
+TEST_F(RenderProgram, WritesSvgAndPdf)
+{
+    for (const char* name : { "out.svg", "out.pdf" }) {
+        const Outcome result =
+            run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("-o"), path(name) });
+        EXPECT_EQ(result.exitCode, 0) << result.error.toStdString();
+        EXPECT_GT(QFile(path(name)).size(), 2000) << name;
+    }
+}
+
+TEST_F(RenderProgram, RefusesAMissingFile)
+{
+    expectRefused(run({ QStringLiteral("--bars"), path("none.csv"), QStringLiteral("-o"), path("out.png") }),
+                  "none.csv");
+}
+
+TEST_F(RenderProgram, RefusesAFileWithoutHeader)
+{
+    expectRefused(runOn("2024-01-02,1,2,1,2,100\n"), "bars.csv:1:");
+}
+
+TEST_F(RenderProgram, RefusesARowWithTooFewFields)
+{
+    expectRefused(runOn(QByteArray(kHeader) + "2024-01-02,1,2,1,2,100\n2024-01-03,1,2\n"), "bars.csv:3:");
+}
+
+TEST_F(RenderProgram, RefusesANumberThatDoesNotParse)
+{
+    expectRefused(runOn(QByteArray(kHeader) + "2024-01-02,1,2,1,abc,100\n"), "bars.csv:2:");
+}
+
+TEST_F(RenderProgram, RefusesAHighBelowTheLow)
+{
+    expectRefused(runOn(QByteArray(kHeader) + "2024-01-02,1,1,2,1,100\n"), "bars.csv:2:");
+}
+
+TEST_F(RenderProgram, RefusesDatesOutOfOrder)
+{
+    expectRefused(runOn(QByteArray(kHeader) + "2024-01-03,1,2,1,2,100\n2024-01-02,1,2,1,2,100\n"),
+                  "bars.csv:3:");
+}
+
+TEST_F(RenderProgram, RefusesUnknownFormulasSkinsAndArguments)
+{
+    const QStringList base { QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("-o"),
+                             path("out.png") };
+    expectRefused(run(base + QStringList { QStringLiteral("--pane"), QStringLiteral("NONSENSE") }),
+                  "NONSENSE");
+    expectRefused(run(base + QStringList { QStringLiteral("--skin"), path("no.json") }), "no.json");
+    expectRefused(run(base + QStringList { QStringLiteral("--size"), QStringLiteral("0x5") }), "--size");
+    expectRefused(run(base + QStringList { QStringLiteral("--wrong") }), "--wrong");
+    expectRefused(run({ QStringLiteral("-o"), path("out.png") }), "--bars");
+}
+
+TEST_F(RenderProgram, NamesLineAndColumnOfABrokenSkin)
+{
+    QFile file(path("skin.json"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("{\n  \"colors\": {\n    \"clr_default\": \"no colour\"\n  },\n  \"fonts\": {}, \"pictures\": "
+               "{}\n}\n");
+    file.close();
+    expectRefused(run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--skin"),
+                        path("skin.json"), QStringLiteral("-o"), path("out.png") }),
+                  "skin.json:3:5:");
+}
+
+TEST_F(RenderProgram, LeavesNothingBehindWhenTheFolderIsMissing)
+{
+    const Outcome result =
+        run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("-o"), path("missing/out.png") });
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_TRUE(result.error.contains(QStringLiteral("missing/out.png")));
+}

@@ -1,0 +1,195 @@
+#include "engine/BarFile.h"
+
+#include <QTemporaryDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <cfloat>
+
+namespace {
+
+constexpr const char* kHeader = "date,open,high,low,close,volume\n";
+
+/// Reads a text as bars; the failure line names the file "bars.csv".
+class BarText
+{
+public:
+    explicit BarText(const std::string& text)
+    {
+        QFile file(m_folder.filePath(QStringLiteral("bars.csv")));
+        file.open(QIODevice::WriteOnly);
+        file.write(text.data(), static_cast<qint64>(text.size()));
+        file.close();
+        bars = engine::readBars(file.fileName().toStdString(), failure);
+        const std::string folder = m_folder.path().toStdString() + "/";
+        if (failure.compare(0, folder.size(), folder) == 0)
+            failure.erase(0, folder.size());
+    }
+
+    std::optional<engine::BarSeries> bars;
+    std::string failure;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+std::string failureOf(const std::string& rows)
+{
+    const BarText text(kHeader + rows);
+    EXPECT_FALSE(text.bars.has_value());
+    return text.failure;
+}
+
+TEST(BarFile, ReadsEveryBundledFileToItsLastRow)
+{
+    const std::pair<const char*, std::size_t> files[] = { { "SH000001", 8709 },
+                                                          { "SH600030", 5639 },
+                                                          { "SH510050", 5226 },
+                                                          { "SFCU00", 5263 },
+                                                          { "DFM00", 5266 } };
+    for (const auto& [name, rows] : files) {
+        std::string failure;
+        const auto bars = engine::readBars(std::string(SAMPLES_DIR "/bars/") + name + ".csv", failure);
+        ASSERT_TRUE(bars) << failure;
+        EXPECT_EQ(bars->size(), rows) << name;
+        EXPECT_EQ(bars->close.size(), rows);
+        EXPECT_EQ(bars->openInterest.empty(), name[0] == 'S' && name[1] == 'H');
+    }
+}
+
+TEST(BarFile, DatesAreLocalMidnights)
+{
+    const BarText text(std::string(kHeader) + "1970-01-02,1,2,1,2,5\n1986-05-05,1,2,1,2,5\n");
+    ASSERT_TRUE(text.bars) << text.failure;
+    EXPECT_EQ(text.bars->timeMs[0], 16LL * 3'600'000) << "Shanghai is eight hours ahead";
+    // 5968 days later by the calendar; summer time had begun the day before.
+    EXPECT_EQ(text.bars->timeMs[1], 5968LL * 86'400'000 - 9LL * 3'600'000);
+}
+
+TEST(BarFile, TakesTheTimeFromItsOwnColumnOrFromTheDate)
+{
+    const BarText own(
+        "date,time,open,high,low,close,volume\n2024/03/05,09:30,1,1,1,1,0\n2024/03/05,09:31:30,1,1,1,1,0\n");
+    ASSERT_TRUE(own.bars) << own.failure;
+    EXPECT_EQ(own.bars->timeMs[1] - own.bars->timeMs[0], 90'000);
+
+    const BarText joined(std::string(kHeader) + "2024-03-05 09:30,1,1,1,1,0\n");
+    ASSERT_TRUE(joined.bars) << joined.failure;
+    EXPECT_EQ(joined.bars->timeMs[0], own.bars->timeMs[0]);
+}
+
+TEST(BarFile, FindsColumnsByNameInAnyOrderAndCase)
+{
+    const BarText text("Volume,CLOSE,low,high,open,Date,amount,open_interest\n9,4,1,5,2,2024-03-05,77,8\n");
+    ASSERT_TRUE(text.bars) << text.failure;
+    EXPECT_EQ(text.bars->open.at(0), 2);
+    EXPECT_EQ(text.bars->close.at(0), 4);
+    EXPECT_EQ(text.bars->amount.at(0), 77);
+    EXPECT_EQ(text.bars->openInterest.at(0), 8);
+}
+
+TEST(BarFile, AcceptsByteOrderMarkAndWindowsLineEndsAndBlankLines)
+{
+    const BarText text("\xEF\xBB\xBF"
+                       "date,open,high,low,close,volume\r\n2024-03-05, 1 ,2,1,2,5\r\n\r\n");
+    ASSERT_TRUE(text.bars) << text.failure;
+    EXPECT_EQ(text.bars->size(), 1u);
+    EXPECT_EQ(text.bars->volume.at(0), 5);
+}
+
+TEST(BarFile, KeepsOpensAndClosesOutsideHighAndLowAsPublished)
+{
+    const BarText text(std::string(kHeader) + "2024-03-05,65500,65070,64830,64970,5\n");
+    ASSERT_TRUE(text.bars) << text.failure;
+    EXPECT_EQ(text.bars->open.at(0), 65500);
+}
+
+TEST(BarFile, NamesAMissingFile)
+{
+    std::string failure;
+    EXPECT_FALSE(engine::readBars("/nowhere/bars.csv", failure));
+    EXPECT_EQ(failure, "/nowhere/bars.csv:1: the file cannot be read: No such file or directory");
+}
+
+TEST(BarFile, RefusesAFolder)
+{
+    std::string failure;
+    EXPECT_FALSE(engine::readBars(SAMPLES_DIR, failure));
+    EXPECT_EQ(failure, std::string(SAMPLES_DIR) + ":1: the file cannot be read: Is a directory");
+}
+
+TEST(BarFile, NamesAnEmptyFile)
+{
+    EXPECT_EQ(BarText("").failure, "bars.csv:1: the file is empty");
+    EXPECT_EQ(BarText("\r\n\r\n").failure, "bars.csv:1: the file is empty");
+}
+
+TEST(BarFile, NamesAFileWithoutBars)
+{
+    EXPECT_EQ(failureOf(""), "bars.csv:1: the file has a header and no bars");
+}
+
+TEST(BarFile, NamesAMissingHeader)
+{
+    EXPECT_EQ(BarText("2024-03-05,1,2,1,2,5\n").failure,
+              "bars.csv:1: the first line is no header: it names no column \"date\"");
+}
+
+TEST(BarFile, NamesAMissingColumn)
+{
+    EXPECT_EQ(BarText("date,open,high,low,volume\n2024-03-05,1,2,1,5\n").failure,
+              "bars.csv:1: the header has no column \"close\"");
+}
+
+TEST(BarFile, NamesARowWithTooFewFields)
+{
+    EXPECT_EQ(failureOf("2024-03-05,1,2,1,2,5\n2024-03-06,1,2\n"),
+              "bars.csv:3: the row has 3 fields instead of 6");
+}
+
+TEST(BarFile, CountsBlankLinesInTheLineNumber)
+{
+    EXPECT_EQ(failureOf("\n\n2024-03-06,1,2\n"), "bars.csv:4: the row has 3 fields instead of 6");
+}
+
+TEST(BarFile, NamesANumberThatDoesNotParse)
+{
+    EXPECT_EQ(failureOf("2024-03-05,1,2,1,2x,5\n"), "bars.csv:2: close \"2x\" is not a number");
+    EXPECT_EQ(failureOf("2024-03-05,1,2,,2,5\n"), "bars.csv:2: low \"\" is not a number");
+    EXPECT_EQ(failureOf("2024-03-05,nan,2,1,2,5\n"), "bars.csv:2: open \"nan\" is not a number");
+    EXPECT_EQ(failureOf("2024-03-05,1,2,1,2,1e999\n"), "bars.csv:2: volume \"1e999\" is not a number");
+}
+
+TEST(BarFile, NamesAHighBelowTheLow)
+{
+    EXPECT_EQ(failureOf("2024-03-05,1,0.5,1,1,5\n"), "bars.csv:2: the high 0.5 is below the low 1");
+}
+
+TEST(BarFile, NamesDatesOutOfOrderAndEqualOnes)
+{
+    EXPECT_EQ(failureOf("2024-03-05,1,2,1,2,5\n2024-03-04,1,2,1,2,5\n"),
+              "bars.csv:3: the date is not after the one before");
+    EXPECT_EQ(failureOf("2024-03-05,1,2,1,2,5\n2024-03-05,1,2,1,2,5\n"),
+              "bars.csv:3: the date is not after the one before");
+}
+
+TEST(BarFile, NamesDatesAndTimesThatDoNotExist)
+{
+    for (const char* date : { "2023-02-29", "2024-13-01", "2024-00-01", "2024-01-32", "20240105", "2024-1/5",
+                              "-024-01-05", "2024-01-05x", "" })
+        EXPECT_EQ(failureOf(std::string(date) + ",1,2,1,2,5\n"),
+                  "bars.csv:2: \"" + std::string(date) + "\" is not a date");
+    for (const char* time : { "24:00", "12:60", "12", "12:3", "12:30:61", "12:30x" })
+        EXPECT_EQ(failureOf("2024-01-05 " + std::string(time) + ",1,2,1,2,5\n"),
+                  "bars.csv:2: \"" + std::string(time) + "\" is not a time");
+}
+
+TEST(BarFile, ReadsTheLeapDayOfACentury)
+{
+    const BarText text(std::string(kHeader) + "2000-02-29,1,2,1,2,5\n2000-03-01,1,2,1,2,5\n");
+    ASSERT_TRUE(text.bars) << text.failure;
+    EXPECT_EQ(text.bars->timeMs[1] - text.bars->timeMs[0], 86'400'000);
+}
+
+} // namespace

@@ -1,0 +1,298 @@
+/// @file The reference client as a whole, in a real window of the offscreen platform.
+
+#include "apps/client/BasketPanel.h"
+#include "apps/client/ChartView.h"
+#include "apps/client/MainWindow.h"
+#include "apps/client/PlotWidget.h"
+#include "apps/client/TickView.h"
+#include "host/TC/Folders.h"
+#include "host/WB/CPushButton.h"
+#include "host/embedded/EmbeddedHost.h"
+#include "host/se/LoadConfig.h"
+#include "host/utils/CSingletonT.h"
+#include "recovery/CRecoveryVersionManager.h"
+#include "stocklist/CParserStockExeclTable.h"
+#include "tests/support/Trace.h"
+#include "title/CIndexTitleWidget.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QMouseEvent>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QString sample(const char* name)
+{
+    return QStringLiteral(SAMPLES_DIR "/") + QString::fromLatin1(name);
+}
+
+class ClientWindow : public testing::Test
+{
+protected:
+    ClientWindow()
+    {
+        TC::embedded::setUserRootDir(m_folder.filePath(QStringLiteral("user")));
+        TC::embedded::setConfigDir(m_folder.filePath(QStringLiteral("config")));
+        utils::CSingletonT<TC::CRecoveryVersionManager>::release(); // it reads the folders when it is made
+        m_window = std::make_unique<client::MainWindow>();
+        m_window->show();
+        QTest::qWait(20); // the arrangement is restored once the window stands
+    }
+
+    /// Opens the bundled share and waits for the results of all panes.
+    void openShare()
+    {
+        ASSERT_EQ(m_window->openBars(sample("bars/SH600030.csv")), QString());
+        for (client::ChartPane* pane : panes())
+            ASSERT_TRUE(QTest::qWaitFor(
+                [&] { return pane->data()->getData().size() == pane->data()->getFormulaSize(); }));
+    }
+
+    client::ChartView* chart() { return m_window->chart(); }
+    const std::vector<client::ChartPane*>& panes() { return m_window->chart()->panes(); }
+    client::PlotWidget* plot(std::size_t pane) { return panes()[pane]->findChild<client::PlotWidget*>(); }
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<client::MainWindow> m_window;
+};
+
+} // namespace
+
+TEST_F(ClientWindow, OpensBarsWithCandlesVolumeAndMacd)
+{
+    openShare();
+    ASSERT_EQ(panes().size(), 3u);
+    EXPECT_EQ(chart()->state()->last(), chart()->state()->barTotal() - 1);
+    EXPECT_EQ(panes()[0]->data()->getMainGraph(), QStringLiteral("KLINE"));
+    EXPECT_EQ(panes()[0]->getMarket(), QStringLiteral("SH"));
+    EXPECT_EQ(panes()[0]->getStock(), QStringLiteral("600030"));
+    EXPECT_EQ(panes()[0]->data()->getMaxMinMap().size(), 2);
+}
+
+TEST_F(ClientWindow, ShowsWhatIsWrongWithAFileAndKeepsTheChart)
+{
+    openShare();
+    const int bars = chart()->state()->barTotal();
+    EXPECT_TRUE(m_window->openBars(sample("README.md")).contains(QStringLiteral("README.md")));
+    EXPECT_TRUE(m_window->openBars(sample("none.csv")).contains(QStringLiteral("none.csv")));
+    EXPECT_EQ(chart()->state()->barTotal(), bars);
+}
+
+TEST_F(ClientWindow, ZoomsAndMovesByKeys)
+{
+    openShare();
+    client::ChartState* state = chart()->state();
+    const int count = state->last() - state->first() + 1;
+    QTest::keyClick(chart(), Qt::Key_Up);
+    EXPECT_LT(state->last() - state->first() + 1, count);
+    QTest::keyClick(chart(), Qt::Key_Left);
+    EXPECT_LT(state->last(), state->barTotal() - 1);
+    QTest::keyClick(chart(), Qt::Key_Home);
+    EXPECT_EQ(state->first(), 0);
+    QTest::keyClick(chart(), Qt::Key_End);
+    EXPECT_EQ(state->last(), state->barTotal() - 1);
+    QTest::keyClick(chart(), Qt::Key_Down);
+    EXPECT_GE(state->last() - state->first() + 1, count);
+}
+
+TEST_F(ClientWindow, MovesByDragging)
+{
+    openShare();
+    client::ChartState* state = chart()->state();
+    const int last = state->last();
+    const auto send = [&](QEvent::Type type, int column, Qt::MouseButtons held) {
+        const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+        QMouseEvent event(type, QPointF(column, 30), button, held, Qt::NoModifier);
+        QApplication::sendEvent(plot(0), &event);
+    };
+    send(QEvent::MouseButtonPress, 100, Qt::LeftButton);
+    send(QEvent::MouseMove, 200, Qt::LeftButton);
+    EXPECT_LT(state->last(), last); // 100 pixels to the right: older bars come in
+    send(QEvent::MouseButtonRelease, 200, Qt::NoButton);
+    const int moved = state->last();
+    send(QEvent::MouseMove, 120, Qt::NoButton); // the button is up
+    EXPECT_EQ(state->last(), moved);
+}
+
+TEST_F(ClientWindow, FollowsTheCrosshairInEveryPane)
+{
+    openShare();
+    QTest::mouseMove(plot(0), QPoint(60, 30));
+    QTest::qWait(1);
+    EXPECT_EQ(chart()->state()->crosshairBar(),
+              chart::BarView({ chart()->state()->first(), chart()->state()->last(),
+                               plot(0)->width() - client::kAxisWidth })
+                  .barAt(60));
+    const QImage before = panes()[1]->title()->grab().toImage();
+    chart()->state()->setCrosshairBar(chart()->state()->first());
+    EXPECT_NE(panes()[1]->title()->grab().toImage(), before); // its legend shows another bar
+}
+
+TEST_F(ClientWindow, ClosesAPaneByItsButtonButNeverTheMainOne)
+{
+    openShare();
+    ASSERT_NE(panes()[1]->title()->closeButton(), nullptr);
+    EXPECT_EQ(panes()[0]->title()->closeButton(), nullptr);
+    QTest::mouseClick(panes()[1]->title()->closeButton(), Qt::LeftButton);
+    EXPECT_EQ(panes().size(), 2u);
+    chart()->closePane(panes()[0]);
+    EXPECT_EQ(panes().size(), 2u);
+    QTest::qWait(1);                      // the closed pane is deleted
+    chart()->state()->setCrosshairBar(5); // and hears of nothing any more
+}
+
+TEST_F(ClientWindow, GivesAPaneTheWholeHeightOnADoubleClickOfItsLegend)
+{
+    openShare();
+    QTest::mouseDClick(panes()[1]->title(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 5));
+    EXPECT_FALSE(panes()[0]->isVisible());
+    EXPECT_TRUE(panes()[1]->isVisible());
+    QTest::mouseDClick(panes()[1]->title(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 5));
+    EXPECT_TRUE(panes()[0]->isVisible());
+}
+
+TEST_F(ClientWindow, OpensUpToFiveRowsOfLegendUnderARestingPointer)
+{
+    openShare();
+    client::ChartPane* pane = panes()[1];
+    pane->data()->setFormulas({ QStringLiteral("MACD"), QStringLiteral("KDJ"), QStringLiteral("RSI"),
+                                QStringLiteral("BOLL"), QStringLiteral("MA"), QStringLiteral("VOL") });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return pane->data()->getData().size() == 6; }));
+    m_window->resize(700, 700);
+    QTest::qWait(1);
+    const int row = pane->title()->titleHeight();
+    EXPECT_EQ(pane->title()->height(), 2 * row);
+    QEvent enter(QEvent::Enter), leave(QEvent::Leave);
+    QApplication::sendEvent(pane->title(), &enter);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pane->title()->height() > 2 * row; }));
+    EXPECT_LE(pane->title()->height(), 5 * row);
+    QApplication::sendEvent(pane->title(), &leave);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pane->title()->height() == 2 * row; }));
+}
+
+TEST_F(ClientWindow, DropsTheResultOfASupersededRequest)
+{
+    openShare();
+    client::PaneData* data = panes()[1]->data();
+    data->setFormulas({ QStringLiteral("MACD") });
+    data->setFormulas({ QStringLiteral("KDJ") });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return data->hasData(); }));
+    QTest::qWait(50);
+    ASSERT_EQ(data->getData().size(), 1);
+    EXPECT_EQ(data->getData().firstKey().formulaName, QStringLiteral("KDJ"));
+}
+
+TEST_F(ClientWindow, OverlaysAnotherInstrumentOnTheSameAxis)
+{
+    openShare();
+    ASSERT_EQ(m_window->overlayBars(sample("bars/SH510050.csv")), QString());
+    client::PaneData* data = panes()[0]->data();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return data->getData().size() == 3; }));
+    const chart::PaneContent content = data->content();
+    ASSERT_TRUE(content.formulas.back().overlaid);
+    const auto& own = content.formulas.front().records->result.numberSeries[3];
+    const auto& other = content.formulas.back().records->result.numberSeries[3];
+    const auto first = static_cast<std::size_t>(chart()->state()->first());
+    EXPECT_EQ(own.size(), other.size());
+    EXPECT_NEAR(other[first] * static_cast<double>(content.formulas.back().scale), own[first],
+                own[first] * 1e-5);
+    m_window->clearOverlays();
+    EXPECT_EQ(data->getData().size(), 2);
+}
+
+TEST_F(ClientWindow, ShowsTheDemoAccountOnlyWhenItIsOn)
+{
+    openShare();
+    const QImage off = panes()[0]->title()->grab().toImage();
+    m_window->setDemoAccount(true);
+    EXPECT_NE(panes()[0]->title()->grab().toImage(), off);
+    m_window->setDemoAccount(false);
+    EXPECT_EQ(panes()[0]->title()->grab().toImage(), off);
+}
+
+TEST_F(ClientWindow, RepaintsInAnotherSkin)
+{
+    openShare();
+    const QImage dark = m_window->grab().toImage();
+    ASSERT_EQ(TC::embedded::loadSkin(QStringLiteral("light")), QString());
+    EXPECT_NE(m_window->grab().toImage(), dark);
+}
+
+TEST_F(ClientWindow, FollowsTheUsersFormulas)
+{
+    openShare();
+    QFile file(QDir(TC::getUserRootDir()).filePath(QStringLiteral("configFormula")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("{\"formulas\": [{\"name\": \"MINE\", \"base\": \"MA\", \"parameters\": [7]}]}");
+    file.close();
+    ASSERT_EQ(se::loadConfig("root", "configFormula", ""), 0);
+    client::ChartPane* pane = chart()->addPane({ QStringLiteral("MINE") });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return pane->data()->hasData(); }));
+    EXPECT_EQ(pane->data()->getData().first().meta.outputNames.front(), "MA7");
+}
+
+TEST_F(ClientWindow, OpensTradesOnTheTickPage)
+{
+    ASSERT_EQ(m_window->openTicks(sample("ticks/VALE3-2025-04-07.csv")), QString());
+    EXPECT_EQ(m_window->ticks()->state()->barTotal(), 7478);
+    const QImage byPrice = m_window->ticks()->grab().toImage();
+    ASSERT_EQ(m_window->openTicks(sample("ticks/SYNTHETIC-five-levels.csv")), QString());
+    EXPECT_NE(m_window->ticks()->grab().toImage(), byPrice);
+    EXPECT_FALSE(m_window->ticks()->followsBook());
+    m_window->ticks()->setFollowsBook(true);
+    EXPECT_TRUE(m_window->ticks()->followsBook());
+    EXPECT_TRUE(m_window->openTicks(sample("bars/DFM00.csv")).contains(QStringLiteral("DFM00.csv:1:")));
+}
+
+TEST_F(ClientWindow, ImportsAStockListAndSaysWhatItFound)
+{
+    const QString path = m_folder.filePath(QStringLiteral("list.csv"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("代码,名称\n600000,浦发银行\n600030,x\nnobody,y\n\n");
+    file.close();
+    QSignalSpy ended(m_window->basket(), &client::BasketPanel::sigImportEnded);
+    QSignalSpy messages(m_window->basket(), &client::BasketPanel::sigMessage);
+    m_window->basket()->importFile(path);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ended.count() == 1; }));
+    EXPECT_EQ(m_window->basket()->table()->getAllStock(),
+              (QVector<QString> { QStringLiteral("SH600000"), QStringLiteral("SH600030") }));
+    const QString line = messages.last().first().toString();
+    EXPECT_TRUE(line.contains(QStringLiteral("识别 2 行"))) << line.toStdString();
+    EXPECT_TRUE(line.contains(QStringLiteral("代码未知 2"))) << line.toStdString();
+}
+
+TEST_F(ClientWindow, RefusesStockListsOfUnknownKinds)
+{
+    QSignalSpy messages(m_window->basket(), &client::BasketPanel::sigMessage);
+    m_window->basket()->importFile(QStringLiteral("list.pdf"));
+    EXPECT_EQ(messages.count(), 1);
+}
+
+TEST_F(ClientWindow, RemembersItsArrangement)
+{
+    ads::CDockWidget* basket = m_window->docks()->dock(QStringLiteral("tradeBaskets"));
+    ASSERT_NE(basket, nullptr);
+    EXPECT_EQ(basket->windowTitle(), QStringLiteral("篮子管理"));
+    basket->toggleView(false);
+    m_window->close();
+    m_window = std::make_unique<client::MainWindow>();
+    m_window->show();
+    QTest::qWait(50);
+    EXPECT_TRUE(m_window->docks()->dock(QStringLiteral("tradeBaskets"))->isClosed());
+    EXPECT_FALSE(m_window->docks()->dock(QStringLiteral("indexMainPanel"))->isClosed());
+}
+
+TEST_F(ClientWindow, MarksItsRunUntilItIsClosed)
+{
+    const QString marker = QDir(TC::getConfigDir()).filePath(QStringLiteral("out.txt"));
+    EXPECT_TRUE(QFile::exists(marker));
+    m_window->close();
+    EXPECT_FALSE(QFile::exists(marker));
+}
