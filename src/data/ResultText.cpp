@@ -15,7 +15,6 @@ namespace TC {
 namespace {
 
 using detail::elementAt;
-
 using detail::LocalClock;
 
 enum ColumnType { Fixed = 0, General = 1, Flag = 2, Text = 3 };
