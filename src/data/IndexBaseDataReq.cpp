@@ -83,6 +83,7 @@ QVector<QString> IndexBaseDataReq::reqIds() const
     return ids;
 }
 
+// Deliberate: without an entry the one default of all tables is handed out, even where it can be written to.
 IndexBaseDataReqItem& IndexBaseDataReq::operator[](int index)
 {
     return m_items.isEmpty() || index < 0 ? s_defItem : m_items[index % m_items.size()];

@@ -3,56 +3,21 @@
 #include "data/IndexBaseData.h"
 
 #include "data/internal/ElementAt.h"
+#include "data/internal/LocalClock.h"
+#include "data/internal/NumberText.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cstdlib>
-#include <ctime>
+#include <cstddef>
+#include <cstdint>
 
 namespace TC {
 
 namespace {
 
 using detail::elementAt;
+using detail::LocalClock;
 
 enum ColumnType { Fixed = 0, General = 1, Flag = 2, Text = 3 };
-
-void appendNumber(std::string& text, double value, std::chars_format format, int precision)
-{
-    char digits[400]; // the largest double has 309 digits in front of the point
-    const auto written = std::to_chars(digits, digits + sizeof digits, value, format, precision);
-    text.append(digits, written.ptr);
-}
-
-/// A whole number with zeros in front. Deliberate: the zeros go in front of a sign, which counts as a
-/// character.
-void appendPadded(std::string& text, int value, int width)
-{
-    char digits[16];
-    const auto written = std::to_chars(digits, digits + sizeof digits, value);
-    const auto length = static_cast<int>(written.ptr - digits);
-    text.append(static_cast<std::size_t>(std::max(0, width - length)), '0');
-    text.append(digits, written.ptr);
-}
-
-void appendTime(std::string& text, std::int64_t msecs, bool withTime)
-{
-    const std::time_t seconds = static_cast<std::time_t>(msecs / 1000);
-    std::tm local {};
-    if (!localtime_r(&seconds, &local))
-        return;
-    appendPadded(text, local.tm_year + 1900, 4);
-    text += '/';
-    appendPadded(text, local.tm_mon + 1, 2);
-    text += '/';
-    appendPadded(text, local.tm_mday, 2);
-    if (!withTime)
-        return;
-    text += ' ';
-    appendPadded(text, local.tm_hour, 2);
-    text += ':';
-    appendPadded(text, local.tm_min, 2);
-}
 
 /// The series behind an output with one column, looked up once for all its cells.
 class ExportedColumn
@@ -85,9 +50,9 @@ public:
             return;
         text += ',';
         if (m_type == Fixed)
-            appendNumber(text, *value, std::chars_format::fixed, 4);
+            detail::appendFixed4(text, *value);
         else
-            appendNumber(text, *value, std::chars_format::general, 6);
+            detail::appendGeneral6(text, *value);
     }
 
 private:
@@ -105,7 +70,9 @@ struct ExportedFormula
     {
         for (int output = 0; output < meta.outputCount; ++output) {
             const std::vector<int>* columnsOfOutput = elementAt(meta.outputColumns, output);
-            if (!columnsOfOutput || columnsOfOutput->size() != 1)
+            if (!columnsOfOutput)
+                break; // no later output has columns either
+            if (columnsOfOutput->size() != 1)
                 continue;
             const std::string* name = elementAt(meta.outputNames, output);
             header += ',';
@@ -136,7 +103,7 @@ struct ExportedFormula
 /// Room for a text of that many rows and cells, so that it grows rarely.
 void reserveFor(std::string& text, int rows, std::size_t cells)
 {
-    constexpr std::size_t timeLength = 17, cellLength = 10;
+    constexpr std::size_t timeLength = 17, cellLength = 13; // ",-1.23457e+08"
     text.reserve(text.size() + static_cast<std::size_t>(rows) * (timeLength + cells * cellLength));
 }
 
@@ -145,7 +112,7 @@ void reserveFor(std::string& text, int rows, std::size_t cells)
 std::string IndexBaseData::getLengthStr(int value, int width)
 {
     std::string text;
-    appendPadded(text, value, width);
+    detail::appendPadded(text, value, width);
     return text;
 }
 
@@ -153,7 +120,7 @@ std::string IndexBaseData::getTimeSlide(int bar, se::RPCFormulaResult& result, b
 {
     std::string text;
     if (const se::RPCBarTime* time = elementAt(result.barTimes, bar))
-        appendTime(text, time->msecs, withTime);
+        LocalClock().append(text, time->msecs, withTime);
     return text;
 }
 
@@ -173,10 +140,11 @@ std::string IndexBaseData::getResultTxtStr(se::RPCFormulaResult& result, se::RPC
     const ExportedFormula formula(result, meta, text);
     text += '\n';
     reserveFor(text, formula.barCount(), formula.columns.size());
+    LocalClock clock;
     for (int bar = 0; bar < formula.barCount(); ++bar) {
         if (!formula.isValid(bar))
             continue;
-        appendTime(text, result.barTimes[static_cast<std::size_t>(bar)].msecs, withTime);
+        clock.append(text, result.barTimes[static_cast<std::size_t>(bar)].msecs, withTime);
         formula.append(text, bar);
         text += '\n';
     }
@@ -196,9 +164,10 @@ std::string IndexBaseData::getResultTxtStr(std::vector<se::RPCFormulaResult>& re
         return text;
 
     const ExportedFormula& master = formulas.front();
+    LocalClock clock;
     for (int bar = 0; bar < master.barCount(); ++bar) {
         const std::int64_t time = master.result.barTimes[static_cast<std::size_t>(bar)].msecs;
-        appendTime(text, time, withTime);
+        clock.append(text, time, withTime);
         master.append(text, bar);
         for (std::size_t k = 1; k < formulas.size(); ++k) {
             ExportedFormula& other = formulas[k];

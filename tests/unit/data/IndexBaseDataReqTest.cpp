@@ -1,159 +1,291 @@
 #include "data/IndexBaseDataReq.h"
-#include "tests/support/Trace.h"
 
 #include <gtest/gtest.h>
 
+#include <climits>
+#include <memory>
+#include <type_traits>
+#include <utility>
+
 using TC::CFormulaKey;
 using TC::IndexBaseDataReq;
+using TC::IndexBaseDataReqItem;
 
 namespace {
 
-CFormulaKey key(const char* instrument, const char* formula)
+CFormulaKey key(const char* formula, const char* instrument = "SH600000")
 {
-    return CFormulaKey(QString::fromLatin1(instrument), QString::fromLatin1(formula));
+    return { QString::fromUtf8(instrument), QString::fromUtf8(formula) };
 }
 
 QString id(const char* text)
 {
-    return QString::fromLatin1(text);
+    return QString::fromUtf8(text);
 }
 
-/// Three entries: a -> 1, b -> 2, c -> 1.
-IndexBaseDataReq threeEntries()
+/// MA, KDJ and VOL under the identifiers 1, 2 and 3.
+IndexBaseDataReq threeRequests()
 {
-    IndexBaseDataReq requests;
-    requests.add(key("SH", "a"), id("1"));
-    requests.add(key("SH", "b"), id("2"));
-    requests.add(key("SH", "c"), id("1"));
-    return requests;
+    IndexBaseDataReq table;
+    table.add(key("MA"), id("1"));
+    table.add(key("KDJ"), id("2"));
+    table.add(key("VOL"), id("3"));
+    return table;
 }
 
 } // namespace
 
-TEST(FormulaKey, IsEqualWhenBothFieldsAreExactly)
+TEST(IndexBaseDataReq, StartsEmpty)
 {
-    EXPECT_TRUE(key("SH", "MA") == key("SH", "MA"));
-    EXPECT_TRUE(key("SH", "MA") != key("SZ", "MA"));
-    EXPECT_TRUE(key("SH", "MA") != key("SH", "ma"));
+    const IndexBaseDataReq table;
+    EXPECT_EQ(table.count(), 0);
+    EXPECT_TRUE(table.reqIds().isEmpty());
 }
 
-TEST(FormulaKey, IsOrderedByInstrumentThenFormulaByCodeUnit)
+TEST(IndexBaseDataReq, AddsNewKeysAtTheEnd)
 {
-    EXPECT_TRUE(key("A", "z") < key("B", "a"));
-    EXPECT_TRUE(key("A", "B") < key("A", "a"));
-    EXPECT_FALSE(key("A", "a") < key("A", "a"));
-    EXPECT_FALSE(key("A", "a") < key("A", "B"));
+    IndexBaseDataReq table;
+    EXPECT_TRUE(table.add(key("MA"), id("1")));
+    EXPECT_TRUE(table.add(key("KDJ"), id("2")));
+    EXPECT_EQ(table.reqIds(), (QVector<QString> { id("1"), id("2") }));
+    EXPECT_EQ(table[0].key, key("MA"));
+    EXPECT_EQ(table[1].key, key("KDJ"));
 }
 
-TEST(RequestList, KeepsThePlaceOfAKnownKeyAndTakesTheNewIdentifier)
+TEST(IndexBaseDataReq, AddingAKnownKeyKeepsItsPlaceAndAnswersTrue)
 {
-    IndexBaseDataReq requests = threeEntries();
-    EXPECT_TRUE(requests.add(key("SH", "a"), id("9")));
-    EXPECT_EQ(requests.count(), 3);
-    EXPECT_EQ(requests.reqIds(), (QVector<QString> { id("9"), id("2"), id("1") }));
+    IndexBaseDataReq table = threeRequests();
+    EXPECT_TRUE(table.add(key("MA"), id("9")));
+    EXPECT_EQ(table.count(), 3);
+    EXPECT_EQ(table.reqIds(), (QVector<QString> { id("9"), id("2"), id("3") }));
 }
 
-TEST(RequestList, AppendsNewKeys)
+TEST(IndexBaseDataReq, KeepsOneFormulaOfTwoInstrumentsApart)
 {
-    IndexBaseDataReq requests = threeEntries();
-    EXPECT_TRUE(requests.add(key("SZ", "a"), id("1"))); // another instrument is another key
-    EXPECT_EQ(requests.count(), 4);
+    IndexBaseDataReq table;
+    table.add(key("MA", "SH600000"), id("1"));
+    table.add(key("MA", "SZ000001"), id("2"));
+    EXPECT_EQ(table.count(), 2);
+    QString found;
+    EXPECT_TRUE(table.getReq(found, key("MA", "SZ000001")));
+    EXPECT_EQ(found, id("2"));
 }
 
-TEST(RequestList, FindsKeysAndIdentifiers)
+TEST(IndexBaseDataReq, FindsKeysByExactComparisonOfBothFields)
 {
-    const IndexBaseDataReq requests = threeEntries();
-    EXPECT_TRUE(requests.findKey(key("SH", "b")));
-    EXPECT_FALSE(requests.findKey(key("SH", "B")));
-    EXPECT_TRUE(requests.findReq(id("2")));
-    EXPECT_FALSE(requests.findReq(id("3")));
-    EXPECT_FALSE(IndexBaseDataReq().findKey(key("", "")));
+    const IndexBaseDataReq table = threeRequests();
+    EXPECT_TRUE(table.findKey(key("KDJ")));
+    EXPECT_FALSE(table.findKey(key("kdj")));
+    EXPECT_FALSE(table.findKey(key("KDJ", "SZ000001")));
+    EXPECT_FALSE(table.findKey(key("")));
+    EXPECT_FALSE(IndexBaseDataReq().findKey(CFormulaKey()));
+}
+
+TEST(IndexBaseDataReq, FindsIdentifiersByExactComparison)
+{
+    IndexBaseDataReq table;
+    table.add(key("MA"), id("Req"));
+    EXPECT_TRUE(table.findReq(id("Req")));
+    EXPECT_FALSE(table.findReq(id("req")));
+    EXPECT_FALSE(table.findReq(id("Re")));
     EXPECT_FALSE(IndexBaseDataReq().findReq(QString()));
 }
 
-TEST(RequestList, GivesTheFirstKeyOfAnIdentifierAndTheIdentifierOfAKey)
+TEST(IndexBaseDataReq, EmptyIdentifierIsAnOrdinaryOne)
 {
-    const IndexBaseDataReq requests = threeEntries();
+    IndexBaseDataReq table = threeRequests();
+    EXPECT_FALSE(table.findReq(QString()));
+    table.add(key("KDJ"), QString());
+    EXPECT_TRUE(table.findReq(id("")));
     CFormulaKey found;
-    EXPECT_TRUE(requests.getKey(found, id("1")));
-    EXPECT_EQ(found, key("SH", "a"));
-    QString reqId;
-    EXPECT_TRUE(requests.getReq(reqId, key("SH", "b")));
-    EXPECT_EQ(reqId, id("2"));
+    EXPECT_TRUE(table.getKey(found, QString()));
+    EXPECT_EQ(found, key("KDJ"));
+    QString request = id("before");
+    EXPECT_TRUE(table.getReq(request, key("KDJ")));
+    EXPECT_TRUE(request.isEmpty());
+    table.removeReq(id(""));
+    EXPECT_FALSE(table.findKey(key("KDJ")));
 }
 
-TEST(RequestList, LeavesOutArgumentsAloneWhenNothingMatches)
+TEST(IndexBaseDataReq, GivesTheKeyOfAnIdentifier)
 {
-    const IndexBaseDataReq requests = threeEntries();
-    CFormulaKey found = key("x", "y");
-    EXPECT_FALSE(requests.getKey(found, id("3")));
-    EXPECT_EQ(found, key("x", "y"));
-    QString reqId = id("before");
-    EXPECT_FALSE(requests.getReq(reqId, key("SH", "z")));
-    EXPECT_EQ(reqId, id("before"));
+    CFormulaKey found;
+    EXPECT_TRUE(threeRequests().getKey(found, id("2")));
+    EXPECT_EQ(found, key("KDJ"));
 }
 
-TEST(RequestList, TakesAnEmptyIdentifierAsAnyOther)
+TEST(IndexBaseDataReq, GivesTheFirstKeyOfAnIdentifierThatTwoShare)
 {
-    IndexBaseDataReq requests = threeEntries();
-    EXPECT_FALSE(requests.findReq(QString()));
-    requests.add(key("SH", "d"), QString());
-    EXPECT_TRUE(requests.findReq(QString()));
+    IndexBaseDataReq table = threeRequests();
+    table.add(key("VOL"), id("2"));
+    CFormulaKey found;
+    EXPECT_TRUE(table.getKey(found, id("2")));
+    EXPECT_EQ(found, key("KDJ"));
 }
 
-TEST(RequestList, RemovesByPlaceKeyAndIdentifier)
+TEST(IndexBaseDataReq, LeavesTheKeyUntouchedForAnUnknownIdentifier)
 {
-    IndexBaseDataReq requests = threeEntries();
-    requests.removeReq(id("1")); // the first of the two
-    EXPECT_EQ(requests.reqIds(), (QVector<QString> { id("2"), id("1") }));
-    requests.removeKey(key("SH", "b"));
-    EXPECT_EQ(requests.reqIds(), QVector<QString> { id("1") });
-    requests.removeAt(0);
-    EXPECT_EQ(requests.count(), 0);
+    CFormulaKey found = key("before");
+    EXPECT_FALSE(threeRequests().getKey(found, id("4")));
+    EXPECT_EQ(found, key("before"));
 }
 
-TEST(RequestList, IgnoresWhatItCannotRemove)
+TEST(IndexBaseDataReq, GivesTheIdentifierOfAKey)
 {
-    IndexBaseDataReq requests = threeEntries();
-    requests.removeAt(-1);
-    requests.removeAt(3);
-    requests.removeKey(key("SH", "z"));
-    requests.removeReq(id("3"));
-    EXPECT_EQ(requests.count(), 3);
+    QString found;
+    EXPECT_TRUE(threeRequests().getReq(found, key("VOL")));
+    EXPECT_EQ(found, id("3"));
 }
 
-TEST(RequestList, WrapsIndexesRound)
+TEST(IndexBaseDataReq, LeavesTheIdentifierUntouchedForAnUnknownKey)
 {
-    IndexBaseDataReq requests = threeEntries();
-    EXPECT_EQ(requests[4].key, key("SH", "b"));
-    EXPECT_EQ(requests[3].key, key("SH", "a"));
-    requests[1].reqId = id("7");
-    EXPECT_TRUE(requests.findReq(id("7")));
-    const IndexBaseDataReq& constant = requests;
-    EXPECT_EQ(constant[5].key, key("SH", "c"));
+    QString found = id("before");
+    EXPECT_FALSE(threeRequests().getReq(found, key("RSI")));
+    EXPECT_EQ(found, id("before"));
 }
 
-TEST(RequestList, AnswersTheSharedDefaultWhenEmptyOrNegative)
+TEST(IndexBaseDataReq, RemovesByPlaceAndKeepsTheOrderOfTheRest)
 {
-    IndexBaseDataReq empty, other = threeEntries();
-    EXPECT_EQ(&empty[0], &IndexBaseDataReq::s_defItem);
-    EXPECT_EQ(&empty[7], &IndexBaseDataReq::s_defItem);
-    EXPECT_EQ(&other[-1], &IndexBaseDataReq::s_defItem);
-    const IndexBaseDataReq& constant = empty;
-    EXPECT_EQ(&constant[0], &IndexBaseDataReq::s_defItem);
-    empty[0].reqId = id("shared"); // seen by every table
-    EXPECT_EQ(IndexBaseDataReq()[3].reqId, id("shared"));
-    IndexBaseDataReq::s_defItem = {};
-    EXPECT_EQ(empty[0].reqId, QString());
+    IndexBaseDataReq table = threeRequests();
+    table.removeAt(1);
+    EXPECT_EQ(table.reqIds(), (QVector<QString> { id("1"), id("3") }));
 }
 
-TEST(RequestList, CopiesAreIndependent)
+TEST(IndexBaseDataReq, IgnoresPlacesThatDoNotExist)
 {
-    IndexBaseDataReq requests = threeEntries();
-    IndexBaseDataReq copy = requests;
-    copy[0].reqId = id("9");
-    EXPECT_FALSE(requests.findReq(id("9")));
-    requests.clear();
+    IndexBaseDataReq table = threeRequests();
+    for (const int place : { -1, 3, INT_MIN, INT_MAX })
+        table.removeAt(place);
+    EXPECT_EQ(table.count(), 3);
+    IndexBaseDataReq empty;
+    empty.removeAt(0);
+    EXPECT_EQ(empty.count(), 0);
+}
+
+TEST(IndexBaseDataReq, RemovesByKey)
+{
+    IndexBaseDataReq table = threeRequests();
+    table.removeKey(key("MA"));
+    EXPECT_EQ(table.reqIds(), (QVector<QString> { id("2"), id("3") }));
+    table.removeKey(key("MA"));
+    table.removeKey(key("KDJ", "SZ000001"));
+    EXPECT_EQ(table.count(), 2);
+}
+
+TEST(IndexBaseDataReq, RemovesOnlyTheFirstEntryOfAnIdentifier)
+{
+    IndexBaseDataReq table = threeRequests();
+    table.add(key("VOL"), id("1"));
+    table.removeReq(id("1"));
+    EXPECT_FALSE(table.findKey(key("MA")));
+    EXPECT_TRUE(table.findKey(key("VOL")));
+    EXPECT_EQ(table.count(), 2);
+    table.removeReq(id("4"));
+    EXPECT_EQ(table.count(), 2);
+}
+
+TEST(IndexBaseDataReq, AddsARemovedKeyAtTheEndAgain)
+{
+    IndexBaseDataReq table = threeRequests();
+    table.removeKey(key("MA"));
+    table.add(key("MA"), id("4"));
+    EXPECT_EQ(table.reqIds(), (QVector<QString> { id("2"), id("3"), id("4") }));
+}
+
+TEST(IndexBaseDataReq, ListsIdentifiersInOrderWithTheirRepetitions)
+{
+    IndexBaseDataReq table = threeRequests();
+    table.add(key("KDJ"), id("3"));
+    EXPECT_EQ(table.reqIds(), (QVector<QString> { id("1"), id("3"), id("3") }));
+}
+
+TEST(IndexBaseDataReq, ClearsEverything)
+{
+    IndexBaseDataReq table = threeRequests();
+    table.clear();
+    EXPECT_EQ(table.count(), 0);
+    EXPECT_FALSE(table.findKey(key("MA")));
+}
+
+TEST(IndexBaseDataReq, IndexWrapsRoundTheCount)
+{
+    IndexBaseDataReq table = threeRequests();
+    EXPECT_EQ(table[0].reqId, id("1"));
+    EXPECT_EQ(table[3].reqId, id("1"));
+    EXPECT_EQ(table[4].reqId, id("2"));
+    EXPECT_EQ(std::as_const(table)[4].reqId, id("2"));
+    EXPECT_EQ(table[INT_MAX].reqId, id("2")); // 2147483647 = 3 x 715827882 + 1
+}
+
+TEST(IndexBaseDataReq, IndexGivesTheEntryItself)
+{
+    IndexBaseDataReq table = threeRequests();
+    table[4].reqId = id("changed");
+    EXPECT_EQ(table.reqIds(), (QVector<QString> { id("1"), id("changed"), id("3") }));
+}
+
+TEST(IndexBaseDataReq, EmptyTableAnswersTheSharedDefaultByReference)
+{
+    IndexBaseDataReq table;
+    EXPECT_EQ(&table[0], &IndexBaseDataReq::s_defItem);
+    EXPECT_EQ(&table[5], &IndexBaseDataReq::s_defItem);
+    EXPECT_EQ(&std::as_const(table)[0], &IndexBaseDataReq::s_defItem);
+}
+
+TEST(IndexBaseDataReq, DefaultHasThreeEmptyTexts)
+{
+    EXPECT_TRUE(IndexBaseDataReq::s_defItem.key.instrumentKey.isEmpty());
+    EXPECT_TRUE(IndexBaseDataReq::s_defItem.key.formulaName.isEmpty());
+    EXPECT_TRUE(IndexBaseDataReq::s_defItem.reqId.isEmpty());
+}
+
+TEST(IndexBaseDataReq, WritingToTheDefaultChangesItForEveryTable)
+{
+    IndexBaseDataReq one, other;
+    one[0].reqId = id("written");
+    EXPECT_EQ(other[7].reqId, id("written"));
+    IndexBaseDataReq::s_defItem = IndexBaseDataReqItem();
+}
+
+TEST(IndexBaseDataReq, NegativeIndexAnswersTheDefault)
+{
+    IndexBaseDataReq table = threeRequests();
+    for (const int index : { -1, -3, INT_MIN }) {
+        EXPECT_EQ(&table[index], &IndexBaseDataReq::s_defItem);
+        EXPECT_EQ(&std::as_const(table)[index], &IndexBaseDataReq::s_defItem);
+        EXPECT_EQ(&IndexBaseDataReq()[index], &IndexBaseDataReq::s_defItem);
+    }
+}
+
+TEST(IndexBaseDataReq, CopiesAreIndependent)
+{
+    const IndexBaseDataReq original = threeRequests();
+    IndexBaseDataReq copy(original), assigned;
+    assigned = original;
+    copy[0].reqId = id("changed");
+    assigned.clear();
+    EXPECT_EQ(original.reqIds(), (QVector<QString> { id("1"), id("2"), id("3") }));
     EXPECT_EQ(copy.count(), 3);
-    EXPECT_TRUE(requests.reqIds().isEmpty());
+}
+
+TEST(IndexBaseDataReq, EntriesStayWhereTheyAreWhileOthersComeAndGo)
+{
+    IndexBaseDataReq table = threeRequests();
+    const IndexBaseDataReqItem* entry = &table[1];
+    for (int n = 0; n < 100; ++n)
+        table.add({ QString::number(n), QString() }, QString());
+    table.removeAt(0);
+    EXPECT_EQ(&table[0], entry);
+}
+
+TEST(IndexBaseDataReq, IsDestroyedThroughItsBase)
+{
+    static bool destroyed;
+    struct Derived : IndexBaseDataReq
+    {
+        ~Derived() override { destroyed = true; }
+    };
+    destroyed = false;
+    std::unique_ptr<IndexBaseDataReq>(new Derived).reset();
+    EXPECT_TRUE(destroyed);
 }

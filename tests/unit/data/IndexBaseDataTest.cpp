@@ -1,295 +1,283 @@
-#include "data/IndexBaseData.h"
 #include "host/embedded/EmbeddedHost.h"
 #include "tests/support/FormulaBuilder.h"
-#include "tests/support/Trace.h"
+#include "tests/support/Pane.h"
 
 #include <gtest/gtest.h>
 
 #include <cfloat>
-#include <type_traits>
+#include <chrono>
+#include <climits>
+#include <cmath>
+#include <future>
+#include <memory>
+
+using test::Pane;
 
 namespace {
 
-using test::FormulaBuilder;
-
-class Pane : public TC::IndexBaseData
+QString text(const char* utf8)
 {
-public:
-    Pane()
-        : TC::IndexBaseData(nullptr)
-    {
-    }
-    using TC::IndexBaseData::m_data;
-    using TC::IndexBaseData::m_dataLock;
-    using TC::IndexBaseData::m_formulas;
-    using TC::IndexBaseData::m_maxMinMap;
-    using TC::IndexBaseData::m_requests;
-    using TC::IndexBaseData::updateStrategyBacktestData;
-};
-
-TC::CFormulaKey key(const char* formula)
-{
-    return TC::CFormulaKey(QStringLiteral("SH600000"), QString::fromUtf8(formula));
+    return QString::fromUtf8(utf8);
 }
 
-void addFormula(const char* name, const char* realName, int kind, bool group = false, bool script = false)
+void addFormula(const char* name, int kind)
 {
     TC::CFormulaDetail formula;
-    formula.displayName = QString::fromUtf8(name);
-    formula.realName = QString::fromUtf8(realName);
+    formula.displayName = text(name);
     formula.kind = kind;
-    formula.groupModel = group;
-    formula.script = script;
     TC::embedded::setFormula(formula);
 }
 
-class BacktestFigures : public testing::Test
+/// A pane that shows the named formulas.
+std::unique_ptr<Pane> paneOf(std::initializer_list<const char*> names)
 {
-protected:
-    void SetUp() override
-    {
-        TC::embedded::setBacktestReceiver(
-            [this](const QVector<QString>& ids, const QMap<QString, double>& figures) {
-                ++calls;
-                m_ids = ids;
-                m_figures = figures;
-            });
-    }
-
-    void update() { pane.updateStrategyBacktestData({ QStringLiteral("id") }); }
-
-    Pane pane;
-    int calls = 0;
-    QVector<QString> m_ids;
-    QMap<QString, double> m_figures;
-};
+    auto pane = std::make_unique<Pane>();
+    for (const char* name : names)
+        pane->m_formulas.append(text(name));
+    return pane;
+}
 
 } // namespace
 
-static_assert(std::is_base_of_v<QObject, TC::IndexBaseData>);
-static_assert(std::is_base_of_v<WB::CEventDeliverer, TC::IndexBaseData>);
-
-TEST(PaneData, HasNothingAtFirst)
+TEST(IndexBaseData, StartsEmptyAndUnlocked)
 {
     Pane pane;
-    EXPECT_FALSE(pane.hasData());
     EXPECT_TRUE(pane.getData().isEmpty());
     EXPECT_TRUE(pane.getMaxMinMap().isEmpty());
+    EXPECT_FALSE(pane.hasData());
     EXPECT_EQ(pane.getFormulaSize(), 0);
-    EXPECT_EQ(pane.getMainGraph(), QString());
-    EXPECT_EQ(pane.getReqID(key("MA")), QString());
-    EXPECT_FALSE(pane.hasGroupModelIndex());
-    EXPECT_FALSE(pane.hasPythonIndex());
-    EXPECT_TRUE(pane.getAxisMinMax(1.0, 2.0, 3).isEmpty());
+    EXPECT_EQ(pane.m_requests.count(), 0);
+    EXPECT_TRUE(pane.m_spans.isEmpty());
+    EXPECT_TRUE(pane.m_marks.isEmpty());
+    EXPECT_EQ(pane.m_word, 0);
+    EXPECT_TRUE(pane.m_secondNames.isEmpty());
+    EXPECT_TRUE(pane.isDataLockFree());
+}
+
+TEST(IndexBaseData, IsAQObjectFirstAndHasNoParent)
+{
+    Pane pane;
+    EXPECT_EQ(static_cast<const void*>(static_cast<const QObject*>(&pane)), static_cast<const void*>(&pane));
+    EXPECT_NE(static_cast<const void*>(static_cast<const WB::CEventDeliverer*>(&pane)),
+              static_cast<const void*>(&pane));
     EXPECT_EQ(pane.parent(), nullptr);
+    EXPECT_STREQ(TC::IndexBaseData::staticMetaObject.className(), "TC::IndexBaseData");
 }
 
-TEST(PaneData, AnswersForWhatTheDerivedClassFilledIn)
+TEST(IndexBaseData, PassesEventsToTheParentDeliverer)
 {
-    Pane pane;
-    pane.m_data[key("MA")] = FormulaBuilder().line({ 1 }).build();
-    pane.m_maxMinMap[key("MA")] = { 2.0, 1.0 };
-    pane.m_formulas = { QStringLiteral("MA"), QStringLiteral("VOL") };
-    pane.m_requests.add(key("MA"), QStringLiteral("17"));
-    EXPECT_TRUE(pane.hasData());
-    EXPECT_EQ(pane.getData().size(), 1);
-    EXPECT_EQ(pane.getMaxMinMap().value(key("MA")), qMakePair(2.0, 1.0));
-    EXPECT_EQ(pane.getFormulas(), pane.m_formulas);
-    EXPECT_EQ(pane.getFormulaSize(), 2);
-    EXPECT_EQ(pane.getReqID(key("MA")), QStringLiteral("17"));
+    struct Panel : WB::CEventDeliverer
+    {
+        bool handleDeliveredEvent(int id, const QString&, void*) override
+        {
+            last = id;
+            return true;
+        }
+        int last = 0;
+    } panel;
+    Pane pane(&panel);
+    EXPECT_EQ(pane.parentDeliverer(), &panel);
+    EXPECT_TRUE(pane.deliverEvent(52, QString()));
+    EXPECT_EQ(panel.last, 52);
 }
 
-TEST(PaneData, LetsAThreadThatHoldsTheLockReadTheRanges)
+TEST(IndexBaseData, HandlesNoEventItself)
+{
+    EXPECT_FALSE(Pane().deliverEvent(52, QString()));
+}
+
+TEST(IndexBaseData, GivesTheDataItselfWithoutLocking)
 {
     Pane pane;
+    pane.m_data[{ text("SH600000"), text("MA") }] = test::FormulaBuilder().line({ 1.0 }).build();
     const boost::recursive_mutex::scoped_lock lock(pane.m_dataLock);
-    EXPECT_TRUE(pane.getMaxMinMap().isEmpty());
+    const auto elsewhere = std::async(std::launch::async, [&] { return &pane.getData(); });
+    ASSERT_EQ(elsewhere.wait_for(std::chrono::seconds(10)), std::future_status::ready);
+    EXPECT_EQ(&pane.getData(), &pane.m_data);
 }
 
-TEST(PaneData, DeliversEventsToItsParentLink)
+TEST(IndexBaseData, HasDataAsSoonAsOneResultStandsThere)
 {
-    struct Parent : WB::CEventDeliverer
+    Pane pane;
+    pane.m_data[{ text("SH600000"), text("MA") }] = {};
+    EXPECT_TRUE(pane.hasData());
+}
+
+TEST(IndexBaseData, CopiesTheMaxMinMap)
+{
+    Pane pane;
+    const TC::CFormulaKey key { text("SH600000"), text("MA") };
+    pane.m_maxMinMap[key] = { 12.0, 3.0 };
+    auto copy = pane.getMaxMinMap();
+    EXPECT_EQ(copy.value(key), qMakePair(12.0, 3.0));
+    copy[key].first = 99.0;
+    EXPECT_EQ(pane.m_maxMinMap[key].first, 12.0);
+}
+
+TEST(IndexBaseData, HolderOfTheDataLockMayAskForTheMaxMinMapAgain)
+{
+    Pane pane;
+    pane.m_maxMinMap[{}] = { 12.0, 3.0 };
+    const boost::recursive_mutex::scoped_lock lock(pane.m_dataLock);
+    EXPECT_EQ(pane.getMaxMinMap().size(), 1);
+    EXPECT_EQ(pane.getMaxMinMap().size(), 1);
+    EXPECT_FALSE(pane.isDataLockFree());
+}
+
+TEST(IndexBaseData, MaxMinMapWaitsForTheHolderOfTheDataLock)
+{
+    Pane pane;
+    std::future<int> waiting;
     {
-        bool handleDeliveredEvent(int id, const QString&, void*) override { return id == 5; }
-    } parent;
-    TC::IndexBaseData data(&parent);
-    EXPECT_TRUE(data.deliverEvent(5, QString()));
-    EXPECT_FALSE(data.deliverEvent(6, QString()));
+        const boost::recursive_mutex::scoped_lock lock(pane.m_dataLock);
+        waiting = std::async(std::launch::async, [&] { return pane.getMaxMinMap().size(); });
+        EXPECT_EQ(waiting.wait_for(std::chrono::milliseconds(50)), std::future_status::timeout);
+        pane.m_maxMinMap[{}] = { 12.0, 3.0 };
+    }
+    EXPECT_EQ(waiting.get(), 1);
 }
 
-TEST(IsMainGraph, KnowsTheBuiltInNamesWhateverTheirCase)
+TEST(IndexBaseData, ReleasesTheDataLockAfterTheCopy)
 {
-    TC::embedded::clearFormulas();
+    Pane pane;
+    pane.getMaxMinMap();
+    EXPECT_TRUE(pane.isDataLockFree());
+}
+
+TEST(IndexBaseData, ListsFormulasInDisplayOrderAsACopy)
+{
+    const auto pane = paneOf({ "MACD", "MA", "MA" });
+    QList<QString> names = pane->getFormulas();
+    EXPECT_EQ(names, (QList<QString> { text("MACD"), text("MA"), text("MA") }));
+    EXPECT_EQ(pane->getFormulaSize(), 3);
+    names.clear();
+    EXPECT_EQ(pane->getFormulaSize(), 3);
+}
+
+TEST(IsMainGraph, KnowsTheBuiltInSeriesWhateverTheirCase)
+{
     const Pane pane;
-    for (const char* name : { "REALTIME", "RealTimeVol", "kline", "价位线", "tickdata" })
-        EXPECT_TRUE(pane.isMainGraph(QString::fromUtf8(name))) << name;
-    for (const char* name : { "", "KLINE2", " KLINE", "MA" })
-        EXPECT_FALSE(pane.isMainGraph(QString::fromUtf8(name))) << name;
+    for (const char* name : { "REALTIME", "REALTIMEVOL", "KLINE", "价位线", "TICKDATA", "kline", "RealTime",
+                              "realTimeVol", "tickdata" })
+        EXPECT_TRUE(pane.isMainGraph(text(name))) << name;
 }
 
-TEST(IsMainGraph, AsksForAKindOfExactlyTwoByDisplayName)
+TEST(IsMainGraph, ComparesTheWholeName)
 {
-    TC::embedded::clearFormulas();
-    addFormula("shown2", "real2", 2);
-    addFormula("shown3", "real3", 3);
     const Pane pane;
-    EXPECT_TRUE(pane.isMainGraph(QStringLiteral("shown2")));
-    EXPECT_FALSE(pane.isMainGraph(QStringLiteral("real2")));
-    EXPECT_FALSE(pane.isMainGraph(QStringLiteral("shown3")));
+    for (const char* name : { "KLINE2", " KLINE", "KLIN", "REALTIMEV", "价位", "" })
+        EXPECT_FALSE(pane.isMainGraph(text(name))) << name;
 }
 
-TEST(GetMainGraph, GivesTheFirstThatTheVirtualTestAccepts)
+TEST(IsMainGraph, DoesNotAskTheManagerAboutBuiltInSeries)
 {
-    struct Overridden : Pane
+    addFormula("KLINE", 0);
+    EXPECT_TRUE(Pane().isMainGraph(text("KLINE")));
+}
+
+TEST(IsMainGraph, AcceptsAFormulaOfKindTwoOnly)
+{
+    const Pane pane;
+    for (const int kind : { INT_MIN, -2, 0, 1, 3, 4, 6, INT_MAX }) {
+        addFormula("BOLL", kind);
+        EXPECT_FALSE(pane.isMainGraph(text("BOLL"))) << kind;
+    }
+    addFormula("BOLL", 2);
+    EXPECT_TRUE(pane.isMainGraph(text("BOLL")));
+}
+
+TEST(IsMainGraph, RefusesAFormulaThatNobodyKnows)
+{
+    EXPECT_FALSE(Pane().isMainGraph(text("UNKNOWN")));
+}
+
+TEST(IsMainGraph, AsksTheManagerAboutTheEmptyName)
+{
+    addFormula("", 2);
+    EXPECT_TRUE(Pane().isMainGraph(QString()));
+}
+
+TEST(MainGraph, IsTheFirstThatCountsInListOrder)
+{
+    addFormula("BOLL", 2);
+    EXPECT_EQ(paneOf({ "MACD", "BOLL", "KLINE" })->getMainGraph(), text("BOLL"));
+    EXPECT_EQ(paneOf({ "MACD", "kline", "BOLL" })->getMainGraph(), text("kline"));
+}
+
+TEST(MainGraph, IsEmptyWithoutFormulasAndWithoutAMainOne)
+{
+    EXPECT_TRUE(Pane().getMainGraph().isEmpty());
+    EXPECT_TRUE(paneOf({ "MACD", "VOL" })->getMainGraph().isEmpty());
+}
+
+TEST(MainGraph, AsksTheDerivedClass)
+{
+    struct OwnRule : Pane
     {
-        bool isMainGraph(QString name) const override { return name == QStringLiteral("b"); }
+        bool isMainGraph(QString name) const override { return name == text("MACD"); }
     } pane;
-    pane.m_formulas = { QStringLiteral("KLINE"), QStringLiteral("b") };
-    EXPECT_EQ(pane.getMainGraph(), QStringLiteral("b"));
-    Pane plain;
-    plain.m_formulas = { QStringLiteral("VOL"), QStringLiteral("kline"), QStringLiteral("REALTIME") };
-    EXPECT_EQ(plain.getMainGraph(), QStringLiteral("kline"));
+    pane.m_formulas = { text("KLINE"), text("MACD") };
+    EXPECT_EQ(pane.getMainGraph(), text("MACD"));
 }
 
-TEST(GetShowName, IsTheFirstNameOfTheFormula)
-{
-    addFormula("shown", "real", 0);
-    Pane pane;
-    EXPECT_EQ(pane.getShowName(QStringLiteral("shown")), QStringLiteral("shown"));
-    EXPECT_EQ(pane.getShowName(QStringLiteral("nobody")), QString());
-}
-
-TEST(PaneData, KnowsGroupModelsAndScripts)
-{
-    addFormula("group", "g", 0, true, false);
-    addFormula("script", "s", 0, false, true);
-    Pane pane;
-    pane.m_formulas = { QStringLiteral("MA"), QStringLiteral("group") };
-    EXPECT_TRUE(pane.hasGroupModelIndex());
-    EXPECT_FALSE(pane.hasPythonIndex());
-    pane.m_formulas = { QStringLiteral("unknown"), QStringLiteral("script") };
-    EXPECT_FALSE(pane.hasGroupModelIndex());
-    EXPECT_TRUE(pane.hasPythonIndex());
-}
-
-TEST(IsNeedYAxis, AnswersFromTheFirstColumn)
+TEST(AxisMinMax, IsEmptyWhateverIsAsked)
 {
     Pane pane;
-    for (int drawType : { 0, 2, 10, 11, 27, 37 }) {
-        auto cache = FormulaBuilder().output("o", drawType, { { 1 }, { 2 } }).build();
-        cache.result.columnNeedsAxis = { 0, 1 };
-        EXPECT_FALSE(pane.isNeedYAxis(cache, 0)) << drawType;
-        cache.result.columnNeedsAxis = { 1, 0 };
-        EXPECT_TRUE(pane.isNeedYAxis(cache, 0)) << drawType;
-    }
+    for (const double value : { 0.0, -1.0, DBL_MAX, double(INFINITY), double(NAN) })
+        for (const int count : { INT_MIN, -1, 0, 5, INT_MAX })
+            EXPECT_TRUE(pane.getAxisMinMax(value, -value, count).isEmpty());
 }
 
-TEST(IsNeedYAxis, AnswersFromTheSecondColumnOfGatedOutputs)
+TEST(ReqID, IsTheRequestOfTheKeyAndEmptyWithoutOne)
 {
     Pane pane;
-    for (int drawType : { 13, 19, 26, 28 }) {
-        auto cache = FormulaBuilder().output("o", drawType, { { 1 }, { 2 } }).build();
-        cache.result.columnNeedsAxis = { 1, 0 };
-        EXPECT_FALSE(pane.isNeedYAxis(cache, 0)) << drawType;
-        cache.meta.outputColumns = { { 1 } }; // one column only
-        EXPECT_TRUE(pane.isNeedYAxis(cache, 0)) << drawType;
-    }
+    pane.m_requests.add({ text("SH600000"), text("MA") }, text("17"));
+    EXPECT_EQ(pane.getReqID({ text("SH600000"), text("MA") }), text("17"));
+    EXPECT_TRUE(pane.getReqID({ text("SZ000001"), text("MA") }).isEmpty());
 }
 
-TEST(IsNeedYAxis, IsTrueOnEveryDoubt)
+TEST(ShowName, IsTheFirstTextOfTheFormula)
 {
+    TC::CFormulaDetail formula;
+    formula.displayName = text("均线");
+    formula.realName = text("MEAN");
+    TC::embedded::setFormula(formula);
     Pane pane;
-    for (int drawType : { 1, 3, 4, 5, 9, 12, 31, 34, 36, -1, 38, 42 }) {
-        const auto cache = FormulaBuilder().output("o", drawType, { { 1 } }).offAxis().build();
-        EXPECT_TRUE(pane.isNeedYAxis(cache, 0)) << drawType;
-    }
-    auto cache = FormulaBuilder().line({ 1 }).offAxis().build();
-    EXPECT_FALSE(pane.isNeedYAxis(cache, 0));
-    EXPECT_TRUE(pane.isNeedYAxis(cache, 1));
-    EXPECT_TRUE(pane.isNeedYAxis(cache, -1));
-    cache.meta.outputCount = 0; // the vectors decide, not the count
-    EXPECT_FALSE(pane.isNeedYAxis(cache, 0));
-    cache.meta.outputColumns = { {} };
-    EXPECT_TRUE(pane.isNeedYAxis(cache, 0));
-    cache.meta.outputColumns = { { 9 } };
-    EXPECT_TRUE(pane.isNeedYAxis(cache, 0));
-    cache.meta.outputColumns = { { 0 } };
-    cache.meta.drawType.clear();
-    EXPECT_TRUE(pane.isNeedYAxis(cache, 0));
+    EXPECT_EQ(pane.getShowName(text("均线")), text("均线"));
 }
 
-TEST_F(BacktestFigures, AreTheLastValuesOfTheOutputsOfThatName)
+TEST(ShowName, IsEmptyForAnUnknownFormulaAndForARealName)
 {
-    pane.m_data[key("S")] = FormulaBuilder()
-                                .output("年化收益", 0, { { 0.1, 0.2 } })
-                                .output("胜率", 42, { { 0.5, 0.6 } })
-                                .output("年化收益 ", 0, { { 9, 9 } }) // not the whole name
-                                .build();
-    update();
-    EXPECT_EQ(m_ids, QVector<QString> { QStringLiteral("id") });
-    EXPECT_EQ(
-        m_figures,
-        (QMap<QString, double> { { QStringLiteral("年化收益"), 0.2 }, { QStringLiteral("胜率"), 0.6 } }));
+    TC::CFormulaDetail formula;
+    formula.displayName = text("均线");
+    formula.realName = text("MEAN");
+    TC::embedded::setFormula(formula);
+    EXPECT_TRUE(Pane().getShowName(text("MEAN")).isEmpty());
+    EXPECT_TRUE(Pane().getShowName(QString()).isEmpty());
 }
 
-TEST_F(BacktestFigures, OfALaterKeyReplaceThoseOfAnEarlierOne)
+TEST(GroupModelIndex, IsFoundAmongTheFormulas)
 {
-    pane.m_data[key("B")] = FormulaBuilder().output("胜率", 0, { { 2 } }).build();
-    pane.m_data[key("A")] = FormulaBuilder().output("胜率", 0, { { 1 } }).build();
-    update();
-    EXPECT_EQ(m_figures.value(QStringLiteral("胜率")), 2.0);
+    addFormula("MA", 0);
+    TC::CFormulaDetail group;
+    group.displayName = text("GROUP");
+    group.groupModel = true;
+    TC::embedded::setFormula(group);
+    EXPECT_TRUE(paneOf({ "MA", "GROUP" })->hasGroupModelIndex());
+    EXPECT_FALSE(paneOf({ "MA", "UNKNOWN" })->hasGroupModelIndex());
+    EXPECT_FALSE(Pane().hasGroupModelIndex());
+    EXPECT_FALSE(paneOf({ "GROUP" })->hasPythonIndex());
 }
 
-TEST_F(BacktestFigures, AreHandedOverEvenWhenThereAreNone)
+TEST(PythonIndex, IsFoundAmongTheFormulas)
 {
-    update();
-    EXPECT_EQ(calls, 1);
-    EXPECT_TRUE(m_figures.isEmpty());
-    pane.m_data[key("S")] = FormulaBuilder().output("胜率", 0, { { 1, 2 } }).valid({ 1, 0 }).build();
-    update();
-    EXPECT_EQ(calls, 2);
-    EXPECT_TRUE(m_figures.isEmpty()); // the last bar is invalid; earlier ones do not count
-}
-
-TEST_F(BacktestFigures, LeaveOutDrawTypesWithoutAFigure)
-{
-    for (int drawType : { 12, 13, 19, 26, 28, 31, 34, 36 }) {
-        pane.m_data[key("S")] = FormulaBuilder().output("胜率", drawType, { { 1 } }).build();
-        update();
-        EXPECT_TRUE(m_figures.isEmpty()) << drawType;
-    }
-}
-
-TEST_F(BacktestFigures, DoNotLookAtWidthTypeOrMarker)
-{
-    pane.m_data[key("S")] =
-        FormulaBuilder().output("胜率", 0, { { DBL_MAX } }).width(0).columnType(3).build();
-    update();
-    EXPECT_EQ(m_figures.value(QStringLiteral("胜率")), DBL_MAX);
-}
-
-TEST_F(BacktestFigures, SurviveRecordsThatAreShort)
-{
-    auto cache = FormulaBuilder().output("胜率", 0, { { 1, 2 } }).output("年化收益", 0, { { 3, 4 } }).build();
-    cache.result.numberSeries[0].resize(1);
-    cache.meta.outputCount = 99;
-    pane.m_data[key("S")] = cache;
-    update();
-    EXPECT_EQ(m_figures, (QMap<QString, double> { { QStringLiteral("年化收益"), 4.0 } }));
-    cache.result.barValid.clear();
-    pane.m_data[key("S")] = cache;
-    update();
-    EXPECT_TRUE(m_figures.isEmpty());
-}
-
-TEST(ResultCache, CopiesAreDeepAndCarryTheExtraWords)
-{
-    TC::RPCFormulaResultCache cache = FormulaBuilder().line({ 1 }).build();
-    cache.extra1 = 0xFFFFFFFFFFFFFFFFull;
-    cache.extra2 = 42;
-    TC::RPCFormulaResultCache copy = cache;
-    copy.result.numberSeries[0][0] = 9.0;
-    EXPECT_EQ(cache.result.numberSeries[0][0], 1.0);
-    EXPECT_EQ(copy.extra1, 0xFFFFFFFFFFFFFFFFull);
-    EXPECT_EQ(copy.extra2, 42u);
+    addFormula("MA", 0);
+    TC::CFormulaDetail script;
+    script.displayName = text("SCRIPT");
+    script.script = true;
+    TC::embedded::setFormula(script);
+    EXPECT_TRUE(paneOf({ "MA", "SCRIPT" })->hasPythonIndex());
+    EXPECT_FALSE(paneOf({ "MA", "UNKNOWN" })->hasPythonIndex());
+    EXPECT_FALSE(Pane().hasPythonIndex());
+    EXPECT_FALSE(paneOf({ "SCRIPT" })->hasGroupModelIndex());
 }

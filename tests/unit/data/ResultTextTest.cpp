@@ -1,299 +1,444 @@
-#include "apps/chart/NamedFormula.h"
-#include "apps/chart/TextExport.h"
-#include "data/IndexBaseData.h"
-#include "engine/BarFile.h"
-#include "tests/support/DamagedFormula.h"
 #include "tests/support/FormulaBuilder.h"
-#include "tests/support/Seeds.h"
-#include "tests/support/Trace.h"
-
-#include <QFile>
-#include <QTemporaryDir>
+#include "tests/support/Pane.h"
+#include "tests/support/TimeZone.h"
 
 #include <gtest/gtest.h>
 
 #include <cfloat>
 #include <climits>
-#include <cstring>
 #include <cmath>
-#include <ctime>
 #include <locale>
-#include <random>
-#include <sstream>
+
+using test::FormulaBuilder;
+using Cache = TC::RPCFormulaResultCache;
 
 namespace {
 
-using test::FormulaBuilder;
+constexpr std::int64_t kMinute = 60'000, kDay = 86'400'000;
 
-constexpr std::int64_t kDay = 86'400'000;
-
-struct Text
+std::string exported(Cache cache, bool withTime = false)
 {
-    TC::IndexBaseData data { nullptr };
-
-    std::string one(TC::RPCFormulaResultCache cache, bool withTime = false)
-    {
-        return data.getResultTxtStr(cache.result, cache.meta, withTime);
-    }
-    std::string several(std::vector<TC::RPCFormulaResultCache> caches)
-    {
-        std::vector<se::RPCFormulaResult> results;
-        std::vector<se::RPCFormulaMetaResult> metas;
-        for (const auto& cache : caches) {
-            results.push_back(cache.result);
-            metas.push_back(cache.meta);
-        }
-        return data.getResultTxtStr(results, metas, false);
-    }
-    std::string time(std::int64_t msecs, bool withTime = true)
-    {
-        se::RPCFormulaResult result;
-        result.barTimes = { { msecs, 0 } };
-        return data.getTimeSlide(0, result, withTime);
-    }
-    std::string cell(double value, int columnType)
-    {
-        auto cache = FormulaBuilder().line({ value }).columnType(columnType).build();
-        return data.getDataSlide(0, 0, cache.result, cache.meta);
-    }
-};
-
-/// What a fresh stream of the classic locale writes.
-std::string streamed(double value, bool fixed)
-{
-    std::ostringstream out;
-    out.imbue(std::locale::classic());
-    if (fixed) {
-        out << std::fixed;
-        out.precision(4);
-    }
-    out << ',' << value;
-    return out.str();
+    return test::Pane().getResultTxtStr(cache.result, cache.meta, withTime);
 }
+
+std::string sideBySide(const std::vector<Cache>& caches, bool withTime = false)
+{
+    std::vector<se::RPCFormulaResult> results;
+    std::vector<se::RPCFormulaMetaResult> metas;
+    for (const Cache& cache : caches) {
+        results.push_back(cache.result);
+        metas.push_back(cache.meta);
+    }
+    return test::Pane().getResultTxtStr(results, metas, withTime);
+}
+
+std::string cell(Cache cache, int output = 0, int bar = 0)
+{
+    return test::Pane().getDataSlide(output, bar, cache.result, cache.meta);
+}
+
+std::string numberCell(double value, int columnType)
+{
+    return cell(FormulaBuilder().line({ value }).columnType(columnType).build());
+}
+
+std::string padded(int value, int width)
+{
+    return test::Pane().getLengthStr(value, width);
+}
+
+/// Decimal comma, grouped thousands: what a user's locale may do to numbers.
+struct CommaPunctuation : std::numpunct<char>
+{
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
 
 } // namespace
 
-TEST(GetLengthStr, PadsWithZerosInFrontOfTheSign)
+TEST(LengthStr, PutsZerosInFrontUpToTheWidth)
 {
-    TC::IndexBaseData data(nullptr);
-    EXPECT_EQ(data.getLengthStr(7, 2), "07");
-    EXPECT_EQ(data.getLengthStr(2024, 2), "2024");
-    EXPECT_EQ(data.getLengthStr(-5, 3), "0-5");
-    EXPECT_EQ(data.getLengthStr(0, 0), "0");
-    EXPECT_EQ(data.getLengthStr(INT_MIN, 12), "0-2147483648");
-    EXPECT_EQ(data.getLengthStr(3, -4), "3");
+    EXPECT_EQ(padded(7, 2), "07");
+    EXPECT_EQ(padded(0, 4), "0000");
+    EXPECT_EQ(padded(34, 4), "0034");
 }
 
-TEST(GetTimeSlide, ShowsLocalDateAndTimeWithoutSeconds)
+TEST(LengthStr, LeavesLongTextsUnchanged)
 {
-    Text text; // the tests run in the zone of Shanghai, UTC + 8
-    EXPECT_EQ(text.time(1'709'602'259'999), "2024/03/05 09:30");
-    EXPECT_EQ(text.time(1'709'602'259'999, false), "2024/03/05");
+    EXPECT_EQ(padded(2024, 2), "2024");
+    EXPECT_EQ(padded(2024, 4), "2024");
+    EXPECT_EQ(padded(12345, 4), "12345");
 }
 
-TEST(GetTimeSlide, TruncatesTowardZeroBefore1970)
+TEST(LengthStr, PutsZerosBeforeTheSignWhichCounts)
 {
-    Text text;
-    EXPECT_EQ(text.time(0), "1970/01/01 08:00");
-    EXPECT_EQ(text.time(-999), "1970/01/01 08:00"); // less than a second before
-    EXPECT_EQ(text.time(-1000), "1970/01/01 07:59");
-    EXPECT_EQ(text.time(-30 * kDay, false), "1969/12/02");
+    EXPECT_EQ(padded(-5, 3), "0-5");
+    EXPECT_EQ(padded(-5, 2), "-5");
+    EXPECT_EQ(padded(-5, 1), "-5");
 }
 
-TEST(GetTimeSlide, FollowsTheRulesOfTheZone)
+TEST(LengthStr, HoldsForEveryIntAndForWidthsBelowOne)
 {
-    qputenv("TZ", "America/New_York");
-    tzset();
-    Text text;
-    EXPECT_EQ(text.time(1'710'053'940'000), "2024/03/10 01:59"); // the last minute of winter time
-    EXPECT_EQ(text.time(1'710'054'000'000), "2024/03/10 03:00");
-    EXPECT_EQ(text.time(1'730'613'540'000), "2024/11/03 01:59");
-    EXPECT_EQ(text.time(1'730'613'600'000), "2024/11/03 01:00");
-    qputenv("TZ", "Asia/Shanghai");
-    tzset();
+    EXPECT_EQ(padded(INT_MIN, 12), "0-2147483648");
+    EXPECT_EQ(padded(INT_MAX, 0), "2147483647");
+    EXPECT_EQ(padded(5, -1), "5");
+    EXPECT_EQ(padded(5, INT_MIN), "5");
 }
 
-TEST(GetTimeSlide, GoesBeyondTheYear9999AndToTheEndsOfTime)
+TEST(DataSlide, WritesType0WithFourFixedDecimals)
 {
-    Text text;
-    EXPECT_EQ(text.time(253'402'300'800'000, false), "10000/01/01");
-    for (std::int64_t extreme : { INT64_MAX, INT64_MIN })
-        EXPECT_FALSE(text.time(extreme).empty());
-    TC::IndexBaseData data(nullptr);
-    se::RPCFormulaResult empty;
-    EXPECT_EQ(data.getTimeSlide(0, empty, true), "");
-    EXPECT_EQ(data.getTimeSlide(-1, empty, true), "");
+    EXPECT_EQ(numberCell(1.5, 0), ",1.5000");
+    EXPECT_EQ(numberCell(-3.0, 0), ",-3.0000");
+    EXPECT_EQ(numberCell(1234567.891, 0), ",1234567.8910");
 }
 
-TEST(GetDataSlide, WritesByColumnType)
+TEST(DataSlide, WritesTypes1And2WithSixSignificantDigits)
 {
-    Text text;
-    EXPECT_EQ(text.cell(1.5, 0), ",1.5000");
-    EXPECT_EQ(text.cell(1.5, 1), ",1.5");
-    EXPECT_EQ(text.cell(1.0, 2), ",1");
-    EXPECT_EQ(text.cell(1e6, 1), ",1e+06");
-    EXPECT_EQ(text.cell(DBL_MAX, 1), ",1.79769e+308");
-    for (int type : { 200, 4, -1 })
-        EXPECT_EQ(text.cell(1.5, type), "") << type; // not even the comma
-}
-
-TEST(GetDataSlide, WritesTextsAsTheyStand)
-{
-    auto cache = FormulaBuilder().output("t", 0, {}).texts({ "a,\"b\"" }).build();
-    TC::IndexBaseData data(nullptr);
-    EXPECT_EQ(data.getDataSlide(0, 0, cache.result, cache.meta), ",a,\"b\"");
-}
-
-TEST(GetDataSlide, WritesNothingForWhatDoesNotExist)
-{
-    auto cache = FormulaBuilder().line({ 1 }).build();
-    TC::IndexBaseData data(nullptr);
-    for (int place : { -1, 1, INT_MAX }) {
-        EXPECT_EQ(data.getDataSlide(place, 0, cache.result, cache.meta), "");
-        EXPECT_EQ(data.getDataSlide(0, place, cache.result, cache.meta), "");
+    for (const int type : { 1, 2 }) {
+        EXPECT_EQ(numberCell(1.5, type), ",1.5");
+        EXPECT_EQ(numberCell(0.0, type), ",0");
+        EXPECT_EQ(numberCell(3.14159265, type), ",3.14159");
+        EXPECT_EQ(numberCell(1e6, type), ",1e+06");
+        EXPECT_EQ(numberCell(123456.0, type), ",123456");
+        EXPECT_EQ(numberCell(0.00001, type), ",1e-05");
     }
 }
 
-TEST(GetDataSlide, WritesNumbersAsAFreshStreamDoes)
+TEST(DataSlide, DoesNotBlankMissingNumbers)
 {
-    Text text;
-    std::mt19937_64 random(7);
-    std::vector<double> values {
-        0.0,     -0.0,     1e6,     999999.5, 123456.5, 1e-5,      9.99995e-5,
-        5e-324,  2.2e-308, DBL_MAX, -DBL_MAX, INFINITY, -INFINITY, static_cast<double>(NAN),
-        0.00005, 1.00005,  100000,  1000000
-    };
-    for (int i = 0; i < 20'000; ++i) {
-        double value = 0.0;
-        const std::uint64_t bits = random();
-        std::memcpy(&value, &bits, sizeof value);
-        values.push_back(value);
-        values.push_back(static_cast<double>(static_cast<std::int64_t>(bits) % 100'000'000) / 1000.0);
+    EXPECT_EQ(numberCell(DBL_MAX, 1), ",1.79769e+308");
+    EXPECT_EQ(numberCell(2147483647.0, 1), ",2.14748e+09");
+    EXPECT_EQ(numberCell(INFINITY, 1), ",inf");
+    EXPECT_EQ(numberCell(-INFINITY, 0), ",-inf");
+    EXPECT_EQ(numberCell(std::abs(NAN), 0), ",nan");
+    // 309 digits, a point and four decimals behind the comma.
+    EXPECT_EQ(numberCell(DBL_MAX, 0).size(), 1u + 309 + 1 + 4);
+}
+
+TEST(DataSlide, KeepsTheSignOfZero)
+{
+    EXPECT_EQ(numberCell(-0.0, 0), ",-0.0000");
+    EXPECT_EQ(numberCell(-0.0, 1), ",-0");
+    EXPECT_EQ(numberCell(-0.00001, 0), ",-0.0000");
+}
+
+TEST(DataSlide, WritesTextsAsTheyStand)
+{
+    const Cache cache = FormulaBuilder().output("out", 0, {}).texts({ "买,\"入\"", "", "a\nb" }).build();
+    EXPECT_EQ(cell(cache, 0, 0), ",买,\"入\"");
+    EXPECT_EQ(cell(cache, 0, 1), ",");
+    EXPECT_EQ(cell(cache, 0, 2), ",a\nb");
+}
+
+TEST(DataSlide, ReadsTextsFromTheTextTable)
+{
+    Cache cache = FormulaBuilder().series({ 5.0 }).output("out", 0, {}).texts({ "text" }).build();
+    EXPECT_EQ(cell(cache), ",text");
+    cache.result.textSeries.clear();
+    EXPECT_EQ(cell(cache), "");
+}
+
+TEST(DataSlide, WritesNothingForOtherColumnTypes)
+{
+    for (const int type : { INT_MIN, -1, 4, 199, 200, 201, INT_MAX })
+        EXPECT_EQ(numberCell(1.5, type), "") << type;
+}
+
+TEST(DataSlide, TakesTheFirstColumnOfSeveral)
+{
+    EXPECT_EQ(cell(FormulaBuilder().output("out", 12, { { 1.0 }, { 2.0 } }).build()), ",1.0000");
+}
+
+TEST(DataSlide, FollowsTheColumnToItsSeriesAndType)
+{
+    const Cache cache =
+        FormulaBuilder().series({ 9.0 }).line({ 1.0, 2.5 }).columnType(1).line({ 3.0 }).build();
+    EXPECT_EQ(cell(cache, 0, 1), ",2.5");
+    EXPECT_EQ(cell(cache, 1, 0), ",3.0000");
+}
+
+TEST(DataSlide, LooksAtNoValidityFlag)
+{
+    EXPECT_EQ(cell(FormulaBuilder().line({ 1.5 }).valid({ 0 }).build()), ",1.5000");
+}
+
+TEST(DataSlide, WritesNothingForAnIndexThatLeadsNowhere)
+{
+    const Cache sound = FormulaBuilder().line({ 1.5 }).build();
+    for (const int wild : { INT_MIN, -1, 1, INT_MAX }) {
+        EXPECT_EQ(cell(sound, wild, 0), "");
+        EXPECT_EQ(cell(sound, 0, wild), "");
+        Cache damaged = sound;
+        damaged.meta.outputColumns[0][0] = wild;
+        EXPECT_EQ(cell(damaged), "");
+        damaged = sound;
+        damaged.result.columnSeries[0] = wild;
+        EXPECT_EQ(cell(damaged), "");
     }
-    for (double value : values) {
-        EXPECT_EQ(text.cell(value, 0), streamed(value, true));
-        EXPECT_EQ(text.cell(value, 1), streamed(value, false));
-    }
 }
 
-TEST(OneFormulaText, HasAHeaderAndALinePerValidBar)
+TEST(DataSlide, WritesNothingWhereAVectorIsEmpty)
 {
-    EXPECT_EQ(Text().one(FormulaBuilder().line({ 1, 2, 3 }).line({ 4, 5, 6 }).valid({ 1, 0, 1 }).build()),
-              "时间,line,line\n1970/01/01,1.0000,4.0000\n1970/01/03,3.0000,6.0000\n");
+    const Cache sound = FormulaBuilder().line({ 1.5 }).build();
+    Cache damaged = sound;
+    damaged.meta.outputColumns[0].clear();
+    EXPECT_EQ(cell(damaged), "");
+    damaged = sound;
+    damaged.result.columnType.clear();
+    EXPECT_EQ(cell(damaged), "");
+    damaged = sound;
+    damaged.result.columnSeries.clear();
+    EXPECT_EQ(cell(damaged), "");
+    damaged = sound;
+    damaged.result.numberSeries[0].clear();
+    EXPECT_EQ(cell(damaged), "");
 }
 
-TEST(OneFormulaText, ShowsTheTimeOnRequest)
+TEST(DataSlide, OneCellLeavesNoTraceInTheNext)
 {
-    EXPECT_EQ(Text().one(FormulaBuilder().line({ 1 }).build(), true), "时间,line\n1970/01/01 08:00,1.0000\n");
+    const Cache cache = FormulaBuilder()
+                            .line({ 1.5 })
+                            .line({ 1234.5678 })
+                            .columnType(1)
+                            .line({ 2.25 })
+                            .line({ 0.1234567 })
+                            .columnType(2)
+                            .build();
+    EXPECT_EQ(exported(cache), "时间,line,line,line,line\n1970/01/01,1.5000,1234.57,2.2500,0.123457\n");
 }
 
-TEST(OneFormulaText, ExportsOutputsOfOneColumnWhateverTheirStyle)
+TEST(DataSlide, IgnoresTheGlobalLocale)
 {
-    EXPECT_EQ(Text().one(FormulaBuilder()
-                             .output("two", 12, { { 1 }, { 2 } })
-                             .output("none", 0, {})
-                             .output("hidden__noshow", 31, { { 3 } })
-                             .width(0)
-                             .build()),
-              "时间,hidden__noshow\n1970/01/01,3.0000\n");
-    EXPECT_EQ(Text().one(FormulaBuilder().output("two", 12, { { 1 }, { 2 } }).build()), "时间\n1970/01/01\n");
+    const std::locale former = std::locale::global(std::locale(std::locale(), new CommaPunctuation));
+    const Cache cache =
+        FormulaBuilder().line({ 1234567.5 }).line({ 12345.5 }).columnType(1).times({ 0 }).build();
+    const std::string text = exported(cache);
+    std::locale::global(former);
+    EXPECT_EQ(text, "时间,line,line\n1970/01/01,1234567.5000,12345.5\n");
 }
 
-TEST(OneFormulaText, IsTheHeaderAloneWithoutBars)
+TEST(ResultText, WritesAHeaderAndALineABar)
 {
-    EXPECT_EQ(Text().one(FormulaBuilder().line({}).build()), "时间,line\n");
-    EXPECT_EQ(Text().one(TC::RPCFormulaResultCache()), "时间\n");
+    const Cache cache = FormulaBuilder()
+                            .output("MA5", 0, { { 10.0, 10.5 } })
+                            .output("DIF", 0, { { 0.25, -0.5 } })
+                            .columnType(1)
+                            .output("信号", 0, {})
+                            .texts({ "买", "卖" })
+                            .times({ 1'709'602'200'000, 1'709'602'200'000 + kMinute })
+                            .build();
+    // 1709602200 = 2024-03-05 01:30 UTC, 09:30 in Shanghai
+    EXPECT_EQ(exported(cache, true),
+              "时间,MA5,DIF,信号\n"
+              "2024/03/05 09:30,10.0000,0.25,买\n"
+              "2024/03/05 09:31,10.5000,-0.5,卖\n");
+    EXPECT_EQ(exported(cache, false),
+              "时间,MA5,DIF,信号\n"
+              "2024/03/05,10.0000,0.25,买\n"
+              "2024/03/05,10.5000,-0.5,卖\n");
 }
 
-TEST(SeveralFormulasText, StandSideBySideOnTheBarsOfTheFirst)
+TEST(ResultText, HoldsOnlyTheHeaderWithoutBars)
 {
-    EXPECT_EQ(
-        Text().several({ FormulaBuilder().line({ 1, 2 }).build(), FormulaBuilder().line({ 7, 8 }).build() }),
-        "时间,line,line\n1970/01/01,1.0000,7.0000\n1970/01/02,2.0000,8.0000\n");
+    Cache cache = FormulaBuilder().line({ 1.0 }).build();
+    cache.result.barTimes.clear();
+    EXPECT_EQ(exported(cache), "时间,line\n");
+    EXPECT_EQ(exported(Cache()), "时间\n");
 }
 
-TEST(SeveralFormulasText, HasNoBodyWhenTheFirstBarIsInvalidAndKeepsLaterInvalidBars)
+TEST(ResultText, LeavesOutputsOfNoOrSeveralColumnsOut)
 {
-    EXPECT_EQ(Text().several({ FormulaBuilder().line({ 1, 2 }).valid({ 0, 1 }).build() }), "时间,line\n");
-    EXPECT_EQ(Text().several({ FormulaBuilder().line({ 1, 2 }).valid({ 1, 0 }).build() }),
+    const Cache cache = FormulaBuilder()
+                            .output("NONE", 0, {})
+                            .output("ONE", 0, { { 1.0 } })
+                            .output("KLINE", 12, { { 1.0 }, { 2.0 }, { 3.0 }, { 4.0 } })
+                            .output("LAST", 0, { { 2.0 } })
+                            .build();
+    EXPECT_EQ(exported(cache), "时间,ONE,LAST\n1970/01/01,1.0000,2.0000\n");
+}
+
+TEST(ResultText, HoldsOnlyTimesWhenEveryOutputHasTwoColumns)
+{
+    const Cache cache = FormulaBuilder().output("A", 0, { { 1.0, 1.0 }, { 2.0, 2.0 } }).build();
+    EXPECT_EQ(exported(cache), "时间\n1970/01/01\n1970/01/02\n");
+}
+
+TEST(ResultText, ExportsWhateverTheStyleOfAnOutput)
+{
+    const Cache cache = FormulaBuilder().output("", 36, { { 1.0 } }).width(0).offAxis().build();
+    EXPECT_EQ(exported(cache), "时间,\n1970/01/01,1.0000\n");
+}
+
+TEST(ResultText, DoesNotQuoteNames)
+{
+    EXPECT_EQ(exported(FormulaBuilder().output("a,\"b\"", 0, { { 1.0 } }).build()),
+              "时间,a,\"b\"\n1970/01/01,1.0000\n");
+}
+
+TEST(ResultText, SkipsInvalidBars)
+{
+    EXPECT_EQ(exported(FormulaBuilder().line({ 1.0, 2.0, 3.0 }).valid({ 0, 1, -1 }).build()),
+              "时间,line\n1970/01/02,2.0000\n1970/01/03,3.0000\n");
+}
+
+TEST(ResultText, TakesBarsWithoutAFlagForInvalid)
+{
+    EXPECT_EQ(exported(FormulaBuilder().line({ 1.0, 2.0 }).valid({ 1 }).build()),
+              "时间,line\n1970/01/01,1.0000\n");
+}
+
+TEST(ResultText, RowsOfAnUnexportedTypeHaveFewerCellsThanTheHeader)
+{
+    const Cache cache = FormulaBuilder().line({ 1.0 }).line({ 2.0 }).columnType(200).line({ 3.0 }).build();
+    EXPECT_EQ(exported(cache), "时间,line,line,line\n1970/01/01,1.0000,3.0000\n");
+}
+
+TEST(ResultText, StopsAtTheOutputCountAndAtTheRecords)
+{
+    Cache cache = FormulaBuilder().line({ 1.0 }).line({ 2.0 }).build();
+    cache.meta.outputCount = 1;
+    EXPECT_EQ(exported(cache), "时间,line\n1970/01/01,1.0000\n");
+    cache.meta.outputCount = -1;
+    EXPECT_EQ(exported(cache), "时间\n1970/01/01\n");
+    cache.meta.outputCount = INT_MAX;
+    EXPECT_EQ(exported(cache), "时间,line,line\n1970/01/01,1.0000,2.0000\n");
+}
+
+TEST(ResultText, WritesAnEmptyNameWhereNamesAreShort)
+{
+    Cache cache = FormulaBuilder().line({ 1.0 }).line({ 2.0 }).build();
+    cache.meta.outputNames.resize(1);
+    EXPECT_EQ(exported(cache), "时间,line,\n1970/01/01,1.0000,2.0000\n");
+}
+
+TEST(ResultText, LeavesTheCellOutWhereASeriesEnds)
+{
+    EXPECT_EQ(exported(FormulaBuilder().line({ 1.0 }).line({ 5.0, 6.0 }).build()),
+              "时间,line,line\n1970/01/01,1.0000,5.0000\n1970/01/02,6.0000\n");
+}
+
+TEST(ResultText, NeverChangesTheRecords)
+{
+    Cache cache = FormulaBuilder().line({ 1.0, 2.0 }).build();
+    const Cache before = cache;
+    test::Pane().getResultTxtStr(cache.result, cache.meta, true);
+    EXPECT_EQ(cache.meta.outputColumns, before.meta.outputColumns);
+    EXPECT_EQ(cache.result.numberSeries, before.result.numberSeries);
+}
+
+TEST(SideBySideText, AlignsFormulasOnTheFirstOnesBars)
+{
+    const std::string text = sideBySide(
+        { FormulaBuilder().output("A", 0, { { 1.0, 2.0, 3.0 } }).times({ 0, kDay, 2 * kDay }).build(),
+          FormulaBuilder().output("B", 0, { { 5.0, 6.0 } }).times({ kDay, 2 * kDay }).build(),
+          FormulaBuilder().output("C", 0, { { 7.0, 8.0 } }).times({ 0, 2 * kDay }).build() });
+    EXPECT_EQ(text,
+              "时间,A,B,C\n"
+              "1970/01/01,1.0000,7.0000\n" // B has no such bar, and no placeholder stands for it
+              "1970/01/02,2.0000,5.0000\n"
+              "1970/01/03,3.0000,6.0000,8.0000\n");
+}
+
+TEST(SideBySideText, WritesTheTimeOfDayWhenAsked)
+{
+    const Cache cache = FormulaBuilder().line({ 1.0 }).times({ 90 * kMinute }).build();
+    EXPECT_EQ(sideBySide({ cache, cache }, true), "时间,line,line\n1970/01/01 09:30,1.0000,1.0000\n");
+}
+
+TEST(SideBySideText, EqualsTheTextOfOneFormulaWhenAllBarsAreValid)
+{
+    const Cache cache = FormulaBuilder().line({ 1.0, 2.0 }).line({ 3.0, 4.0 }).columnType(2).build();
+    EXPECT_EQ(sideBySide({ cache }, true), exported(cache, true));
+}
+
+TEST(SideBySideText, FirstBarsValidityDecidesForAllRows)
+{
+    const Cache cache = FormulaBuilder().line({ 1.0, 2.0 }).valid({ 0, 1 }).build();
+    EXPECT_EQ(sideBySide({ cache, cache }), "时间,line,line\n");
+}
+
+TEST(SideBySideText, WritesLaterInvalidBarsOfTheFirst)
+{
+    EXPECT_EQ(sideBySide({ FormulaBuilder().line({ 1.0, 2.0 }).valid({ 1, 0 }).build() }),
+              "时间,line\n1970/01/01,1.0000\n1970/01/02,2.0000\n");
+    EXPECT_EQ(sideBySide({ FormulaBuilder().line({ 1.0, 2.0 }).valid({ 1 }).build() }),
               "时间,line\n1970/01/01,1.0000\n1970/01/02,2.0000\n");
 }
 
-TEST(SeveralFormulasText, WritesNothingForAFormulaWithoutABarOfThatTimeAndGoesOnLater)
+TEST(SideBySideText, NeverTestsTheFlagsOfTheOthers)
 {
-    const auto master = FormulaBuilder().line({ 1, 2, 3 }).build();
-    const auto late = FormulaBuilder().line({ 7, 8 }).times({ kDay, 2 * kDay }).valid({ 0, 0 }).build();
-    EXPECT_EQ(Text().several({ master, late }), // its own flags are not asked for
-              "时间,line,line\n1970/01/01,1.0000\n1970/01/02,2.0000,7.0000\n1970/01/03,3.0000,8.0000\n");
+    const Cache master = FormulaBuilder().output("A", 0, { { 1.0, 2.0 } }).build();
+    const Cache other = FormulaBuilder().output("B", 0, { { 5.0, 6.0 } }).valid({ 0, 0 }).build();
+    EXPECT_EQ(sideBySide({ master, other }),
+              "时间,A,B\n1970/01/01,1.0000,5.0000\n1970/01/02,2.0000,6.0000\n");
 }
 
-TEST(SeveralFormulasText, NeverPassesABarThatTheFirstFormulaLacks)
+TEST(SideBySideText, ABarThatTheFirstLacksHidesTheRestOfAFormula)
 {
-    const auto master = FormulaBuilder().line({ 1, 2, 3 }).build();
-    const auto other = FormulaBuilder().line({ 7, 8, 9 }).times({ 0, kDay / 2, kDay }).build();
-    EXPECT_EQ(Text().several({ master, other }),
-              "时间,line,line\n1970/01/01,1.0000,7.0000\n1970/01/02,2.0000\n1970/01/03,3.0000\n");
+    const Cache master =
+        FormulaBuilder().output("A", 0, { { 1.0, 2.0, 3.0 } }).times({ 0, kDay, 3 * kDay }).build();
+    const Cache other =
+        FormulaBuilder().output("B", 0, { { 5.0, 6.0, 7.0 } }).times({ 0, 2 * kDay, 3 * kDay }).build();
+    EXPECT_EQ(sideBySide({ master, other }),
+              "时间,A,B\n"
+              "1970/01/01,1.0000,5.0000\n"
+              "1970/01/02,2.0000\n"
+              "1970/01/04,3.0000\n");
 }
 
-TEST(SeveralFormulasText, UsesTheShorterOfTheTwoVectors)
+TEST(SideBySideText, AnEarlierFirstBarHidesAWholeFormula)
 {
-    TC::IndexBaseData data(nullptr);
-    auto cache = FormulaBuilder().line({ 1 }).build();
-    std::vector<se::RPCFormulaResult> results { cache.result, cache.result };
-    std::vector<se::RPCFormulaMetaResult> metas { cache.meta };
-    EXPECT_EQ(data.getResultTxtStr(results, metas, false), "时间,line\n1970/01/01,1.0000\n");
-    metas.clear();
-    EXPECT_EQ(data.getResultTxtStr(results, metas, false), "时间\n");
+    const Cache master = FormulaBuilder().output("A", 0, { { 1.0 } }).times({ kDay }).build();
+    const Cache other = FormulaBuilder().output("B", 0, { { 5.0, 6.0 } }).times({ 0, kDay }).build();
+    EXPECT_EQ(sideBySide({ master, other }), "时间,A,B\n1970/01/02,1.0000\n");
 }
 
-TEST(ResultText, SurvivesDamagedRecords)
+TEST(SideBySideText, MatchesTimesToTheMillisecond)
 {
-    for (const unsigned seed : test::seedsFor("result_text", 500)) {
-        test::DamagedFormula formula(seed, 0, 1);
-        Text text;
-        EXPECT_FALSE(text.one(formula.cache(), true).empty());
-        EXPECT_FALSE(text.several({ formula.cache(), formula.cache() }).empty());
-    }
+    const Cache master = FormulaBuilder().output("A", 0, { { 1.0 } }).times({ kDay }).build();
+    const Cache other = FormulaBuilder().output("B", 0, { { 5.0 } }).times({ kDay + 1 }).build();
+    EXPECT_EQ(sideBySide({ master, other }), "时间,A,B\n1970/01/02,1.0000\n");
 }
 
-TEST(ResultText, OfABundledFileReadsBackAsWhatWasComputed)
+TEST(SideBySideText, EqualTimesOfTheFirstTakeBarAfterBarOfTheOther)
 {
-    std::string failure;
-    const auto bars = engine::readBars(SAMPLES_DIR "/bars/SH510050.csv", failure);
-    ASSERT_TRUE(bars) << failure;
-    const auto records = chart::computeNamed(QStringLiteral("MACD"), *bars);
-    ASSERT_TRUE(records);
-    TC::IndexBaseData data(nullptr);
-    auto result = records->result;
-    auto meta = records->meta;
-    std::istringstream lines(data.getResultTxtStr(result, meta, false));
-    std::string line;
-    std::getline(lines, line);
-    EXPECT_EQ(line, "时间,DIF,DEA,MACD");
-    std::size_t bar = 0;
-    for (; std::getline(lines, line); ++bar) {
-        std::istringstream fields(line);
-        std::string field;
-        std::getline(fields, field, ',');
-        EXPECT_EQ(field.size(), 10u);
-        for (std::size_t output = 0; output < 3; ++output) {
-            ASSERT_TRUE(std::getline(fields, field, ','));
-            const double computed = result.numberSeries[static_cast<std::size_t>(
-                result.columnSeries[static_cast<std::size_t>(meta.outputColumns[output][0])])][bar];
-            EXPECT_NEAR(std::stod(field), computed, 1e-3 + std::abs(computed) * 1e-5);
-        }
-    }
-    EXPECT_EQ(bar, bars->size());
+    const Cache master = FormulaBuilder().output("A", 0, { { 1.0, 2.0 } }).times({ 0, 0 }).build();
+    const Cache other = FormulaBuilder().output("B", 0, { { 5.0, 6.0, 7.0 } }).times({ 0, 0, 0 }).build();
+    EXPECT_EQ(sideBySide({ master, other }),
+              "时间,A,B\n1970/01/01,1.0000,5.0000\n1970/01/01,2.0000,6.0000\n");
 }
 
-TEST(WriteText, LeavesTheOldFileWhenItCannotWrite)
+TEST(SideBySideText, GoesOnWhenAFormulaEndsEarly)
 {
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("out.csv"));
-    EXPECT_EQ(chart::writeText(path, "first"), QString());
-    EXPECT_TRUE(chart::writeText(folder.filePath(QStringLiteral("none/out.csv")), "x")
-                    .contains(QStringLiteral("none/out.csv")));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), QByteArray("first"));
+    const Cache master = FormulaBuilder().output("A", 0, { { 1.0, 2.0 } }).build();
+    const Cache other = FormulaBuilder().output("B", 0, { { 5.0 } }).build();
+    EXPECT_EQ(sideBySide({ master, other }), "时间,A,B\n1970/01/01,1.0000,5.0000\n1970/01/02,2.0000\n");
+    EXPECT_EQ(sideBySide({ master, Cache() }), "时间,A\n1970/01/01,1.0000\n1970/01/02,2.0000\n");
+}
+
+TEST(SideBySideText, HoldsOnlyTheHeaderWhenTheFirstHasNoBars)
+{
+    Cache master = FormulaBuilder().output("A", 0, { { 1.0 } }).build();
+    master.result.barTimes.clear();
+    const Cache other = FormulaBuilder().output("B", 0, { { 5.0 } }).build();
+    EXPECT_EQ(sideBySide({ master, other }), "时间,A,B\n");
+    master.result.barValid.clear();
+    EXPECT_EQ(sideBySide({ master, other }), "时间,A,B\n");
+}
+
+TEST(SideBySideText, HoldsOnlyTheHeaderWithoutFormulas)
+{
+    EXPECT_EQ(sideBySide({}), "时间\n");
+}
+
+TEST(SideBySideText, TakesTheShorterOfUnequalVectors)
+{
+    Cache cache = FormulaBuilder().line({ 1.0 }).build();
+    std::vector<se::RPCFormulaResult> one { cache.result }, none;
+    std::vector<se::RPCFormulaMetaResult> two { cache.meta, cache.meta };
+    EXPECT_EQ(test::Pane().getResultTxtStr(one, two, false), "时间,line\n1970/01/01,1.0000\n");
+    EXPECT_EQ(test::Pane().getResultTxtStr(none, two, false), "时间\n");
+    std::vector<se::RPCFormulaResult> three(3, cache.result);
+    EXPECT_EQ(test::Pane().getResultTxtStr(three, two, false), "时间,line,line\n1970/01/01,1.0000,1.0000\n");
 }
