@@ -123,8 +123,8 @@ TEST_F(ClientWindow, MovesByDragging)
 TEST_F(ClientWindow, FollowsTheCrosshairInEveryPane)
 {
     openShare();
-    QTest::mouseMove(plot(0), QPoint(60, 30));
-    QTest::qWait(1);
+    QMouseEvent move(QEvent::MouseMove, QPointF(60, 30), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(plot(0), &move);
     EXPECT_EQ(chart()->state()->crosshairBar(),
               chart::BarView({ chart()->state()->first(), chart()->state()->last(),
                                plot(0)->width() - client::kAxisWidth })
