@@ -4,9 +4,8 @@
 /// Plain functions without state; every one of them may be called from any thread.
 
 #include "engine/BarSeries.h"
-
-#include "host/se/RPCFormulaMetaResult.h"
-#include "host/se/RPCFormulaResult.h"
+#include "engine/Formula.h"
+#include "engine/FormulaRecords.h"
 
 #include <atomic>
 #include <optional>
@@ -15,14 +14,6 @@
 
 namespace engine {
 
-/// One number that a formula takes.
-struct Parameter
-{
-    std::string name;
-    double value = 0.0;                 ///< default
-    double least = 0.0, greatest = 0.0; ///< both inclusive; other values are moved to the nearer end
-};
-
 /// What a formula is called and what it takes.
 struct FormulaDescription
 {
@@ -30,13 +21,6 @@ struct FormulaDescription
     std::string displayName; ///< what users see, UTF-8; traders know the built-in ones by their name
     int kind = 0;            ///< 2: the main chart itself; 1: drawn over it; 0: in a pane of its own
     std::vector<Parameter> parameters;
-};
-
-/// The two records of one computed formula.
-struct FormulaRecords
-{
-    se::RPCFormulaMetaResult meta;
-    se::RPCFormulaResult result;
 };
 
 /// Every built-in formula, in the order in which a menu lists them.

@@ -5,6 +5,7 @@ namespace engine {
 namespace {
 
 constexpr int kNumberColumn = 0;
+constexpr int kFlagColumn = 2;
 constexpr int kTextColumn = 3;
 
 } // namespace
@@ -86,6 +87,18 @@ RecordBuilder& RecordBuilder::line(const std::string& name, Series values)
 RecordBuilder& RecordBuilder::legendOnly(const std::string& name, int series)
 {
     return output(name, kLine).column(series, Axis::No).width(0);
+}
+
+RecordBuilder& RecordBuilder::flags()
+{
+    m_records.result.columnType.back() = kFlagColumn;
+    return *this;
+}
+
+RecordBuilder& RecordBuilder::style(int code)
+{
+    m_records.meta.lineStyle.back() = code;
+    return *this;
 }
 
 RecordBuilder& RecordBuilder::width(int pixels)

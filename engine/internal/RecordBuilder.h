@@ -12,15 +12,22 @@ namespace engine {
 /// Drawing methods, as the client's panes know them.
 enum DrawType : int {
     kLine = 0,
+    kSegment = 1,
     kColorStick = 2,
     kTick = 3,
     kTickVolume = 4,
+    kPointDot = 10,
+    kCircleDot = 11,
     kCandles = 12,
     kText = 13,
     kIcon = 19,
     kNumber = 26,
     kVolume = 27,
-    kFixedText = 31
+    kStickLine = 28,
+    kFixedText = 31,
+    kVerticalLine = 34,
+    kStep = 37,
+    kStackedVolume = 42
 };
 
 /// Kinds of values in the legend.
@@ -57,7 +64,12 @@ public:
     /// An output that the legend shows and nothing paints.
     RecordBuilder& legendOnly(const std::string& name, int series);
 
+    /// Makes the last column one of flags, 0 or 1.
+    RecordBuilder& flags();
+
     RecordBuilder& width(int pixels);
+    /// 0 solid, 15 dots, 16 dashes and dots, 17 dashes and two dots.
+    RecordBuilder& style(int code);
     /// 0x00BBGGRR instead of the palette's colour.
     RecordBuilder& color(int packed);
     RecordBuilder& position(int code);

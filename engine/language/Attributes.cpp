@@ -1,0 +1,91 @@
+#include "engine/language/Attributes.h"
+
+#include <algorithm>
+
+namespace engine::language {
+
+namespace {
+
+struct NamedColor
+{
+    const char* name;
+    int packed; ///< 0x00BBGGRR, as stacked bars translate it into a name
+};
+
+constexpr NamedColor kColors[] = {
+    { "RED", 0x0000FF },   { "GREEN", 0x00FF00 },   { "BLUE", 0xFF0000 },
+    { "CYAN", 0xFFFF54 },  { "MAGENTA", 0xFF00FF }, { "YELLOW", 0x00FFFF },
+    { "WHITE", 0xFFFFFF }, { "GRAY", 0x808080 },    { "BROWN", 0x004080 },
+};
+
+std::vector<Attribute> makeAttributes()
+{
+    using Effect = Attribute::Effect;
+    std::vector<Attribute> attributes;
+    for (const NamedColor& color : kColors)
+        attributes.push_back(
+            { std::string("COLOR") + color.name, Effect::Color, color.packed, "颜色", "colour" });
+    const auto numbered = [&](const char* name, int last, Effect effect, const char* chinese,
+                              const char* english) {
+        for (int value = 0; value <= last; ++value)
+            attributes.push_back({ name + std::to_string(value), effect, value, chinese, english });
+    };
+    numbered("LINETHICK", 7, Effect::Width, "线宽（像素），0 为不画", "line width in pixels; 0: not drawn");
+    numbered("PRECIS", 4, Effect::Decimals, "图例中的小数位数", "decimals in the legend");
+    numbered("ALIGN", 5, Effect::Position, "文字、数字、图标的位置", "placement of texts, numbers and icons");
+    const auto kind = [](LineKind lineKind) { return static_cast<int>(lineKind); };
+    const Attribute others[] = {
+        { "DOTLINE", Effect::Style, 15, "点线", "dotted line" },
+        { "DASHDOT", Effect::Style, 16, "点划线", "line of dashes and dots" },
+        { "DASHDOTDOT", Effect::Style, 17, "双点划线", "line of dashes and two dots" },
+        { "COLORSTICK", Effect::Kind, kind(LineKind::ColorStick), "红绿柱",
+          "sticks from zero, coloured by sign" },
+        { "VOLSTICK", Effect::Kind, kind(LineKind::VolumeStick), "成交量柱",
+          "volume bars in the candle's colour" },
+        { "POINTDOT", Effect::Kind, kind(LineKind::PointDot), "点", "a dot per bar" },
+        { "CIRCLEDOT", Effect::Kind, kind(LineKind::CircleDot), "小圆点", "a small circle per bar" },
+        { "SEGMENT", Effect::Kind, kind(LineKind::Segment), "在缺值处断开的线",
+          "a line that breaks at missing values" },
+        { "BOOLLINE", Effect::Kind, kind(LineKind::Step), "0/1 阶梯线", "a step line of 0 and 1" },
+        { "NODRAW", Effect::Kind, kind(LineKind::None), "只在图例中显示", "shown in the legend only" },
+        { "NOTEXT", Effect::HideInLegend, 1, "不在图例中显示", "not shown in the legend" },
+        { "MAIN", Effect::Pane, 1, "叠加在主图", "drawn over the main chart" },
+        { "SUB", Effect::Pane, 0, "副图", "drawn in a pane of its own" },
+        { "MAINCHART", Effect::Pane, 2, "主图本身", "the main chart itself" },
+    };
+    attributes.insert(attributes.end(), std::begin(others), std::end(others));
+    return attributes;
+}
+
+/// COLORrrggbb.
+std::optional<int> digitsColor(const std::string& key)
+{
+    constexpr std::size_t prefix = 5, digits = 6;
+    if (key.size() != prefix + digits || key.compare(0, prefix, "COLOR") != 0
+        || key.find_first_not_of("0123456789ABCDEF", prefix) != std::string::npos)
+        return std::nullopt;
+    const int rgb = std::stoi(key.substr(prefix), nullptr, 16);
+    return (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16;
+}
+
+} // namespace
+
+const std::vector<Attribute>& allAttributes()
+{
+    static const std::vector<Attribute> attributes = makeAttributes();
+    return attributes;
+}
+
+std::optional<Attribute> findAttribute(const std::string& key)
+{
+    const auto& attributes = allAttributes();
+    const auto found = std::find_if(attributes.begin(), attributes.end(),
+                                    [&](const Attribute& attribute) { return attribute.name == key; });
+    if (found != attributes.end())
+        return *found;
+    if (const std::optional<int> color = digitsColor(key))
+        return Attribute { key, Attribute::Effect::Color, *color, "颜色", "colour" };
+    return std::nullopt;
+}
+
+} // namespace engine::language

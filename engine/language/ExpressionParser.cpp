@@ -1,0 +1,314 @@
+#include "engine/language/ExpressionParser.h"
+
+#include <algorithm>
+
+namespace engine::language {
+
+namespace {
+
+enum Level { kOr = 1, kAnd, kNot, kComparison, kSum, kProduct, kSigned };
+
+struct BinaryOperator
+{
+    Level level;
+    const char* function;
+};
+
+std::optional<BinaryOperator> binaryOperator(const Token& token)
+{
+    struct Entry
+    {
+        const char* sign;
+        BinaryOperator meaning;
+    };
+    static const Entry entries[] = {
+        { "||", { kOr, "OR" } },       { "&&", { kAnd, "AND" } },       { ">", { kComparison, ">" } },
+        { "<", { kComparison, "<" } }, { ">=", { kComparison, ">=" } }, { "<=", { kComparison, "<=" } },
+        { "=", { kComparison, "=" } }, { "<>", { kComparison, "<>" } }, { "+", { kSum, "+" } },
+        { "-", { kSum, "-" } },        { "*", { kProduct, "*" } },      { "/", { kProduct, "/" } },
+    };
+    if (token.isWord("OR"))
+        return BinaryOperator { kOr, "OR" };
+    if (token.isWord("AND"))
+        return BinaryOperator { kAnd, "AND" };
+    if (token.kind != TokenKind::Sign)
+        return std::nullopt;
+    for (const Entry& entry : entries) {
+        if (token.text == entry.sign)
+            return entry.meaning;
+    }
+    return std::nullopt;
+}
+
+/// Counts how deep the reader is for as long as it lives.
+class Descent
+{
+public:
+    explicit Descent(int& depth)
+        : m_depth(++depth)
+    {
+    }
+    ~Descent() { --m_depth; }
+
+private:
+    int& m_depth;
+};
+
+} // namespace
+
+NodeId ExpressionParser::read()
+{
+    const Token start = m_reader.current();
+    const NodeId value = readLevel(kOr);
+    if (value != kBroken && m_syntax[value].kind == Node::Kind::Text) {
+        m_reader.complain(start, "此处应为数值，不能是文字", "expected a number, not a text");
+        return kBroken;
+    }
+    return value;
+}
+
+NodeId ExpressionParser::readLevel(int level)
+{
+    NodeId left = readPrefixed();
+    bool wasCompared = false;
+    while (!m_reader.isLost()) {
+        const std::optional<BinaryOperator> found = binaryOperator(m_reader.current());
+        if (!found || found->level < level)
+            break;
+        if (found->level == kComparison && wasCompared) {
+            m_reader.expected("AND 或分号：比较不能连写", "AND or a semicolon: comparisons do not chain");
+            break;
+        }
+        const Token sign = m_reader.take();
+        const NodeId right = readLevel(found->level + 1);
+        wasCompared = found->level == kComparison;
+        for (const NodeId side : { left, right }) {
+            if (side != kBroken && m_syntax[side].kind == Node::Kind::Text) {
+                m_reader.complain(sign, "文字不能参加运算", "texts take no part in calculations");
+                left = kBroken;
+            }
+        }
+        left = left == kBroken || right == kBroken ? kBroken
+                                                   : callNode(operatorOf(found->function), { left, right });
+    }
+    return m_reader.isLost() ? kBroken : left;
+}
+
+/// A minus sign or NOT before an operand. NOT directly before a parenthesis takes what stands in it alone.
+NodeId ExpressionParser::readPrefixed()
+{
+    const Descent descent(m_depth);
+    if (m_depth > FormulaLimits::kDeepest) {
+        m_reader.complain(m_reader.current(), "嵌套太深", "nested too deeply");
+        m_reader.giveUp();
+        return kBroken;
+    }
+    const Token sign = m_reader.current();
+    const bool isNot = sign.isWord("NOT") || sign.is("!");
+    if (!isNot && !sign.is("-") && !sign.is("+"))
+        return readPrimary();
+    m_reader.take();
+    const bool isCall = isNot && m_reader.current().is("(");
+    const NodeId operand = readLevel(isNot && !isCall ? kComparison : kSigned);
+    if (operand == kBroken)
+        return kBroken;
+    if (m_syntax[operand].kind == Node::Kind::Text) {
+        m_reader.complain(sign, "文字不能参加运算", "texts take no part in calculations");
+        return kBroken;
+    }
+    if (sign.is("+"))
+        return operand;
+    return callNode(operatorOf(isNot ? "NOT" : "NEG"), { operand });
+}
+
+NodeId ExpressionParser::readPrimary()
+{
+    const Token& token = m_reader.current();
+    if (token.kind == TokenKind::Number)
+        return numberNode(m_reader.take().number);
+    if (token.kind == TokenKind::Text) {
+        Node node;
+        node.kind = Node::Kind::Text;
+        node.text = m_reader.take().text;
+        return add(std::move(node));
+    }
+    if (token.kind == TokenKind::Name && !isKeyword(token.key))
+        return readName();
+    if (!token.is("(")) {
+        m_reader.expected("数字、名字或括号", "a number, a name or a parenthesis");
+        return kBroken;
+    }
+    m_reader.take();
+    const NodeId inside = readLevel(kOr);
+    if (!m_reader.isLost())
+        m_reader.expectSign(")");
+    return m_reader.isLost() ? kBroken : inside;
+}
+
+NodeId ExpressionParser::readName()
+{
+    const Token name = m_reader.take();
+    if (m_reader.current().is("("))
+        return readCall(name);
+    const Function* function = findFunction(name.key);
+    if (function && function->mostArguments() == 0)
+        return callNode(*function, {});
+    if (const std::optional<int> parameter = m_scope.parameter(name.key)) {
+        Node node;
+        node.kind = Node::Kind::Parameter;
+        node.parameter = *parameter;
+        return add(std::move(node));
+    }
+    if (const std::optional<NodeId> value = m_scope.value(name.key)) {
+        if (*value == kNoNumber)
+            m_reader.complain(name, "绘图没有数值", "a drawing has no value");
+        return std::max(*value, kBroken);
+    }
+    if (function) {
+        m_reader.complain(name,
+                          std::string("此处应为 ") + function->name + "(" + function->argumentNames + ")",
+                          std::string("expected ") + function->name + "(" + function->argumentNames + ")");
+        return kBroken;
+    }
+    const std::string nearest = m_scope.nearest(name.key, false);
+    m_reader.complain(name, "没有这个名字" + (nearest.empty() ? "" : "，是不是 " + nearest),
+                      "unknown name" + (nearest.empty() ? "" : ", did you mean " + nearest));
+    return kBroken;
+}
+
+NodeId ExpressionParser::readCall(const Token& name)
+{
+    std::vector<Token> starts;
+    const std::vector<NodeId> arguments = readArguments(starts);
+    if (m_reader.isLost())
+        return kBroken;
+    const Function* function = findFunction(name.key);
+    if (!function) {
+        const std::string nearest = m_scope.nearest(name.key, true);
+        m_reader.complain(name, "没有这个函数" + (nearest.empty() ? "" : "，是不是 " + nearest),
+                          "unknown function" + (nearest.empty() ? "" : ", did you mean " + nearest));
+        return kBroken;
+    }
+    if (function->drawing != Drawing::None) {
+        m_reader.complain(name, "绘图函数只能单独成句", "a drawing stands in a statement of its own");
+        return kBroken;
+    }
+    return fits(name, *function, arguments, starts) ? callNode(*function, arguments) : kBroken;
+}
+
+std::vector<NodeId> ExpressionParser::readArguments(std::vector<Token>& starts)
+{
+    std::vector<NodeId> arguments;
+    m_reader.take();
+    if (m_reader.current().is(")")) {
+        m_reader.take();
+        return arguments;
+    }
+    while (true) {
+        starts.push_back(m_reader.current());
+        arguments.push_back(readLevel(kOr));
+        if (m_reader.isLost())
+            return arguments;
+        if (!m_reader.current().is(","))
+            break;
+        m_reader.take();
+    }
+    if (m_reader.current().is(")"))
+        m_reader.take();
+    else
+        m_reader.expected("运算符、逗号或右括号", "an operator, a comma or a closing parenthesis");
+    return arguments;
+}
+
+/// Whether a call has as many arguments as the function takes, each of its kind.
+bool ExpressionParser::fits(const Token& name, const Function& function, const std::vector<NodeId>& arguments,
+                            const std::vector<Token>& starts)
+{
+    const auto given = static_cast<int>(arguments.size());
+    if (given < function.leastArguments || given > function.mostArguments()) {
+        const std::string form = std::string(function.name) + "(" + function.argumentNames + ")";
+        m_reader.complain(name, "参数个数不对，应为 " + form, "wrong number of arguments, expected " + form);
+        return false;
+    }
+    const std::string signature = function.signature;
+    bool isFit = true;
+    for (std::size_t index = 0; index < arguments.size(); ++index) {
+        if (arguments[index] == kBroken) {
+            isFit = false;
+            continue;
+        }
+        const char kind = signature[std::min(index, signature.size() - 1)];
+        const Node& argument = m_syntax[arguments[index]];
+        const bool isText = argument.kind == Node::Kind::Text;
+        if (isText != (kind == 't')) {
+            m_reader.complain(starts[index], isText ? "此处应为数值，不能是文字" : "此处应为单引号里的文字",
+                              isText ? "expected a number, not a text" : "expected a text in single quotes");
+            isFit = false;
+        } else if (kind == 'c' && !argument.isConstant) {
+            m_reader.complain(starts[index], "此处应为数字或参数，不能随 K 线变化",
+                              "expected a number or a parameter, which does not change from bar to bar");
+            isFit = false;
+        }
+    }
+    return isFit;
+}
+
+bool ExpressionParser::atDrawing() const
+{
+    if (m_reader.current().kind != TokenKind::Name || !m_reader.next().is("("))
+        return false;
+    const Function* function = findFunction(m_reader.current().key);
+    return function && function->drawing != Drawing::None;
+}
+
+void ExpressionParser::readDrawing(Output& output)
+{
+    const Token name = m_reader.take();
+    const Function& function = *findFunction(name.key);
+    std::vector<Token> starts;
+    const std::vector<NodeId> arguments = readArguments(starts);
+    if (m_reader.isLost() || !fits(name, function, arguments, starts))
+        return;
+    output.drawing = function.drawing;
+    for (std::size_t index = 0; index < arguments.size(); ++index) {
+        const Node& argument = m_syntax[arguments[index]];
+        if (argument.kind == Node::Kind::Text) {
+            output.text = argument.text;
+            continue;
+        }
+        output.columns.push_back(arguments[index]);
+        output.columnNames.push_back(starts[index].text);
+    }
+}
+
+NodeId ExpressionParser::numberNode(double number)
+{
+    Node node;
+    node.number = number;
+    return add(std::move(node));
+}
+
+NodeId ExpressionParser::callNode(const Function& function, const std::vector<NodeId>& arguments)
+{
+    Node node;
+    node.kind = Node::Kind::Call;
+    node.function = &function;
+    node.arguments = arguments;
+    node.isConstant = function.isElementwise && !arguments.empty()
+        && std::all_of(arguments.begin(), arguments.end(),
+                       [&](NodeId argument) { return m_syntax[argument].isConstant; });
+    return add(std::move(node));
+}
+
+NodeId ExpressionParser::add(Node node)
+{
+    if (m_syntax.nodes.size() >= FormulaLimits::kMostSteps) {
+        m_reader.complain(m_reader.current(), "公式太长", "the formula is too long");
+        m_reader.giveUp();
+        return kBroken;
+    }
+    m_syntax.nodes.push_back(std::move(node));
+    return static_cast<NodeId>(m_syntax.nodes.size()) - 1;
+}
+
+} // namespace engine::language

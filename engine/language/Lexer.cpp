@@ -1,0 +1,367 @@
+#include "engine/language/Lexer.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <optional>
+
+namespace engine::language {
+
+namespace {
+
+constexpr char32_t kNoCharacter = 0xFFFFFFFF; // also for bytes that are no UTF-8
+
+struct FullWidth
+{
+    char32_t character;
+    const char* plain;
+};
+
+constexpr FullWidth kFullWidth[] = {
+    { U'；', ";" }, { U'：', ":" }, { U'，', "," }, { U'（', "(" },  { U'）', ")" },
+    { U'＋', "+" }, { U'－', "-" }, { U'＊', "*" }, { U'／', "/" },  { U'＞', ">" },
+    { U'＜', "<" }, { U'＝', "=" }, { U'！', "!" }, { U'＆', "&&" }, { U'｜', "||" },
+};
+
+constexpr const char* kSigns[] = { ":=", ">=", "<=", "<>", "&&", "||", "+", "-", "*", "/",
+                                   ">",  "<",  "=",  "!",  "(",  ")",  ",", ":", ";", "#" };
+
+bool isDigit(char32_t character)
+{
+    return character >= U'0' && character <= U'9';
+}
+
+bool isHan(char32_t character)
+{
+    return (character >= 0x4E00 && character <= 0x9FFF) || (character >= 0x3400 && character <= 0x4DBF)
+        || (character >= 0x20000 && character <= 0x3FFFD) || (character >= 0xF900 && character <= 0xFAFF)
+        || character == 0x3005 || character == 0x3007;
+}
+
+bool beginsName(char32_t character)
+{
+    return (character >= U'a' && character <= U'z') || (character >= U'A' && character <= U'Z')
+        || character == U'_' || isHan(character);
+}
+
+bool isBlank(char32_t character)
+{
+    return character == U' ' || character == U'\t' || character == U'\r' || character == U'\n'
+        || character == 0x3000 || character == 0xFEFF || character == 0x00A0;
+}
+
+/// Walks over the characters of a UTF-8 text and knows line and column.
+class Cursor
+{
+public:
+    explicit Cursor(std::string_view text)
+        : m_text(text)
+    {
+        decode();
+    }
+
+    bool atEnd() const { return m_place.offset >= m_text.size(); }
+    char32_t character() const { return m_character; }
+    const Place& place() const { return m_place; }
+
+    bool startsWith(std::string_view sign) const
+    {
+        return m_text.substr(m_place.offset, sign.size()) == sign;
+    }
+
+    void advance()
+    {
+        if (atEnd())
+            return;
+        if (m_character == U'\n') {
+            ++m_place.line;
+            m_place.column = 1;
+        } else {
+            ++m_place.column;
+        }
+        m_place.offset += m_bytes;
+        ++m_passed;
+        decode();
+    }
+
+    /// The stretch from an earlier place to this one.
+    Place since(const Place& start, int passedAtStart) const
+    {
+        Place stretch = start;
+        stretch.length = m_passed - passedAtStart;
+        return stretch;
+    }
+
+    std::string textSince(const Place& start) const
+    {
+        return std::string(m_text.substr(start.offset, m_place.offset - start.offset));
+    }
+
+    int passed() const { return m_passed; }
+
+private:
+    void decode()
+    {
+        m_bytes = 1;
+        m_character = kNoCharacter;
+        if (atEnd())
+            return;
+        const auto byteAt = [&](std::size_t index) {
+            return index < m_text.size() ? static_cast<unsigned char>(m_text[index]) : 0U;
+        };
+        const unsigned first = byteAt(m_place.offset);
+        if (first < 0x80) {
+            m_character = first;
+            return;
+        }
+        const std::size_t length = first >= 0xF0 && first < 0xF5 ? 4
+            : first >= 0xE0 && first < 0xF0                      ? 3
+            : first >= 0xC2 && first < 0xE0                      ? 2
+                                                                 : 0;
+        if (length == 0)
+            return;
+        char32_t decoded = first & (0x7FU >> length);
+        for (std::size_t index = 1; index < length; ++index) {
+            const unsigned next = byteAt(m_place.offset + index);
+            if ((next & 0xC0) != 0x80)
+                return;
+            decoded = (decoded << 6) | (next & 0x3F);
+        }
+        constexpr char32_t shortest[] = { 0, 0, 0x80, 0x800, 0x10000 };
+        if (decoded < shortest[length] || decoded > 0x10FFFF || (decoded >= 0xD800 && decoded <= 0xDFFF))
+            return;
+        m_bytes = length;
+        m_character = decoded;
+    }
+
+    std::string_view m_text;
+    Place m_place;
+    std::size_t m_bytes = 1;
+    char32_t m_character = kNoCharacter;
+    int m_passed = 0;
+};
+
+/// Cuts one text.
+class Lexer
+{
+public:
+    Lexer(std::string_view text, Problems& problems)
+        : m_cursor(text)
+        , m_problems(problems)
+    {
+    }
+
+    std::vector<Token> run()
+    {
+        while (!m_cursor.atEnd() && !m_problems.isFull()) {
+            m_start = m_cursor.place();
+            m_passedAtStart = m_cursor.passed();
+            next();
+        }
+        m_start = m_cursor.place();
+        m_passedAtStart = m_cursor.passed();
+        add(TokenKind::EndOfText, {});
+        return std::move(m_tokens);
+    }
+
+private:
+    void next()
+    {
+        const char32_t character = m_cursor.character();
+        if (isBlank(character))
+            m_cursor.advance();
+        else if (character == U'{')
+            passComment();
+        else if (m_cursor.startsWith("//"))
+            passLine();
+        else if (character == U'\'')
+            readText();
+        else if (beginsName(character))
+            readName();
+        else if (isDigit(character) || character == U'.')
+            readNumber();
+        else
+            readSign();
+    }
+
+    void passComment()
+    {
+        while (!m_cursor.atEnd() && m_cursor.character() != U'}')
+            m_cursor.advance();
+        if (m_cursor.atEnd())
+            m_problems.add(oneCharacter(), "{", "注释没有结束，缺少 }", "the comment has no end, expected }");
+        m_cursor.advance();
+    }
+
+    void passLine()
+    {
+        while (!m_cursor.atEnd() && m_cursor.character() != U'\n')
+            m_cursor.advance();
+    }
+
+    void readText()
+    {
+        m_cursor.advance();
+        const Place inside = m_cursor.place();
+        while (!m_cursor.atEnd() && m_cursor.character() != U'\'' && m_cursor.character() != U'\n')
+            m_cursor.advance();
+        const std::string text = m_cursor.textSince(inside);
+        if (m_cursor.atEnd() || m_cursor.character() == U'\n')
+            complain("文字没有结束，缺少右单引号",
+                     "the text has no end on its line, expected a single quote");
+        else
+            m_cursor.advance();
+        add(TokenKind::Text, text);
+    }
+
+    void readName()
+    {
+        while (beginsName(m_cursor.character()) || isDigit(m_cursor.character()))
+            m_cursor.advance();
+        add(TokenKind::Name, m_cursor.textSince(m_start));
+    }
+
+    void readDigits()
+    {
+        while (isDigit(m_cursor.character()))
+            m_cursor.advance();
+    }
+
+    void readNumber()
+    {
+        readDigits();
+        if (m_cursor.character() == U'.') {
+            m_cursor.advance();
+            readDigits();
+        }
+        readExponent();
+        const std::string text = m_cursor.textSince(m_start);
+        double number = 0.0;
+        const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+        if (read.ec != std::errc() || read.ptr != text.data() + text.size() || !std::isfinite(number)) {
+            complain("不是可以使用的数字", "this is no number that can be used");
+            number = 0.0;
+        }
+        add(TokenKind::Number, text);
+        m_tokens.back().number = number;
+    }
+
+    /// An e belongs to the number only when digits follow.
+    void readExponent()
+    {
+        const auto digitFollows = [&] {
+            for (const char* sign : { "e+", "e-", "E+", "E-", "e", "E" }) {
+                if (!m_cursor.startsWith(sign))
+                    continue;
+                Cursor ahead = m_cursor;
+                for (std::size_t passed = 0; sign[passed] != '\0'; ++passed)
+                    ahead.advance();
+                return isDigit(ahead.character());
+            }
+            return false;
+        };
+        if (!digitFollows())
+            return;
+        m_cursor.advance();
+        if (!isDigit(m_cursor.character()))
+            m_cursor.advance();
+        readDigits();
+    }
+
+    void readSign()
+    {
+        for (const char* sign : kSigns) {
+            if (!m_cursor.startsWith(sign))
+                continue;
+            for (std::size_t passed = 0; sign[passed] != '\0'; ++passed)
+                m_cursor.advance();
+            add(TokenKind::Sign, sign);
+            return;
+        }
+        for (const FullWidth& sign : kFullWidth) {
+            if (m_cursor.character() != sign.character)
+                continue;
+            m_cursor.advance();
+            complain(std::string("全角符号，请改用半角 ") + sign.plain,
+                     std::string("a full-width sign, expected ") + sign.plain);
+            add(TokenKind::Sign, sign.plain);
+            return;
+        }
+        passForeign();
+    }
+
+    /// A run of characters that the language does not know is one fault.
+    void passForeign()
+    {
+        const bool isCharacter = m_cursor.character() != kNoCharacter;
+        const auto isForeign = [&] {
+            const char32_t character = m_cursor.character();
+            if (m_cursor.atEnd() || isBlank(character) || beginsName(character) || isDigit(character))
+                return false;
+            return (character != kNoCharacter) == isCharacter && (character >= 0x80 || !isKnownSign());
+        };
+        do {
+            m_cursor.advance();
+        } while (isForeign());
+        if (isCharacter)
+            complain("公式里不能使用的符号", "a character that formulas do not use");
+        else
+            complain("不是 UTF-8 编码的文字", "these bytes are no UTF-8");
+    }
+
+    bool isKnownSign() const
+    {
+        return m_cursor.startsWith("{") || m_cursor.startsWith("'") || m_cursor.startsWith(".")
+            || std::any_of(std::begin(kSigns), std::end(kSigns),
+                           [&](const char* sign) { return m_cursor.startsWith(sign); });
+    }
+
+    Place oneCharacter() const
+    {
+        Place place = m_start;
+        place.length = 1;
+        return place;
+    }
+
+    void complain(const std::string& chinese, const std::string& english)
+    {
+        m_problems.add(m_cursor.since(m_start, m_passedAtStart), m_cursor.textSince(m_start), chinese,
+                       english);
+    }
+
+    void add(TokenKind kind, std::string text)
+    {
+        Token token;
+        token.kind = kind;
+        token.place = m_cursor.since(m_start, m_passedAtStart);
+        token.key = inCapitals(text);
+        token.text = std::move(text);
+        m_tokens.push_back(std::move(token));
+    }
+
+    Cursor m_cursor;
+    Problems& m_problems;
+    std::vector<Token> m_tokens;
+    Place m_start;
+    int m_passedAtStart = 0;
+};
+
+} // namespace
+
+std::vector<Token> tokensOf(std::string_view text, Problems& problems)
+{
+    return Lexer(text, problems).run();
+}
+
+std::string inCapitals(std::string_view text)
+{
+    std::string capitals(text);
+    for (char& character : capitals) {
+        if (character >= 'a' && character <= 'z')
+            character = static_cast<char>(character - 'a' + 'A');
+    }
+    return capitals;
+}
+
+} // namespace engine::language

@@ -1,0 +1,25 @@
+#pragma once
+/// @file Finds what a misspelt name was meant to be.
+
+#include <string>
+
+namespace engine::language {
+
+/// Keeps the candidate that needs the fewest changes to become a given name.
+class NearestName
+{
+public:
+    explicit NearestName(const std::string& name);
+
+    void consider(const std::string& candidate);
+
+    /// Empty when every candidate differs in more than a third of its characters, rounded up.
+    const std::string& best() const { return m_best; }
+
+private:
+    std::u32string m_name;
+    std::string m_best;
+    std::size_t m_fewest;
+};
+
+} // namespace engine::language

@@ -1,0 +1,58 @@
+#include "engine/language/OutputAttributes.h"
+
+#include "engine/language/Scope.h"
+
+namespace engine::language {
+
+void OutputAttributes::read()
+{
+    m_reader.take();
+    const Token token = m_reader.current();
+    if (token.kind != TokenKind::Name) {
+        m_reader.expected("属性", "an attribute");
+        return;
+    }
+    m_reader.take();
+    if (const std::optional<Attribute> attribute = findAttribute(token.key)) {
+        give(token, *attribute);
+        return;
+    }
+    const std::string nearest = nearestAttribute(token.key);
+    m_reader.complain(token, "没有这个属性" + (nearest.empty() ? "" : "，是不是 " + nearest),
+                      "unknown attribute" + (nearest.empty() ? "" : ", did you mean " + nearest));
+}
+
+void OutputAttributes::give(const Token& token, const Attribute& attribute)
+{
+    const bool isDrawing = m_output.drawing != Drawing::None;
+    const bool isPlaced = m_output.drawing == Drawing::Text || m_output.drawing == Drawing::Number
+        || m_output.drawing == Drawing::Icon;
+    switch (attribute.effect) {
+    case Attribute::Effect::Color: giveColor(token, attribute.value); break;
+    case Attribute::Effect::Width: m_output.lineWidth = attribute.value; break;
+    case Attribute::Effect::Style: m_output.lineStyle = attribute.value; break;
+    case Attribute::Effect::Kind:
+        if (isDrawing)
+            m_reader.complain(token, "绘图函数不能用这个属性", "drawings do not take this attribute");
+        m_output.lineKind = static_cast<LineKind>(attribute.value);
+        break;
+    case Attribute::Effect::Decimals: m_output.decimals = attribute.value; break;
+    case Attribute::Effect::HideInLegend: m_output.isHiddenInLegend = true; break;
+    case Attribute::Effect::Position:
+        if (!isPlaced)
+            m_reader.complain(token, "只有文字、数字和图标有位置",
+                              "only texts, numbers and icons are placed");
+        m_output.position = attribute.value;
+        break;
+    case Attribute::Effect::Pane: m_paneKind = attribute.value; break;
+    }
+}
+
+void OutputAttributes::giveColor(const Token& token, int color)
+{
+    if (!m_output.colors.empty() && m_output.drawing != Drawing::StackedVolume)
+        m_reader.complain(token, "这个输出已经有颜色", "this output has a colour already");
+    m_output.colors.push_back(color);
+}
+
+} // namespace engine::language

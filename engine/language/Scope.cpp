@@ -1,0 +1,71 @@
+#include "engine/language/Scope.h"
+
+#include "engine/language/Attributes.h"
+#include "engine/language/Nearness.h"
+
+#include <algorithm>
+
+namespace engine::language {
+
+namespace {
+
+constexpr const char* kKeywords[] = { "AND", "OR", "NOT", "PARAM" };
+
+template <class Value>
+std::optional<Value> find(const std::unordered_map<std::string, Value>& names, const std::string& key)
+{
+    const auto found = names.find(key);
+    return found == names.end() ? std::nullopt : std::optional<Value>(found->second);
+}
+
+} // namespace
+
+bool isKeyword(const std::string& key)
+{
+    return std::find(std::begin(kKeywords), std::end(kKeywords), key) != std::end(kKeywords);
+}
+
+Scope::Place Scope::placeOf(const std::string& key) const
+{
+    const Function* function = findFunction(key);
+    if (isKeyword(key) || (function && function->leastArguments == 0))
+        return Place::Reserved;
+    return m_parameters.count(key) + m_values.count(key) > 0 ? Place::Taken : Place::Free;
+}
+
+std::optional<int> Scope::parameter(const std::string& key) const
+{
+    return find(m_parameters, key);
+}
+
+std::optional<NodeId> Scope::value(const std::string& key) const
+{
+    return find(m_values, key);
+}
+
+std::string Scope::nearest(const std::string& key, bool asCall) const
+{
+    NearestName nearest(key);
+    for (const Function& function : allFunctions()) {
+        const bool isCalled = function.mostArguments() > 0;
+        if (!function.isOperator() && isCalled == asCall)
+            nearest.consider(function.name);
+    }
+    if (!asCall) {
+        for (const auto& [name, parameter] : m_parameters)
+            nearest.consider(name);
+        for (const auto& [name, node] : m_values)
+            nearest.consider(name);
+    }
+    return nearest.best();
+}
+
+std::string nearestAttribute(const std::string& key)
+{
+    NearestName nearest(key);
+    for (const Attribute& attribute : allAttributes())
+        nearest.consider(attribute.name);
+    return nearest.best();
+}
+
+} // namespace engine::language

@@ -1,0 +1,63 @@
+#pragma once
+/// @file What a formula's text says, checked.
+
+#include "engine/Formula.h"
+#include "engine/language/Functions.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace engine::language {
+
+using NodeId = int;
+constexpr NodeId kBroken = -1;   ///< an expression that has been complained of
+constexpr NodeId kNoNumber = -2; ///< a drawing, which has no value to read
+
+/// A part of an expression. Arguments always stand before the node that takes them.
+struct Node
+{
+    enum class Kind { Number, Parameter, Call, Text };
+
+    Kind kind = Kind::Number;
+    double number = 0.0;
+    int parameter = 0;                  ///< position among the parameters
+    const Function* function = nullptr; ///< of a Call
+    std::vector<NodeId> arguments;
+    std::string text;
+    bool isConstant = true; ///< depends on numbers and parameters alone
+};
+
+/// How an output is drawn when it is not a drawing statement.
+enum class LineKind { Line, Segment, PointDot, CircleDot, ColorStick, VolumeStick, Step, None };
+
+/// One output as the text asks for it.
+struct Output
+{
+    std::string name;                 ///< as written; empty for an output without a name
+    std::optional<int> nameParameter; ///< whose value follows the name: MA#N is MA5
+    Drawing drawing = Drawing::None;
+    LineKind lineKind = LineKind::Line;
+    std::vector<NodeId> columns;          ///< one, or the arguments of the drawing without its text
+    std::vector<std::string> columnNames; ///< of stacked columns
+    std::string text;
+    std::vector<int> colors; ///< 0x00BBGGRR; more than one only for stacked columns
+    int lineStyle = 0;
+    int lineWidth = 1;
+    std::optional<int> decimals;
+    std::optional<int> position;
+    bool isHiddenInLegend = false;
+};
+
+/// A whole formula.
+struct Syntax
+{
+    std::vector<Parameter> parameters;
+    std::vector<Node> nodes;
+    std::vector<Output> outputs;
+    std::optional<int> kind; ///< when the text says which pane it wants
+
+    const Node& operator[](NodeId id) const { return nodes[static_cast<std::size_t>(id)]; }
+};
+
+} // namespace engine::language

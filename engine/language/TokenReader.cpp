@@ -1,0 +1,43 @@
+#include "engine/language/TokenReader.h"
+
+namespace engine::language {
+
+void TokenReader::complain(const Token& token, const std::string& chinese, const std::string& english)
+{
+    m_problems.add(token.place, token.text, chinese, english);
+}
+
+void TokenReader::expected(const std::string& chinese, const std::string& english)
+{
+    complain(current(), "此处应为" + chinese, "expected " + english);
+    m_isLost = true;
+}
+
+bool TokenReader::expectSign(const char* sign)
+{
+    if (current().is(sign)) {
+        take();
+        return true;
+    }
+    expected(std::string(" ") + sign, sign);
+    return false;
+}
+
+/// Whether the current token is the first of NAME: or NAME:= on a line of its own.
+bool TokenReader::beginsStatement() const
+{
+    const bool isFirstOfLine = m_position > 0 && m_tokens[m_position - 1].place.line < current().place.line;
+    return isFirstOfLine && current().kind == TokenKind::Name && (next().is(":") || next().is(":="));
+}
+
+void TokenReader::endStatement()
+{
+    if (!m_isLost && !current().is(";") && !atEnd())
+        expected("运算符或分号", "an operator or a semicolon");
+    while (!current().is(";") && !atEnd() && !beginsStatement())
+        take();
+    if (current().is(";"))
+        take();
+}
+
+} // namespace engine::language

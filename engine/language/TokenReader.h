@@ -1,0 +1,61 @@
+#pragma once
+/// @file Walks over the tokens of a text and complains about them.
+
+#include "engine/language/Lexer.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace engine::language {
+
+/// A position among tokens. After a fault of grammar the reader is lost until the next statement.
+class TokenReader
+{
+public:
+    TokenReader(const std::vector<Token>& tokens, Problems& problems)
+        : m_tokens(tokens)
+        , m_problems(problems)
+    {
+    }
+
+    const Token& current() const { return m_tokens[m_position]; }
+    const Token& next() const { return m_tokens[std::min(m_position + 1, m_tokens.size() - 1)]; }
+    bool atEnd() const { return current().kind == TokenKind::EndOfText; }
+
+    /// The current token; goes to the next. The end of the text stays.
+    const Token& take()
+    {
+        const Token& taken = current();
+        if (!atEnd())
+            ++m_position;
+        return taken;
+    }
+
+    void beginStatement() { m_isLost = false; }
+    /// Passes over the semicolon behind a statement; whatever else stands there is complained of.
+    void endStatement();
+
+    bool isLost() const { return m_isLost; }
+    bool isFull() const { return m_problems.isFull(); }
+    bool hasComplained() const { return !m_problems.empty(); }
+
+    /// Complains of a token; reading goes on.
+    void complain(const Token& token, const std::string& chinese, const std::string& english);
+    /// Complains that something else was expected than the current token; the reader is lost.
+    void expected(const std::string& chinese, const std::string& english);
+    /// Passes over a sign, or is lost.
+    bool expectSign(const char* sign);
+    /// Is lost for a reason that has been complained of.
+    void giveUp() { m_isLost = true; }
+
+private:
+    bool beginsStatement() const;
+
+    const std::vector<Token>& m_tokens;
+    Problems& m_problems;
+    std::size_t m_position = 0;
+    bool m_isLost = false;
+};
+
+} // namespace engine::language
