@@ -26,7 +26,7 @@ QString nextId()
 struct Job
 {
     QString id;
-    std::string name;
+    std::shared_ptr<const Formula> formula;
     std::shared_ptr<const BarSeries> bars;
     std::vector<double> parameters;
     std::atomic<bool> cancelled { false };
@@ -110,7 +110,7 @@ private:
         while (const std::shared_ptr<Job> job = next()) {
             std::shared_ptr<const FormulaRecords> records;
             if (job->bars) {
-                if (auto computed = computeFormula(job->name, *job->bars, job->parameters, &job->cancelled))
+                if (auto computed = computeFormula(job->formula, *job->bars, job->parameters, &job->cancelled))
                     records = std::make_shared<const FormulaRecords>(std::move(*computed));
             }
             if (!job->cancelled)
@@ -165,12 +165,12 @@ FormulaService::FormulaService(QObject* parent)
 
 FormulaService::~FormulaService() = default;
 
-QString FormulaService::request(const std::string& name, std::shared_ptr<const BarSeries> bars,
+QString FormulaService::request(std::shared_ptr<const Formula> formula, std::shared_ptr<const BarSeries> bars,
                                 const std::vector<double>& parameters)
 {
     auto job = std::make_shared<Job>();
     job->id = nextId();
-    job->name = name;
+    job->formula = std::move(formula);
     job->bars = std::move(bars);
     job->parameters = parameters;
     const QString id = job->id;

@@ -26,10 +26,10 @@ public:
     ~FormulaService() override;
 
     /// Asks for a formula over bars that nobody changes any more.
-    /// @param name,parameters  as computeFormula takes them.
+    /// @param formula,parameters  as computeFormula takes them; no formula fails.
     /// @param bars  shared with the thread until the request ends; null fails.
     /// @return the identifier of the request, never empty and never used twice by any service.
-    QString request(const std::string& name, std::shared_ptr<const BarSeries> bars,
+    QString request(std::shared_ptr<const Formula> formula, std::shared_ptr<const BarSeries> bars,
                     const std::vector<double>& parameters = {});
 
     /// Drops a request that has not been delivered; unknown identifiers are ignored.
@@ -42,7 +42,7 @@ public:
 
 Q_SIGNALS:
     void computed(const QString& id, std::shared_ptr<const engine::FormulaRecords> records);
-    /// The formula is not known, or there are no bars to compute it over.
+    /// There is no formula, or there are no bars to compute it over.
     void failed(const QString& id);
 
 private Q_SLOTS:

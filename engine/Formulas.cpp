@@ -1,113 +1,72 @@
 #include "engine/Formulas.h"
 
-#include "engine/formulas/BuiltIns.h"
+#include "engine/FormulaEvaluation.h"
+
+#include <QFile>
 
 #include <algorithm>
-#include <cmath>
+
+/// Makes the texts known that are linked in; the macro must stand outside of any namespace.
+static void initFormulaTexts()
+{
+    Q_INIT_RESOURCE(formulas);
+}
 
 namespace engine {
 
 namespace {
 
-const std::vector<BuiltIn>& allFormulas()
-{
-    static const std::vector<BuiltIn> formulas {
-        candlesFormula(), movingAverageFormula(), bollingerFormula(),   volumeFormula(),     macdFormula(),
-        kdjFormula(),     rsiFormula(),           crossSignalFormula(), risingDaysFormula(), noteFormula()
-    };
-    return formulas;
-}
+constexpr const char* kNames[] = { "KLINE", "MA",  "EXPMA", "BOLL", "SAR",  "VOL", "MACD",
+                                   "KDJ",   "RSI", "WR",    "BIAS", "CCI",  "DMI", "OBV",
+                                   "TRIX",  "CROSSSIGNAL",  "RISINGDAYS",   "NOTE" };
 
-/// A complete list of parameters, every one within its range.
-std::vector<double> soundParameters(const std::vector<Parameter>& asked, const std::vector<double>& given)
+std::vector<BuiltInFormula> readTexts()
 {
-    std::vector<double> sound;
-    for (std::size_t index = 0; index < asked.size(); ++index) {
-        const Parameter& parameter = asked[index];
-        const bool isGiven = index < given.size() && !std::isnan(given[index]);
-        sound.push_back(
-            std::clamp(isGiven ? given[index] : parameter.value, parameter.least, parameter.greatest));
+    initFormulaTexts();
+    std::vector<BuiltInFormula> formulas;
+    for (const char* name : kNames) {
+        QFile file(QStringLiteral(":/formulas/%1.txt").arg(QLatin1String(name)));
+        file.open(QIODevice::ReadOnly);
+        const std::string source = file.readAll().toStdString();
+        formulas.push_back({ name, source, readFormula(source).formula });
     }
-    return sound;
-}
-
-/// One entry per bar, the marker for everything that is no value.
-Series cleaned(const Series& values, std::size_t count)
-{
-    Series clean(count, kMissing);
-    for (std::size_t bar = 0; bar < std::min(count, values.size()); ++bar)
-        clean[bar] = valueOrMissing(values[bar]);
-    return clean;
-}
-
-BarSeries cleaned(const BarSeries& bars)
-{
-    const std::size_t count = bars.size();
-    const auto optional = [&](const Series& values) {
-        return values.empty() ? values : cleaned(values, count);
-    };
-    return { bars.timeMs,
-             cleaned(bars.open, count),
-             cleaned(bars.high, count),
-             cleaned(bars.low, count),
-             cleaned(bars.close, count),
-             cleaned(bars.volume, count),
-             optional(bars.amount),
-             optional(bars.openInterest) };
-}
-
-const BuiltIn* find(const std::string& name)
-{
-    const auto found = std::find_if(allFormulas().begin(), allFormulas().end(),
-                                    [&](const BuiltIn& formula) { return formula.description.name == name; });
-    return found == allFormulas().end() ? nullptr : &*found;
+    return formulas;
 }
 
 } // namespace
 
-Parameter periodParameter(const std::string& name, double value, double least)
+const std::vector<BuiltInFormula>& builtInFormulas()
 {
-    return { name, value, least, kLongestPeriod };
+    static const std::vector<BuiltInFormula> formulas = readTexts();
+    return formulas;
 }
 
-std::string periodName(const std::string& prefix, int period)
+const BuiltInFormula* findBuiltIn(const std::string& name)
 {
-    return prefix + std::to_string(period);
+    const auto& formulas = builtInFormulas();
+    const auto found = std::find_if(formulas.begin(), formulas.end(),
+                                    [&](const BuiltInFormula& formula) { return formula.name == name; });
+    return found == formulas.end() ? nullptr : &*found;
 }
 
-const std::vector<FormulaDescription>& builtInFormulas()
+std::optional<FormulaRecords> computeFormula(const std::shared_ptr<const Formula>& formula,
+                                             const BarSeries& bars, const std::vector<double>& parameters,
+                                             const std::atomic<bool>* cancelled)
 {
-    static const std::vector<FormulaDescription> descriptions = [] {
-        std::vector<FormulaDescription> list;
-        for (const BuiltIn& formula : allFormulas())
-            list.push_back(formula.description);
-        return list;
-    }();
-    return descriptions;
-}
-
-const FormulaDescription* findBuiltIn(const std::string& name)
-{
-    const BuiltIn* formula = find(name);
-    return formula ? &builtInFormulas()[static_cast<std::size_t>(formula - allFormulas().data())] : nullptr;
+    if (!formula)
+        return std::nullopt;
+    FormulaEvaluation evaluation(formula, parameters, FormulaEvaluation::Mode::Once);
+    if (!evaluation.update(bars, cancelled))
+        return std::nullopt;
+    return evaluation.take();
 }
 
 std::optional<FormulaRecords> computeFormula(const std::string& name, const BarSeries& bars,
                                              const std::vector<double>& parameters,
                                              const std::atomic<bool>* cancelled)
 {
-    const BuiltIn* formula = find(name);
-    if (!formula)
-        return std::nullopt;
-    const BarSeries clean = cleaned(bars);
-    const std::vector<double> sound = soundParameters(formula->description.parameters, parameters);
-    const FormulaInput input { clean, sound, cancelled };
-    RecordBuilder records;
-    records.setBars(clean);
-    formula->compute(input, records);
-    if (input.cancelled())
-        return std::nullopt;
-    return records.take();
+    const BuiltInFormula* builtIn = findBuiltIn(name);
+    return builtIn ? computeFormula(builtIn->formula, bars, parameters, cancelled) : std::nullopt;
 }
 
 } // namespace engine

@@ -1,7 +1,7 @@
 #pragma once
-/// @file The engine's built-in formulas: bars in, formula records out.
+/// @file The engine's built-in formulas, and how any formula is computed: bars in, formula records out.
 ///
-/// Plain functions without state; every one of them may be called from any thread.
+/// Every function here may be called from any thread.
 
 #include "engine/BarSeries.h"
 #include "engine/Formula.h"
@@ -14,30 +14,31 @@
 
 namespace engine {
 
-/// What a formula is called and what it takes.
-struct FormulaDescription
+/// A formula that comes with the engine; its text stands in samples/formulas.
+struct BuiltInFormula
 {
-    std::string name;        ///< what the engine knows it by ("MACD")
-    std::string displayName; ///< what users see, UTF-8; traders know the built-in ones by their name
-    int kind = 0;            ///< 2: the main chart itself; 1: drawn over it; 0: in a pane of its own
-    std::vector<Parameter> parameters;
+    std::string name;   ///< what the engine and traders know it by ("MACD")
+    std::string source; ///< its text, UTF-8
+    std::shared_ptr<const Formula> formula;
 };
 
 /// Every built-in formula, in the order in which a menu lists them.
-const std::vector<FormulaDescription>& builtInFormulas();
+const std::vector<BuiltInFormula>& builtInFormulas();
 
 /// The built-in formula of an exact name ("MA"); null when there is none.
-const FormulaDescription* findBuiltIn(const std::string& name);
+const BuiltInFormula* findBuiltIn(const std::string& name);
 
-/// Computes a built-in formula.
+/// Computes a formula once.
 ///
-/// @param bars  may be empty; a vector shorter than the times reads as missing past its end. A bar whose four
-///        prices are all missing (not finite, or DBL_MAX) is marked as carrying nothing.
-/// @param parameters  in the order of the description. Missing ones and NaN take their default, others are
-///        moved into [least, greatest]; periods lose their fraction. Further ones are ignored.
-/// @param cancelled  when it turns true the computation ends early with nothing; may be null.
-/// @return records with one time and one validity flag per bar and every series of that length, DBL_MAX where
-///         there is no value; nothing when the name is unknown or the computation was cancelled.
+/// @param formula  null gives nothing.
+/// @param bars,parameters,cancelled  as FormulaEvaluation takes them.
+/// @return the records as FormulaEvaluation describes them; nothing when the computation was cancelled.
+std::optional<FormulaRecords> computeFormula(const std::shared_ptr<const Formula>& formula,
+                                             const BarSeries& bars,
+                                             const std::vector<double>& parameters = {},
+                                             const std::atomic<bool>* cancelled = nullptr);
+
+/// Computes a built-in formula; nothing when the name is unknown.
 std::optional<FormulaRecords> computeFormula(const std::string& name, const BarSeries& bars,
                                              const std::vector<double>& parameters = {},
                                              const std::atomic<bool>* cancelled = nullptr);

@@ -1,7 +1,7 @@
 #pragma once
 /// @file The two records that a tick pane is painted from.
 
-#include "engine/Formulas.h"
+#include "engine/FormulaRecords.h"
 #include "engine/TickSeries.h"
 
 namespace engine {

@@ -11,7 +11,7 @@ std::optional<engine::FormulaRecords> computeNamed(const QString& name, const en
         return std::nullopt;
     const std::vector<double> parameters(recipe->parameters.begin(), recipe->parameters.end());
     std::optional<engine::FormulaRecords> records =
-        engine::computeFormula(recipe->base.toStdString(), bars, parameters);
+        engine::computeFormula(recipe->formula, bars, parameters);
     if (records)
         TC::embedded::applyColors(*recipe, records->meta);
     return records;

@@ -10,18 +10,6 @@ constexpr int kTextColumn = 3;
 
 } // namespace
 
-void RecordBuilder::setBars(const BarSeries& bars)
-{
-    Series anyPrice = bars.close;
-    for (const Series* prices : { &bars.open, &bars.high, &bars.low }) {
-        for (std::size_t bar = 0; bar < anyPrice.size(); ++bar) {
-            if (!isValue(anyPrice[bar]))
-                anyPrice[bar] = (*prices)[bar];
-        }
-    }
-    setBars(bars.timeMs, anyPrice);
-}
-
 void RecordBuilder::setBars(const std::vector<std::int64_t>& timeMs, const Series& price)
 {
     se::RPCFormulaResult& result = m_records.result;
@@ -76,12 +64,6 @@ RecordBuilder& RecordBuilder::textColumn(int texts)
     column(texts, Axis::No);
     m_records.result.columnType.back() = kTextColumn;
     return *this;
-}
-
-RecordBuilder& RecordBuilder::line(const std::string& name, Series values)
-{
-    const int index = series(std::move(values));
-    return output(name, kLine).column(index, Axis::Yes);
 }
 
 RecordBuilder& RecordBuilder::legendOnly(const std::string& name, int series)

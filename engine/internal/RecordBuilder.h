@@ -1,7 +1,7 @@
 #pragma once
 /// @file Writes the records of a formula output by output.
 
-#include "engine/Formulas.h"
+#include "engine/FormulaRecords.h"
 #include "engine/internal/Series.h"
 
 #include <string>
@@ -44,8 +44,6 @@ enum class Axis { No, Yes };
 class RecordBuilder
 {
 public:
-    /// Adds the bars: times and which of them carry data.
-    void setBars(const BarSeries& bars);
     /// Adds trades: a trade carries data where it has a price.
     void setBars(const std::vector<std::int64_t>& timeMs, const Series& price);
 
@@ -59,8 +57,6 @@ public:
     RecordBuilder& column(int series, Axis axis);
     /// One more column of the last output, over a text series.
     RecordBuilder& textColumn(int texts);
-    /// A plain line over a new series of its own.
-    RecordBuilder& line(const std::string& name, Series values);
     /// An output that the legend shows and nothing paints.
     RecordBuilder& legendOnly(const std::string& name, int series);
 

@@ -67,18 +67,40 @@ private:
         detail.displayName = entry.contains(QStringLiteral("displayName"))
             ? readName(entry, QStringLiteral("displayName"))
             : detail.realName;
-        const QString baseName = entry.value(QStringLiteral("base")).toString();
-        const engine::FormulaDescription* base = engine::findBuiltIn(baseName.toStdString());
-        if (!base) {
-            complain(QStringLiteral("base"), QStringLiteral("\"base\" must name a built-in formula"));
+        formula.recipe.formula = readWhatIsComputed(entry, formula.recipe.base);
+        if (!formula.recipe.formula)
             return formula;
-        }
-        formula.recipe.base = baseName;
-        formula.recipe.parameters = readParameters(entry.value(QStringLiteral("parameters")), *base);
+        formula.recipe.parameters =
+            readParameters(entry.value(QStringLiteral("parameters")), formula.recipe.formula->parameters());
         formula.recipe.colors = readColors(entry.value(QStringLiteral("colors")));
-        detail.kind = readKind(entry.value(QStringLiteral("kind")), base->kind);
+        detail.kind = readKind(entry.value(QStringLiteral("kind")), formula.recipe.formula->kind());
         detail.numberParams = formula.recipe.parameters;
         return formula;
+    }
+
+    /// The formula of the entry's own text, or else the built-in one that it names.
+    std::shared_ptr<const engine::Formula> readWhatIsComputed(const QJsonObject& entry, QString& base)
+    {
+        const QJsonValue source = entry.value(QStringLiteral("source"));
+        if (source.isString() && !entry.contains(QStringLiteral("base")))
+            return readSource(source.toString());
+        base = entry.value(QStringLiteral("base")).toString();
+        const engine::BuiltInFormula* known = engine::findBuiltIn(base.toStdString());
+        if (!known)
+            complain(QStringLiteral("base"), QStringLiteral("\"base\" must name a built-in formula"));
+        else if (source.isString())
+            complain(QStringLiteral("source"), QStringLiteral("a formula has a \"base\" or a \"source\""));
+        return known ? known->formula : nullptr;
+    }
+
+    std::shared_ptr<const engine::Formula> readSource(const QString& source)
+    {
+        const engine::FormulaReading reading = engine::readFormula(source.toStdString());
+        for (const engine::Problem& problem : reading.problems)
+            complain(QStringLiteral("source"),
+                     QStringLiteral("%1:%2: %3").arg(problem.place.line).arg(problem.place.column).arg(
+                         QString::fromStdString(problem.english)));
+        return reading.formula;
     }
 
     void refuseUnknownKeys(const QJsonObject& entry)
@@ -116,11 +138,11 @@ private:
         return standard;
     }
 
-    /// All parameters of the base, with its defaults where the entry says nothing.
-    QVector<double> readParameters(const QJsonValue& value, const engine::FormulaDescription& base)
+    /// All parameters of the formula, with its defaults where the entry says nothing.
+    QVector<double> readParameters(const QJsonValue& value, const std::vector<engine::Parameter>& asked)
     {
         QVector<double> parameters;
-        for (const engine::Parameter& parameter : base.parameters)
+        for (const engine::Parameter& parameter : asked)
             parameters << parameter.value;
         const QJsonArray given = value.toArray();
         if (!value.isUndefined() && (!value.isArray() || given.size() > parameters.size())) {
@@ -130,7 +152,7 @@ private:
             return parameters;
         }
         for (int index = 0; index < given.size(); ++index) {
-            const engine::Parameter& parameter = base.parameters[static_cast<std::size_t>(index)];
+            const engine::Parameter& parameter = asked[static_cast<std::size_t>(index)];
             parameters[index] = given.at(index).toDouble(std::nan(""));
             if (!(parameters[index] >= parameter.least && parameters[index] <= parameter.greatest))
                 complain(QStringLiteral("parameters/%1").arg(index),

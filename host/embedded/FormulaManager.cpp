@@ -28,16 +28,14 @@ TC::CFormulaOperateManager::Private& manager()
     return utils::CSingletonT<TC::CFormulaOperateManager>::instance()->data();
 }
 
-KnownFormula builtIn(const engine::FormulaDescription& description)
+KnownFormula builtIn(const engine::BuiltInFormula& known)
 {
     KnownFormula formula { boost::make_shared<CFormulaDetail>(), {}, KnownFormula::BuiltIn };
-    formula.detail->displayName = QString::fromStdString(description.displayName);
-    formula.detail->realName = QString::fromStdString(description.name);
-    formula.detail->kind = description.kind;
-    for (const engine::Parameter& parameter : description.parameters)
+    formula.detail->displayName = formula.detail->realName = QString::fromStdString(known.name);
+    formula.detail->kind = known.formula->kind();
+    for (const engine::Parameter& parameter : known.formula->parameters())
         formula.detail->numberParams << parameter.value;
-    formula.recipe.base = formula.detail->realName;
-    formula.recipe.parameters = formula.detail->numberParams;
+    formula.recipe = { known.formula, formula.detail->realName, formula.detail->numberParams, {} };
     return formula;
 }
 
@@ -77,8 +75,8 @@ Formulas& knownFormulas(TC::CFormulaOperateManager::Private& data)
 {
     if (!data.isFilled) {
         data.isFilled = true;
-        for (const engine::FormulaDescription& description : engine::builtInFormulas())
-            data.formulas.push_back(builtIn(description));
+        for (const engine::BuiltInFormula& known : engine::builtInFormulas())
+            data.formulas.push_back(builtIn(known));
         readUserFormulas(data.formulas);
     }
     return data.formulas;
@@ -142,8 +140,8 @@ void setFormula(const CFormulaDetail& formula)
 {
     Formulas& formulas = knownFormulas(manager());
     KnownFormula added { boost::make_shared<CFormulaDetail>(formula), {}, KnownFormula::Set };
-    if (engine::findBuiltIn(formula.realName.toStdString()))
-        added.recipe = { formula.realName, formula.numberParams, {} };
+    if (const engine::BuiltInFormula* known = engine::findBuiltIn(formula.realName.toStdString()))
+        added.recipe = { known->formula, formula.realName, formula.numberParams, {} };
     const auto known = std::find_if(formulas.begin(), formulas.end(), [&](const KnownFormula& f) {
         return f.detail->displayName == formula.displayName;
     });
@@ -178,7 +176,7 @@ std::optional<FormulaRecipe> resolveFormula(const QString& name)
     const KnownFormula* formula = findBy(formulas, &CFormulaDetail::displayName, name);
     if (!formula)
         formula = findBy(formulas, &CFormulaDetail::realName, name);
-    if (!formula || formula->recipe.base.isEmpty())
+    if (!formula || !formula->recipe.formula)
         return std::nullopt;
     return formula->recipe;
 }

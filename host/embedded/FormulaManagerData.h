@@ -20,7 +20,7 @@ struct KnownFormula
     enum Origin { BuiltIn, User, Set };
 
     boost::shared_ptr<CFormulaDetail> detail;
-    FormulaRecipe recipe; ///< without a base: not computable
+    FormulaRecipe recipe; ///< without a formula: not computable
     Origin origin = Set;
 };
 

@@ -12,16 +12,22 @@
 #include <QVector>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
+namespace engine {
+class Formula;
+}
+
 namespace TC::embedded {
 
-/// How a formula is computed: a built-in one with parameters and colours of its own.
+/// How a formula is computed: a text, or a built-in one, with parameters and colours of its own.
 struct FormulaRecipe
 {
-    QString base;               ///< name of the built-in formula
-    QVector<double> parameters; ///< in the built-in formula's order; missing ones take their defaults
+    std::shared_ptr<const engine::Formula> formula;
+    QString base;               ///< name of the built-in formula; empty for a text of the user's own
+    QVector<double> parameters; ///< in the formula's order; missing ones take their defaults
     QVector<QColor> colors;     ///< by output; an invalid colour leaves the formula's own
 };
 
@@ -41,8 +47,8 @@ INDICATORHOST_EXPORT void clearFormulas();
 /// @return one line "FILE:LINE:COLUMN: reason" for each thing that is wrong; empty when all is well.
 INDICATORHOST_EXPORT QStringList loadFormulas();
 
-/// How to compute the formula of a display name, or else of a real name; nothing when it is unknown or rests
-/// on no built-in formula.
+/// How to compute the formula of a display name, or else of a real name; nothing when it is unknown or
+/// nothing computes it.
 INDICATORHOST_EXPORT std::optional<FormulaRecipe> resolveFormula(const QString& name);
 
 /// Puts a recipe's colours into the description of its outputs; surplus colours are ignored.

@@ -9,6 +9,13 @@
 
 namespace {
 
+/// Null for an unknown name.
+std::shared_ptr<const engine::Formula> builtIn(const std::string& name)
+{
+    const engine::BuiltInFormula* known = engine::findBuiltIn(name);
+    return known ? known->formula : nullptr;
+}
+
 using engine::FormulaService;
 using Records = std::shared_ptr<const engine::FormulaRecords>;
 
@@ -63,7 +70,7 @@ void settle(int msecs = 100)
 TEST(FormulaService, DeliversTheRecordsUnderTheirRequestOnItsOwnThread)
 {
     Recorder recorder;
-    const QString id = recorder.service.request("MA", sharedBars({ 1, 2, 3 }), { 2 });
+    const QString id = recorder.service.request(builtIn("MA"), sharedBars({ 1, 2, 3 }), { 2 });
     EXPECT_TRUE(recorder.ids.empty()) << "nothing is sent from within request()";
     recorder.finish();
     ASSERT_EQ(recorder.ids, std::vector<QString> { id });
@@ -76,7 +83,7 @@ TEST(FormulaService, DeliversInTheOrderOfTheRequests)
     Recorder recorder;
     std::vector<QString> asked;
     for (int k = 0; k < 50; ++k)
-        asked.push_back(recorder.service.request(k % 2 ? "MACD" : "KDJ", sharedBars({ 1, 2, 3 })));
+        asked.push_back(recorder.service.request(builtIn(k % 2 ? "MACD" : "KDJ"), sharedBars({ 1, 2, 3 })));
     recorder.finish();
     EXPECT_EQ(recorder.ids, asked);
 }
@@ -84,14 +91,14 @@ TEST(FormulaService, DeliversInTheOrderOfTheRequests)
 TEST(FormulaService, NeverUsesAnIdentifierTwice)
 {
     FormulaService first, second;
-    EXPECT_NE(first.request("MA", sharedBars({ 1 })), second.request("MA", sharedBars({ 1 })));
+    EXPECT_NE(first.request(builtIn("MA"), sharedBars({ 1 })), second.request(builtIn("MA"), sharedBars({ 1 })));
 }
 
 TEST(FormulaService, SaysThatAnUnknownFormulaOrMissingBarsFailed)
 {
     Recorder recorder;
-    const QString unknown = recorder.service.request("NOSUCH", sharedBars({ 1 }));
-    const QString noBars = recorder.service.request("MA", nullptr);
+    const QString unknown = recorder.service.request(builtIn("NOSUCH"), sharedBars({ 1 }));
+    const QString noBars = recorder.service.request(builtIn("MA"), nullptr);
     recorder.finish();
     EXPECT_EQ(recorder.failures, (std::vector<QString> { unknown, noBars }));
     EXPECT_TRUE(recorder.ids.empty());
@@ -100,8 +107,8 @@ TEST(FormulaService, SaysThatAnUnknownFormulaOrMissingBarsFailed)
 TEST(FormulaService, ACancelledRequestSendsNothing)
 {
     Recorder recorder;
-    const QString dropped = recorder.service.request("MA", sharedBars({ 1 }));
-    const QString kept = recorder.service.request("MA", sharedBars({ 1 }));
+    const QString dropped = recorder.service.request(builtIn("MA"), sharedBars({ 1 }));
+    const QString kept = recorder.service.request(builtIn("MA"), sharedBars({ 1 }));
     recorder.service.cancel(dropped);
     recorder.finish();
     settle();
@@ -112,7 +119,7 @@ TEST(FormulaService, ACancelledRequestSendsNothing)
 TEST(FormulaService, ARequestCancelledAfterItsResultWasPostedSendsNothing)
 {
     Recorder recorder;
-    const QString id = recorder.service.request("MA", sharedBars({ 1 }));
+    const QString id = recorder.service.request(builtIn("MA"), sharedBars({ 1 }));
     QThread::msleep(100); // computed and posted, but no event has been handled
     recorder.service.cancel(id);
     settle();
@@ -124,7 +131,7 @@ TEST(FormulaService, IgnoresUnknownIdentifiers)
     Recorder recorder;
     recorder.service.cancel(QStringLiteral("nobody"));
     recorder.service.cancel(QString());
-    const QString id = recorder.service.request("MA", sharedBars({ 1 }));
+    const QString id = recorder.service.request(builtIn("MA"), sharedBars({ 1 }));
     recorder.finish();
     recorder.service.cancel(id);
     EXPECT_EQ(recorder.ids.size(), 1u);
@@ -134,7 +141,7 @@ TEST(FormulaService, CancelAllDropsEverything)
 {
     Recorder recorder;
     for (int k = 0; k < 20; ++k)
-        recorder.service.request("BOLL", sharedBars(std::vector<double>(1000, 1.0)));
+        recorder.service.request(builtIn("BOLL"), sharedBars(std::vector<double>(1000, 1.0)));
     recorder.service.cancelAll();
     EXPECT_EQ(recorder.service.pending(), 0);
     settle();
@@ -145,13 +152,13 @@ TEST(FormulaService, AReceiverMayAskAndCancelFromWithinTheSignal)
 {
     Recorder recorder;
     QString second;
-    const QString first = recorder.service.request("MA", sharedBars({ 1 }));
-    const QString dropped = recorder.service.request("MA", sharedBars({ 1 }));
+    const QString first = recorder.service.request(builtIn("MA"), sharedBars({ 1 }));
+    const QString dropped = recorder.service.request(builtIn("MA"), sharedBars({ 1 }));
     QObject::connect(&recorder.service, &FormulaService::computed, &recorder.service, [&](const QString& id) {
         if (id != first)
             return;
         recorder.service.cancel(dropped);
-        second = recorder.service.request("KDJ", sharedBars({ 1 }));
+        second = recorder.service.request(builtIn("KDJ"), sharedBars({ 1 }));
     });
     recorder.finish();
     EXPECT_EQ(recorder.ids, (std::vector<QString> { first, second }));
@@ -166,7 +173,7 @@ TEST(FormulaService, AReceiverMayDeleteTheService)
         delete service;
     });
     for (int k = 0; k < 5; ++k)
-        service->request("MA", sharedBars({ 1 }));
+        service->request(builtIn("MA"), sharedBars({ 1 }));
     QThread::msleep(50); // all five lie ready
     settle();
     EXPECT_EQ(received, 1);
@@ -178,7 +185,7 @@ TEST(FormulaService, GoesAwayInTheMiddleOfItsWork)
     for (int round = 0; round < 30; ++round) {
         FormulaService service;
         for (int k = 0; k < 8; ++k)
-            service.request("BOLL", bars);
+            service.request(builtIn("BOLL"), bars);
         if (round % 3 == 0)
             QThread::usleep(static_cast<unsigned long>(round) * 100);
     }
@@ -191,7 +198,7 @@ TEST(FormulaService, ManyServicesWorkSideBySide)
     const auto bars = std::make_shared<const engine::BarSeries>(test::randomBars(3, 5'000));
     Recorder recorders[4];
     for (int k = 0; k < 40; ++k)
-        recorders[k % 4].service.request(k % 3 ? "RSI" : "CROSSSIGNAL", bars);
+        recorders[k % 4].service.request(builtIn(k % 3 ? "RSI" : "CROSSSIGNAL"), bars);
     for (Recorder& recorder : recorders) {
         recorder.finish();
         EXPECT_EQ(recorder.ids.size(), 10u);
