@@ -46,6 +46,14 @@ void berth(ads::CDockWidget* dock, TC::IIndexDockableWidget* panel)
     panel->show();
 }
 
+/// Floating windows get title bars of their own. Dragged by the title bar that a window manager draws, they
+/// would show their drop marks under some window managers only, and could not be docked again under others.
+ads::CDockManager* makeManager(QMainWindow* window)
+{
+    ads::CDockManager::setConfigFlag(ads::CDockManager::FloatingContainerForceQWidgetTitleBar);
+    return new ads::CDockManager(window);
+}
+
 TC::IIndexDockableWidget* panelIn(const ads::CDockWidget* dock)
 {
     return dock->widget()->findChild<TC::IIndexDockableWidget*>(QString(), Qt::FindDirectChildrenOnly);
@@ -56,7 +64,7 @@ TC::IIndexDockableWidget* panelIn(const ads::CDockWidget* dock)
 DockArrangement::DockArrangement(QMainWindow* window, PanelPool& pool)
     : QObject(window)
     , m_pool(pool)
-    , m_manager(new ads::CDockManager(window))
+    , m_manager(makeManager(window))
 {
 }
 
