@@ -167,23 +167,35 @@ TEST(KilledRestore, LeavesEachLiveFileOldOrRestoredOrMissingButNeverCutShort)
                                 "restored, missing", "restored, missing staged", "restored, restored" }));
 }
 
-/// Lines that the operation printed about its folders; empty when there is no small disk.
-QStringList runOnFullDisk(const QStringList& words, bool& hasDisk)
+/// A disk without room for the file, or files that cannot grow as far, which fails at the same call.
+class FullDisk : public testing::TestWithParam<const char*>
 {
-    QProcess process;
-    process.start(words.first(), words.mid(1));
-    hasDisk = process.waitForFinished() && process.exitCode() != kNoDisk;
-    return QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-}
+protected:
+    /// Carries out "backup" or "restore"; skips the test when the machine has no such disk.
+    void run(const char* operation, const RecoveryFolders& folders, const QString& version = QString())
+    {
+        const QByteArray variant = QByteArray(operation) + '-' + GetParam();
+        const QStringList words = command(variant.constData(), folders, version);
+        QProcess process;
+        process.start(words.first(), words.mid(1));
+        ASSERT_TRUE(process.waitForFinished());
+        if (process.exitCode() == kNoDisk)
+            GTEST_SKIP() << "this machine does not let the test mount a small disk";
+        ASSERT_EQ(process.exitCode(), 0);
+        left =
+            QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    }
 
-TEST(FullDisk, BackupThatDoesNotFitLeavesNothingBehindAndTheSmallerFileIsKept)
+    QStringList left; ///< "FOLDER/NAME SIZE" of every file after the operation
+};
+
+TEST_P(FullDisk, BackupThatDoesNotFitLeavesNothingBehindAndTheSmallerFileIsKept)
 {
     RecoveryFolders folders;
-    folders.setLive(QByteArray(200'000, 'f'), "scripts"); // the disk holds 65,536 bytes
-    bool hasDisk = false;
-    const QStringList left = runOnFullDisk(command("backup-full", folders), hasDisk);
-    if (!hasDisk)
-        GTEST_SKIP() << "this machine does not let the test mount a small disk";
+    folders.setLive(QByteArray(200'000, 'f'), "scripts"); // 65,536 bytes fit
+    run("backup", folders);
+    if (IsSkipped() || HasFatalFailure())
+        return;
     ASSERT_EQ(left.size(), 3) << left.join(QLatin1Char('\n')).toStdString();
     EXPECT_TRUE(left.at(0).startsWith(QLatin1String("backUp/lua_"))) << qPrintable(left.at(0));
     EXPECT_TRUE(left.at(0).endsWith(QLatin1String(" 7")));
@@ -191,21 +203,23 @@ TEST(FullDisk, BackupThatDoesNotFitLeavesNothingBehindAndTheSmallerFileIsKept)
               QStringList({ QStringLiteral("user/configFormula 200000"), QStringLiteral("user/lua 7") }));
 }
 
-TEST(FullDisk, RestoreThatDoesNotFitCostsTheLiveFileAndLeavesNoPartOfTheNewOne)
+TEST_P(FullDisk, RestoreThatDoesNotFitCostsTheLiveFileAndLeavesNoPartOfTheNewOne)
 {
     RecoveryFolders folders;
     const QString version = RecoveryFolders::formulaBackup(0);
     folders.setLive("live", "scripts");
     folders.addBackup(version, QByteArray(200'000, 'f'), QDateTime::currentDateTime());
     folders.addBackup(RecoveryFolders::scriptBackup(0), "kept", QDateTime::currentDateTime());
-    bool hasDisk = false;
-    const QStringList left = runOnFullDisk(command("restore-full", folders, version), hasDisk);
-    if (!hasDisk)
-        GTEST_SKIP() << "this machine does not let the test mount a small disk";
+    run("restore", folders, version);
+    if (IsSkipped() || HasFatalFailure())
+        return;
     EXPECT_EQ(left,
               QStringList({ QStringLiteral("backUp/%1 200000").arg(version),
                             QStringLiteral("backUp/%1 4").arg(RecoveryFolders::scriptBackup(0)),
                             QStringLiteral("user/lua 4") }));
 }
+
+INSTANTIATE_TEST_SUITE_P(Either, FullDisk, testing::Values("full", "cut"),
+                         [](const auto& kind) { return std::string(kind.param); });
 
 } // namespace
