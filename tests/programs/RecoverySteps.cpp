@@ -2,12 +2,14 @@
 ///
 /// recovery_steps OPERATION CONFIG_DIR USER_DIR [VERSION]
 ///   backup, restore             stops itself (SIGSTOP) before the operation, so that a tracer takes over
+///   restore-asked               the same for the restore of the client's dialog
 ///   backup-full, restore-full   first puts a disk of 64 KiB over CONFIG_DIR or USER_DIR, seen by this
 ///                               process alone; prints one line "FOLDER/NAME SIZE" per file afterwards
 ///   backup-cut, restore-cut     the same, but no file can grow beyond 64 KiB: writing on fails as on a full
 ///                               disk, without a mount
 /// Ends with 77 when the machine does not let it mount that disk or set that limit.
 
+#include "apps/client/parts/FormulaBackups.h"
 #include "host/embedded/EmbeddedHost.h"
 #include "recovery/CRecoveryVersionManager.h"
 
@@ -93,10 +95,16 @@ int main(int argc, char** argv)
     const bool isTraced = !onFullDisk && !cutsFiles;
     if (isTraced)
         std::raise(SIGSTOP);
-    if (restoring)
-        manager.loadFile(QString::fromUtf8(argc > 4 ? argv[4] : ""));
-    else
+    const QString version = QString::fromUtf8(argc > 4 ? argv[4] : "");
+    if (operation == QLatin1String("restore-asked")) {
+        client::FormulaVersion chosen;
+        chosen.name = version;
+        client::restoreFormulas(chosen);
+    } else if (restoring) {
+        manager.loadFile(version);
+    } else {
         manager.backUp();
+    }
     if (!isTraced) {
         list("backUp", configDir + QStringLiteral("/backUp"));
         list("user", userDir);

@@ -1,7 +1,7 @@
 /// @file What is left when the client dies in the middle of a backup or a restore, or its disk is full.
 
+#include "apps/client/parts/FormulaBackups.h"
 #include "recovery/CRecoveryVersionManager.h"
-
 #include "tests/support/RecoveryFolders.h"
 #include "tests/support/StepKiller.h"
 #include "tests/support/Trace.h"
@@ -12,6 +12,7 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -100,13 +101,14 @@ TEST(KilledBackup, LeavesTheLiveFilesAndOlderBackupsAndNoHalfBackup)
 
 TEST(KilledBackup, PrunesTheOldestPairFirstAndNothingElse)
 {
+    std::set<std::string> outcomes;
     const int kills = killAtEveryCall(
         "backup", QString(),
         [](const RecoveryFolders& folders) {
             folders.setLive("formulas", "scripts");
             folders.addBackups(10);
         },
-        [](const RecoveryFolders& folders) {
+        [&](const RecoveryFolders& folders) {
             const QStringList left = folders.backups();
             for (int number = 1; number < 10; ++number) {
                 EXPECT_TRUE(left.contains(RecoveryFolders::formulaBackup(number)));
@@ -119,10 +121,12 @@ TEST(KilledBackup, PrunesTheOldestPairFirstAndNothingElse)
             if (hasScripts) {
                 EXPECT_EQ(left.size(), hasFormulas ? 20 : 19);
             }
+            outcomes.insert(std::string(hasFormulas ? "formulas " : "") + (hasScripts ? "scripts" : ""));
         });
     if (kills < 0)
         GTEST_SKIP() << "this machine does not let one process trace another";
     EXPECT_GT(kills, 10);
+    EXPECT_EQ(outcomes, std::set<std::string>({ "formulas scripts", "scripts", "" }));
 }
 
 TEST(KilledRestore, LeavesEachLiveFileOldOrRestoredOrMissingButNeverCutShort)
@@ -165,6 +169,38 @@ TEST(KilledRestore, LeavesEachLiveFileOldOrRestoredOrMissingButNeverCutShort)
         outcomes,
         std::set<std::string>({ "old, old", "missing, old", "missing staged, old", "restored, old",
                                 "restored, missing", "restored, missing staged", "restored, restored" }));
+}
+
+TEST(KilledRestore, OfTheClientIsMendedByTheNextOneAtWhateverStepItDied)
+{
+    std::set<std::string> outcomes;
+    const QString version = RecoveryFolders::formulaBackup(0);
+    const int kills = killAtEveryCall(
+        "restore-asked", version,
+        [&](const RecoveryFolders& folders) {
+            folders.setLive("live formulas", "live scripts");
+            folders.addBackups(1);
+            // What an earlier restore left when it died.
+            RecoveryFolders::write(folders.userDir() + QLatin1Char('/') + version, "leftover");
+        },
+        [&](const RecoveryFolders& folders) {
+            outcomes.insert(folders.live(kFormulas).toStdString() + ", "
+                            + folders.live(kScripts).toStdString());
+            const std::vector<client::FormulaVersion> offered = client::formulaVersions();
+            ASSERT_EQ(offered.size(), 1U);
+            EXPECT_EQ(client::restoreFormulas(offered.front()), QString());
+            EXPECT_EQ(folders.live(kFormulas), "formulas 0");
+            EXPECT_EQ(folders.live(kScripts), "scripts 0");
+            EXPECT_FALSE(folders.live().contains(version));
+            EXPECT_EQ(folders.backup(version), "formulas 0");
+        });
+    if (kills < 0)
+        GTEST_SKIP() << "this machine does not let one process trace another";
+    EXPECT_GT(kills, 10);
+    EXPECT_EQ(
+        outcomes,
+        std::set<std::string>({ "live formulas, live scripts", "<none>, live scripts",
+                                "formulas 0, live scripts", "formulas 0, <none>", "formulas 0, scripts 0" }));
 }
 
 /// A disk without room for the file, or files that cannot grow as far, which fails at the same call.
