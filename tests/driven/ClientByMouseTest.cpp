@@ -24,6 +24,17 @@ QByteArray contentOf(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<none>");
 }
 
+/// The client's skin has no pixel that is quite black.
+int blackPixels(const QImage& picture, const QRect& area)
+{
+    int black = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x)
+            black += picture.pixel(x, y) == qRgb(0, 0, 0);
+    }
+    return black;
+}
+
 class ClientByMouse : public testing::Test, protected test::DrivenClient
 {
 protected:
@@ -105,7 +116,12 @@ TEST_F(ClientByMouse, DocksAFloatingPanelThatIsDroppedOnAMark)
     moveTo(mark->middle());
     awaitThat("the preview of the drop",
               [](const View& view) { return view.widget("ads::CDockOverlay").has_value(); });
-    picture(QStringLiteral("above-the-right-mark"));
+    // Nothing blends windows on this screen; the marks must not cover what lies under them all the same.
+    const QImage above = picture(QStringLiteral("above-the-right-mark"));
+    const std::optional<Seen> ticks = look().dock(QStringLiteral("transactionPanel"));
+    ASSERT_TRUE(ticks);
+    const QRect leftThird(ticks->place.topLeft(), QSize(ticks->place.width() / 3, ticks->place.height()));
+    EXPECT_EQ(blackPixels(above, leftThird), 0);
     letGo();
     awaitThat("no floating window",
               [](const View& view) { return !view.widget("ads::CFloatingDockContainer"); });

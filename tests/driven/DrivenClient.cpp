@@ -22,22 +22,23 @@ constexpr int kLongestWaitMs = 15'000; // a machine that sanitizes and shares it
 constexpr unsigned kLookPauseMs = 15;
 constexpr int kHandStep = 24; // pixels
 
-/// Colours of the screen within an area; few of them mean that nothing is painted there yet.
-int coloursOn(const QRect& area)
+QImage wholeScreen()
 {
-    const QImage image = QGuiApplication::primaryScreen()
-                             ->grabWindow(0, area.x(), area.y(), area.width(), area.height())
-                             .toImage()
-                             .convertToFormat(QImage::Format_RGB32);
-    QSet<QRgb> colours;
-    for (int y = 0; y < image.height(); y += 2) {
-        for (int x = 0; x < image.width(); x += 2)
-            colours.insert(image.pixel(x, y));
-    }
-    return colours.size();
+    return QGuiApplication::primaryScreen()->grabWindow(0).toImage().convertToFormat(QImage::Format_RGB32);
 }
 
 } // namespace
+
+int coloursIn(const QImage& picture, const QRect& area)
+{
+    const QRect part = area & picture.rect();
+    QSet<QRgb> colours;
+    for (int y = part.top(); y <= part.bottom(); y += 2) {
+        for (int x = part.left(); x <= part.right(); x += 2)
+            colours.insert(picture.pixel(x, y));
+    }
+    return colours.size();
+}
 
 View::View(const QByteArray& json)
 {
@@ -152,8 +153,7 @@ void DrivenClient::start()
     settled();
     awaitThat("the painted window", [](const View& view) {
         const std::optional<Seen> window = view.widget("client::MainWindow");
-        constexpr int leastColours = 40; // lines of charts, and the edges of texts above all
-        return window && coloursOn(window->place) >= leastColours;
+        return window && coloursIn(wholeScreen(), window->place) >= kLeastColours;
     });
 }
 
@@ -266,11 +266,20 @@ void DrivenClient::choose(const QStringList& entries)
     }
 }
 
-void DrivenClient::picture(const QString& stage)
+QImage DrivenClient::picture(const QString& stage)
 {
+    constexpr unsigned restMs = 60;
+    QElapsedTimer clock;
+    clock.start();
+    QImage before, image = wholeScreen();
+    do {
+        QThread::msleep(restMs);
+        before = image;
+        image = wholeScreen();
+    } while (image != before && clock.elapsed() < kLongestWaitMs);
     QDir().mkpath(QStringLiteral(DRIVEN_RESULTS_DIR));
-    QGuiApplication::primaryScreen()->grabWindow(0).save(
-        QStringLiteral(DRIVEN_RESULTS_DIR "/%1.png").arg(stage));
+    image.save(QStringLiteral(DRIVEN_RESULTS_DIR "/%1.png").arg(stage));
+    return image;
 }
 
 } // namespace test

@@ -2,7 +2,7 @@
 /// @file The client as a trader has it: a program of its own on a screen, worked with mouse and keyboard.
 
 #include <QByteArray>
-#include <QJsonObject>
+#include <QImage>
 #include <QList>
 #include <QPoint>
 #include <QProcess>
@@ -30,6 +30,12 @@ struct Seen
 
     QPoint middle() const { return place.center(); }
 };
+
+/// A painted window has more colours than these: lines of charts, and the edges of texts above all.
+constexpr int kLeastColours = 40;
+
+/// Different colours in a part of a picture.
+int coloursIn(const QImage& picture, const QRect& area);
 
 /// All that stands on the screen at one moment.
 class View
@@ -91,8 +97,8 @@ public:
     /// Opens a menu of the menu bar and then the entries in turn.
     void choose(const QStringList& entries);
 
-    /// Keeps a picture of the whole screen among the test's results.
-    void picture(const QString& stage);
+    /// Waits until nothing changes, and keeps a picture of the whole screen among the test's results.
+    QImage picture(const QString& stage);
 
 private:
     static void input(const QStringList& words);

@@ -1,6 +1,7 @@
 #include "apps/client/parts/DockArrangement.h"
 
 #include "apps/client/parts/ArrangementFile.h"
+#include "apps/client/parts/DockLook.h"
 #include "host/TC/Folders.h"
 
 #include <QAbstractButton>
@@ -46,14 +47,6 @@ void berth(ads::CDockWidget* dock, TC::IIndexDockableWidget* panel)
     panel->show();
 }
 
-/// Floating windows get title bars of their own. Dragged by the title bar that a window manager draws, they
-/// would show their drop marks under some window managers only, and could not be docked again under others.
-ads::CDockManager* makeManager(QMainWindow* window)
-{
-    ads::CDockManager::setConfigFlag(ads::CDockManager::FloatingContainerForceQWidgetTitleBar);
-    return new ads::CDockManager(window);
-}
-
 TC::IIndexDockableWidget* panelIn(const ads::CDockWidget* dock)
 {
     return dock->widget()->findChild<TC::IIndexDockableWidget*>(QString(), Qt::FindDirectChildrenOnly);
@@ -64,7 +57,7 @@ TC::IIndexDockableWidget* panelIn(const ads::CDockWidget* dock)
 DockArrangement::DockArrangement(QMainWindow* window, PanelPool& pool)
     : QObject(window)
     , m_pool(pool)
-    , m_manager(makeManager(window))
+    , m_manager(makeDockManager(window))
 {
 }
 
