@@ -35,6 +35,16 @@ int blackPixels(const QImage& picture, const QRect& area)
     return black;
 }
 
+int averageGray(const QImage& picture, const QRect& area)
+{
+    qint64 sum = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x)
+            sum += qGray(picture.pixel(x, y));
+    }
+    return static_cast<int>(sum / (qint64(area.width()) * area.height()));
+}
+
 class ClientByMouse : public testing::Test, protected test::DrivenClient
 {
 protected:
@@ -170,6 +180,22 @@ TEST_F(ClientByMouse, StandsAfterARestartAsItWasLeft)
     picture(QStringLiteral("restarted"));
     EXPECT_EQ(again.arrangement(), left);
     EXPECT_FALSE(again.widget("client::RestoreDialog"));
+}
+
+TEST_F(ClientByMouse, ShowsEveryDockInTheSkinThatIsChosen)
+{
+    start();
+    floatTheBasket();
+    choose({ QStringLiteral("视图(&V)"), QStringLiteral("皮肤"), QStringLiteral("light") });
+    awaitThat("the menus closed", [](const View& view) { return !view.widget("QMenu"); });
+    const QImage light = picture(QStringLiteral("light-skin"));
+    const View view = look();
+    for (const char* panel :
+         { "transactionPanel", "tradeBaskets", "productBaseInfo", "F7index", "messagePanel" }) {
+        const std::optional<Seen> dock = view.dock(QLatin1String(panel));
+        ASSERT_TRUE(dock) << panel;
+        EXPECT_GT(averageGray(light, dock->place), 200) << panel;
+    }
 }
 
 TEST_F(ClientByMouse, OffersARestoreAfterASuddenEndAndCarriesItOut)
