@@ -64,6 +64,20 @@ protected:
               [](const View& view) { return view.widget("ads::CFloatingDockContainer"); });
     }
 
+    /// Drags the corner of the main window that is there for it.
+    void widenTheWindow()
+    {
+        const std::optional<Seen> window = look().widget("client::MainWindow");
+        ASSERT_TRUE(window);
+        press(window->place.bottomRight() - QPoint(4, 4));
+        moveTo(window->place.bottomRight() + QPoint(40, -60));
+        letGo();
+        awaitThat("a wider window", [&](const View& view) {
+            const std::optional<Seen> now = view.widget("client::MainWindow");
+            return now && now->place.width() > window->place.width() + 20;
+        });
+    }
+
     void closeTheMessages()
     {
         const std::optional<Seen> button = look().closeButton(QStringLiteral("消息面板"));
@@ -166,6 +180,7 @@ TEST_F(ClientByMouse, StandsAfterARestartAsItWasLeft)
 {
     start();
     const std::string atFirst = settled().arrangement();
+    widenTheWindow();
     floatTheBasket();
     closeTheMessages();
     const std::string left = settled().arrangement();
@@ -174,8 +189,7 @@ TEST_F(ClientByMouse, StandsAfterARestartAsItWasLeft)
     EXPECT_FALSE(QFile::exists(configFile("out.txt")));
 
     start();
-    awaitThat("the floating window",
-              [](const View& view) { return view.widget("ads::CFloatingDockContainer").has_value(); });
+    awaitThat("the arrangement that was left", [&](const View& view) { return view.arrangement() == left; });
     const View again = settled();
     picture(QStringLiteral("restarted"));
     EXPECT_EQ(again.arrangement(), left);

@@ -128,13 +128,17 @@ QString DockArrangement::filePath()
 
 QString DockArrangement::save()
 {
-    return ArrangementFile { m_manager->saveState(kStateVersion), m_named }.write(filePath());
+    const QByteArray place = m_manager->window()->saveGeometry();
+    return ArrangementFile { m_manager->saveState(kStateVersion), m_named, place }.write(filePath());
 }
 
 QString DockArrangement::restore()
 {
-    QByteArray last;
-    QString message = readFile(last);
+    ArrangementFile file;
+    QString message = readFile(file);
+    const QByteArray last = file.last;
+    if (!file.window.isEmpty())
+        m_manager->window()->restoreGeometry(file.window); // first: the docks share out its size
     if (message.isEmpty() && !last.isEmpty() && !applyState(last))
         message = tr("上次的面板布局无法恢复");
     if (!message.isEmpty())
@@ -197,12 +201,11 @@ bool DockArrangement::applyState(const QByteArray& state)
     return m_manager->restoreState(state, kStateVersion);
 }
 
-QString DockArrangement::readFile(QByteArray& last)
+QString DockArrangement::readFile(ArrangementFile& file)
 {
     const QString path = filePath();
     if (!QFile::exists(path))
         return QString();
-    ArrangementFile file;
     const QString message = file.read(path);
     if (!message.isEmpty()) {
         const QString aside = path + QStringLiteral(".damaged");
@@ -210,7 +213,6 @@ QString DockArrangement::readFile(QByteArray& last)
         QFile::rename(path, aside);
         return message;
     }
-    last = file.last;
     m_named = file.named;
     return QString();
 }
