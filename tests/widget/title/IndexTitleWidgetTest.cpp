@@ -335,6 +335,23 @@ TEST_F(TitleWidget, LeavingBeforeASecondOpensNothing)
     EXPECT_EQ(strip.rowsIn(QRect(0, 0, 300, 16)), 2);
 }
 
+TEST_F(TitleWidget, LeavingDoesNotRedraw)
+{
+    data.add(QStringLiteral("F"), outputs(1));
+    test::Strip strip(&data, 1, 3, 2);
+    strip.setStock(stock);
+    const QImage before = strip.picture(300, 16);
+    data.clearAll();
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&strip, &leave);
+    QImage now(before.size(), before.format());
+    strip.render(&now);
+    EXPECT_EQ(now, before);
+    strip.updateView();
+    strip.render(&now);
+    EXPECT_NE(now, before);
+}
+
 TEST_F(TitleWidget, AHeadingDoesNotReactToARestingPointer)
 {
     data.add(QStringLiteral("F"), outputs(60));
@@ -351,6 +368,9 @@ TEST_F(TitleWidget, PaintsTheBackgroundAloneWithoutDataOrInstrument)
     test::Strip without(nullptr, 1, 3, 2);
     without.setStock(stock);
     EXPECT_EQ(lastInk(without.picture(300, 16)), -1);
+    test::Strip heading(nullptr, 0, 0, 0);
+    heading.setStock(stock);
+    EXPECT_EQ(lastInk(heading.picture(300, 32)), -1);
     test::Strip nameless(&data, 1, 3, 2);
     EXPECT_EQ(lastInk(nameless.picture(300, 16)), -1);
 }
@@ -498,6 +518,18 @@ TEST_F(TitleWidget, ADateStripShowsTheReplayedDayAlone)
     painter.drawText(QRect(0, 0, 300, 16), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("2024/06/21"));
     painter.end();
     EXPECT_EQ(replayed, expected);
+}
+
+TEST_F(TitleWidget, TheReplayedDayDropsFractionsOfASecondTowardZero)
+{
+    test::Strip strip(&data, 7, 3, 2);
+    const auto midnight = QDateTime(QDate(1969, 12, 31), QTime(0, 0)).toMSecsSinceEpoch();
+    strip.slotTradeDateChanged(midnight);
+    const QImage day = strip.picture(300, 16);
+    strip.slotTradeDateChanged(midnight - 999); // still the day before, but for the fraction
+    EXPECT_EQ(strip.picture(300, 16), day);
+    strip.slotTradeDateChanged(midnight - 1000);
+    EXPECT_NE(strip.picture(300, 16), day);
 }
 
 TEST_F(TitleWidget, AReplayedDayAfterTheStripIsGoneHarmsNobody)
