@@ -290,8 +290,10 @@ TEST_F(TitleWidget, AnIndentedLegendHasLessRoom)
         strip.updateTitleHeight();
         return strip.height() / 16;
     };
-    EXPECT_EQ(rows(2, plain), 1);
-    EXPECT_EQ(rows(2, plain - 1), 2);
+    for (const int subViewType : { 0, 2, 3 }) {
+        EXPECT_EQ(rows(subViewType, plain), 1);
+        EXPECT_EQ(rows(subViewType, plain - 1), 2);
+    }
     EXPECT_EQ(rows(1, plain + gap), 1);
     EXPECT_EQ(rows(1, plain + gap - 1), 2);
 }
@@ -454,6 +456,31 @@ TEST_F(TitleWidget, HidingAnIndicatorRedrawsInAnyCase)
     QImage now(before.size(), before.format());
     strip.render(&now);
     EXPECT_EQ(lastInk(now), -1);
+}
+
+TEST_F(TitleWidget, SettersRedrawAtOnce)
+{
+    using Set = void (*)(test::Strip&);
+    const Set setters[] = {
+        [](test::Strip& strip) { strip.setPeroid(TC::EFormulaPeriod_Day); },
+        [](test::Strip& strip) { strip.setDrType(1); },
+        [](test::Strip& strip) { strip.updateIndexId(0); },
+        [](test::Strip& strip) { strip.setShowIndex(QStringLiteral("F")); },
+        [](test::Strip& strip) { strip.setStock(test::instrument("SH", "600000", "浦发银行", 0.01)); },
+        [](test::Strip& strip) { strip.clearAddStockList(); },
+        [](test::Strip& strip) { strip.setShowTitleBg(true); },
+    };
+    for (const Set set : setters) {
+        data.add(QStringLiteral("F"), outputs(1));
+        test::Strip strip(&data, 1, 3, 2);
+        strip.setStock(stock);
+        QImage now = strip.picture(300, 16);
+        ASSERT_GE(lastInk(now), 0);
+        data.clearAll();
+        set(strip);
+        strip.render(&now);
+        EXPECT_EQ(lastInk(now), -1) << &set - setters;
+    }
 }
 
 TEST_F(TitleWidget, PeriodAdjustmentAndNameStandInTheGroupHeading)
