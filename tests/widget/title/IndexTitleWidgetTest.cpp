@@ -337,6 +337,32 @@ TEST_F(TitleWidget, LeavingBeforeASecondOpensNothing)
     EXPECT_EQ(strip.rowsIn(QRect(0, 0, 300, 16)), 2);
 }
 
+TEST_F(TitleWidget, TakesItsHoverTimerAlong)
+{
+    class FiredTimers : public QObject
+    {
+    public:
+        int ofASecond = 0;
+
+    protected:
+        bool eventFilter(QObject* receiver, QEvent* event) override
+        {
+            const auto* timer = qobject_cast<QTimer*>(receiver);
+            if (event->type() == QEvent::Timer && timer && timer->interval() == 1000)
+                ++ofASecond;
+            return false;
+        }
+    } fired;
+    {
+        test::Strip strip(&data, 1, 0, 2);
+        QEvent enter(QEvent::Enter);
+        QApplication::sendEvent(&strip, &enter);
+    }
+    qApp->installEventFilter(&fired);
+    QTest::qWait(1200);
+    EXPECT_EQ(fired.ofASecond, 0);
+}
+
 TEST_F(TitleWidget, LeavingDoesNotRedraw)
 {
     data.add(QStringLiteral("F"), outputs(1));
