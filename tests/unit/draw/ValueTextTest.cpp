@@ -36,6 +36,7 @@ TEST(PriceTick2Precision, CountsTheDecimalsOfTheTick)
 TEST(PriceTick2Precision, TakesATickWithinTheToleranceOfOneAsWhole)
 {
     EXPECT_EQ(CDrawStyle::priceTick2Precision(0.999991), 0);
+    EXPECT_EQ(CDrawStyle::priceTick2Precision(0.99999), 0);
     EXPECT_EQ(CDrawStyle::priceTick2Precision(0.99998), 1);
 }
 
