@@ -142,6 +142,13 @@ TEST_P(DrawTickVolStick, MeasuresTheFirstTradeByTheReferencesOfTheOneBefore)
               QStringLiteral("-"));
 }
 
+TEST_P(DrawTickVolStick, DoesNotReadTheOutputsWidth)
+{
+    auto cache = trades({ 5.0 }, { 2.0 });
+    cache.meta.lineWidth = { 0 };
+    EXPECT_EQ(drawn(cache), QStringList(rising("10,29 4x31")));
+}
+
 TEST_P(DrawTickVolStick, LeavesOutInvalidBars)
 {
     auto cache = trades({ 5.0, 5.0, 5.0 }, { 1.0, 9.0, 2.0 });
