@@ -195,6 +195,17 @@ TEST_F(DrawCircleDot, AddsTheOffsetToBarsAlignedByIndex)
     EXPECT_EQ(dots.circle({ 5, 5, 5 }), QStringList(dotAt("21,47")));
 }
 
+TEST_F(DrawCircleDot, TruncatesTheStartOfBarsAlignedByIndex)
+{
+    Dots dots;
+    dots.pane = QRect(0, 0, 100, 100);
+    dots.slotCount = 7; // 14.2857 pixels a slot
+    dots.alignByIndex = true;
+    dots.start = 1;
+    // bar 4: 14 + 3 * 14.2857 - 2 = 54.86; with the start left fractional it would be 55.14
+    EXPECT_EQ(dots.circle({ NAN, NAN, NAN, NAN, 5 }), QStringList(dotAt("54,47")));
+}
+
 TEST_F(DrawCircleDot, CountsTheOffsetTwiceForClientType3)
 {
     TC::embedded::setClientType(3);

@@ -105,6 +105,18 @@ TEST_F(DrawSimpleLine, StandsInItsOwnSlotWhenAlignedByIndexAndIgnoresTheOffset)
     EXPECT_EQ(line.draw({ 1, 2, 3, 4 }), lines({ "path M 20,69 L 30,59 pen=#ff0000/1/solid" }));
 }
 
+TEST_F(DrawSimpleLine, TruncatesTheStartOfBarsAlignedByIndex)
+{
+    SimpleLine line;
+    line.pane = QRect(0, 0, 100, 100);
+    line.slotCount = 7; // 14.2857 pixels a slot
+    line.alignByIndex = true;
+    line.start = 1;
+    // bar 4: 14 + 3 * 14.2857 = 56.86; with the start left fractional it would be 57.14
+    EXPECT_EQ(line.draw({ 1, DBL_MAX, DBL_MAX, DBL_MAX, 2, 3 }),
+              lines({ "path M 56,79 L 71,69 pen=#ff0000/1/solid" }));
+}
+
 TEST_F(DrawSimpleLine, LeavesASpareSlotUnlessTheFullWidthIsUsed)
 {
     SimpleLine line;
