@@ -155,6 +155,18 @@ TEST_F(DrawPointDot, TakesThePaintersBrush)
     EXPECT_EQ(traced, lines({ "ellipse -2,47 4x4 pen=#ff0000/1/solid brush=#0000ff" }));
 }
 
+TEST_F(DrawPointDot, LeavesAPenOfTheOutputsWidthSquareAndBevelled)
+{
+    test::traceOf([](QPainter& painter) {
+        auto cache = FormulaBuilder().line({ 5 }).width(3).style(15).color(Qt::red).build();
+        QRect pane(0, 0, 60, 100);
+        TC::CDrawStyle::drawPointDot(&painter, pane, cache, { 10, 0 }, 0, 0, 5, 0, true, 6);
+        EXPECT_EQ(test::penText(painter.pen()), QStringLiteral("#ff0000/3/solid")); // whatever the line style
+        EXPECT_EQ(painter.pen().capStyle(), Qt::SquareCap);
+        EXPECT_EQ(painter.pen().joinStyle(), Qt::BevelJoin);
+    });
+}
+
 TEST_F(DrawPointDot, DrawsNothingOfWidthZero)
 {
     EXPECT_EQ(Dots().point(FormulaBuilder().line({ 5 }).width(0).build()), QStringList());
