@@ -194,6 +194,21 @@ TEST_F(DrawVolStick, DrawsBodiesOfOnePixelAsLinesAndTheirMarksAsPoints)
                       "point 20,97 pen=#00ff00/1/solid" }));
 }
 
+TEST_F(DrawVolStick, DrawsBodiesOfTwoPixelsAsBodies)
+{
+    VolStick call;
+    call.halfWidth = 1;
+    EXPECT_EQ(call.draw({ kRising, kFalling }),
+              lines({ "rect 0,49 2x51 pen=#ff0000/1/solid brush=none", "fill 10,50 2x51 #00ff00" }));
+}
+
+TEST_F(DrawVolStick, SpansTheWholeHeightWithTheMaximum)
+{
+    // row 99 - 100: one above the pane
+    EXPECT_EQ(VolStick().draw({ { 10.0, 1.0, 2.0 } }),
+              lines({ "rect 0,-1 6x101 pen=#ff0000/1/solid brush=none" }));
+}
+
 TEST_F(DrawVolStick, ThinLinesStandAtTheLeftEdgeOfTheBodyAndReachTheBottom)
 {
     VolStick call;

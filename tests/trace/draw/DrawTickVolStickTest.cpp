@@ -179,6 +179,19 @@ TEST_P(DrawTickVolStick, DrawsAZeroVolumeAsAOnePixelMarkOnTheBottomRow)
                             QStringLiteral("line 30,59 34,59 pen=#0000ff/1/solid") }));
 }
 
+TEST_P(DrawTickVolStick, SpansTheWholeHeightWithTheMaximum)
+{
+    // Row 59 - 60, one above the pane: 60 rows to the maximum, not the 59 between the edges.
+    EXPECT_EQ(drawn(trades({ 10.0 }, { 2.0 })), QStringList(rising("10,-1 4x61")));
+}
+
+TEST_P(DrawTickVolStick, DrawsAStickTwoPixelsWideAsABody)
+{
+    halfWidth = 1;
+    EXPECT_EQ(drawn(trades({ 5.0, 5.0 }, { 2.0, 1.0 })),
+              QStringList({ rising("10,29 2x31"), falling("30,30 2x31") }));
+}
+
 TEST_P(DrawTickVolStick, DrawsAStickOfTwoRowsAsABody)
 {
     EXPECT_EQ(drawn(trades({ 0.2 }, { 2.0 })), QStringList(rising("10,57 4x3"))); // 59 - 1.2
