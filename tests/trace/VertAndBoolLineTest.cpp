@@ -175,13 +175,15 @@ TEST_F(DrawVertLine, TakesItsIndexAsTheStyleForUnknownCodes)
 
 TEST_F(DrawVertLine, TakesItsIndexAsTheStyleEvenWhereThatNamesNone)
 {
-    FormulaBuilder builder;
-    for (int output = 0; output < 7; ++output)
-        builder.line({ 1 });
-    BarLine line;
-    line.output = 7;
-    EXPECT_EQ(line.vert(builder.output("v", 34, { { 1 } }).style(-1).color(Qt::red).build()),
-              lines({ "line 0,99 0,0 pen=#ff0000/1/7" }));
+    for (const int index : { 7, 40 }) {
+        FormulaBuilder builder;
+        for (int output = 0; output < index; ++output)
+            builder.line({ 1 });
+        BarLine line;
+        line.output = index;
+        EXPECT_EQ(line.vert(builder.output("v", 34, { { 1 } }).style(-1).color(Qt::red).build()),
+                  QStringList(QStringLiteral("line 0,99 0,0 pen=#ff0000/1/%1").arg(index)));
+    }
 }
 
 TEST_F(DrawVertLine, DrawsNothingOfWidthZero)
