@@ -37,18 +37,19 @@ public:
 
     bool exist() const { return m_exist; }
 
-    /// The bar's prices times `factor`; empty where a column ends or a price is missing.
+    /// The bar's prices times `factor`. Empty past the end of a column and for a NaN, which has no row;
+    /// infinities and the missing marker are prices far outside the pane.
     std::optional<Prices> at(int bar, double factor) const
     {
-        const auto price = [&](const ColumnView& column) {
-            const std::optional<double> stored = column.raw(bar);
-            return stored && !isMissing(*stored) ? *stored * factor : NAN; // NaN by a wild factor as well
-        };
-        const Prices prices { price(m_open), price(m_high), price(m_low), price(m_close) };
-        const double all[] = { prices.open, prices.high, prices.low, prices.close };
-        const bool isWhole =
-            std::none_of(std::begin(all), std::end(all), [](double p) { return std::isnan(p); });
-        return isWhole ? std::optional<Prices>(prices) : std::nullopt;
+        const auto open = m_open.raw(bar), high = m_high.raw(bar), low = m_low.raw(bar),
+                   close = m_close.raw(bar);
+        if (!open || !high || !low || !close)
+            return std::nullopt;
+        const Prices prices { *open * factor, *high * factor, *low * factor, *close * factor };
+        if (std::isnan(prices.open) || std::isnan(prices.high) || std::isnan(prices.low)
+            || std::isnan(prices.close))
+            return std::nullopt;
+        return prices;
     }
 
 private:
