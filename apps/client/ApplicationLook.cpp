@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QPalette>
 #include <QStyleFactory>
+#include <QWidget>
 
 namespace client {
 
@@ -18,10 +19,25 @@ QColor skinColor(const char* key, const QColor& fallback)
     return color ? *color : fallback;
 }
 
+/// A style sheet, and all that stands inside its widget, keeps the palette that it was read in.
+void renewStyleSheets()
+{
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (QWidget* widget : widgets) {
+        const QString sheet = widget->styleSheet();
+        if (sheet.isEmpty())
+            continue;
+        widget->setStyleSheet(QString());
+        widget->setStyleSheet(sheet);
+    }
+}
+
 } // namespace
 
 ApplicationLook::ApplicationLook()
 {
+    // The docks' style sheet would keep palettes from reaching the widgets inside.
+    QApplication::setAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     ApplicationLook::uiResourceChanged();
 }
@@ -46,6 +62,7 @@ void ApplicationLook::uiResourceChanged()
     for (QPalette::ColorRole role : { QPalette::Text, QPalette::WindowText, QPalette::ButtonText })
         palette.setColor(QPalette::Disabled, role, muted);
     QApplication::setPalette(palette);
+    renewStyleSheets();
 }
 
 } // namespace client

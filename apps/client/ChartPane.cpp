@@ -82,6 +82,7 @@ void ChartPane::clear(bool)
 void ChartPane::reloadStock()
 {
     m_klineParam->barCount = m_state->barTotal();
+    m_title->setPeroid(m_state->period());
     m_title->setStock(m_state->instrument());
 }
 
@@ -121,8 +122,10 @@ QString ChartPane::getStock() const
 void ChartPane::uiResourceChanged()
 {
     TC::CIndexPanelBaseWidget::uiResourceChanged();
-    if (m_title)
-        m_title->updateView();
+    if (!m_title)
+        return;
+    m_data->colorOverlays();
+    m_title->updateView();
 }
 
 /// The legend opens further rows when the pointer has rested on it, and closes them when it leaves.

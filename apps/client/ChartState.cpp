@@ -1,5 +1,7 @@
 #include "apps/client/ChartState.h"
 
+#include "apps/chart/BarPeriod.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -21,6 +23,7 @@ void ChartState::setBars(const Instrument& instrument, const Bars& bars)
 {
     m_instrument = instrument;
     m_bars = bars;
+    m_period = chart::barPeriod(bars ? bars->timeMs : std::vector<std::int64_t>());
     m_crosshairBar = -1;
     m_first = std::max(0, barTotal() - kUsualCount);
     m_last = barTotal() - 1;

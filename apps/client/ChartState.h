@@ -2,6 +2,7 @@
 /// @file What all panes of a chart share: the bars, the shown run of them, the crosshair.
 
 #include "engine/BarSeries.h"
+#include "host/TC/Periods.h"
 
 #include <QObject>
 
@@ -29,6 +30,8 @@ public:
 
     const Instrument& instrument() const { return m_instrument; }
     const Bars& bars() const { return m_bars; }
+    /// Period of the bars, told by their distance.
+    TC::EFormulaPeriod period() const { return m_period; }
     int barTotal() const { return m_bars ? static_cast<int>(m_bars->size()) : 0; }
 
     /// Shown bars, both inclusive; last() is -1 when there are none.
@@ -56,6 +59,7 @@ Q_SIGNALS:
 private:
     Instrument m_instrument;
     Bars m_bars;
+    TC::EFormulaPeriod m_period = TC::EFormulaPeriod_Day;
     int m_first = 0, m_last = -1;
     int m_crosshairBar = -1;
 };

@@ -91,6 +91,7 @@ void PaneData::store(const QString& id, const std::shared_ptr<const engine::Form
     TC::RPCFormulaResultCache& cache = m_data[key];
     cache.meta = records->meta;
     cache.result = records->result;
+    colorOverlays();
     double max = 0.0, min = 0.0;
     TC::CDrawStyle::calcMaxMin(max, min, m_state->first(), m_state->last(), cache, QRect(), true, false,
                                1.0f);
@@ -101,10 +102,26 @@ void PaneData::store(const QString& id, const std::shared_ptr<const engine::Form
     Q_EMIT sigChanged();
 }
 
+void PaneData::colorOverlays()
+{
+    constexpr int firstColor = 6, paletteSize = 10;
+    int color = firstColor;
+    for (const Overlay& overlay : m_overlays) {
+        const auto found =
+            m_data.find(TC::CFormulaKey(TC::getDetailQsKey(overlay.instrument), QStringLiteral("KLINE")));
+        if (found == m_data.end() || found->meta.color.empty() || found->meta.colorSet.empty())
+            continue;
+        found->meta.color.front() = TC::CDrawStyle::getIndexOutPutColorKey(color, 0, 0);
+        found->meta.colorSet.front() = 1;
+        color = (color + 1) % paletteSize;
+    }
+}
+
 chart::PaneContent PaneData::content()
 {
     chart::PaneContent pane;
     const ChartState::Instrument instrument = m_state->instrument();
+    pane.periodSeconds = m_state->period();
     pane.priceTick = instrument ? instrument->priceTick : 0.0;
     const QString own = TC::getDetailQsKey(instrument);
     for (const TC::CFormulaKey& key : keys()) {

@@ -33,6 +33,10 @@ public:
     /// @param overlays  bars on the times of the chart's own bars.
     void setOverlays(const std::vector<Overlay>& overlays);
 
+    /// Gives overlaid candles, and their texts in the legend, colours of the skin's palette that the pane's
+    /// first averages do not use.
+    void colorOverlays();
+
     /// The pane as the painters take it, formulas in display order.
     chart::PaneContent content();
 

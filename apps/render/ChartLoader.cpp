@@ -1,10 +1,12 @@
 #include "apps/render/ChartLoader.h"
 
+#include "apps/chart/BarPeriod.h"
 #include "apps/chart/NamedFormula.h"
 #include "apps/chart/OpenedBars.h"
 #include "apps/chart/TickFormulaNames.h"
 #include "engine/TickFormulas.h"
 #include "host/TC/Instruments.h"
+#include "host/TC/PeriodNames.h"
 #include "host/embedded/FormulaSetup.h"
 #include "host/ttservice/CInstrumentDetail.h"
 
@@ -53,7 +55,8 @@ QString loadBars(const Options& options, LoadedChart& chart)
         return failure;
     chart.picture.instrument = opened.instrument;
     chart.picture.times = opened.bars->timeMs;
-    chart.picture.periodName = QStringLiteral("日线");
+    const TC::EFormulaPeriod period = chart::barPeriod(opened.bars->timeMs);
+    chart.picture.periodName = TC::getCycleName(TC::getPeriodIndex(period));
     const std::vector<QStringList> usual { { QStringLiteral("KLINE"), QStringLiteral("MA") },
                                            { QStringLiteral("VOL") },
                                            { QStringLiteral("MACD") } };
@@ -67,6 +70,7 @@ QString loadBars(const Options& options, LoadedChart& chart)
             addFormula(chart, name, std::move(*records));
         }
         finishPane(chart, false);
+        chart.picture.panes.back().content.periodSeconds = period;
     }
     return QString();
 }
@@ -79,7 +83,7 @@ QString loadTicks(const Options& options, LoadedChart& chart)
         return failure;
     chart.picture.instrument = opened.instrument;
     chart.picture.times = opened.ticks->timeMs;
-    chart.picture.periodName = QStringLiteral("分笔");
+    chart.picture.periodName = TC::getCycleName(TC::getPeriodIndex(TC::EFormulaPeriod_Tick));
     chart::registerTickFormulas();
     engine::TickRecords records = engine::computeTicks(*opened.ticks);
     addPane(chart);

@@ -100,11 +100,15 @@ struct ExportedFormula
     int position = 0; ///< next bar to be matched, for the formulas beside the first
 };
 
-/// Room for a text of that many rows and cells, so that it grows rarely.
+/// Room for a text of that many rows and cells, so that it grows rarely; no more than any machine has, as the
+/// records may promise cells that they do not hold.
 void reserveFor(std::string& text, int rows, std::size_t cells)
 {
     constexpr std::size_t timeLength = 17, cellLength = 13; // ",-1.23457e+08"
-    text.reserve(text.size() + static_cast<std::size_t>(rows) * (timeLength + cells * cellLength));
+    constexpr std::size_t most = 256u << 20;
+    const std::size_t rowLength = timeLength + std::min(cells, most) * cellLength;
+    const auto count = std::min(static_cast<std::size_t>(rows), most / rowLength);
+    text.reserve(text.size() + count * rowLength);
 }
 
 } // namespace

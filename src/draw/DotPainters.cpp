@@ -21,8 +21,8 @@ constexpr int kDotSize = 4;
 int dotTop(double row, const QRect& rect)
 {
     const int top = saturatedSum(toPixel(row), -2);
-    if (top >= rect.bottom() - 2)
-        return rect.bottom() - kDotSize;
+    if (top >= saturatedSum(rect.bottom(), -2))
+        return saturatedSum(rect.bottom(), -kDotSize);
     // Deliberate: a dot above the rectangle goes to row 0, wherever the rectangle begins.
     return top > rect.top() ? top : 0;
 }

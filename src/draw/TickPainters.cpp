@@ -83,7 +83,7 @@ std::optional<int> crossRow(const QRect& rect, const QPair<double, double>& rang
     if (!hasPixel(scale.at(price)))
         return std::nullopt;
     const int row = scale.row(price);
-    return saturatedSum(row, -reach) < rect.top() ? rect.top() + reach : row;
+    return saturatedSum(row, -reach) < rect.top() ? saturatedSum(rect.top(), reach) : row;
 }
 
 // Sticks

@@ -49,8 +49,9 @@ struct VolumeBar
 
 void drawThinVolume(QPainter* painter, const QRect& rect, const VolumeBar& bar)
 {
+    const int lifted = saturatedSum(rect.bottom(), -1);
     if (bar.top == rect.bottom())
-        painter->drawPoint(bar.left, saturatedSum(rect.bottom(), -1));
+        painter->drawLine(bar.left, lifted, bar.left, lifted); // one pixel long
     else
         painter->drawLine(bar.left, bar.top, bar.left, rect.bottom());
 }

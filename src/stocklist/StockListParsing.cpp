@@ -35,10 +35,11 @@ bool isAdmitted(const Instrument& instrument)
             admittedType, instrument->market, instrument->code);
 }
 
-/// Keeps the smaller value: a running minimum never rises, not even within a tolerance.
+/// Keeps the smaller value: a running minimum never rises, not even within a tolerance. One that is no number
+/// gives way.
 void lowerMinimum(double& minimum, double value)
 {
-    if (value < minimum)
+    if (!(value >= minimum))
         minimum = value;
 }
 

@@ -2,10 +2,14 @@
 ///
 /// recovery_steps OPERATION CONFIG_DIR USER_DIR [VERSION]
 ///   backup, restore             stops itself (SIGSTOP) before the operation, so that a tracer takes over
+///   restore-asked               the same for the restore of the client's dialog
 ///   backup-full, restore-full   first puts a disk of 64 KiB over CONFIG_DIR or USER_DIR, seen by this
 ///                               process alone; prints one line "FOLDER/NAME SIZE" per file afterwards
-/// Ends with 77 when the machine does not let it mount that disk.
+///   backup-cut, restore-cut     the same, but no file can grow beyond 64 KiB: writing on fails as on a full
+///                               disk, without a mount
+/// Ends with 77 when the machine does not let it mount that disk or set that limit.
 
+#include "apps/client/parts/FormulaBackups.h"
 #include "host/embedded/EmbeddedHost.h"
 #include "recovery/CRecoveryVersionManager.h"
 
@@ -20,10 +24,12 @@
 
 #include <sched.h>
 #include <sys/mount.h>
+#include <sys/resource.h>
 
 namespace {
 
 constexpr int kNoDisk = 77;
+constexpr rlim_t kRoom = 64 * 1024; // bytes, as the disk has
 
 QMap<QString, QByteArray> filesOf(const QString& folder)
 {
@@ -53,6 +59,13 @@ bool putSmallDiskOver(const QString& folder)
     return true;
 }
 
+/// Lets no file grow beyond the room of the small disk: writing on fails instead of ending the process.
+bool limitFiles()
+{
+    const rlimit limit { kRoom, kRoom };
+    return std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR && setrlimit(RLIMIT_FSIZE, &limit) == 0;
+}
+
 void list(const char* label, const QString& folder)
 {
     const QMap<QString, QByteArray> files = filesOf(folder);
@@ -71,20 +84,28 @@ int main(int argc, char** argv)
     const QString userDir = QString::fromUtf8(argv[3]);
     const bool restoring = operation.startsWith(QLatin1String("restore"));
     const bool onFullDisk = operation.endsWith(QLatin1String("-full"));
-    if (onFullDisk && !putSmallDiskOver(restoring ? userDir : configDir))
+    const bool cutsFiles = operation.endsWith(QLatin1String("-cut"));
+    if ((onFullDisk && !putSmallDiskOver(restoring ? userDir : configDir)) || (cutsFiles && !limitFiles()))
         return kNoDisk;
 
     tzset();
     TC::embedded::setConfigDir(configDir);
     TC::embedded::setUserRootDir(userDir);
     TC::CRecoveryVersionManager manager;
-    if (!onFullDisk)
+    const bool isTraced = !onFullDisk && !cutsFiles;
+    if (isTraced)
         std::raise(SIGSTOP);
-    if (restoring)
-        manager.loadFile(QString::fromUtf8(argc > 4 ? argv[4] : ""));
-    else
+    const QString version = QString::fromUtf8(argc > 4 ? argv[4] : "");
+    if (operation == QLatin1String("restore-asked")) {
+        client::FormulaVersion chosen;
+        chosen.name = version;
+        client::restoreFormulas(chosen);
+    } else if (restoring) {
+        manager.loadFile(version);
+    } else {
         manager.backUp();
-    if (onFullDisk) {
+    }
+    if (!isTraced) {
         list("backUp", configDir + QStringLiteral("/backUp"));
         list("user", userDir);
         std::fflush(stdout);

@@ -3,10 +3,13 @@
 #include "dock/IIndexDockableWidget.h"
 #include "draw/CDrawStyle.h"
 #include "dock/IndexTitle.h"
+#include "recovery/CRecoveryVersionManager.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QImage>
 #include <QPainter>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -40,6 +43,17 @@ TEST(Seam, AsksAnotherHostForTitlesAndWidgets)
     EXPECT_EQ(TC::indexTitle(QStringLiteral("messagePanel"), 3), QStringLiteral("消息面板 (3)"));
     TC::IIndexDockableWidget panel(false, 0, QStringLiteral("starryPanel"), nullptr);
     EXPECT_TRUE(panel.isSimpleHeaderTitle());
+}
+
+TEST(Seam, BackupFolderIsNotMadeInAConfigurationFolderThatIsMissing)
+{
+    const QTemporaryDir home;
+    qputenv("SEAM_CONFIG_DIR", home.filePath(QStringLiteral("missing")).toUtf8());
+    TC::CRecoveryVersionManager manager;
+    manager.backUp();
+    EXPECT_FALSE(manager.init());
+    qunsetenv("SEAM_CONFIG_DIR");
+    EXPECT_TRUE(QDir(home.path()).isEmpty());
 }
 
 int main(int argc, char** argv)

@@ -267,6 +267,11 @@ TEST_F(DrawKLine, OutputColourIsTheFirstOutputsEntryAsItStands)
     EXPECT_EQ(call.drawFormula(cache), QStringList());
 }
 
+TEST_F(DrawKLine, DoesNotReadTheOutputsWidth)
+{
+    EXPECT_EQ(KLine().drawFormula(candles({ kRising }).width(0).build()), KLine().draw({ kRising }));
+}
+
 TEST_F(DrawKLine, NeedsExactlyFourColumnsAndASlot)
 {
     EXPECT_EQ(KLine().drawFormula(candles({ kRising }).column({ 1.0 }).build()), QStringList());

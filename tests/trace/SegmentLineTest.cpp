@@ -4,6 +4,8 @@
 #include "tests/trace/PlainSkin.h"
 #include "tests/trace/TraceLines.h"
 
+#include <QImage>
+
 #include <cfloat>
 #include <cmath>
 
@@ -46,6 +48,40 @@ TEST_F(DrawSegmentLine, StandsOnePixelLeftAndIsNotHeldAtTheRightEdge)
     line.xOffset = 3; // s = trunc(10 + 3); the last bar 13 + 50 - 1 = 62, past the edge
     EXPECT_EQ(line.draw({ 1, 2, 3, 4, 5, 6 }),
               lines({ "path M 12,89 L 22,79 L 32,69 L 42,59 L 52,49 L 62,39 pen=#ff0000/1/solid" }));
+}
+
+TEST_F(DrawSegmentLine, TruncatesBehindItsOwnPixel)
+{
+    SegmentLine line;
+    line.pane = QRect(-20, 0, 65, 100); // w = 10.83, s = 10
+    // bar 1: -20 + 10 + 10.83 - 1 = -0.17, column 0; truncated before the pixel it would be -1
+    EXPECT_EQ(line.draw({ 1, 2, 3 }), lines({ "path M -11,89 L 0,79 L 10,69 pen=#ff0000/1/solid" }));
+}
+
+TEST_F(DrawSegmentLine, TruncatesTheSumOfStartAndOffset)
+{
+    SegmentLine line;
+    line.pane = QRect(0, 0, 65, 100);
+    line.xOffset = -15; // trunc(10.83 - 15) = -4, where trunc(10.83) - 15 would be -5
+    EXPECT_EQ(line.draw({ 1, 2 }), lines({ "path M -5,89 L 5,79 pen=#ff0000/1/solid" }));
+}
+
+TEST_F(DrawSegmentLine, LeavesNoInkForALonePoint)
+{
+    EXPECT_EQ(SegmentLine().draw({ 1, DBL_MAX, DBL_MAX, 4, DBL_MAX }), QStringList());
+    // behind a piece as well: nothing right of column 19
+    QImage image(60, 100, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    auto cache = FormulaBuilder().line({ 1, 2, DBL_MAX, 4, DBL_MAX }).width(3).color(Qt::red).build();
+    QRect pane(0, 0, 60, 100);
+    TC::CDrawStyle().drawSegmentLine(&painter, pane, cache, { 10, 0 }, 0, 0, 5, 6, 0, true);
+    painter.end();
+    EXPECT_NE(image.pixelColor(14, 84).alpha(), 0);
+    for (int x = 25; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y)
+            ASSERT_EQ(image.pixelColor(x, y).alpha(), 0) << x << "," << y;
+    }
 }
 
 TEST_F(DrawSegmentLine, LeavesAGapWhereANumberIsMissing)
@@ -98,6 +134,23 @@ TEST_F(DrawSegmentLine, DrawsNothingOfWidthZeroOrOfOtherColumnTypes)
     EXPECT_EQ(SegmentLine().drawFormula(FormulaBuilder().line({ 1, 2 }).width(0).build()), QStringList());
     EXPECT_EQ(SegmentLine().drawFormula(FormulaBuilder().line({ 1, 2 }).columnType(2).build()),
               QStringList());
+}
+
+TEST_F(DrawSegmentLine, DrawsNothingWhereItsColourWidthOrColumnIsMissing)
+{
+    const auto sound = FormulaBuilder().line({ 1, 2 }).build();
+    for (auto member : { &se::RPCFormulaMetaResult::color, &se::RPCFormulaMetaResult::colorSet,
+                         &se::RPCFormulaMetaResult::lineWidth }) {
+        auto cache = sound;
+        (cache.meta.*member).clear();
+        EXPECT_EQ(SegmentLine().drawFormula(cache), QStringList());
+    }
+    auto cache = sound;
+    cache.result.columnSeries = { 7 };
+    EXPECT_EQ(SegmentLine().drawFormula(cache), QStringList());
+    SegmentLine line;
+    line.output = 1;
+    EXPECT_EQ(line.drawFormula(sound), QStringList());
 }
 
 TEST_F(DrawSegmentLine, KeepsWhiteAndBeginsAtTheOffsetForClientType3)

@@ -79,6 +79,15 @@ TEST_F(DrawSimpleLine, TruncatesTheOffsetTogetherWithTheStart)
     EXPECT_EQ(line.draw({ 1, 2 }), lines({ "path M 49,89 L 59,79 pen=#ff0000/1/solid" }));
 }
 
+TEST_F(DrawSimpleLine, TruncatesTheSumOfStartAndOffsetAndIsNotHeldAtTheLeftEdge)
+{
+    SimpleLine line;
+    line.pane = QRect(0, 0, 65, 100); // w = 10.83
+    line.xOffset = -15;
+    // trunc(10.83 - 15) = -4, where trunc(10.83) - 15 would be -5
+    EXPECT_EQ(line.draw({ 1, 2 }), lines({ "path M -4,89 L 6,79 pen=#ff0000/1/solid" }));
+}
+
 TEST_F(DrawSimpleLine, AddsTheLeftEdgeOfTheRectangle)
 {
     SimpleLine line;
@@ -94,6 +103,18 @@ TEST_F(DrawSimpleLine, StandsInItsOwnSlotWhenAlignedByIndexAndIgnoresTheOffset)
     line.xOffset = 7;
     line.start = 2; // trunc(2 * 10)
     EXPECT_EQ(line.draw({ 1, 2, 3, 4 }), lines({ "path M 20,69 L 30,59 pen=#ff0000/1/solid" }));
+}
+
+TEST_F(DrawSimpleLine, TruncatesTheStartOfBarsAlignedByIndex)
+{
+    SimpleLine line;
+    line.pane = QRect(0, 0, 100, 100);
+    line.slotCount = 7; // 14.2857 pixels a slot
+    line.alignByIndex = true;
+    line.start = 1;
+    // bar 4: 14 + 3 * 14.2857 = 56.86; with the start left fractional it would be 57.14
+    EXPECT_EQ(line.draw({ 1, DBL_MAX, DBL_MAX, DBL_MAX, 2, 3 }),
+              lines({ "path M 56,79 L 71,69 pen=#ff0000/1/solid" }));
 }
 
 TEST_F(DrawSimpleLine, LeavesASpareSlotUnlessTheFullWidthIsUsed)
@@ -156,6 +177,17 @@ TEST_F(DrawSimpleLine, TakesTheLargestIntAsMissingInIntegerColumnsAlone)
               lines({ "path M 0,99 L 10,45 L 20,-1 pen=#ff0000/1/solid" }));
 }
 
+TEST_F(DrawSimpleLine, TakesTheLargestIntAsANumberInEveryColumnTypeButOne)
+{
+    SimpleLine line;
+    line.alignByIndex = true;
+    line.range = { 2147483647.0, 0.0 };
+    for (int type : { -1, 0, 200 }) {
+        const auto cache = FormulaBuilder().line({ 0, 2147483647.0 }).columnType(type).color(Qt::red).build();
+        EXPECT_EQ(line.drawFormula(cache), lines({ "path M 0,99 L 10,-1 pen=#ff0000/1/solid" })) << type;
+    }
+}
+
 TEST_F(DrawSimpleLine, TestsTheRawValueBeforeItScales)
 {
     SimpleLine line;
@@ -185,6 +217,51 @@ TEST_F(DrawSimpleLine, DrawsNothingOfWidthZeroOrOfAnOutputThatDoesNotExist)
     EXPECT_EQ(line.draw({ 1, 2 }), QStringList());
     line.output = -1;
     EXPECT_EQ(line.draw({ 1, 2 }), QStringList());
+}
+
+TEST_F(DrawSimpleLine, DrawsNothingWhereWhatItReadsIsMissing)
+{
+    const auto sound = FormulaBuilder().line({ 1, 2 }).build();
+    ASSERT_EQ(SimpleLine().drawFormula(sound).size(), 1);
+    for (auto member : { &se::RPCFormulaMetaResult::color, &se::RPCFormulaMetaResult::colorSet,
+                         &se::RPCFormulaMetaResult::lineWidth }) {
+        auto cache = sound;
+        (cache.meta.*member).clear();
+        EXPECT_EQ(SimpleLine().drawFormula(cache), QStringList());
+    }
+    for (auto member : { &se::RPCFormulaResult::columnSeries, &se::RPCFormulaResult::columnType,
+                         &se::RPCFormulaResult::barValid }) {
+        auto cache = sound;
+        (cache.result.*member).clear();
+        EXPECT_EQ(SimpleLine().drawFormula(cache), QStringList());
+    }
+    auto cache = sound;
+    cache.result.numberSeries.clear();
+    EXPECT_EQ(SimpleLine().drawFormula(cache), QStringList());
+    cache = sound;
+    cache.meta.outputColumns[0].clear();
+    EXPECT_EQ(SimpleLine().drawFormula(cache), QStringList());
+}
+
+TEST_F(DrawSimpleLine, DoesNotAskForWhatItDoesNotRead)
+{
+    auto cache = FormulaBuilder().line({ 1, 2 }).build();
+    cache.meta.outputNames.clear();
+    cache.meta.drawType.clear();
+    cache.meta.lineStyle.clear();
+    cache.meta.position.clear();
+    cache.meta.valueKind.clear();
+    cache.result.columnNeedsAxis.clear();
+    EXPECT_EQ(SimpleLine().drawFormula(cache).size(), 1);
+}
+
+TEST_F(DrawSimpleLine, TakesBarsWithoutAFlagForInvalid)
+{
+    SimpleLine line;
+    line.alignByIndex = true;
+    auto cache = FormulaBuilder().line({ 1, 2, 3 }).color(Qt::red).build();
+    cache.result.barValid.resize(2);
+    EXPECT_EQ(line.drawFormula(cache), lines({ "path M 0,89 L 10,79 pen=#ff0000/1/solid" }));
 }
 
 TEST_F(DrawSimpleLine, TakesTheStyleFromTheCallerAndTheWidthFromTheOutput)
@@ -244,6 +321,19 @@ TEST_F(DrawSimpleLine, FillsWithTheSkinsPairOfColours)
     line.alignByIndex = true;
     line.fill = true;
     EXPECT_TRUE(line.draw({ 1, 2 }).first().contains(QStringLiteral("0:#64010203 1:#32040506")));
+}
+
+TEST_F(DrawSimpleLine, FillsInTheDefaultColoursWithAGradientOfThreeColours)
+{
+    QRect pane(0, 0, 60, 100);
+    auto cache = FormulaBuilder().line({ 1, 2 }).build();
+    TC::CDrawStyle style; // loads the skin's pair
+    TC::CDrawStyle::initColorListGradient({ Qt::red, Qt::green, Qt::blue });
+    const QStringList drawn = test::traceOf([&](QPainter& painter) {
+        style.drawSimpleLine(&painter, pane, cache, { 10, 0 }, Qt::SolidLine, 0, 0, 1, 6, 0, true, false,
+                             1.0f, true, true);
+    });
+    EXPECT_TRUE(drawn.first().contains(QStringLiteral("0:#c86082d8 1:#00000000")));
 }
 
 TEST_F(DrawSimpleLine, BeginsAtTheOffsetForClientType3)

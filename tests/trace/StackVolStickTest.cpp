@@ -101,6 +101,13 @@ TEST_F(DrawStackVolstick, IgnoresWhetherTheOutputChoseItsColour)
     EXPECT_EQ(StackVolstick().drawFormula(cache), lines({ "fill 0,80 6x20 #ff0000" }));
 }
 
+TEST_F(DrawStackVolstick, DoesNotReadTheOutputsWidth)
+{
+    auto cache = StackVolstick::stack({ 2.0 });
+    cache.meta.lineWidth = { 0 };
+    EXPECT_EQ(StackVolstick().drawFormula(cache), lines({ "fill 0,80 6x20 #ff0000" }));
+}
+
 TEST_F(DrawStackVolstick, CountsTheLeftEdgeTwiceWhenAlignedByIndex)
 {
     StackVolstick call;

@@ -194,6 +194,21 @@ TEST_F(DrawVolStick, DrawsBodiesOfOnePixelAsLinesAndTheirMarksAsPoints)
                       "point 20,97 pen=#00ff00/1/solid" }));
 }
 
+TEST_F(DrawVolStick, DrawsBodiesOfTwoPixelsAsBodies)
+{
+    VolStick call;
+    call.halfWidth = 1;
+    EXPECT_EQ(call.draw({ kRising, kFalling }),
+              lines({ "rect 0,49 2x51 pen=#ff0000/1/solid brush=none", "fill 10,50 2x51 #00ff00" }));
+}
+
+TEST_F(DrawVolStick, SpansTheWholeHeightWithTheMaximum)
+{
+    // row 99 - 100: one above the pane
+    EXPECT_EQ(VolStick().draw({ { 10.0, 1.0, 2.0 } }),
+              lines({ "rect 0,-1 6x101 pen=#ff0000/1/solid brush=none" }));
+}
+
 TEST_F(DrawVolStick, ThinLinesStandAtTheLeftEdgeOfTheBodyAndReachTheBottom)
 {
     VolStick call;
@@ -202,7 +217,7 @@ TEST_F(DrawVolStick, ThinLinesStandAtTheLeftEdgeOfTheBodyAndReachTheBottom)
               lines({ "line 0,49 0,99 pen=#ff0000/1/solid", "line 10,49 10,99 pen=#00ff00/1/solid" }));
 }
 
-TEST_F(DrawVolStick, ThinLineOnTheBottomRowIsAPixelOneRowAboveIt)
+TEST_F(DrawVolStick, ThinLineOnTheBottomRowIsALineOfOnePixelOneRowAboveIt)
 {
     VolStick call;
     call.thin = true;
@@ -211,7 +226,7 @@ TEST_F(DrawVolStick, ThinLineOnTheBottomRowIsAPixelOneRowAboveIt)
     // 99 - 5e-7 = 98.9999995 is row 98: one line of two pixels. Only a negative volume of less than a pixel
     // truncates onto the bottom row 99.
     EXPECT_EQ(call.draw({ kRising, { -5.0, 1.0, 2.0 } }),
-              lines({ "line 0,98 0,99 pen=#ff0000/1/solid", "point 10,98 pen=#ff0000/1/solid" }));
+              lines({ "line 0,98 0,99 pen=#ff0000/1/solid", "line 10,98 10,98 pen=#ff0000/1/solid" }));
 }
 
 TEST_F(DrawVolStick, TruncatesTheStartOffsetFirst)
@@ -285,6 +300,11 @@ TEST_F(DrawVolStick, NeedsVolumeOpenAndClose)
     VolStick call;
     call.output = 1;
     EXPECT_EQ(call.draw({ kRising }), QStringList());
+}
+
+TEST_F(DrawVolStick, DoesNotReadTheOutputsWidth)
+{
+    EXPECT_EQ(VolStick().drawFormula(volumes({ kRising }).width(0).build()), VolStick().draw({ kRising }));
 }
 
 TEST_F(DrawVolStick, SkipsBarsPastAShortColumn)

@@ -66,6 +66,11 @@ QString ArrangementFile::read(const QString& path)
             return text("面板布局文件已损坏");
         content.named.insert(entry.key(), *state);
     }
+    const QJsonValue place = root.value(QStringLiteral("window"));
+    const std::optional<QByteArray> windowPlace = unpacked(place);
+    if (!windowPlace && !place.isUndefined())
+        return text("面板布局文件已损坏");
+    content.window = windowPlace.value_or(QByteArray());
     *this = content;
     return QString();
 }
@@ -75,9 +80,11 @@ QString ArrangementFile::write(const QString& path) const
     QJsonObject states;
     for (auto entry = named.begin(); entry != named.end(); ++entry)
         states.insert(entry.key(), packed(entry.value()));
-    const QJsonObject root { { QStringLiteral("format"), kFormat },
-                             { QStringLiteral("last"), packed(last) },
-                             { QStringLiteral("named"), states } };
+    QJsonObject root { { QStringLiteral("format"), kFormat },
+                       { QStringLiteral("last"), packed(last) },
+                       { QStringLiteral("named"), states } };
+    if (!window.isEmpty())
+        root.insert(QStringLiteral("window"), packed(window));
     const QByteArray bytes = QJsonDocument(root).toJson();
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())

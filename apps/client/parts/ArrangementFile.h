@@ -13,6 +13,7 @@ struct ArrangementFile
 {
     QByteArray last; ///< the arrangement in use when the client ended
     QMap<QString, QByteArray> named;
+    QByteArray window; ///< place and size of the main window then; empty in files of older clients
 
     /// Reads a file. @return what is wrong, for the user; then nothing is changed. Empty on success.
     QString read(const QString& path);

@@ -1,6 +1,7 @@
 #include "apps/client/parts/DockArrangement.h"
 
 #include "apps/client/parts/ArrangementFile.h"
+#include "apps/client/parts/DockLook.h"
 #include "host/TC/Folders.h"
 
 #include <QAbstractButton>
@@ -46,6 +47,17 @@ void berth(ads::CDockWidget* dock, TC::IIndexDockableWidget* panel)
     panel->show();
 }
 
+/// Frames and gaps in the palette's quiet colours instead of white ones. The frames are not filled: what
+/// stands inside would take their colour for its own ground.
+QString quietFrames()
+{
+    return QStringLiteral("ads--CDockContainerWidget, ads--CDockAreaWidget, ads--CDockWidget"
+                          " { background: none; }"
+                          "ads--CDockContainerWidget ads--CDockSplitter::handle"
+                          " { background: palette(light); }"
+                          "ads--CDockAreaWidget { border: 1px solid palette(light); }");
+}
+
 TC::IIndexDockableWidget* panelIn(const ads::CDockWidget* dock)
 {
     return dock->widget()->findChild<TC::IIndexDockableWidget*>(QString(), Qt::FindDirectChildrenOnly);
@@ -56,8 +68,9 @@ TC::IIndexDockableWidget* panelIn(const ads::CDockWidget* dock)
 DockArrangement::DockArrangement(QMainWindow* window, PanelPool& pool)
     : QObject(window)
     , m_pool(pool)
-    , m_manager(new ads::CDockManager(window))
+    , m_manager(makeDockManager(window))
 {
+    m_manager->setStyleSheet(m_manager->styleSheet() + quietFrames());
 }
 
 DockArrangement::~DockArrangement() = default;
@@ -127,13 +140,17 @@ QString DockArrangement::filePath()
 
 QString DockArrangement::save()
 {
-    return ArrangementFile { m_manager->saveState(kStateVersion), m_named }.write(filePath());
+    const QByteArray place = m_manager->window()->saveGeometry();
+    return ArrangementFile { m_manager->saveState(kStateVersion), m_named, place }.write(filePath());
 }
 
 QString DockArrangement::restore()
 {
-    QByteArray last;
-    QString message = readFile(last);
+    ArrangementFile file;
+    QString message = readFile(file);
+    const QByteArray last = file.last;
+    if (!file.window.isEmpty())
+        m_manager->window()->restoreGeometry(file.window); // first: the docks share out its size
     if (message.isEmpty() && !last.isEmpty() && !applyState(last))
         message = tr("上次的面板布局无法恢复");
     if (!message.isEmpty())
@@ -196,12 +213,11 @@ bool DockArrangement::applyState(const QByteArray& state)
     return m_manager->restoreState(state, kStateVersion);
 }
 
-QString DockArrangement::readFile(QByteArray& last)
+QString DockArrangement::readFile(ArrangementFile& file)
 {
     const QString path = filePath();
     if (!QFile::exists(path))
         return QString();
-    ArrangementFile file;
     const QString message = file.read(path);
     if (!message.isEmpty()) {
         const QString aside = path + QStringLiteral(".damaged");
@@ -209,7 +225,6 @@ QString DockArrangement::readFile(QByteArray& last)
         QFile::rename(path, aside);
         return message;
     }
-    last = file.last;
     m_named = file.named;
     return QString();
 }

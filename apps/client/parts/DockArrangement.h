@@ -18,6 +18,8 @@ class QMainWindow;
 
 namespace client {
 
+struct ArrangementFile;
+
 /// Docks the panels of a pool in a window and keeps arrangements of them in a file.
 ///
 /// Order of use: addPanel() for every panel, rememberDefault(), show the window, restore() once; save() at
@@ -50,7 +52,8 @@ public:
     void rememberDefault();
     void applyDefault();
 
-    /// The file that holds the last arrangement and the named ones, in the configuration folder.
+    /// The file that holds the last arrangement, with the window's place, and the named ones, in the
+    /// configuration folder.
     static QString filePath();
     /// Writes the file; the one before stays whole until the new one is complete.
     QString save();
@@ -71,7 +74,7 @@ private:
     void giveBack(ads::CDockWidget* dock);
     void finishDeletions();
     bool applyState(const QByteArray& state);
-    QString readFile(QByteArray& last);
+    QString readFile(ArrangementFile& file);
 
     PanelPool& m_pool;
     QPointer<ads::CDockManager> m_manager;

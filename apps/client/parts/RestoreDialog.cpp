@@ -155,7 +155,11 @@ RestoreDialog::RestoreDialog(Occasion occasion, QWidget* parent)
     resize(880, 520);
 
     m_confirm = [this](const QString& text) {
-        return QMessageBox::question(this, windowTitle(), text) == QMessageBox::Yes;
+        QMessageBox box(QMessageBox::Question, windowTitle(), text, QMessageBox::NoButton, this);
+        const QPushButton* agreed = box.addButton(tr("恢复"), QMessageBox::AcceptRole);
+        box.setDefaultButton(box.addButton(tr("取消"), QMessageBox::RejectRole));
+        box.exec();
+        return box.clickedButton() == agreed;
     };
     connect(m_list, &QTreeWidget::currentItemChanged, this, &RestoreDialog::showChosen);
     connect(buttons, &QDialogButtonBox::accepted, this, &RestoreDialog::restoreChosen);

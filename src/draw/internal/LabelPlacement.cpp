@@ -23,8 +23,8 @@ std::optional<QPoint> textPoint(int code, const QRect& pane, QSize text, int x, 
     switch (code) {
     // Deliberate: the middle counts from row 0, the top and the bottom from the pane's own edges.
     case Middle: return QPoint(centred, pane.height() / 2 - text.height() / 2);
-    case Top: return QPoint(centred, pane.top() + kEdgeGap + text.height());
-    case Bottom: return QPoint(centred, pane.bottom() - kEdgeGap);
+    case Top: return QPoint(centred, saturatedSum(pane.top(), kEdgeGap + text.height()));
+    case Bottom: return QPoint(centred, saturatedSum(pane.bottom(), -kEdgeGap));
     default: break;
     }
     if (!row)
@@ -44,7 +44,7 @@ std::optional<int> iconTop(int code, const QRect& pane, std::optional<int> row)
     case BesideOrAbovePoint: return row ? std::optional<int>(saturatedSum(*row, -kIconSize)) : row;
     // Deliberate: only the top counts from the pane's own edge, and its gap is wider than the bottom's.
     case Middle: return pane.height() / 2 - kIconSize / 2;
-    case Top: return pane.top() + 5;
+    case Top: return saturatedSum(pane.top(), 5);
     case Bottom: return pane.height() - 10;
     default: return 0;
     }

@@ -116,9 +116,10 @@ bool isInByPy(const QString&, const QString&)
     return false;
 }
 
+/// Unlike the embedded host's, a folder that need not exist.
 QString getConfigDir()
 {
-    return QDir::tempPath();
+    return qEnvironmentVariable("SEAM_CONFIG_DIR", QDir::tempPath());
 }
 
 QString getUserRootDir()

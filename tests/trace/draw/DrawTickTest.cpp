@@ -193,6 +193,21 @@ TEST_F(DrawTick, PushesACrossNearTheTopTo8PixelsBelowIt)
     EXPECT_EQ(crosses(trades({ 90.0 })), cross(6, 28, 3, kFall));
 }
 
+TEST_F(DrawTick, HoldsACrossAtTheLimitOfInt)
+{
+    pane = QRect(QPoint(0, INT_MAX), QPoint(99, INT_MAX)); // one row, 1 / 10 of a row a unit
+    EXPECT_EQ(crosses(trades({ 90.0 })),
+              QStringList({ QStringLiteral("line 3,2147483647 9,2147483644 pen=#0000ff/1/solid"),
+                            QStringLiteral("line 3,2147483644 9,2147483647 pen=#0000ff/1/solid") }));
+}
+
+TEST_F(DrawTick, DoesNotReadTheOutputsWidth)
+{
+    auto cache = trades({ 5.0 });
+    cache.meta.lineWidth = { 0 };
+    EXPECT_EQ(crosses(cache), cross(6, 44, 3, kFall));
+}
+
 TEST_F(DrawTick, LeavesACrossBelowTheBottom)
 {
     EXPECT_EQ(crosses(trades({ -4.0 })), cross(6, 89, 3, kFall)); // 69 + 20

@@ -142,6 +142,13 @@ TEST_P(DrawTickVolStick, MeasuresTheFirstTradeByTheReferencesOfTheOneBefore)
               QStringLiteral("-"));
 }
 
+TEST_P(DrawTickVolStick, DoesNotReadTheOutputsWidth)
+{
+    auto cache = trades({ 5.0 }, { 2.0 });
+    cache.meta.lineWidth = { 0 };
+    EXPECT_EQ(drawn(cache), QStringList(rising("10,29 4x31")));
+}
+
 TEST_P(DrawTickVolStick, LeavesOutInvalidBars)
 {
     auto cache = trades({ 5.0, 5.0, 5.0 }, { 1.0, 9.0, 2.0 });
@@ -170,6 +177,19 @@ TEST_P(DrawTickVolStick, DrawsAZeroVolumeAsAOnePixelMarkOnTheBottomRow)
     EXPECT_EQ(drawn(trades({ 0.0, 0.0 }, { 2.0, 1.0 })),
               QStringList({ QStringLiteral("line 10,59 14,59 pen=#ff0000/1/solid"),
                             QStringLiteral("line 30,59 34,59 pen=#0000ff/1/solid") }));
+}
+
+TEST_P(DrawTickVolStick, SpansTheWholeHeightWithTheMaximum)
+{
+    // Row 59 - 60, one above the pane: 60 rows to the maximum, not the 59 between the edges.
+    EXPECT_EQ(drawn(trades({ 10.0 }, { 2.0 })), QStringList(rising("10,-1 4x61")));
+}
+
+TEST_P(DrawTickVolStick, DrawsAStickTwoPixelsWideAsABody)
+{
+    halfWidth = 1;
+    EXPECT_EQ(drawn(trades({ 5.0, 5.0 }, { 2.0, 1.0 })),
+              QStringList({ rising("10,29 2x31"), falling("30,30 2x31") }));
 }
 
 TEST_P(DrawTickVolStick, DrawsAStickOfTwoRowsAsABody)

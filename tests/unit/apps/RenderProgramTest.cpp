@@ -80,6 +80,23 @@ TEST_F(RenderProgram, WritesSvgAndPdf)
     }
 }
 
+TEST_F(RenderProgram, NamesThePeriodOfTheBars)
+{
+    QFile bars(path("bars.csv"));
+    ASSERT_TRUE(bars.open(QIODevice::WriteOnly));
+    bars.write("date,time,open,high,low,close,volume\n");
+    for (int minute = 30; minute < 60; minute += 5)
+        bars.write("2024-03-05,09:" + QByteArray::number(minute) + ",1,2,1,2,100\n");
+    bars.close();
+    for (const auto& [file, period] :
+         { std::pair(path("bars.csv"), "5分钟"), std::pair(sample("DFM00.csv"), "日线") }) {
+        ASSERT_EQ(run({ QStringLiteral("--bars"), file, QStringLiteral("-o"), path("out.svg") }).exitCode, 0);
+        QFile picture(path("out.svg"));
+        ASSERT_TRUE(picture.open(QIODevice::ReadOnly));
+        EXPECT_TRUE(picture.readAll().contains(period)) << period;
+    }
+}
+
 TEST_F(RenderProgram, RefusesAMissingFile)
 {
     expectRefused(run({ QStringLiteral("--bars"), path("none.csv"), QStringLiteral("-o"), path("out.png") }),

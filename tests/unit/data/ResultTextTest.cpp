@@ -288,6 +288,17 @@ TEST(ResultText, TakesBarsWithoutAFlagForInvalid)
               "时间,line\n1970/01/01,1.0000\n");
 }
 
+TEST(ResultText, TakesNoRoomForMoreCellsThanMemoryHolds)
+{
+    // 100,000 outputs by a million bars, none of them valid: the header alone
+    constexpr std::size_t outputs = 100'000, bars = 1'000'000;
+    Cache cache;
+    cache.meta.outputCount = static_cast<int>(outputs);
+    cache.meta.outputColumns.assign(outputs, { 0 });
+    cache.result.barTimes.resize(bars);
+    EXPECT_EQ(exported(cache), "时间" + std::string(outputs, ',') + "\n");
+}
+
 TEST(ResultText, RowsOfAnUnexportedTypeHaveFewerCellsThanTheHeader)
 {
     const Cache cache = FormulaBuilder().line({ 1.0 }).line({ 2.0 }).columnType(200).line({ 3.0 }).build();

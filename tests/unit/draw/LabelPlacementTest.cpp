@@ -69,6 +69,10 @@ TEST(TextPoint, SaturatesAtTheIntLimits)
 {
     EXPECT_EQ(textPoint(0, kPane, kText, INT_MIN, INT_MIN), QPoint(INT_MIN, INT_MIN));
     EXPECT_EQ(textPoint(2, kPane, kText, INT_MIN, 0), QPoint(INT_MIN, 0));
+    const QRect lowest(QPoint(0, INT_MIN), QPoint(9, INT_MIN + 1)),
+        highest(QPoint(0, INT_MAX), QPoint(9, INT_MAX));
+    EXPECT_EQ(textPoint(5, lowest, kText, 50, 0), QPoint(35, INT_MIN));
+    EXPECT_EQ(textPoint(4, highest, kText, 50, 0), QPoint(35, INT_MAX));
 }
 
 TEST(IconTop, FollowsThePositionCode)
@@ -99,4 +103,5 @@ TEST(IconTop, SaturatesAtTheIntLimits)
 {
     EXPECT_EQ(iconTop(0, kPane, INT_MIN), INT_MIN);
     EXPECT_EQ(iconTop(2, kPane, INT_MIN), INT_MIN);
+    EXPECT_EQ(iconTop(4, QRect(QPoint(0, INT_MAX), QPoint(9, INT_MAX)), 0), INT_MAX);
 }

@@ -130,3 +130,17 @@ TEST(LineStyle, StaysAsItWasForUnknownCodesAndMissingEntries)
         EXPECT_EQ(style, Qt::DashLine) << output;
     }
 }
+
+TEST(LinePen, HasASquareCapAndABevelJoin)
+{
+    const QPen pen = TC::detail::linePen(QColor(1, 2, 3), 2.0, Qt::DotLine);
+    EXPECT_EQ(pen.capStyle(), Qt::SquareCap);
+    EXPECT_EQ(pen.joinStyle(), Qt::BevelJoin);
+    EXPECT_EQ(test::penText(pen), QStringLiteral("#010203/2/dot"));
+}
+
+TEST(LinePen, PackedColoursAreOpaqueWithRedInTheLowByte)
+{
+    EXPECT_EQ(TC::detail::fromPacked(0x030201), QColor(1, 2, 3, 255));
+    EXPECT_EQ(TC::detail::fromPacked(-1), QColor(255, 255, 255, 255)); // the top byte is not read
+}

@@ -36,7 +36,9 @@ TEST(PriceTick2Precision, CountsTheDecimalsOfTheTick)
 TEST(PriceTick2Precision, TakesATickWithinTheToleranceOfOneAsWhole)
 {
     EXPECT_EQ(CDrawStyle::priceTick2Precision(0.999991), 0);
+    EXPECT_EQ(CDrawStyle::priceTick2Precision(0.99999), 0);
     EXPECT_EQ(CDrawStyle::priceTick2Precision(0.99998), 1);
+    EXPECT_EQ(CDrawStyle::priceTick2Precision(0.0999995), 1); // 0.999995 after one multiplication
 }
 
 TEST(PriceTick2Precision, AnswersTwoForTicksThatGiveNoPrecision)

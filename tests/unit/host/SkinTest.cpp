@@ -9,6 +9,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
+
 namespace {
 
 WB::CUiResource* skin()
@@ -41,6 +44,22 @@ protected:
 
     QTemporaryDir m_folder;
 };
+
+/// Brightness as the eye weighs it, 0 to 1.
+double luminance(const QColor& color)
+{
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+/// 1 for equal brightness, 21 for black on white; small text wants 4.5.
+double contrast(const QColor& a, const QColor& b)
+{
+    const double bright = std::max(luminance(a), luminance(b)), dark = std::min(luminance(a), luminance(b));
+    return (bright + 0.05) / (dark + 0.05);
+}
 
 struct CountingHandler : WB::CUiResourceChangeHandler
 {
@@ -93,6 +112,32 @@ TEST(ShippedSkins, AreThreeAndTheDarkOneIsTheDefault)
 {
     EXPECT_EQ(TC::embedded::skinNames().size(), 3);
     EXPECT_EQ(TC::embedded::currentSkin(), QStringLiteral("dark"));
+}
+
+TEST(ShippedSkins, SetEveryTextOffAgainstTheBackground)
+{
+    QStringList texts { QStringLiteral("clr_default"),
+                        QStringLiteral("clr_stock_code"),
+                        QStringLiteral("clr_stock_index"),
+                        QStringLiteral("ic_clr_modulegroup_header_stock"),
+                        QStringLiteral("ic_clr_kline_rise"),
+                        QStringLiteral("ic_clr_kline_fall"),
+                        QStringLiteral("ic_clr_index_default_rise"),
+                        QStringLiteral("ic_clr_index_default_fall"),
+                        QStringLiteral("ic_clr_realtime_title_account_position_text"),
+                        QStringLiteral("tc_clr_total_buyamount"),
+                        QStringLiteral("tc_clr_total_sellamount"),
+                        QStringLiteral("tc_clr_buyamount"),
+                        QStringLiteral("clr_chart_axis_text") };
+    for (int output = 1; output <= 10; ++output)
+        texts << QStringLiteral("ic_clr_index_output_var%1").arg(output);
+    for (const QString& name : TC::embedded::skinNames()) {
+        ASSERT_EQ(TC::embedded::loadSkin(name), QString());
+        const QColor background = *skin()->getColor(QStringLiteral("ic_clr_graph_kline_bg"));
+        for (const QString& text : texts)
+            EXPECT_GE(contrast(*skin()->getColor(text), background), 4.5)
+                << name.toStdString() << ": " << text.toStdString();
+    }
 }
 
 TEST(Skin, AnswersNullForKeysThatItDoesNotHold)

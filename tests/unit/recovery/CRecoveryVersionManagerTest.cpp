@@ -206,6 +206,16 @@ TEST_F(RecoveryVersionManager, ElevenVersionsLoseTwoNamesButOnePair)
     EXPECT_TRUE(backups().contains(scriptBackup(1)));
 }
 
+TEST_F(RecoveryVersionManager, TwelveVersionsLoseOneNameForEachOfTheTwoFilesAndNoMore)
+{
+    addBackups(12);
+    setLive("formulas", "scripts");
+    CRecoveryVersionManager manager;
+    manager.backUp();
+    EXPECT_EQ(manager.getDataList().size(), 10);
+    EXPECT_EQ(backups().size(), 24); // 24 - 2 + 2
+}
+
 TEST_F(RecoveryVersionManager, PruningStopsAfterOneBackupOfARun)
 {
     addBackups(10);

@@ -1,7 +1,7 @@
 /// @file What is left when the client dies in the middle of a backup or a restore, or its disk is full.
 
+#include "apps/client/parts/FormulaBackups.h"
 #include "recovery/CRecoveryVersionManager.h"
-
 #include "tests/support/RecoveryFolders.h"
 #include "tests/support/StepKiller.h"
 #include "tests/support/Trace.h"
@@ -12,6 +12,7 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -100,13 +101,14 @@ TEST(KilledBackup, LeavesTheLiveFilesAndOlderBackupsAndNoHalfBackup)
 
 TEST(KilledBackup, PrunesTheOldestPairFirstAndNothingElse)
 {
+    std::set<std::string> outcomes;
     const int kills = killAtEveryCall(
         "backup", QString(),
         [](const RecoveryFolders& folders) {
             folders.setLive("formulas", "scripts");
             folders.addBackups(10);
         },
-        [](const RecoveryFolders& folders) {
+        [&](const RecoveryFolders& folders) {
             const QStringList left = folders.backups();
             for (int number = 1; number < 10; ++number) {
                 EXPECT_TRUE(left.contains(RecoveryFolders::formulaBackup(number)));
@@ -119,10 +121,12 @@ TEST(KilledBackup, PrunesTheOldestPairFirstAndNothingElse)
             if (hasScripts) {
                 EXPECT_EQ(left.size(), hasFormulas ? 20 : 19);
             }
+            outcomes.insert(std::string(hasFormulas ? "formulas " : "") + (hasScripts ? "scripts" : ""));
         });
     if (kills < 0)
         GTEST_SKIP() << "this machine does not let one process trace another";
     EXPECT_GT(kills, 10);
+    EXPECT_EQ(outcomes, std::set<std::string>({ "formulas scripts", "scripts", "" }));
 }
 
 TEST(KilledRestore, LeavesEachLiveFileOldOrRestoredOrMissingButNeverCutShort)
@@ -167,23 +171,67 @@ TEST(KilledRestore, LeavesEachLiveFileOldOrRestoredOrMissingButNeverCutShort)
                                 "restored, missing", "restored, missing staged", "restored, restored" }));
 }
 
-/// Lines that the operation printed about its folders; empty when there is no small disk.
-QStringList runOnFullDisk(const QStringList& words, bool& hasDisk)
+TEST(KilledRestore, OfTheClientIsMendedByTheNextOneAtWhateverStepItDied)
 {
-    QProcess process;
-    process.start(words.first(), words.mid(1));
-    hasDisk = process.waitForFinished() && process.exitCode() != kNoDisk;
-    return QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    std::set<std::string> outcomes;
+    const QString version = RecoveryFolders::formulaBackup(0);
+    const int kills = killAtEveryCall(
+        "restore-asked", version,
+        [&](const RecoveryFolders& folders) {
+            folders.setLive("live formulas", "live scripts");
+            folders.addBackups(1);
+            // What an earlier restore left when it died.
+            RecoveryFolders::write(folders.userDir() + QLatin1Char('/') + version, "leftover");
+        },
+        [&](const RecoveryFolders& folders) {
+            outcomes.insert(folders.live(kFormulas).toStdString() + ", "
+                            + folders.live(kScripts).toStdString());
+            const std::vector<client::FormulaVersion> offered = client::formulaVersions();
+            ASSERT_EQ(offered.size(), 1U);
+            EXPECT_EQ(client::restoreFormulas(offered.front()), QString());
+            EXPECT_EQ(folders.live(kFormulas), "formulas 0");
+            EXPECT_EQ(folders.live(kScripts), "scripts 0");
+            EXPECT_FALSE(folders.live().contains(version));
+            EXPECT_EQ(folders.backup(version), "formulas 0");
+        });
+    if (kills < 0)
+        GTEST_SKIP() << "this machine does not let one process trace another";
+    EXPECT_GT(kills, 10);
+    EXPECT_EQ(
+        outcomes,
+        std::set<std::string>({ "live formulas, live scripts", "<none>, live scripts",
+                                "formulas 0, live scripts", "formulas 0, <none>", "formulas 0, scripts 0" }));
 }
 
-TEST(FullDisk, BackupThatDoesNotFitLeavesNothingBehindAndTheSmallerFileIsKept)
+/// A disk without room for the file, or files that cannot grow as far, which fails at the same call.
+class FullDisk : public testing::TestWithParam<const char*>
+{
+protected:
+    /// Carries out "backup" or "restore"; skips the test when the machine has no such disk.
+    void run(const char* operation, const RecoveryFolders& folders, const QString& version = QString())
+    {
+        const QByteArray variant = QByteArray(operation) + '-' + GetParam();
+        const QStringList words = command(variant.constData(), folders, version);
+        QProcess process;
+        process.start(words.first(), words.mid(1));
+        ASSERT_TRUE(process.waitForFinished());
+        if (process.exitCode() == kNoDisk)
+            GTEST_SKIP() << "this machine does not let the test mount a small disk";
+        ASSERT_EQ(process.exitCode(), 0);
+        left =
+            QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    }
+
+    QStringList left; ///< "FOLDER/NAME SIZE" of every file after the operation
+};
+
+TEST_P(FullDisk, BackupThatDoesNotFitLeavesNothingBehindAndTheSmallerFileIsKept)
 {
     RecoveryFolders folders;
-    folders.setLive(QByteArray(200'000, 'f'), "scripts"); // the disk holds 65,536 bytes
-    bool hasDisk = false;
-    const QStringList left = runOnFullDisk(command("backup-full", folders), hasDisk);
-    if (!hasDisk)
-        GTEST_SKIP() << "this machine does not let the test mount a small disk";
+    folders.setLive(QByteArray(200'000, 'f'), "scripts"); // 65,536 bytes fit
+    run("backup", folders);
+    if (IsSkipped() || HasFatalFailure())
+        return;
     ASSERT_EQ(left.size(), 3) << left.join(QLatin1Char('\n')).toStdString();
     EXPECT_TRUE(left.at(0).startsWith(QLatin1String("backUp/lua_"))) << qPrintable(left.at(0));
     EXPECT_TRUE(left.at(0).endsWith(QLatin1String(" 7")));
@@ -191,21 +239,23 @@ TEST(FullDisk, BackupThatDoesNotFitLeavesNothingBehindAndTheSmallerFileIsKept)
               QStringList({ QStringLiteral("user/configFormula 200000"), QStringLiteral("user/lua 7") }));
 }
 
-TEST(FullDisk, RestoreThatDoesNotFitCostsTheLiveFileAndLeavesNoPartOfTheNewOne)
+TEST_P(FullDisk, RestoreThatDoesNotFitCostsTheLiveFileAndLeavesNoPartOfTheNewOne)
 {
     RecoveryFolders folders;
     const QString version = RecoveryFolders::formulaBackup(0);
     folders.setLive("live", "scripts");
     folders.addBackup(version, QByteArray(200'000, 'f'), QDateTime::currentDateTime());
     folders.addBackup(RecoveryFolders::scriptBackup(0), "kept", QDateTime::currentDateTime());
-    bool hasDisk = false;
-    const QStringList left = runOnFullDisk(command("restore-full", folders, version), hasDisk);
-    if (!hasDisk)
-        GTEST_SKIP() << "this machine does not let the test mount a small disk";
+    run("restore", folders, version);
+    if (IsSkipped() || HasFatalFailure())
+        return;
     EXPECT_EQ(left,
               QStringList({ QStringLiteral("backUp/%1 200000").arg(version),
                             QStringLiteral("backUp/%1 4").arg(RecoveryFolders::scriptBackup(0)),
                             QStringLiteral("user/lua 4") }));
 }
+
+INSTANTIATE_TEST_SUITE_P(Either, FullDisk, testing::Values("full", "cut"),
+                         [](const auto& kind) { return std::string(kind.param); });
 
 } // namespace

@@ -156,9 +156,15 @@ TEST_F(StockListParsing, TheMinimumNeverRises)
     m_minimum = 1.0;
     row(texts({ "nothing", "name", "2" }));
     EXPECT_EQ(m_minimum, 1.0);
+}
+
+TEST_F(StockListParsing, AMinimumThatIsNoNumberBecomesTheFirstWeight)
+{
     m_minimum = NAN;
     row(texts({ "nothing", "name", "2" }));
-    EXPECT_TRUE(std::isnan(m_minimum));
+    EXPECT_EQ(m_minimum, 2.0);
+    row(texts({ "nothing", "name", "3" }));
+    EXPECT_EQ(m_minimum, 2.0);
 }
 
 TEST_F(StockListParsing, ARowWithoutFieldsGivesNothing)

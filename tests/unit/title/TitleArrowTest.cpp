@@ -111,6 +111,13 @@ TEST(TitleArrow, OnlyTheChangesOfCandlesCompareCloses)
     EXPECT_EQ(arrow(cache, 1, 0), None);       // output 0 is its open: unchanged
 }
 
+TEST(TitleArrow, AnAmplitudeOfCandlesComparesItsOwnValues)
+{
+    FormulaBuilder builder;
+    builder.output("K线", 12, { { 5, 5 }, { 12, 12 }, { 4, 4 }, { 10, 11 } }).output("振幅", 0, { { 2, 1 } });
+    EXPECT_EQ(arrow(builder.build(), 1, 1), Down); // the close rises
+}
+
 TEST(TitleArrow, ChangesOfCandlesNeedFourPrices)
 {
     auto cache = closes({ 5, 5 }, { 10.0, 11.0 });

@@ -393,6 +393,16 @@ TEST_F(TitleText, KeysOfExchangeRatesHaveFourDecimals)
     EXPECT_EQ(texts(named("MA", { 1.5 })), list({ "MA: 1.50 " }));
 }
 
+TEST_F(TitleText, KeysOfExchangeRatesOverruleTheTick)
+{
+    m_key.instrumentKey = QStringLiteral("EDUSD");
+    m_stock = test::instrument("ED", "USD", "美元", 0.01);
+    EXPECT_EQ(texts(named("收", { 1.5 })), list({ "收: 1.5000 " }));
+    EXPECT_EQ(texts(named("成交量", { 1.5 })), list({ "成交量: 1.5 " })); // the large style stays
+    m_mainChart = false;
+    EXPECT_EQ(texts(named("收", { 1.5 })), list({ "收: 1.5 " }));
+}
+
 TEST_F(TitleText, InvalidNumbersSaySo)
 {
     EXPECT_EQ(texts(named("a", { NAN })), list({ "a: 非法值 " }));

@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QMainWindow>
 #include <QTemporaryDir>
 
@@ -250,6 +252,37 @@ TEST_F(DockArrangementTest, SavedArrangementComesBackAtTheNextStart)
     EXPECT_EQ(client.pool.lentCount(kMessages), 0);
     EXPECT_TRUE(client.panel(kTicks)->isVisible());
     EXPECT_TRUE(client.panel(kChart)->isVisible());
+}
+
+TEST_F(DockArrangementTest, WindowComesBackAtItsPlaceAndSize)
+{
+    {
+        Client client;
+        client.window.setGeometry(60, 50, 640, 480);
+        client.settle();
+        ASSERT_EQ(client.docks->save(), QString());
+    }
+    Client client;
+    ASSERT_NE(client.window.size(), QSize(640, 480));
+    EXPECT_EQ(client.docks->restore(), QString());
+    client.settle();
+    EXPECT_EQ(client.window.geometry(), QRect(60, 50, 640, 480));
+}
+
+TEST_F(DockArrangementTest, FileOfAClientThatKeptNoPlaceLeavesTheWindowWhereItIs)
+{
+    saveOtherArrangement();
+    const QString path = client::DockArrangement::filePath();
+    QJsonObject root = QJsonDocument::fromJson(contentOf(path)).object();
+    ASSERT_TRUE(root.contains(QStringLiteral("window")));
+    root.remove(QStringLiteral("window"));
+    write(path, QJsonDocument(root).toJson());
+    Client client;
+    const QRect before = client.window.geometry();
+    EXPECT_EQ(client.docks->restore(), QString());
+    client.settle();
+    EXPECT_EQ(client.window.geometry(), before);
+    EXPECT_TRUE(client.dock(kTicks)->isInFloatingContainer());
 }
 
 TEST_F(DockArrangementTest, SavingTwiceGivesTheSameFile)

@@ -5,8 +5,10 @@
 #include "apps/client/MainWindow.h"
 #include "apps/client/PlotWidget.h"
 #include "apps/client/TickView.h"
+#include "draw/CDrawStyle.h"
 #include "host/TC/Folders.h"
 #include "host/WB/CPushButton.h"
+#include "host/WB/CUiResource.h"
 #include "host/embedded/EmbeddedHost.h"
 #include "host/se/LoadConfig.h"
 #include "host/utils/CSingletonT.h"
@@ -15,6 +17,7 @@
 #include "tests/support/Trace.h"
 #include "title/CIndexTitleWidget.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -24,6 +27,7 @@
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>
+#include <qtadvanceddocking/DockWidgetTab.h>
 
 namespace {
 
@@ -222,6 +226,65 @@ TEST_F(ClientWindow, RepaintsInAnotherSkin)
     const QImage dark = m_window->grab().toImage();
     ASSERT_EQ(TC::embedded::loadSkin(QStringLiteral("light")), QString());
     EXPECT_NE(m_window->grab().toImage(), dark);
+}
+
+TEST_F(ClientWindow, GivesEveryListAndTableTheColoursOfAnotherSkin)
+{
+    const auto bringToFront = [&](const char* id) {
+        ads::CDockWidget* dock = m_window->docks()->dock(QString::fromLatin1(id));
+        dock->setAsCurrentTab();
+        QTest::qWait(20);
+        return dock;
+    };
+    bringToFront("tradeBaskets");
+    ASSERT_EQ(TC::embedded::loadSkin(QStringLiteral("light")), QString());
+    const QColor ground =
+        *utils::CSingletonT<WB::CUiResource>::instance()->getColor(QStringLiteral("ic_clr_graph_kline_bg"));
+    bringToFront("indexMainPanel");
+    bringToFront("tradeBaskets"); // it is polished anew
+    int visible = 0;
+    for (const QAbstractItemView* view : m_window->findChildren<QAbstractItemView*>()) {
+        if (!view->isVisible())
+            continue;
+        ++visible;
+        EXPECT_EQ(view->palette().color(QPalette::Base), ground) << view->metaObject()->className();
+        EXPECT_EQ(view->viewport()->palette().color(QPalette::Base), ground);
+    }
+    EXPECT_GE(visible, 4); // the basket, instruments, formulas, messages
+    const QImage tab =
+        m_window->docks()->dock(QStringLiteral("productBaseInfo"))->tabWidget()->grab().toImage();
+    EXPECT_GT(tab.pixelColor(2, tab.height() / 2).lightness(), 200);
+}
+
+TEST_F(ClientWindow, OverlaidCandlesHaveTheSkinsColourInPaneAndLegend)
+{
+    openShare();
+    ASSERT_EQ(m_window->overlayBars(sample("bars/SH510050.csv")), QString());
+    client::PaneData* data = panes()[0]->data();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return data->getData().size() == 3; }));
+    const auto color = [&] { return data->content().formulas.back().records->meta.color.front(); };
+    EXPECT_EQ(color(), TC::CDrawStyle::getIndexOutPutColorKey(6, 0, 0));
+    const int dark = color();
+    ASSERT_EQ(TC::embedded::loadSkin(QStringLiteral("light")), QString());
+    EXPECT_EQ(color(), TC::CDrawStyle::getIndexOutPutColorKey(6, 0, 0));
+    EXPECT_NE(color(), dark);
+}
+
+TEST_F(ClientWindow, NamesThePeriodOfTheBars)
+{
+    openShare();
+    EXPECT_EQ(chart()->state()->period(), TC::EFormulaPeriod_Day);
+    auto minutes = std::make_shared<engine::BarSeries>(*chart()->state()->bars());
+    for (std::size_t bar = 0; bar < minutes->size(); ++bar)
+        minutes->timeMs[bar] = static_cast<std::int64_t>(bar) * 300'000;
+    chart()->state()->setBars(chart()->state()->instrument(), minutes);
+    EXPECT_EQ(panes()[0]->data()->content().periodSeconds, 300);
+    for (client::ChartPane* pane : panes())
+        ASSERT_TRUE(QTest::qWaitFor([&] { return pane->data()->hasData(); }));
+    QTest::qWait(50);
+    const QImage five = panes()[0]->title()->grab().toImage();
+    panes()[0]->title()->setPeroid(TC::EFormulaPeriod_Day);
+    EXPECT_NE(panes()[0]->title()->grab().toImage(), five);
 }
 
 TEST_F(ClientWindow, FollowsTheUsersFormulas)

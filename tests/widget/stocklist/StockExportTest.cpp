@@ -71,6 +71,18 @@ TEST_F(StockExport, ACsvHasTheSameGridWithCommas)
                        "SH,600036,招商银行,3,75,300\n"));
 }
 
+TEST_F(StockExport, ACsvFollowsTheColumnsWhereTheyStand)
+{
+    m_table.moveColumn(0, 2); // ids 1 2 0 3 4 5
+    EXPECT_EQ(exported("a.csv").split('\n')[1], streamed("600000,浦发银行,SH,1,25,100"));
+}
+
+TEST_F(StockExport, ReplacesAFileThatIsThere)
+{
+    const QByteArray first = exported("a.csv");
+    EXPECT_EQ(exported("a.csv"), first);
+}
+
 TEST_F(StockExport, ATxtRunsItsCellsTogether)
 {
     EXPECT_EQ(exported("a.txt"),

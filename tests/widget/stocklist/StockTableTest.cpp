@@ -440,6 +440,9 @@ TEST(StockTable, AFilterOfAColumnLooksAtThatColumn)
     EXPECT_EQ(table.columnText(1), QStringLiteral("600000 600036"));
     table.setColumnFilter(0, QStringLiteral("SZ")); // both must pass
     EXPECT_EQ(table.rowCount(), 0);
+    table.setColumnFilter(0, QString());
+    table.setColumnFilter(1, QStringLiteral("银行")); // stands in the names
+    EXPECT_EQ(table.rowCount(), 0);
 }
 
 TEST(StockTable, AFilterOfAnyColumnLooksAtMarketCodeAndName)

@@ -56,6 +56,20 @@ TEST(StockWeights, AsEnteredDividesByTheSumInSinglePrecision)
     EXPECT_EQ(table.statText(4), QStringLiteral("100.0%"));
 }
 
+TEST(StockWeights, AsEnteredDividesTheStocksOwnWeightInDoublePrecision)
+{
+    BasketTable table;
+    // as float 1.00000012: the stock keeps 1.00000007 / 1.00000012, the vector holds 1.00000012 / 1.00000012
+    table.add({ stock("600000", 1.00000007) });
+    QVector<float> relative, absolute;
+    table.getWeightValue(relative, absolute);
+    EXPECT_EQ(absolute, QVector<float> { 1.0f });
+    table.setWeightType(4); // hands out the stocks' own
+    absolute.clear();
+    table.getWeightValue(relative, absolute);
+    EXPECT_EQ(absolute, QVector<float> { 0.99999994f });
+}
+
 TEST(StockWeights, EqualGivesEachStockTheSame)
 {
     BasketTable table;

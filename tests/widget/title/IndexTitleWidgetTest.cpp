@@ -290,8 +290,10 @@ TEST_F(TitleWidget, AnIndentedLegendHasLessRoom)
         strip.updateTitleHeight();
         return strip.height() / 16;
     };
-    EXPECT_EQ(rows(2, plain), 1);
-    EXPECT_EQ(rows(2, plain - 1), 2);
+    for (const int subViewType : { 0, 2, 3 }) {
+        EXPECT_EQ(rows(subViewType, plain), 1);
+        EXPECT_EQ(rows(subViewType, plain - 1), 2);
+    }
     EXPECT_EQ(rows(1, plain + gap), 1);
     EXPECT_EQ(rows(1, plain + gap - 1), 2);
 }
@@ -335,6 +337,49 @@ TEST_F(TitleWidget, LeavingBeforeASecondOpensNothing)
     EXPECT_EQ(strip.rowsIn(QRect(0, 0, 300, 16)), 2);
 }
 
+TEST_F(TitleWidget, TakesItsHoverTimerAlong)
+{
+    class FiredTimers : public QObject
+    {
+    public:
+        int ofASecond = 0;
+
+    protected:
+        bool eventFilter(QObject* receiver, QEvent* event) override
+        {
+            const auto* timer = qobject_cast<QTimer*>(receiver);
+            if (event->type() == QEvent::Timer && timer && timer->interval() == 1000)
+                ++ofASecond;
+            return false;
+        }
+    } fired;
+    {
+        test::Strip strip(&data, 1, 0, 2);
+        QEvent enter(QEvent::Enter);
+        QApplication::sendEvent(&strip, &enter);
+    }
+    qApp->installEventFilter(&fired);
+    QTest::qWait(1200);
+    EXPECT_EQ(fired.ofASecond, 0);
+}
+
+TEST_F(TitleWidget, LeavingDoesNotRedraw)
+{
+    data.add(QStringLiteral("F"), outputs(1));
+    test::Strip strip(&data, 1, 3, 2);
+    strip.setStock(stock);
+    const QImage before = strip.picture(300, 16);
+    data.clearAll();
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&strip, &leave);
+    QImage now(before.size(), before.format());
+    strip.render(&now);
+    EXPECT_EQ(now, before);
+    strip.updateView();
+    strip.render(&now);
+    EXPECT_NE(now, before);
+}
+
 TEST_F(TitleWidget, AHeadingDoesNotReactToARestingPointer)
 {
     data.add(QStringLiteral("F"), outputs(60));
@@ -351,6 +396,9 @@ TEST_F(TitleWidget, PaintsTheBackgroundAloneWithoutDataOrInstrument)
     test::Strip without(nullptr, 1, 3, 2);
     without.setStock(stock);
     EXPECT_EQ(lastInk(without.picture(300, 16)), -1);
+    test::Strip heading(nullptr, 0, 0, 0);
+    heading.setStock(stock);
+    EXPECT_EQ(lastInk(heading.picture(300, 32)), -1);
     test::Strip nameless(&data, 1, 3, 2);
     EXPECT_EQ(lastInk(nameless.picture(300, 16)), -1);
 }
@@ -436,6 +484,31 @@ TEST_F(TitleWidget, HidingAnIndicatorRedrawsInAnyCase)
     EXPECT_EQ(lastInk(now), -1);
 }
 
+TEST_F(TitleWidget, SettersRedrawAtOnce)
+{
+    using Set = void (*)(test::Strip&);
+    const Set setters[] = {
+        [](test::Strip& strip) { strip.setPeroid(TC::EFormulaPeriod_Day); },
+        [](test::Strip& strip) { strip.setDrType(1); },
+        [](test::Strip& strip) { strip.updateIndexId(0); },
+        [](test::Strip& strip) { strip.setShowIndex(QStringLiteral("F")); },
+        [](test::Strip& strip) { strip.setStock(test::instrument("SH", "600000", "浦发银行", 0.01)); },
+        [](test::Strip& strip) { strip.clearAddStockList(); },
+        [](test::Strip& strip) { strip.setShowTitleBg(true); },
+    };
+    for (const Set set : setters) {
+        data.add(QStringLiteral("F"), outputs(1));
+        test::Strip strip(&data, 1, 3, 2);
+        strip.setStock(stock);
+        QImage now = strip.picture(300, 16);
+        ASSERT_GE(lastInk(now), 0);
+        data.clearAll();
+        set(strip);
+        strip.render(&now);
+        EXPECT_EQ(lastInk(now), -1) << &set - setters;
+    }
+}
+
 TEST_F(TitleWidget, PeriodAdjustmentAndNameStandInTheGroupHeading)
 {
     test::Strip strip(&data, 0, 0, 0);
@@ -498,6 +571,18 @@ TEST_F(TitleWidget, ADateStripShowsTheReplayedDayAlone)
     painter.drawText(QRect(0, 0, 300, 16), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("2024/06/21"));
     painter.end();
     EXPECT_EQ(replayed, expected);
+}
+
+TEST_F(TitleWidget, TheReplayedDayDropsFractionsOfASecondTowardZero)
+{
+    test::Strip strip(&data, 7, 3, 2);
+    const auto midnight = QDateTime(QDate(1969, 12, 31), QTime(0, 0)).toMSecsSinceEpoch();
+    strip.slotTradeDateChanged(midnight);
+    const QImage day = strip.picture(300, 16);
+    strip.slotTradeDateChanged(midnight - 999); // still the day before, but for the fraction
+    EXPECT_EQ(strip.picture(300, 16), day);
+    strip.slotTradeDateChanged(midnight - 1000);
+    EXPECT_NE(strip.picture(300, 16), day);
 }
 
 TEST_F(TitleWidget, AReplayedDayAfterTheStripIsGoneHarmsNobody)
