@@ -63,7 +63,7 @@ const std::vector<KnownWord>& knownWords()
             if (function.isOperator())
                 continue;
             const Kind kind = function.drawing != language::Drawing::None ? Kind::Drawing
-                : function.mostArguments() == 0                           ? Kind::Series
+                : function.mostArguments() == 0                           ? Kind::BarValue
                                                                           : Kind::Function;
             list.push_back(
                 { kind, function.name, function.argumentNames, function.chinese, function.english });

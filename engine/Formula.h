@@ -70,7 +70,7 @@ FormulaReading readFormula(std::string_view utf8);
 /// A word that the language knows, for completion, colouring and the reference.
 struct KnownWord
 {
-    enum class Kind { Series, Function, Drawing, Attribute, Keyword };
+    enum class Kind { BarValue, Function, Drawing, Attribute, Keyword };
 
     Kind kind = Kind::Function;
     std::string name;

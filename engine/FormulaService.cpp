@@ -110,7 +110,8 @@ private:
         while (const std::shared_ptr<Job> job = next()) {
             std::shared_ptr<const FormulaRecords> records;
             if (job->bars) {
-                if (auto computed = computeFormula(job->formula, *job->bars, job->parameters, &job->cancelled))
+                if (auto computed =
+                        computeFormula(job->formula, *job->bars, job->parameters, &job->cancelled))
                     records = std::make_shared<const FormulaRecords>(std::move(*computed));
             }
             if (!job->cancelled)

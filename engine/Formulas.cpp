@@ -16,9 +16,9 @@ namespace engine {
 
 namespace {
 
-constexpr const char* kNames[] = { "KLINE", "MA",  "EXPMA", "BOLL", "SAR",  "VOL", "MACD",
-                                   "KDJ",   "RSI", "WR",    "BIAS", "CCI",  "DMI", "OBV",
-                                   "TRIX",  "CROSSSIGNAL",  "RISINGDAYS",   "NOTE" };
+constexpr const char* kNames[] = { "KLINE", "MA",  "EXPMA", "BOLL",        "SAR",        "VOL",
+                                   "MACD",  "KDJ", "RSI",   "WR",          "BIAS",       "CCI",
+                                   "DMI",   "OBV", "TRIX",  "CROSSSIGNAL", "RISINGDAYS", "NOTE" };
 
 std::vector<BuiltInFormula> readTexts()
 {

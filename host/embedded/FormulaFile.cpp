@@ -98,8 +98,10 @@ private:
         const engine::FormulaReading reading = engine::readFormula(source.toStdString());
         for (const engine::Problem& problem : reading.problems)
             complain(QStringLiteral("source"),
-                     QStringLiteral("%1:%2: %3").arg(problem.place.line).arg(problem.place.column).arg(
-                         QString::fromStdString(problem.english)));
+                     QStringLiteral("%1:%2: %3")
+                         .arg(problem.place.line)
+                         .arg(problem.place.column)
+                         .arg(QString::fromStdString(problem.english)));
         return reading.formula;
     }
 
