@@ -26,11 +26,14 @@ public:
     void compute(const Operand* arguments, const Work& work, double* result) override
     {
         const Operand& values = arguments[0];
-        if (!arguments[1].isConstant)
+        if (!arguments[1].isConstant) {
             computeVariable(values, arguments[1], work, result);
-        else if (const std::size_t length = barsOf(arguments[1][0]).value_or(0); length > 0)
-            computeFixed(values, length, work, result);
-        else if (kWindow != Window::Whole && arguments[1][0] == 0.0)
+            return;
+        }
+        const std::optional<std::size_t> length = barsOf(arguments[1][0]);
+        if (length && *length > 0)
+            computeFixed(values, *length, work, result);
+        else if (length && kWindow != Window::Whole)
             computeAll(values, work, result);
         else
             std::fill(result + work.from, result + work.count, kNoValue);

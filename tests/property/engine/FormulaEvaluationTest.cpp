@@ -1,0 +1,309 @@
+/// @file Random formulas that follow bars as they come, against computations from the beginning: the records
+/// agree bit for bit.
+
+#include "engine/FormulaEvaluation.h"
+#include "engine/language/Functions.h"
+#include "tests/support/Seeds.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <limits>
+#include <random>
+
+namespace {
+
+using engine::BarSeries;
+using engine::FormulaEvaluation;
+using engine::FormulaRecords;
+using engine::language::Drawing;
+using engine::language::Function;
+using Mode = FormulaEvaluation::Mode;
+using Series = std::vector<double>;
+
+constexpr Series BarSeries::*kColumns[] = {
+    &BarSeries::open,   &BarSeries::high,   &BarSeries::low,          &BarSeries::close,
+    &BarSeries::volume, &BarSeries::amount, &BarSeries::openInterest,
+};
+
+class Dice
+{
+public:
+    explicit Dice(unsigned seed)
+        : m_random(seed)
+    {
+    }
+
+    int upTo(int last) { return std::uniform_int_distribution<int>(0, last)(m_random); }
+    bool chance(double likely) { return std::bernoulli_distribution(likely)(m_random); }
+    double around(double middle) { return std::normal_distribution<double>(middle, 3.0)(m_random); }
+
+    template <class Choices>
+    const auto& oneOf(const Choices& choices)
+    {
+        return choices[static_cast<std::size_t>(upTo(static_cast<int>(std::size(choices)) - 1))];
+    }
+
+private:
+    std::mt19937 m_random;
+};
+
+/// Writes formulas of all functions, drawings and attributes.
+class FormulaWriter
+{
+public:
+    explicit FormulaWriter(Dice& dice)
+        : m_dice(dice)
+    {
+        for (const Function& function : engine::language::allFunctions()) {
+            if (function.drawing != Drawing::None)
+                m_drawings.push_back(&function);
+            else if (!function.isOperator())
+                m_functions.push_back(&function);
+        }
+    }
+
+    std::string text()
+    {
+        std::string text = "PARAM N(5,0,60),M(1.5,0,10);\n";
+        const int statements = 2 + m_dice.upTo(6);
+        for (int statement = 0; statement < statements; ++statement) {
+            const std::string name = "S" + std::to_string(statement);
+            if (m_dice.chance(0.3)) {
+                text += drawing(*m_dice.oneOf(m_drawings)) + ";\n";
+                continue;
+            }
+            const bool isHidden = m_dice.chance(0.5);
+            text += name + (isHidden ? ":=" : ":") + expression(3) + (isHidden ? "" : attributes()) + ";\n";
+            m_names.push_back(name);
+        }
+        return text + "LAST:" + expression(2) + "+REFX(ISLASTBAR," + std::to_string(m_dice.upTo(4)) + ");\n";
+    }
+
+private:
+    std::string number()
+    {
+        return std::to_string(m_dice.chance(0.7) ? m_dice.upTo(25) : m_dice.upTo(99) / 7.0);
+    }
+
+    std::string constant()
+    {
+        const char* const parameters[] = { "N", "M", "N+2", "N*M" };
+        return m_dice.chance(0.5) ? number() : m_dice.oneOf(parameters);
+    }
+
+    std::string expression(int depth)
+    {
+        const char* const operators[] = { "+",  "-",  "*",     "/",    ">",    "<",    ">=",
+                                          "<=", "<>", " AND ", " OR ", " && ", " || ", "=" };
+        if (depth == 0 || m_dice.chance(0.15))
+            return leaf();
+        if (m_dice.chance(0.25))
+            return "(" + expression(depth - 1) + m_dice.oneOf(operators) + expression(depth - 1) + ")";
+        if (m_dice.chance(0.1))
+            return (m_dice.chance(0.5) ? "(-" : "NOT(") + expression(depth - 1) + ")";
+        return call(*m_dice.oneOf(m_functions), depth - 1);
+    }
+
+    std::string leaf()
+    {
+        const char* const prices[] = { "OPEN", "HIGH", "LOW", "CLOSE", "VOL", "ISLASTBAR", "BARPOS", "TR" };
+        if (!m_names.empty() && m_dice.chance(0.4))
+            return m_dice.oneOf(m_names);
+        return m_dice.chance(0.8) ? m_dice.oneOf(prices) : constant();
+    }
+
+    std::string call(const Function& function, int depth)
+    {
+        std::string text = function.name;
+        for (std::size_t index = 0; index < std::strlen(function.signature); ++index) {
+            text += index == 0 ? "(" : ",";
+            const bool isPeriod = index == 1 && std::strcmp(function.argumentNames, "A,B") != 0;
+            if (function.signature[index] == 't')
+                text += m_dice.chance(0.5) ? "'买'" : "'B'";
+            else if (function.signature[index] == 'c' || (isPeriod && m_dice.chance(0.7)))
+                text += constant();
+            else
+                text += expression(depth);
+        }
+        return text + (function.signature[0] != '\0' ? ")" : "");
+    }
+
+    std::string drawing(const Function& function)
+    {
+        // columns stacked upon one another must be the last output
+        return function.drawing == Drawing::StackedVolume ? "VERTLINE(" + expression(2) + ")"
+                                                          : call(function, 2);
+    }
+
+    std::string attributes()
+    {
+        const char* const written[] = { "",           ",COLORSTICK",     ",VOLSTICK",       ",SEGMENT",
+                                        ",CIRCLEDOT", ",NODRAW",         ",NODRAW,PRECIS2", ",BOOLLINE",
+                                        ",NOTEXT",    ",PRECIS0,DOTLINE" };
+        return m_dice.oneOf(written);
+    }
+
+    Dice& m_dice;
+    std::vector<const Function*> m_functions, m_drawings;
+    std::vector<std::string> m_names;
+};
+
+double priceOf(Dice& dice)
+{
+    const double wild[] = { std::numeric_limits<double>::quiet_NaN(),
+                            std::numeric_limits<double>::max(),
+                            std::numeric_limits<double>::infinity(),
+                            0.0,
+                            -0.0,
+                            1e300 };
+    return dice.chance(0.06) ? dice.oneOf(wild) : dice.around(20.0);
+}
+
+void append(BarSeries& bars, Dice& dice)
+{
+    const std::int64_t before = bars.timeMs.empty() ? 1'500'000'000'000 : bars.timeMs.back();
+    bars.timeMs.push_back(before + 60'000 * (1 + dice.upTo(600)));
+    for (const auto column : kColumns)
+        (bars.*column).push_back(priceOf(dice));
+}
+
+void replaceLast(BarSeries& bars, Dice& dice)
+{
+    for (const auto column : kColumns) {
+        if (!(bars.*column).empty())
+            (bars.*column).back() = priceOf(dice);
+    }
+}
+
+void dropLast(BarSeries& bars)
+{
+    bars.timeMs.pop_back();
+    for (const auto column : kColumns)
+        (bars.*column).pop_back();
+}
+
+bool isSameBits(const Series& a, const Series& b)
+{
+    return a.size() == b.size()
+        && (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(double)) == 0);
+}
+
+/// What differs between two computations; empty when nothing does.
+std::string differenceOf(const FormulaRecords& a, const FormulaRecords& b)
+{
+    if (a.meta.outputNames != b.meta.outputNames || a.meta.outputColumns != b.meta.outputColumns
+        || a.meta.drawType != b.meta.drawType || a.meta.color != b.meta.color
+        || a.meta.position != b.meta.position || a.meta.valueKind != b.meta.valueKind
+        || a.meta.lineWidth != b.meta.lineWidth || a.meta.lineStyle != b.meta.lineStyle)
+        return "descriptions";
+    if (a.result.barValid != b.result.barValid || a.result.barTimes.size() != b.result.barTimes.size())
+        return "bars";
+    for (std::size_t bar = 0; bar < a.result.barTimes.size(); ++bar) {
+        if (a.result.barTimes[bar].msecs != b.result.barTimes[bar].msecs)
+            return "times";
+    }
+    if (a.result.columnSeries != b.result.columnSeries || a.result.columnType != b.result.columnType
+        || a.result.numberSeries.size() != b.result.numberSeries.size())
+        return "columns";
+    for (std::size_t series = 0; series < a.result.numberSeries.size(); ++series) {
+        if (!isSameBits(a.result.numberSeries[series], b.result.numberSeries[series]))
+            return "series " + std::to_string(series);
+    }
+    return a.result.textSeries == b.result.textSeries ? "" : "texts";
+}
+
+std::shared_ptr<const engine::Formula> formulaOf(const std::string& text)
+{
+    const engine::FormulaReading reading = engine::readFormula(text);
+    for (const engine::Problem& problem : reading.problems)
+        ADD_FAILURE() << text << problem.place.line << ":" << problem.place.column << " " << problem.english;
+    return reading.formula;
+}
+
+FormulaRecords freshRecords(const std::shared_ptr<const engine::Formula>& formula, const BarSeries& bars,
+                            Mode mode)
+{
+    FormulaEvaluation evaluation(formula, { 5.0, 1.5 }, mode);
+    EXPECT_TRUE(evaluation.update(bars));
+    return evaluation.take();
+}
+
+/// What may happen to bars between two looks at them.
+void change(BarSeries& bars, Dice& dice)
+{
+    const int kind = dice.upTo(9);
+    if (kind < 4)
+        append(bars, dice);
+    else if (kind < 8)
+        replaceLast(bars, dice);
+    else if (kind == 8)
+        for (int more = dice.upTo(40); more >= 0; --more)
+            append(bars, dice);
+    if (dice.chance(0.3))
+        append(bars, dice); // the last one has changed and another has followed
+    if (dice.chance(0.03) && bars.size() > 3)
+        dropLast(bars);
+}
+
+TEST(FormulaEvaluation, FollowsBarsAsIfItComputedThemFromTheBeginning)
+{
+    for (const unsigned seed : test::seedsFor("FormulaEvaluation", 400)) {
+        Dice dice(seed);
+        const std::string text = FormulaWriter(dice).text();
+        const auto formula = formulaOf(text);
+        ASSERT_TRUE(formula) << "seed " << seed;
+        FormulaEvaluation evaluation(formula, { 5.0, 1.5 });
+        BarSeries bars;
+        for (int round = 0; round < 25; ++round) {
+            ASSERT_TRUE(evaluation.update(bars));
+            const FormulaRecords fresh = freshRecords(formula, bars, Mode::Follow);
+            ASSERT_EQ(differenceOf(evaluation.records(), fresh), "")
+                << "seed " << seed << ", round " << round << ", " << bars.size() << " bars\n"
+                << text;
+            change(bars, dice);
+        }
+    }
+}
+
+TEST(FormulaEvaluation, AnswersOnceAsItFollows)
+{
+    for (const unsigned seed : test::seedsFor("FormulaEvaluationOnce", 300)) {
+        Dice dice(seed);
+        const std::string text = FormulaWriter(dice).text();
+        const auto formula = formulaOf(text);
+        ASSERT_TRUE(formula) << "seed " << seed;
+        BarSeries bars;
+        for (int bar = dice.upTo(80); bar >= 0; --bar)
+            append(bars, dice);
+        ASSERT_EQ(
+            differenceOf(freshRecords(formula, bars, Mode::Once), freshRecords(formula, bars, Mode::Follow)),
+            "")
+            << "seed " << seed << "\n"
+            << text;
+    }
+}
+
+TEST(FormulaEvaluation, BeginsAgainAfterItWasCancelled)
+{
+    for (const unsigned seed : test::seedsFor("FormulaEvaluationCancelled", 100)) {
+        Dice dice(seed);
+        const std::string text = FormulaWriter(dice).text();
+        const auto formula = formulaOf(text);
+        ASSERT_TRUE(formula) << "seed " << seed;
+        FormulaEvaluation evaluation(formula, { 5.0, 1.5 });
+        BarSeries bars;
+        for (int round = 0; round < 10; ++round) {
+            change(bars, dice);
+            const std::atomic<bool> cancelled { dice.chance(0.4) };
+            ASSERT_EQ(evaluation.update(bars, &cancelled), !cancelled);
+            if (!cancelled) {
+                ASSERT_EQ(differenceOf(evaluation.records(), freshRecords(formula, bars, Mode::Follow)), "")
+                    << "seed " << seed << ", round " << round << "\n"
+                    << text;
+            }
+        }
+    }
+}
+
+} // namespace

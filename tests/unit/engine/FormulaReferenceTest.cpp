@@ -1,0 +1,114 @@
+/// @file The reference of the formula language keeps to the language: its formulas are read and computed, and
+/// it leaves out no word.
+
+#include "engine/BarFile.h"
+#include "engine/FormulaEvaluation.h"
+
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <fstream>
+#include <set>
+#include <sstream>
+
+namespace {
+
+std::string reference()
+{
+    std::ifstream file(DOCS_DIR "/formulas.md", std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    EXPECT_FALSE(text.str().empty());
+    return text.str();
+}
+
+/// What stands in the blocks marked as formulas.
+std::vector<std::string> formulasOf(const std::string& page)
+{
+    const std::string begin = "\n```formula\n", end = "```\n";
+    std::vector<std::string> formulas;
+    for (std::size_t at = page.find(begin); at != page.npos; at = page.find(begin, at)) {
+        at += begin.size();
+        formulas.push_back(page.substr(at, page.find(end, at) - at));
+    }
+    return formulas;
+}
+
+/// The words of Latin letters and digits, apart from those that are part of a longer one.
+std::set<std::string> wordsOf(const std::string& text)
+{
+    std::set<std::string> words;
+    std::string word;
+    for (const char character : text + " ") {
+        if (std::isalnum(static_cast<unsigned char>(character))) {
+            word += character;
+            continue;
+        }
+        words.insert(word);
+        word.clear();
+    }
+    return words;
+}
+
+TEST(FormulaReference, ShowsOnlyFormulasThatAreReadAndComputed)
+{
+    std::string failure;
+    const auto bars = engine::readBars(SAMPLES_DIR "/bars/SFCU00.csv", failure);
+    ASSERT_TRUE(bars) << failure;
+    const std::vector<std::string> formulas = formulasOf(reference());
+    EXPECT_GT(formulas.size(), 10U);
+    for (const std::string& text : formulas) {
+        const engine::FormulaReading reading = engine::readFormula(text);
+        for (const engine::Problem& problem : reading.problems)
+            ADD_FAILURE() << text << problem.place.line << ":" << problem.place.column << " "
+                          << problem.english;
+        if (!reading.formula)
+            continue;
+        engine::FormulaEvaluation evaluation(reading.formula);
+        ASSERT_TRUE(evaluation.update(*bars)) << text;
+        EXPECT_EQ(evaluation.records().result.barTimes.size(), bars->size()) << text;
+        EXPECT_GT(evaluation.records().meta.outputCount, 0) << text;
+    }
+}
+
+TEST(FormulaReference, NamesEveryWordOfTheLanguage)
+{
+    const std::set<std::string> words = wordsOf(reference());
+    for (const engine::KnownWord& word : engine::knownWords())
+        EXPECT_EQ(words.count(word.name), 1U) << word.name;
+}
+
+TEST(FormulaReference, UsesEveryFunctionAndDrawingInAFormula)
+{
+    std::string all;
+    for (const std::string& formula : formulasOf(reference()))
+        all += formula;
+    const std::set<std::string> words = wordsOf(all);
+    for (const engine::KnownWord& word : engine::knownWords()) {
+        using Kind = engine::KnownWord::Kind;
+        if (word.kind == Kind::Function || word.kind == Kind::Drawing) {
+            EXPECT_EQ(words.count(word.name), 1U) << word.name;
+        }
+    }
+}
+
+TEST(FormulaReference, TellsTheFaultsThatAreReported)
+{
+    std::istringstream lines(reference().substr(reference().find("\n## Faults")));
+    int faults = 0;
+    for (std::string line; std::getline(lines, line);) {
+        const std::size_t end = line.find("` "), message = line.rfind(" | ");
+        if (line.compare(0, 3, "| `") != 0)
+            continue;
+        ++faults;
+        const std::string text = line.substr(3, end - 3);
+        const std::string told = line.substr(message + 3, line.rfind(" |") - message - 3);
+        const std::vector<engine::Problem> problems = engine::readFormula(text).problems;
+        ASSERT_FALSE(problems.empty()) << text;
+        EXPECT_NE(problems.front().english.find(told), std::string::npos)
+            << text << ": " << problems.front().english;
+    }
+    EXPECT_GT(faults, 5);
+}
+
+} // namespace
