@@ -243,12 +243,6 @@ TEST_F(FormulaEditorTest, PictureShowsTheFormulaOverTheBars)
     text()->setPlainText(QStringLiteral("LINE:VOL;"));
     EXPECT_TRUE(m_editor->check());
     EXPECT_NE(preview->grab().toImage(), before);
-    if (!qEnvironmentVariableIsEmpty("EDITOR_PICTURE")) {
-        m_editor->edit(QStringLiteral("BOLL"));
-        text()->appendPlainText(QStringLiteral("X:CLOZE+1,COLORRED;"));
-        m_editor->check();
-        m_editor->grab().save(qEnvironmentVariable("EDITOR_PICTURE"));
-    }
 }
 
 } // namespace
