@@ -4,6 +4,8 @@
 #include "apps/chart/NamedFormula.h"
 #include "apps/chart/OpenedBars.h"
 #include "apps/chart/TickFormulaNames.h"
+#include "apps/render/FormulaFile.h"
+#include "engine/Formula.h"
 #include "engine/TickFormulas.h"
 #include "host/TC/Instruments.h"
 #include "host/TC/PeriodNames.h"
@@ -47,8 +49,27 @@ void finishPane(LoadedChart& chart, bool bookRule)
     }
 }
 
+/// The panes when none are asked for.
+std::vector<QStringList> usualPanes(const QString& formula)
+{
+    const QString candles = QStringLiteral("KLINE");
+    if (formula.isEmpty())
+        return { { candles, QStringLiteral("MA") }, { QStringLiteral("VOL") }, { QStringLiteral("MACD") } };
+    switch (TC::embedded::resolveFormula(formula)->formula->kind()) {
+    case 2: return { { formula } };
+    case 1: return { { candles, formula } };
+    default: return { { candles }, { formula } };
+    }
+}
+
 QString loadBars(const Options& options, LoadedChart& chart)
 {
+    QString formula;
+    if (!options.formula.isEmpty()) {
+        const QStringList problems = openFormulaFile(options.formula, formula);
+        if (!problems.isEmpty())
+            return problems.front();
+    }
     chart::OpenedBars opened;
     const QString failure = chart::openBarsFile(options.bars, options.instrument, opened);
     if (!failure.isEmpty())
@@ -57,10 +78,7 @@ QString loadBars(const Options& options, LoadedChart& chart)
     chart.picture.times = opened.bars->timeMs;
     const TC::EFormulaPeriod period = chart::barPeriod(opened.bars->timeMs);
     chart.picture.periodName = TC::getCycleName(TC::getPeriodIndex(period));
-    const std::vector<QStringList> usual { { QStringLiteral("KLINE"), QStringLiteral("MA") },
-                                           { QStringLiteral("VOL") },
-                                           { QStringLiteral("MACD") } };
-    for (const QStringList& names : options.panes.empty() ? usual : options.panes) {
+    for (const QStringList& names : options.panes.empty() ? usualPanes(formula) : options.panes) {
         addPane(chart);
         for (const QString& name : names) {
             std::optional<engine::FormulaRecords> records = chart::computeNamed(name, *opened.bars);

@@ -55,6 +55,8 @@ QString readOutput(const QString& text, QString& output)
 /// What a complete command line still needs.
 QString missing(const Options& options)
 {
+    if (!options.check.isEmpty())
+        return QString();
     if (options.bars.isEmpty() == options.ticks.isEmpty())
         return QStringLiteral("exactly one of --bars FILE.csv and --ticks FILE.csv is needed; see --help");
     if (options.output.isEmpty() && options.exportTo.isEmpty())
@@ -73,6 +75,8 @@ QString usage()
         "  --instrument KEY    instrument key such as SH600000 (default: the file's base name)\n"
         "  --pane NAME,...     formulas of one pane; repeat for more panes\n"
         "                      (default: KLINE,MA / VOL / MACD)\n"
+        "  --formula FILE.txt  draw the formula of this text, under the file's base name\n"
+        "  --check FILE.txt    say what is wrong with the text of a formula, and draw nothing\n"
         "  --from N            first bar, counted from 0 (default: the last bars)\n"
         "  --count N           number of bars (default: 250)\n"
         "  --size WxH          size in pixels (default: 1600x900)\n"
@@ -98,6 +102,8 @@ QString parseArguments(const QStringList& arguments, Options& options)
         { QStringLiteral("--ticks"), keep(options.ticks) },
         { QStringLiteral("--export"), keep(options.exportTo) },
         { QStringLiteral("--export-one"), keep(options.exportOne) },
+        { QStringLiteral("--formula"), keep(options.formula) },
+        { QStringLiteral("--check"), keep(options.check) },
         { QStringLiteral("--instrument"), keep(options.instrument) },
         { QStringLiteral("--skin"), keep(options.skin) },
         { QStringLiteral("--pane"),

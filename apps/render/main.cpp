@@ -2,6 +2,7 @@
 
 #include "apps/chart/TextExport.h"
 #include "apps/render/ChartLoader.h"
+#include "apps/render/FormulaFile.h"
 #include "apps/render/Options.h"
 #include "apps/render/PictureFile.h"
 #include "host/embedded/EmbeddedHost.h"
@@ -21,6 +22,17 @@ QString exportPane(const render::Options& options, chart::PaneResults& pane)
     if (!options.exportOne.isEmpty() && !pane.getFormulas().contains(options.exportOne))
         return QStringLiteral("--export-one: the first pane has no formula \"%1\"").arg(options.exportOne);
     return chart::writeText(options.exportTo, chart::exportText(pane, options.exportOne, options.withTime));
+}
+
+/// Prints what is wrong with the text of a formula.
+/// @return the program's exit code.
+int checkFormula(const QString& file)
+{
+    QString name;
+    const QStringList problems = render::openFormulaFile(file, name);
+    for (const QString& problem : problems)
+        std::fprintf(stderr, "%s\n", problem.toUtf8().constData());
+    return problems.isEmpty() ? 0 : kBadInput;
 }
 
 /// Does what the options say.
@@ -61,6 +73,8 @@ int main(int argc, char** argv)
         std::fputs(qPrintable(render::usage()), stdout);
         return 0;
     }
+    if (failure.isEmpty() && !options.check.isEmpty())
+        return checkFormula(options.check);
     if (failure.isEmpty())
         failure = renderChart(options);
     if (failure.isEmpty())

@@ -46,14 +46,6 @@ int drawTypeOf(Drawing drawing)
     return kLine;
 }
 
-/// "5" or "2.5".
-std::string numberText(double number)
-{
-    char text[32];
-    std::snprintf(text, sizeof text, "%.6g", number);
-    return text;
-}
-
 std::string joined(const std::vector<std::string>& parts)
 {
     std::string text;
@@ -101,7 +93,10 @@ std::string shownName(const Output& output, const std::vector<double>& parameter
 {
     if (!output.nameParameter)
         return output.name;
-    return output.name + numberText(parameters[static_cast<std::size_t>(*output.nameParameter)]);
+    const double number = std::trunc(parameters[static_cast<std::size_t>(*output.nameParameter)]);
+    char text[400]; // the longest double has 309 digits
+    std::snprintf(text, sizeof text, "%.0f", number);
+    return output.name + text;
 }
 
 OutputRecords::OutputRecords(const Syntax& syntax, const Plan& plan, const std::vector<double>& parameters,
@@ -180,17 +175,22 @@ void OutputRecords::describeDrawing(const Output& output, const std::vector<Step
             addColumn(columns[column], Missing::Gap, axis);
     };
     const StepId condition = columns.front();
+    // Places where nothing is drawn must not widen the value axis.
+    const auto addPlace = [&](std::size_t column) {
+        addColumn(columns[column], Missing::Gap, Axis::Yes, condition);
+    };
     switch (output.drawing) {
     case Drawing::Candles:
     case Drawing::StackedVolume: addAll(0, Axis::Yes); return;
     case Drawing::VerticalLine:
         addColumn(condition, Missing::Zero, Axis::No);
-        addAll(1, Axis::Yes);
+        for (std::size_t column = 1; column < columns.size(); ++column)
+            addPlace(column);
         return;
     case Drawing::StickLine:
         addColumn(condition, Missing::Zero, Axis::No);
-        addColumn(columns[1], Missing::Gap, Axis::Yes);
-        addColumn(columns[2], Missing::Gap, Axis::Yes);
+        addPlace(1);
+        addPlace(2);
         addAll(3, Axis::No);
         return;
     case Drawing::FixedText:
@@ -202,7 +202,7 @@ void OutputRecords::describeDrawing(const Output& output, const std::vector<Step
     case Drawing::Number:
     case Drawing::Icon:
         addColumn(condition, Missing::Zero, Axis::No);
-        addColumn(columns[1], Missing::Gap, Axis::Yes);
+        addPlace(1);
         addAll(2, Axis::No);
         if (output.drawing == Drawing::Text)
             addText(condition, false, output.text);
@@ -211,12 +211,12 @@ void OutputRecords::describeDrawing(const Output& output, const std::vector<Step
     }
 }
 
-void OutputRecords::addColumn(StepId step, Missing missing, Axis axis)
+void OutputRecords::addColumn(StepId step, Missing missing, Axis axis, StepId condition)
 {
-    const auto [known, isNew] = m_known.emplace(std::make_pair(step, missing), 0);
+    const auto [known, isNew] = m_known.emplace(std::make_tuple(step, missing, condition), 0);
     if (isNew) {
         known->second = m_builder.series({});
-        m_numbers.push_back({ step, missing, static_cast<std::size_t>(known->second) });
+        m_numbers.push_back({ step, missing, condition, static_cast<std::size_t>(known->second) });
     }
     m_builder.column(known->second, axis);
 }
@@ -269,7 +269,7 @@ void OutputRecords::fill(const BarSeries& bars, std::size_t from, const Columns&
     fillBars(bars, from);
     fillTexts(bars.size(), from, columns);
     for (const NumberLink& link : m_numbers)
-        fillNumbers(link, bars.size(), firstChanged(link.step, from), columns.operand(link.step));
+        fillNumbers(link, bars.size(), from, columns);
 }
 
 void OutputRecords::fillOnce(const BarSeries& bars, Columns& columns)
@@ -277,12 +277,14 @@ void OutputRecords::fillOnce(const BarSeries& bars, Columns& columns)
     fillBars(bars, 0);
     fillTexts(bars.size(), 0, columns);
     std::map<StepId, int> readers;
-    for (const NumberLink& link : m_numbers)
+    for (const NumberLink& link : m_numbers) {
         ++readers[link.step];
+        ++readers[link.condition];
+    }
     for (const NumberLink& link : m_numbers) {
         Series& series = m_records.result.numberSeries[link.series];
-        if (readers[link.step] > 1 || columns[link.step].empty()) {
-            fillNumbers(link, bars.size(), 0, columns.operand(link.step));
+        if (readers[link.step] > 1 || link.condition != kAlways || columns[link.step].empty()) {
+            fillNumbers(link, bars.size(), 0, columns);
             continue;
         }
         series = std::move(columns[link.step]);
@@ -308,12 +310,20 @@ void OutputRecords::fillBars(const BarSeries& bars, std::size_t from)
 }
 
 void OutputRecords::fillNumbers(const NumberLink& link, std::size_t count, std::size_t from,
-                                const Operand& values)
+                                const Columns& columns)
 {
     Series& series = m_records.result.numberSeries[link.series];
     makeRoom(series, count);
-    for (std::size_t bar = from; bar < count; ++bar)
-        series[bar] = inRecord(values[bar], link.missing);
+    const Operand values = columns.operand(link.step);
+    if (link.condition == kAlways) {
+        for (std::size_t bar = firstChanged(link.step, from); bar < count; ++bar)
+            series[bar] = inRecord(values[bar], link.missing);
+        return;
+    }
+    const Operand condition = columns.operand(link.condition);
+    const std::size_t first = std::min(firstChanged(link.step, from), firstChanged(link.condition, from));
+    for (std::size_t bar = first; bar < count; ++bar)
+        series[bar] = inRecord(isTrue(condition[bar]) ? values[bar] : kNoValue, link.missing);
 }
 
 void OutputRecords::fillTexts(std::size_t count, std::size_t from, const Columns& columns)

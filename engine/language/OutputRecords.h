@@ -8,6 +8,7 @@
 
 #include <map>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace engine::language {
@@ -66,8 +67,11 @@ private:
     {
         StepId step;
         Missing missing;
+        StepId condition; ///< where it does not hold there is no value; kAlways: it always holds
         std::size_t series;
     };
+
+    static constexpr StepId kAlways = -1;
 
     /// A text where a condition holds.
     struct TextLink
@@ -88,7 +92,7 @@ private:
 
     void describeLine(const Output& output, const std::vector<StepId>& columns, const std::string& name);
     void describeDrawing(const Output& output, const std::vector<StepId>& columns, const std::string& name);
-    void addColumn(StepId step, Missing missing, Axis axis);
+    void addColumn(StepId step, Missing missing, Axis axis, StepId condition = kAlways);
     void addText(StepId condition, bool isEverywhere, const std::string& text);
     void addLegendText(StepId values, int decimals);
     void addStackedColors(const Output& output);
@@ -98,7 +102,7 @@ private:
     std::size_t firstChanged(StepId step, std::size_t from) const;
 
     void fillBars(const BarSeries& bars, std::size_t from);
-    void fillNumbers(const NumberLink& link, std::size_t count, std::size_t from, const Operand& values);
+    void fillNumbers(const NumberLink& link, std::size_t count, std::size_t from, const Columns& columns);
     void fillTexts(std::size_t count, std::size_t from, const Columns& columns);
 
     const Plan& m_plan;
@@ -107,11 +111,11 @@ private:
     std::vector<NumberLink> m_numbers;
     std::vector<TextLink> m_texts;
     std::vector<DecimalsLink> m_decimals;
-    std::map<std::pair<StepId, Missing>, int> m_known;
+    std::map<std::tuple<StepId, Missing, StepId>, int> m_known;
     std::vector<const Output*> m_described; ///< by output of the records
 };
 
-/// The name of an output with the value of its parameter: MA#N is MA5.
+/// The name of an output with the whole part of its parameter: MA#N is MA5.
 std::string shownName(const Output& output, const std::vector<double>& parameters);
 
 /// Lengthens a column, with room for later bars when it has grown before.

@@ -28,15 +28,28 @@ TC::CFormulaOperateManager::Private& manager()
     return utils::CSingletonT<TC::CFormulaOperateManager>::instance()->data();
 }
 
-KnownFormula builtIn(const engine::BuiltInFormula& known)
+KnownFormula known(const QString& name, const std::shared_ptr<const engine::Formula>& formula,
+                   const QString& base, KnownFormula::Origin origin)
 {
-    KnownFormula formula { boost::make_shared<CFormulaDetail>(), {}, KnownFormula::BuiltIn };
-    formula.detail->displayName = formula.detail->realName = QString::fromStdString(known.name);
-    formula.detail->kind = known.formula->kind();
-    for (const engine::Parameter& parameter : known.formula->parameters())
-        formula.detail->numberParams << parameter.value;
-    formula.recipe = { known.formula, formula.detail->realName, formula.detail->numberParams, {} };
-    return formula;
+    KnownFormula entry { boost::make_shared<CFormulaDetail>(), {}, origin };
+    entry.detail->displayName = entry.detail->realName = name;
+    entry.detail->kind = formula->kind();
+    for (const engine::Parameter& parameter : formula->parameters())
+        entry.detail->numberParams << parameter.value;
+    entry.recipe = { formula, base, entry.detail->numberParams, {} };
+    return entry;
+}
+
+/// Adds a formula, or replaces the one of the same display name.
+void put(Formulas& formulas, KnownFormula added)
+{
+    const auto found = std::find_if(formulas.begin(), formulas.end(), [&](const KnownFormula& formula) {
+        return formula.detail->displayName == added.detail->displayName;
+    });
+    if (found != formulas.end())
+        *found = std::move(added);
+    else
+        formulas.push_back(std::move(added));
 }
 
 /// Names that are taken by formulas which are not the user's.
@@ -75,8 +88,10 @@ Formulas& knownFormulas(TC::CFormulaOperateManager::Private& data)
 {
     if (!data.isFilled) {
         data.isFilled = true;
-        for (const engine::BuiltInFormula& known : engine::builtInFormulas())
-            data.formulas.push_back(builtIn(known));
+        for (const engine::BuiltInFormula& builtIn : engine::builtInFormulas()) {
+            const QString name = QString::fromStdString(builtIn.name);
+            data.formulas.push_back(known(name, builtIn.formula, name, KnownFormula::BuiltIn));
+        }
         readUserFormulas(data.formulas);
     }
     return data.formulas;
@@ -138,17 +153,15 @@ namespace embedded {
 
 void setFormula(const CFormulaDetail& formula)
 {
-    Formulas& formulas = knownFormulas(manager());
     KnownFormula added { boost::make_shared<CFormulaDetail>(formula), {}, KnownFormula::Set };
-    if (const engine::BuiltInFormula* known = engine::findBuiltIn(formula.realName.toStdString()))
-        added.recipe = { known->formula, formula.realName, formula.numberParams, {} };
-    const auto known = std::find_if(formulas.begin(), formulas.end(), [&](const KnownFormula& f) {
-        return f.detail->displayName == formula.displayName;
-    });
-    if (known != formulas.end())
-        *known = std::move(added);
-    else
-        formulas.push_back(std::move(added));
+    if (const engine::BuiltInFormula* builtIn = engine::findBuiltIn(formula.realName.toStdString()))
+        added.recipe = { builtIn->formula, formula.realName, formula.numberParams, {} };
+    put(knownFormulas(manager()), std::move(added));
+}
+
+void setTextFormula(const QString& displayName, const std::shared_ptr<const engine::Formula>& formula)
+{
+    put(knownFormulas(manager()), known(displayName, formula, QString(), KnownFormula::Set));
 }
 
 QStringList formulaNames()

@@ -35,6 +35,10 @@ struct FormulaRecipe
 /// of a built-in formula, with its number parameters.
 INDICATORHOST_EXPORT void setFormula(const CFormulaDetail& formula);
 
+/// Adds a formula that is a text, with its default parameters, or replaces the one of the same display name.
+INDICATORHOST_EXPORT void setTextFormula(const QString& displayName,
+                                         const std::shared_ptr<const engine::Formula>& formula);
+
 /// Display names of all formulas: the built-in ones, then those that were set and the user's own.
 INDICATORHOST_EXPORT QStringList formulaNames();
 

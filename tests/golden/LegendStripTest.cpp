@@ -104,11 +104,11 @@ protected:
     /// Adds a formula over the bars of an instrument.
     static void add(chart::PaneResults& pane, const char* formula, const char* instrumentKey)
     {
-        const engine::FormulaDescription& description = *engine::findBuiltIn(formula);
+        const engine::Formula& known = *engine::findBuiltIn(formula)->formula;
         QVector<double> values;
-        for (const engine::Parameter& parameter : description.parameters)
+        for (const engine::Parameter& parameter : known.parameters())
             values.append(parameter.value);
-        test::knowFormula(QString::fromLatin1(formula), description.kind, values);
+        test::knowFormula(QString::fromLatin1(formula), known.kind(), values);
         pane.add(TC::CFormulaKey(QString::fromLatin1(instrumentKey), QString::fromLatin1(formula)),
                  test::computed(formula, lastBars(instrumentKey)));
     }

@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cfloat>
+#include <cmath>
 #include <random>
 #include <string>
 #include <vector>
@@ -69,7 +72,8 @@ inline int outputOf(const engine::FormulaRecords& records, const std::string& na
     return -1;
 }
 
-/// The series behind the k-th column of a named output; empty when there is none.
+/// The series behind the k-th column of a named output, DBL_MAX where there is no value; empty when there is no
+/// such column.
 inline std::vector<double> seriesOf(const engine::FormulaRecords& records, const std::string& output,
                                     std::size_t k = 0)
 {
@@ -79,8 +83,24 @@ inline std::vector<double> seriesOf(const engine::FormulaRecords& records, const
         return {};
     }
     const int column = records.meta.outputColumns[static_cast<std::size_t>(index)][k];
-    return records.result.numberSeries.at(
+    std::vector<double> series = records.result.numberSeries.at(
         static_cast<std::size_t>(records.result.columnSeries.at(static_cast<std::size_t>(column))));
+    std::replace_if(
+        series.begin(), series.end(), [](double value) { return std::isnan(value); }, DBL_MAX);
+    return series;
+}
+
+/// The only output of a text over bars with the given closes and volumes.
+inline std::vector<double> valuesOf(const std::string& expression, const std::vector<double>& closes,
+                                    const std::vector<double>& volumes = {})
+{
+    engine::BarSeries bars = barsOf(closes);
+    if (!volumes.empty())
+        bars.volume = volumes;
+    const engine::FormulaReading reading = engine::readFormula("X:" + expression + ";");
+    EXPECT_TRUE(reading.formula) << expression;
+    const auto records = engine::computeFormula(reading.formula, bars);
+    return records ? seriesOf(*records, "X") : std::vector<double>();
 }
 
 } // namespace test

@@ -47,17 +47,6 @@ void berth(ads::CDockWidget* dock, TC::IIndexDockableWidget* panel)
     panel->show();
 }
 
-/// Frames and gaps in the palette's quiet colours instead of white ones. The frames are not filled: what
-/// stands inside would take their colour for its own ground.
-QString quietFrames()
-{
-    return QStringLiteral("ads--CDockContainerWidget, ads--CDockAreaWidget, ads--CDockWidget"
-                          " { background: none; }"
-                          "ads--CDockContainerWidget ads--CDockSplitter::handle"
-                          " { background: palette(light); }"
-                          "ads--CDockAreaWidget { border: 1px solid palette(light); }");
-}
-
 TC::IIndexDockableWidget* panelIn(const ads::CDockWidget* dock)
 {
     return dock->widget()->findChild<TC::IIndexDockableWidget*>(QString(), Qt::FindDirectChildrenOnly);
@@ -70,7 +59,6 @@ DockArrangement::DockArrangement(QMainWindow* window, PanelPool& pool)
     , m_pool(pool)
     , m_manager(makeDockManager(window))
 {
-    m_manager->setStyleSheet(m_manager->styleSheet() + quietFrames());
 }
 
 DockArrangement::~DockArrangement() = default;

@@ -1,6 +1,5 @@
 #include "apps/client/parts/DockLook.h"
 
-#include <QApplication>
 #include <QEvent>
 #include <QFile>
 #include <QMainWindow>
@@ -54,14 +53,7 @@ ads::CDockManager* makeDockManager(QMainWindow* window)
     loadDockPictures();
     ads::CDockManager::setConfigFlag(ads::CDockManager::FloatingContainerForceQWidgetTitleBar);
     auto* manager = new ads::CDockManager(window);
-    const QString style = manager->styleSheet() + dockStyle();
-    manager->setStyleSheet(style);
-    // Widgets below a style sheet keep the palette that they were first shown with, until it is taken off. It
-    // is put on again when all have taken over the new colours.
-    QObject::connect(qApp, &QGuiApplication::paletteChanged, manager, [manager, style] {
-        manager->setStyleSheet(QString());
-        QTimer::singleShot(0, manager, [manager, style] { manager->setStyleSheet(style); });
-    });
+    manager->setStyleSheet(manager->styleSheet() + dockStyle());
     new DropMarkMask(manager);
     return manager;
 }

@@ -68,7 +68,7 @@ void expectSound(const engine::FormulaRecords& records, std::size_t bars)
     for (const auto& values : result.numberSeries) {
         EXPECT_EQ(values.size(), bars);
         for (const double value : values)
-            EXPECT_TRUE(std::isfinite(value) && value > -DBL_MAX) << value;
+            EXPECT_TRUE(!std::isinf(value) && value != -DBL_MAX) << value;
     }
 }
 

@@ -160,3 +160,40 @@ TEST_F(RenderProgram, LeavesNothingBehindWhenTheFolderIsMissing)
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_TRUE(result.error.contains(QStringLiteral("missing/out.png")));
 }
+
+TEST_F(RenderProgram, DrawsTheFormulaOfAText)
+{
+    QFile file(path("上轨.txt"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("MAIN;\nPARAM N(20,1,500);\n上轨:HHV(H,N),COLORRED;\n");
+    file.close();
+    const Outcome result = run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--formula"),
+                                 path("上轨.txt"), QStringLiteral("-o"), path("out.png") });
+    EXPECT_EQ(result.exitCode, 0) << result.error.toStdString();
+    const QImage picture(path("out.png"));
+    int red = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            red += picture.pixel(x, y) == qRgb(255, 0, 0);
+    }
+    EXPECT_GT(red, 500);
+}
+
+TEST_F(RenderProgram, ChecksATextAndNamesEveryFault)
+{
+    QFile file(path("faulty.txt"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("A:=MAA(C,5);\nB:A+;\nC2:HIGHH;\n");
+    file.close();
+    const Outcome faulty = run({ QStringLiteral("--check"), path("faulty.txt") });
+    EXPECT_EQ(faulty.exitCode, 2);
+    const QStringList lines = faulty.error.split(QLatin1Char('\n'));
+    ASSERT_EQ(lines.size(), 3) << faulty.error.toStdString();
+    EXPECT_TRUE(lines[0].contains(QStringLiteral("faulty.txt:1:4: ")));
+    EXPECT_TRUE(lines[1].contains(QStringLiteral("faulty.txt:2:5: ")));
+    EXPECT_TRUE(lines[2].contains(QStringLiteral("faulty.txt:3:4: ")));
+
+    const QString shipped = QStringLiteral(SAMPLES_DIR "/formulas/MACD.txt");
+    EXPECT_EQ(run({ QStringLiteral("--check"), shipped }).exitCode, 0);
+    EXPECT_EQ(run({ QStringLiteral("--check"), path("none.txt") }).exitCode, 2);
+}

@@ -91,7 +91,8 @@ TEST(FormulaService, DeliversInTheOrderOfTheRequests)
 TEST(FormulaService, NeverUsesAnIdentifierTwice)
 {
     FormulaService first, second;
-    EXPECT_NE(first.request(builtIn("MA"), sharedBars({ 1 })), second.request(builtIn("MA"), sharedBars({ 1 })));
+    EXPECT_NE(first.request(builtIn("MA"), sharedBars({ 1 })),
+              second.request(builtIn("MA"), sharedBars({ 1 })));
 }
 
 TEST(FormulaService, SaysThatAnUnknownFormulaOrMissingBarsFailed)

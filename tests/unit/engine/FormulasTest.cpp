@@ -4,6 +4,7 @@
 
 #include <cfloat>
 #include <cmath>
+#include <set>
 
 namespace {
 
@@ -21,7 +22,8 @@ TEST(BuiltInFormulas, AreKnownByTheirExactName)
         EXPECT_EQ(engine::findBuiltIn(formula.name), &formula);
     }
     EXPECT_EQ(names,
-              (std::vector<std::string> { "KLINE", "MA", "BOLL", "VOL", "MACD", "KDJ", "RSI", "CROSSSIGNAL",
+              (std::vector<std::string> { "KLINE", "MA", "EXPMA", "BOLL", "SAR", "VOL", "MACD", "KDJ", "RSI",
+                                          "WR", "BIAS", "CCI", "DMI", "OBV", "TRIX", "CROSSSIGNAL",
                                           "RISINGDAYS", "NOTE" }));
     EXPECT_EQ(engine::findBuiltIn("ma"), nullptr);
     EXPECT_EQ(engine::findBuiltIn(""), nullptr);
@@ -30,9 +32,12 @@ TEST(BuiltInFormulas, AreKnownByTheirExactName)
 TEST(BuiltInFormulas, OnlyTheCandlesAreTheMainChartItself)
 {
     for (const auto& formula : engine::builtInFormulas()) {
-        const bool ownPane =
-            formula.name == "VOL" || formula.name == "MACD" || formula.name == "KDJ" || formula.name == "RSI";
-        EXPECT_EQ(formula.kind, formula.name == "KLINE" ? 2 : ownPane ? 0 : 1) << formula.name;
+        const std::set<std::string> overIt {
+            "MA", "EXPMA", "BOLL", "SAR", "CROSSSIGNAL", "RISINGDAYS", "NOTE"
+        };
+        ASSERT_TRUE(formula.formula) << formula.name;
+        EXPECT_EQ(formula.formula->kind(), formula.name == "KLINE" ? 2 : overIt.count(formula.name))
+            << formula.name;
     }
 }
 

@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <tuple>
@@ -63,17 +64,46 @@ QByteArray fileWith(const QByteArray& entries)
 
 TEST(FormulaManager, KnowsTheBuiltInFormulasAfterAReset)
 {
-    for (const auto& description : engine::builtInFormulas()) {
-        const QString name = QString::fromStdString(description.name);
+    for (const auto& known : engine::builtInFormulas()) {
+        const QString name = QString::fromStdString(known.name);
         const auto formula = manager().getFormula(name);
-        ASSERT_TRUE(formula) << description.name;
+        ASSERT_TRUE(formula) << known.name;
         EXPECT_EQ(formula->realName, name);
-        EXPECT_EQ(formula->kind, description.kind);
-        EXPECT_EQ(formula->numberParams.size(), static_cast<int>(description.parameters.size()));
+        EXPECT_EQ(formula->kind, known.formula->kind());
+        EXPECT_EQ(formula->numberParams.size(), static_cast<int>(known.formula->parameters().size()));
         EXPECT_EQ(manager().getFormulaByRealName(name), formula);
     }
     EXPECT_FALSE(manager().getFormula(text("NOSUCH")));
     EXPECT_FALSE(manager().getFormula(QString()));
+}
+
+TEST_F(UserFormulas, AreTextsOfTheirOwn)
+{
+    EXPECT_EQ(load(fileWith(R"({"name": "SPREAD", "displayName": "价差",
+                                "source": "PARAM N(3,1,50);\nHL:MA(H-L,N);", "parameters": [7]})")),
+              QStringList());
+    const auto formula = manager().getFormula(text("价差"));
+    ASSERT_TRUE(formula);
+    EXPECT_EQ(formula->kind, 0);
+    EXPECT_EQ(formula->numberParams, (QVector<double> { 7 }));
+    const auto recipe = resolveFormula(text("价差"));
+    ASSERT_TRUE(recipe && recipe->formula);
+    EXPECT_EQ(recipe->formula->outputNames(), (std::vector<std::string> { "HL" }));
+}
+
+TEST_F(UserFormulas, WithAFaultyTextAreLeftOutWithAllTheirFaults)
+{
+    const QStringList problems = load(fileWith(R"({"name": "A", "source": "X:MAA(C,5);\nY:CLOSEE;"})"));
+    ASSERT_EQ(problems.size(), 2);
+    EXPECT_THAT(problems[0].toStdString(), testing::HasSubstr("1:3: unknown function, did you mean MA"));
+    EXPECT_THAT(problems[1].toStdString(), testing::HasSubstr("2:3: unknown name, did you mean CLOSE"));
+    EXPECT_FALSE(manager().getFormula(text("A")));
+}
+
+TEST_F(UserFormulas, RestOnATextOrOnABuiltInFormulaButNotOnBoth)
+{
+    EXPECT_EQ(load(fileWith(R"({"name": "A", "base": "MA", "source": "X:C;"})")).size(), 1);
+    EXPECT_FALSE(manager().getFormula(text("A")));
 }
 
 TEST(FormulaManager, ClearForgetsTheBuiltInFormulasUntilTheNextReset)
@@ -134,7 +164,7 @@ TEST_F(UserFormulas, AreReadOnFirstUse)
 TEST_F(UserFormulas, RestOnABuiltInFormula)
 {
     EXPECT_EQ(load(fileWith(R"({"name": "SHORT", "displayName": "短均线", "kind": 0, "base": "MA",
-                                "parameters": [3, 6], "colors": ["#ff8c00", null, "#00aaff"], "source": "later"})")),
+                                "parameters": [3, 6], "colors": ["#ff8c00", null, "#00aaff"]})")),
               QStringList());
     const auto formula = manager().getFormula(text("短均线"));
     ASSERT_TRUE(formula);

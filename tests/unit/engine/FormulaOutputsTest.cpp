@@ -1,0 +1,129 @@
+/// @file How the outputs of a text reach the painters and the legend.
+
+#include "tests/support/EngineBars.h"
+
+namespace {
+
+engine::FormulaRecords recordsOf(const std::string& text, const engine::BarSeries& bars)
+{
+    const engine::FormulaReading reading = engine::readFormula(text);
+    EXPECT_TRUE(reading.formula) << text;
+    auto records = engine::computeFormula(reading.formula, bars);
+    return std::move(records).value_or(engine::FormulaRecords());
+}
+
+engine::FormulaRecords recordsOf(const std::string& text)
+{
+    return recordsOf(text, test::barsOf({ 1, 2, 3 }));
+}
+
+int drawTypeOf(const std::string& statement)
+{
+    return recordsOf(statement).meta.drawType.at(0);
+}
+
+TEST(FormulaOutputs, HaveTheDrawingTheyAskFor)
+{
+    EXPECT_EQ(drawTypeOf("X:C;"), 0);
+    EXPECT_EQ(drawTypeOf("X:C,SEGMENT;"), 1);
+    EXPECT_EQ(drawTypeOf("X:C,COLORSTICK;"), 2);
+    EXPECT_EQ(drawTypeOf("X:C,POINTDOT;"), 10);
+    EXPECT_EQ(drawTypeOf("X:C,CIRCLEDOT;"), 11);
+    EXPECT_EQ(drawTypeOf("DRAWKLINE(O,H,L,C);"), 12);
+    EXPECT_EQ(drawTypeOf("DRAWTEXT(C>1,H,'x');"), 13);
+    EXPECT_EQ(drawTypeOf("DRAWICON(C>1,H,1);"), 19);
+    EXPECT_EQ(drawTypeOf("DRAWNUMBER(C>1,H,C,2);"), 26);
+    EXPECT_EQ(drawTypeOf("X:V,VOLSTICK;"), 27);
+    EXPECT_EQ(drawTypeOf("STICKLINE(C>1,H,L,8,0);"), 28);
+    EXPECT_EQ(drawTypeOf("DRAWTEXTEX(1,1,500,500,'x');"), 31);
+    EXPECT_EQ(drawTypeOf("VERTLINE(C>1);"), 34);
+    EXPECT_EQ(drawTypeOf("X:C>1,BOOLLINE;"), 37);
+    EXPECT_EQ(drawTypeOf("STACKVOL(V,C);"), 42);
+}
+
+TEST(FormulaOutputs, HaveColourWidthAndStyle)
+{
+    const auto meta =
+        recordsOf("A:C,COLORRED,LINETHICK3,DOTLINE; B:C,COLOR1234AB,DASHDOT; D:C,DASHDOTDOT;").meta;
+    EXPECT_EQ(meta.color, (std::vector<int> { 0x0000FF, 0xAB3412, 0 }));
+    EXPECT_EQ(meta.colorSet, (std::vector<int> { 1, 1, 0 }));
+    EXPECT_EQ(meta.lineWidth, (std::vector<int> { 3, 1, 1 }));
+    EXPECT_EQ(meta.lineStyle, (std::vector<int> { 15, 16, 17 }));
+}
+
+TEST(FormulaOutputs, WithoutANameShowTheirValueAlone)
+{
+    EXPECT_EQ(recordsOf("C; A:O; H,NOTEXT;").meta.outputNames,
+              (std::vector<std::string> { "__noname1", "A", "__noname3__noshow" }));
+}
+
+TEST(FormulaOutputs, ThatAreNotDrawnStandInTheLegendAndOffTheAxis)
+{
+    const auto records = recordsOf("A:C,NODRAW;");
+    EXPECT_EQ(records.meta.lineWidth, (std::vector<int> { 0 }));
+    EXPECT_EQ(records.result.columnNeedsAxis, (std::vector<int> { 0 }));
+}
+
+TEST(FormulaOutputs, TellTheLegendTheKindOfTheirValue)
+{
+    const auto meta = recordsOf("A:C; B:C,PRECIS0; D:C>1; E:C>1,PRECIS2; F:C,NODRAW,PRECIS3;").meta;
+    EXPECT_EQ(meta.valueKind, (std::vector<int> { 0, 1, 2, 0, 3 }));
+}
+
+TEST(FormulaOutputs, OfTheLegendAloneHaveTheirDecimalsAsText)
+{
+    const auto records = recordsOf("F:REF(C,1)/3,NODRAW,PRECIS3;");
+    EXPECT_EQ(records.result.textSeries.at(0), (std::vector<std::string> { "非法值", "0.333", "0.667" }));
+}
+
+TEST(FormulaOutputs, OfAStepLineHaveAColumnOfFlags)
+{
+    EXPECT_EQ(recordsOf("X:C>1,BOOLLINE;").result.columnType, (std::vector<int> { 2 }));
+}
+
+TEST(FormulaOutputs, DrawNoLineWhereThereIsNoValueAndNoStickEither)
+{
+    const auto records = recordsOf("A:REF(C,1); B:REF(C,1),COLORSTICK; REF(C,1)>1,BOOLLINE;");
+    EXPECT_EQ(records.result.numberSeries.at(0).at(0), DBL_MAX); // the client's marker
+    EXPECT_TRUE(std::isnan(records.result.numberSeries.at(1).at(0)));
+    EXPECT_TRUE(std::isnan(records.result.numberSeries.at(2).at(0)));
+}
+
+TEST(FormulaOutputs, HoldAMissingConditionForNotTrueAndHideThePlacesOfBarsWithoutIt)
+{
+    const auto records = recordsOf("DRAWICON(REF(C,1)>1,H,1);");
+    EXPECT_EQ(records.result.numberSeries.at(0), (std::vector<double> { 0, 0, 1 }));
+    EXPECT_TRUE(std::isnan(records.result.numberSeries.at(1).at(1)));
+    EXPECT_EQ(records.result.numberSeries.at(1).at(2), 3.0);
+    EXPECT_EQ(records.result.columnNeedsAxis, (std::vector<int> { 0, 1, 0 }));
+}
+
+TEST(FormulaOutputs, PlaceTextsByTheFirstOutputsEntry)
+{
+    const auto meta = recordsOf("A:C; DRAWTEXT(C>1,H,'x'),ALIGN2; DRAWICON(C>1,L,0),ALIGN1;").meta;
+    EXPECT_EQ(meta.position, (std::vector<int> { 2, 2, 1 }));
+}
+
+TEST(FormulaOutputs, OfStackedColumnsCarryOneColourEachBehindOneAnother)
+{
+    const auto meta = recordsOf("A:C; STACKVOL(V,C),COLORBLUE,COLORBROWN;").meta;
+    EXPECT_EQ(meta.outputNames.at(1), "V,C");
+    EXPECT_EQ(meta.color, (std::vector<int> { 0, 0xFF0000, 0x004080 }));
+}
+
+TEST(FormulaOutputs, OfTurnoverAndOpenInterestAreAbsentWhereTheBarsHaveNone)
+{
+    auto bars = test::barsOf({ 1, 2 });
+    EXPECT_EQ(recordsOf("A:AMOUNT; B:OPENINT; D:C;", bars).meta.outputNames,
+              (std::vector<std::string> { "D" }));
+    bars.amount = { 5, 6 };
+    EXPECT_EQ(recordsOf("A:AMOUNT; B:OPENINT; D:C;", bars).meta.outputNames,
+              (std::vector<std::string> { "A", "D" }));
+}
+
+TEST(FormulaOutputs, ShareTheColumnOfEqualExpressions)
+{
+    EXPECT_EQ(recordsOf("A:MA(C,2); B:MA(CLOSE,1+1);").result.numberSeries.size(), 1U);
+}
+
+} // namespace

@@ -1,0 +1,190 @@
+/// @file What texts say: statements, operators, faults.
+
+#include "tests/support/EngineBars.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using test::valuesOf;
+using Series = std::vector<double>;
+
+/// "LINE:COLUMN+LENGTH found: expected" of every fault.
+std::vector<std::string> faultsOf(const std::string& text)
+{
+    std::vector<std::string> faults;
+    const engine::FormulaReading reading = engine::readFormula(text);
+    for (const engine::Problem& problem : reading.problems) {
+        EXPECT_FALSE(problem.chinese.empty());
+        faults.push_back(std::to_string(problem.place.line) + ":" + std::to_string(problem.place.column) + "+"
+                         + std::to_string(problem.place.length) + " " + problem.found + ": "
+                         + problem.english);
+    }
+    EXPECT_EQ(reading.problems.empty(), reading.formula != nullptr);
+    return faults;
+}
+
+double valueOf(const std::string& expression)
+{
+    const Series values = valuesOf(expression, { 1 });
+    return values.empty() ? NAN : values.front();
+}
+
+TEST(FormulaText, MultipliesBeforeItAddsAndComparesBeforeItJoins)
+{
+    EXPECT_EQ(valueOf("2+3*4"), 14);
+    EXPECT_EQ(valueOf("(2+3)*4"), 20);
+    EXPECT_EQ(valueOf("8-4-2"), 2);
+    EXPECT_EQ(valueOf("8/4/2"), 1);
+    EXPECT_EQ(valueOf("-2*-3"), 6);
+    EXPECT_EQ(valueOf("2 - -3"), 5);
+    EXPECT_EQ(valueOf("1+1=2 AND 2*2>3"), 1);
+    EXPECT_EQ(valueOf("1 OR 0 AND 0"), 1);
+    EXPECT_EQ(valueOf("(1 || 0) && 0"), 0);
+    EXPECT_EQ(valueOf("NOT 1>2"), 1);
+    EXPECT_EQ(valueOf("NOT(1)+1"), 1);
+    EXPECT_EQ(valueOf("!0"), 1);
+    EXPECT_EQ(valueOf("1<>2"), 1);
+    EXPECT_EQ(valueOf("1e2+.5"), 100.5);
+}
+
+TEST(FormulaText, ReadsNamesInAnyCaseAndInHanLetters)
+{
+    const auto reading = engine::readFormula("快线:=ma(close,1);\nabc:=快线*2; X:ABC+快线;");
+    ASSERT_TRUE(reading.formula);
+    EXPECT_EQ(test::seriesOf(*engine::computeFormula(reading.formula, test::barsOf({ 3 })), "X"),
+              (Series { 9 }));
+}
+
+TEST(FormulaText, PassesOverCommentsAndBlanks)
+{
+    EXPECT_EQ(faultsOf("{ 注释; 'x }\n// another : = ;\nX:C; { end }"), std::vector<std::string> {});
+}
+
+TEST(FormulaText, TakesTheLastStatementWithoutItsSemicolon)
+{
+    EXPECT_EQ(faultsOf("A:=1;\nX:A+C"), std::vector<std::string> {});
+}
+
+TEST(FormulaText, NamesEveryFaultWithItsPlaceInCharacters)
+{
+    EXPECT_EQ(faultsOf("甲:=MAA(C,5);\n乙:甲+;\nX:CLOSEE+均价;\nY:C,COLORED;"),
+              (std::vector<std::string> { "1:4+3 MAA: unknown function, did you mean MA",
+                                          "2:5+1 ;: expected a number, a name or a parenthesis",
+                                          "3:3+6 CLOSEE: unknown name, did you mean CLOSE",
+                                          "3:10+2 均价: unknown name",
+                                          "4:5+7 COLORED: unknown attribute, did you mean COLORRED" }));
+}
+
+TEST(FormulaText, GoesOnBehindAForgottenSemicolon)
+{
+    EXPECT_EQ(faultsOf("A:=C\nB:=A;\nX:B+Q9;"),
+              (std::vector<std::string> { "2:1+1 B: expected an operator or a semicolon",
+                                          "3:5+2 Q9: unknown name" }));
+}
+
+TEST(FormulaText, NamesWrongArguments)
+{
+    EXPECT_EQ(faultsOf("X:MA(C);"),
+              (std::vector<std::string> { "1:3+2 MA: wrong number of arguments, expected MA(X,N)" }));
+    EXPECT_EQ(faultsOf("X:EMA(C,V);"),
+              (std::vector<std::string> {
+                  "1:9+1 V: expected a number or a parameter, which does not change from bar to bar" }));
+    EXPECT_EQ(faultsOf("X:MA('a',5);"),
+              (std::vector<std::string> { "1:6+3 a: expected a number, not a text" }));
+    EXPECT_EQ(faultsOf("DRAWTEXT(C>O,H,5);"),
+              (std::vector<std::string> { "1:16+1 5: expected a text in single quotes" }));
+    EXPECT_EQ(faultsOf("X:MA;"), (std::vector<std::string> { "1:3+2 MA: expected MA(X,N)" }));
+}
+
+TEST(FormulaText, RefusesChainsOfComparisons)
+{
+    EXPECT_EQ(
+        faultsOf("X:1<C<3;"),
+        (std::vector<std::string> { "1:6+1 <: expected AND or a semicolon: comparisons do not chain" }));
+}
+
+TEST(FormulaText, KeepsItsOwnNamesAndRefusesASecondUse)
+{
+    EXPECT_EQ(faultsOf("CLOSE:=1; X:C;"),
+              (std::vector<std::string> { "1:1+5 CLOSE: the language itself uses this name" }));
+    EXPECT_EQ(faultsOf("A:=1; A:=2; X:A+C;"),
+              (std::vector<std::string> { "1:7+1 A: this name is taken already" }));
+    EXPECT_EQ(faultsOf("VOL:VOL,VOLSTICK;"),
+              std::vector<std::string> {}); // an output may be called as its series
+}
+
+TEST(FormulaText, NamesFullWidthSignsAndForeignBytes)
+{
+    EXPECT_EQ(faultsOf("X：C；"),
+              (std::vector<std::string> { "1:2+1 ：: a full-width sign, expected :",
+                                          "1:4+1 ；: a full-width sign, expected ;" }));
+    EXPECT_EQ(faultsOf("X:C$$+1;"),
+              (std::vector<std::string> { "1:4+2 $$: a character that formulas do not use" }));
+    EXPECT_EQ(faultsOf("X:C\xFF\xFE;").size(), 1U);
+    EXPECT_EQ(faultsOf("X:'open").front(),
+              "1:3+5 'open: the text has no end on its line, expected a single quote");
+    EXPECT_EQ(faultsOf("X:C; { open").front(), "1:6+1 {: the comment has no end, expected }");
+}
+
+TEST(FormulaText, ReadsParametersWithTheirRange)
+{
+    const auto reading = engine::readFormula("PARAM N(20,1,500), P(-1,-2.5,0); MA#N:MA(C,N)+P;");
+    ASSERT_TRUE(reading.formula);
+    const auto& parameters = reading.formula->parameters();
+    ASSERT_EQ(parameters.size(), 2U);
+    EXPECT_EQ(parameters[0].name, "N");
+    EXPECT_EQ(parameters[0].value, 20);
+    EXPECT_EQ(parameters[0].greatest, 500);
+    EXPECT_EQ(parameters[1].least, -2.5);
+    EXPECT_EQ(reading.formula->outputNames(), (std::vector<std::string> { "MA20" }));
+    EXPECT_EQ(faultsOf("PARAM N(0,1,500); X:N+C;").size(), 1U);
+    EXPECT_EQ(faultsOf("PARAM N(5,1); X:C;").size(), 1U);
+}
+
+TEST(FormulaText, SaysWhereItIsDrawn)
+{
+    EXPECT_EQ(engine::readFormula("X:C;").formula->kind(), 0);
+    EXPECT_EQ(engine::readFormula("MAIN; X:C;").formula->kind(), 1);
+    EXPECT_EQ(engine::readFormula("X:C,COLORRED,MAIN;").formula->kind(), 1);
+    EXPECT_EQ(engine::readFormula("MAINCHART; DRAWKLINE(O,H,L,C);").formula->kind(), 2);
+    EXPECT_EQ(engine::readFormula("SUB; X:C;").formula->kind(), 0);
+}
+
+TEST(FormulaText, NeedsAnOutput)
+{
+    EXPECT_EQ(faultsOf(""), (std::vector<std::string> { "1:1+0 : the formula has no output" }));
+    EXPECT_EQ(faultsOf("A:=C;").size(), 1U);
+}
+
+TEST(FormulaText, HasLimits)
+{
+    const std::string deep(10'000, '(');
+    EXPECT_EQ(faultsOf("X:" + deep).front(), "1:203+1 (: nested too deeply");
+    EXPECT_EQ(faultsOf("X:" + std::string(100'000, '-') + "C;").size(), 1U);
+    std::string wide = "X:C";
+    for (int term = 0; term < 30'000; ++term)
+        wide += "+1";
+    EXPECT_THAT(faultsOf(wide).front(), testing::HasSubstr("the formula is too long"));
+    std::string many;
+    for (int output = 0; output < 150; ++output)
+        many += "X" + std::to_string(output) + ":C;";
+    EXPECT_THAT(faultsOf(many).front(), testing::HasSubstr("too many outputs"));
+    EXPECT_EQ(faultsOf(std::string((1 << 20) + 1, ' ')).size(), 1U);
+    std::string faulty;
+    for (int line = 0; line < 1'000; ++line)
+        faulty += "A" + std::to_string(line) + ":=;";
+    EXPECT_EQ(faultsOf(faulty).size(), 200U);
+}
+
+TEST(FormulaText, DrawingsStandAloneAndHaveNoValue)
+{
+    EXPECT_EQ(faultsOf("A:=DRAWTEXT(C>O,H,'x'); X:C;"),
+              (std::vector<std::string> { "1:4+8 DRAWTEXT: a drawing stands in a statement of its own" }));
+    EXPECT_EQ(faultsOf("A:DRAWTEXT(C>O,H,'x'); X:A+1;"),
+              (std::vector<std::string> { "1:26+1 A: a drawing has no value" }));
+    EXPECT_EQ(faultsOf("A:STACKVOL(V,C); X:C;").size(), 1U);
+    EXPECT_EQ(faultsOf("DRAWTEXT(C>O,H,'x'),ALIGN1; DRAWNUMBER(C>O,H,C,2),ALIGN2;").size(), 1U);
+}
+
+} // namespace
