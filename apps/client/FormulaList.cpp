@@ -4,6 +4,8 @@
 #include "host/embedded/FormulaSetup.h"
 #include "host/utils/CSingletonT.h"
 
+#include <QMenu>
+
 namespace client {
 
 FormulaList::FormulaList(QWidget* parent)
@@ -11,6 +13,11 @@ FormulaList::FormulaList(QWidget* parent)
 {
     connect(this, &QListWidget::itemActivated, this,
             [this](QListWidgetItem* item) { Q_EMIT sigPaneRequested(item->data(Qt::UserRole).toString()); });
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(this, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
+        if (const QListWidgetItem* item = itemAt(place))
+            showMenu(item->data(Qt::UserRole).toString(), mapToGlobal(place));
+    });
     reload();
 }
 
@@ -32,6 +39,16 @@ void FormulaList::reload()
         auto* item = new QListWidgetItem(shown, this);
         item->setData(Qt::UserRole, name);
     }
+}
+
+void FormulaList::showMenu(const QString& formula, const QPoint& place)
+{
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(QStringLiteral("添加到图表"), this,
+                    [this, formula] { Q_EMIT sigPaneRequested(formula); });
+    menu->addAction(QStringLiteral("编辑…"), this, [this, formula] { Q_EMIT sigEditRequested(formula); });
+    menu->popup(place);
 }
 
 } // namespace client

@@ -5,7 +5,8 @@
 
 namespace client {
 
-/// Names of the known formulas; a double click or the Enter key asks for a pane.
+/// Names of the known formulas; a double click or the Enter key asks for a pane, a
+/// context menu for the editor too.
 class FormulaList : public QListWidget
 {
     Q_OBJECT
@@ -18,6 +19,10 @@ public:
 
 Q_SIGNALS:
     void sigPaneRequested(const QString& formula);
+    void sigEditRequested(const QString& formula);
+
+private:
+    void showMenu(const QString& formula, const QPoint& place);
 };
 
 } // namespace client

@@ -9,6 +9,7 @@
 #include "apps/client/MessageList.h"
 #include "apps/client/Panel.h"
 #include "apps/client/TickView.h"
+#include "apps/client/editor/FormulaEditor.h"
 #include "host/TC/Instruments.h"
 #include "host/embedded/EmbeddedHost.h"
 #include "host/se/LoadConfig.h"
@@ -105,6 +106,20 @@ void MainWindow::showRestoreDialog(RestoreDialog::Occasion occasion)
     dialog->open();
 }
 
+void MainWindow::showFormulaEditor(const QString& formula)
+{
+    if (!m_editor) {
+        m_editor = new FormulaEditor(this);
+        m_editor->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    m_editor->setBars(m_chart->state()->instrument(), m_chart->state()->bars());
+    if (!formula.isEmpty())
+        m_editor->edit(formula);
+    m_editor->show();
+    m_editor->raise();
+    m_editor->activateWindow();
+}
+
 void MainWindow::followFormulas()
 {
     m_formulas->reload();
@@ -150,6 +165,7 @@ void MainWindow::buildPanels()
     connect(m_instruments, &InstrumentList::sigOpen, this, &MainWindow::openBars);
     connect(m_formulas, &FormulaList::sigPaneRequested, this,
             [this](const QString& name) { m_chart->addPane({ name }); });
+    connect(m_formulas, &FormulaList::sigEditRequested, this, &MainWindow::showFormulaEditor);
     connect(m_chart->state(), &ChartState::sigBarsChanged, this, &MainWindow::refreshDemoAccount);
 }
 
@@ -251,6 +267,7 @@ void MainWindow::buildToolsMenu()
     demo->setCheckable(true);
     connect(demo, &QAction::toggled, this, &MainWindow::setDemoAccount);
     menu->addSeparator();
+    menu->addAction(QStringLiteral("公式编辑器…"), this, [this] { showFormulaEditor(QString()); });
     menu->addAction(QStringLiteral("备份公式"), this, [this] {
         backUpFormulas();
         slotShowMessage(QStringLiteral("公式已备份"));

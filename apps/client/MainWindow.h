@@ -9,11 +9,13 @@
 #include "apps/client/parts/RestoreDialog.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 namespace client {
 
 class BasketPanel;
 class ChartView;
+class FormulaEditor;
 class FormulaList;
 class InstrumentList;
 class MessageList;
@@ -60,6 +62,8 @@ private:
     /// Starts the mark of a running client; offers a restore when the previous run did not end in order.
     void startRun();
     void showRestoreDialog(RestoreDialog::Occasion occasion);
+    /// @param formula  what to open by its display name; empty: what the editor shows anyway.
+    void showFormulaEditor(const QString& formula);
     /// The formulas have changed: lists and panes follow.
     void followFormulas();
 
@@ -73,6 +77,7 @@ private:
     InstrumentList* m_instruments = nullptr;
     FormulaList* m_formulas = nullptr;
     MessageList* m_messages = nullptr;
+    QPointer<FormulaEditor> m_editor; ///< while it is open
     std::vector<PaneData::Overlay> m_overlays;
     bool m_demoAccount = false;
     bool m_restored = false;

@@ -1,0 +1,415 @@
+#include "apps/client/editor/FormulaEditor.h"
+
+#include "apps/client/editor/FormulaPreview.h"
+#include "apps/client/editor/FormulaText.h"
+#include "apps/client/parts/FormulaBackups.h"
+#include "engine/Formulas.h"
+#include "host/TC/Folders.h"
+#include "host/embedded/FormulaSetup.h"
+#include "host/se/LoadConfig.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QSplitter>
+#include <QTableWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cmath>
+
+namespace client {
+
+namespace {
+
+constexpr int kPauseMs = 250;
+constexpr int kExactDigits = 17; // of a double
+enum Column { NameColumn, DefaultColumn, LeastColumn, GreatestColumn, ValueColumn, ColumnCount };
+
+const QString kNewName = QStringLiteral("MYFORMULA");
+const QString kNewText = QStringLiteral("SUB;\nPARAM N(10,1,1000);\n\nLINE:MA(CLOSE,N);\n");
+
+QString numberText(double number)
+{
+    const QString brief = QString::number(number, 'g', 12);
+    return brief.toDouble() == number ? brief : QString::number(number, 'g', kExactDigits);
+}
+
+QWidget* withLayout(QLayout* layout)
+{
+    auto* widget = new QWidget;
+    layout->setContentsMargins(0, 0, 0, 0);
+    widget->setLayout(layout);
+    return widget;
+}
+
+/// The text of a formula of its own, or of the built-in one it rests on.
+QString textOf(const OwnFormula& formula)
+{
+    if (formula.base.isEmpty())
+        return formula.source;
+    const engine::BuiltInFormula* base = engine::findBuiltIn(formula.base.toStdString());
+    return base ? QString::fromStdString(base->source) : QString();
+}
+
+} // namespace
+
+FormulaEditor::FormulaEditor(QWidget* parent)
+    : QDialog(parent)
+    , m_store(TC::getUserRootDir() + QStringLiteral("/configFormula"))
+{
+    setWindowTitle(QStringLiteral("公式编辑器[*]"));
+    resize(1180, 720);
+    m_store.setBeforeChange([] { backUpFormulas(); });
+    m_confirm = [this](const QString& question) {
+        return QMessageBox::question(this, windowTitle(), question) == QMessageBox::Yes;
+    };
+    buildControls();
+    connectControls();
+    list();
+    if (m_formulas.empty())
+        startNew();
+    else
+        showFormula(m_formulas.front(), m_formulas.front().name);
+}
+
+void FormulaEditor::buildControls()
+{
+    m_list = new QListWidget;
+    m_list->setObjectName(QStringLiteral("formulas"));
+    m_new = new QPushButton(QStringLiteral("新建"));
+    m_duplicate = new QPushButton(QStringLiteral("复制"));
+    m_remove = new QPushButton(QStringLiteral("删除"));
+    auto* left = new QVBoxLayout;
+    left->addWidget(m_list);
+    auto* buttons = new QHBoxLayout;
+    for (QPushButton* button : { m_new, m_duplicate, m_remove }) {
+        button->setAutoDefault(false);
+        buttons->addWidget(button);
+    }
+    left->addLayout(buttons);
+
+    m_name = new QLineEdit;
+    m_name->setObjectName(QStringLiteral("name"));
+    m_displayName = new QLineEdit;
+    m_text = new FormulaText;
+    m_problems = new QListWidget;
+    m_problems->setObjectName(QStringLiteral("problems"));
+    m_problems->setMaximumHeight(110);
+    auto* form = new QFormLayout;
+    form->addRow(QStringLiteral("名称"), m_name);
+    form->addRow(QStringLiteral("显示名"), m_displayName);
+    auto* middle = new QVBoxLayout;
+    middle->addLayout(form);
+    middle->addWidget(m_text, 1);
+    middle->addWidget(m_problems);
+
+    m_parameters = new QTableWidget(0, ColumnCount);
+    m_parameters->setObjectName(QStringLiteral("parameters"));
+    m_parameters->setHorizontalHeaderLabels({ QStringLiteral("参数"), QStringLiteral("缺省"),
+                                              QStringLiteral("最小"), QStringLiteral("最大"),
+                                              QStringLiteral("取值") });
+    m_parameters->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    m_parameters->verticalHeader()->hide();
+    m_preview = new FormulaPreview;
+    auto* right = new QVBoxLayout;
+    right->addWidget(m_parameters, 1);
+    right->addWidget(m_preview, 2);
+
+    auto* parts = new QSplitter;
+    for (QLayout* layout :
+         { static_cast<QLayout*>(left), static_cast<QLayout*>(middle), static_cast<QLayout*>(right) })
+        parts->addWidget(withLayout(layout));
+    parts->setSizes({ 200, 540, 440 });
+    m_state = new QLabel;
+    m_save = new QPushButton(QStringLiteral("保存"));
+    m_save->setObjectName(QStringLiteral("save"));
+    m_save->setAutoDefault(false);
+    auto* bottom = new QHBoxLayout;
+    bottom->addWidget(m_state, 1);
+    bottom->addWidget(m_save);
+    auto* all = new QVBoxLayout(this);
+    all->addWidget(parts, 1);
+    all->addLayout(bottom);
+}
+
+void FormulaEditor::connectControls()
+{
+    m_pause = new QTimer(this);
+    m_pause->setSingleShot(true);
+    m_pause->setInterval(kPauseMs);
+    connect(m_pause, &QTimer::timeout, this, &FormulaEditor::check);
+    connect(m_text, &QPlainTextEdit::textChanged, this, [this] {
+        const QString text = m_text->toPlainText();
+        if (text == m_seen)
+            return; // colours alone
+        m_seen = text;
+        setModified(true);
+        m_pause->start();
+    });
+    for (QLineEdit* line : { m_name, m_displayName })
+        connect(line, &QLineEdit::textEdited, this, [this] { setModified(true); });
+    connect(m_list, &QListWidget::currentRowChanged, this, &FormulaEditor::showRow,
+            Qt::QueuedConnection); // it lists anew, which the list would not bear in between
+    connect(m_new, &QPushButton::clicked, this, &FormulaEditor::startNew);
+    connect(m_duplicate, &QPushButton::clicked, this, &FormulaEditor::duplicateOpen);
+    connect(m_remove, &QPushButton::clicked, this, &FormulaEditor::removeOpen);
+    connect(m_save, &QPushButton::clicked, this, &FormulaEditor::save);
+    connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, this, &FormulaEditor::save);
+    connect(m_problems, &QListWidget::itemActivated, this,
+            [this](QListWidgetItem* item) { m_text->goToProblem(m_problems->row(item)); });
+    connect(m_parameters, &QTableWidget::cellChanged, this, [this](int row) { takeParameter(row); });
+}
+
+void FormulaEditor::setBars(const chart::Instrument& instrument,
+                            const std::shared_ptr<const engine::BarSeries>& bars)
+{
+    m_preview->setBars(instrument, bars);
+}
+
+void FormulaEditor::edit(const QString& shownName)
+{
+    if (!mayLeave())
+        return;
+    list();
+    for (const OwnFormula& formula : m_formulas) {
+        if (formula.shownName() == shownName || formula.name == shownName) {
+            showFormula(formula, formula.name);
+            return;
+        }
+    }
+    if (const engine::BuiltInFormula* known = engine::findBuiltIn(shownName.toStdString())) {
+        showFormula({ m_store.freeName(shownName), {}, {}, QString::fromStdString(known->source), {} },
+                    QString());
+        setModified(true);
+    }
+}
+
+bool FormulaEditor::check()
+{
+    m_pause->stop();
+    const engine::FormulaReading reading = engine::readFormula(m_text->toPlainText().toStdString());
+    m_read = reading.formula;
+    m_text->setProblems(reading.problems);
+    m_problems->clear();
+    for (const engine::Problem& problem : reading.problems)
+        m_problems->addItem(QStringLiteral("第 %1 行第 %2 列：%3")
+                                .arg(problem.place.line)
+                                .arg(problem.place.column)
+                                .arg(QString::fromStdString(problem.chinese)));
+    m_save->setEnabled(m_read != nullptr);
+    fillParameters();
+    preview();
+    return m_read != nullptr;
+}
+
+QString FormulaEditor::save()
+{
+    if (!check()) {
+        const QString reason = QStringLiteral("公式有误，未保存。");
+        m_state->setText(reason);
+        return reason;
+    }
+    const OwnFormula formula = present();
+    const QString failure = m_store.save(formula, m_stored);
+    if (failure.isEmpty()) {
+        m_stored = formula.name;
+        setModified(false);
+    }
+    return finish(failure, QStringLiteral("已保存 %1").arg(formula.shownName()));
+}
+
+void FormulaEditor::startNew()
+{
+    if (!mayLeave())
+        return;
+    showFormula({ m_store.freeName(kNewName), {}, {}, kNewText, {} }, QString());
+    m_text->setFocus();
+}
+
+void FormulaEditor::duplicateOpen()
+{
+    if (m_stored.isEmpty() || !mayLeave())
+        return;
+    QString copy;
+    const QString failure = m_store.duplicate(m_stored, copy);
+    finish(failure, QStringLiteral("已复制为 %1").arg(copy));
+    if (failure.isEmpty())
+        edit(copy);
+}
+
+void FormulaEditor::removeOpen()
+{
+    if (m_stored.isEmpty() || !m_confirm(QStringLiteral("删除公式“%1”？删除前会自动备份。").arg(m_stored)))
+        return;
+    const QString failure = m_store.remove(m_stored);
+    if (failure.isEmpty()) {
+        setModified(false);
+        startNew();
+    }
+    finish(failure, QStringLiteral("公式已删除"));
+}
+
+void FormulaEditor::reject()
+{
+    if (!mayLeave())
+        return;
+    setModified(false);
+    QDialog::reject();
+}
+
+void FormulaEditor::list()
+{
+    const QString failure = m_store.read(m_formulas);
+    if (!failure.isEmpty()) {
+        m_formulas.clear();
+        m_state->setText(failure);
+    }
+    const QSignalBlocker quiet(m_list);
+    m_list->clear();
+    for (const OwnFormula& formula : m_formulas) {
+        m_list->addItem(formula.shownName());
+        if (formula.name == m_stored)
+            m_list->setCurrentRow(m_list->count() - 1);
+    }
+}
+
+void FormulaEditor::showRow(int row)
+{
+    if (row < 0 || row >= static_cast<int>(m_formulas.size()))
+        return;
+    const OwnFormula wanted = m_formulas[static_cast<std::size_t>(row)];
+    if (mayLeave())
+        showFormula(wanted, wanted.name);
+    else
+        list(); // back to the row of what is open
+}
+
+void FormulaEditor::showFormula(const OwnFormula& formula, const QString& stored)
+{
+    m_stored = stored;
+    m_base = formula.base;
+    m_name->setText(formula.name);
+    m_displayName->setText(formula.displayName);
+    m_text->setPlainText(textOf(formula));
+    m_text->setReadOnly(!m_base.isEmpty());
+    m_values.clear();
+    m_read = engine::readFormula(m_text->toPlainText().toStdString()).formula;
+    for (int index = 0; m_read && index < formula.parameters.size(); ++index) {
+        const auto place = static_cast<std::size_t>(index);
+        if (place < m_read->parameters().size()
+            && formula.parameters[index] != m_read->parameters()[place].value)
+            m_values.insert(QString::fromStdString(m_read->parameters()[place].name),
+                            formula.parameters[index]);
+    }
+    m_duplicate->setEnabled(!stored.isEmpty());
+    m_remove->setEnabled(!stored.isEmpty());
+    m_state->setText(m_base.isEmpty() ? QString()
+                                      : QStringLiteral("以内置公式 %1 为基础，只能改参数").arg(m_base));
+    list();
+    check();
+    setModified(false);
+}
+
+bool FormulaEditor::mayLeave()
+{
+    return !m_modified || m_confirm(QStringLiteral("“%1”尚未保存，放弃修改？").arg(m_name->text()));
+}
+
+void FormulaEditor::setModified(bool modified)
+{
+    m_modified = modified;
+    setWindowModified(modified);
+}
+
+void FormulaEditor::fillParameters()
+{
+    if (!m_read)
+        return; // those of the last text that could be read stay
+    const QSignalBlocker quiet(m_parameters);
+    const std::vector<engine::Parameter>& asked = m_read->parameters();
+    const std::vector<double> used = values();
+    m_parameters->setRowCount(static_cast<int>(asked.size()));
+    for (std::size_t row = 0; row < asked.size(); ++row) {
+        const engine::Parameter& parameter = asked[row];
+        const QString texts[ColumnCount] = { QString::fromStdString(parameter.name),
+                                             numberText(parameter.value), numberText(parameter.least),
+                                             numberText(parameter.greatest), numberText(used[row]) };
+        for (int column = 0; column < ColumnCount; ++column) {
+            auto* item = new QTableWidgetItem(texts[column]);
+            if (column != ValueColumn)
+                item->setFlags(item->flags() & ~Qt::ItemIsEditable);
+            m_parameters->setItem(static_cast<int>(row), column, item);
+        }
+    }
+}
+
+void FormulaEditor::takeParameter(int row)
+{
+    if (!m_read || row < 0 || static_cast<std::size_t>(row) >= m_read->parameters().size())
+        return;
+    const engine::Parameter& parameter = m_read->parameters()[static_cast<std::size_t>(row)];
+    bool isNumber = false;
+    const double value = m_parameters->item(row, ValueColumn)->text().toDouble(&isNumber);
+    if (isNumber && !std::isnan(value)) {
+        m_values.insert(QString::fromStdString(parameter.name), value);
+        setModified(true);
+    }
+    fillParameters();
+    preview();
+}
+
+void FormulaEditor::preview()
+{
+    if (m_read)
+        m_preview->setFormula(m_read, values());
+}
+
+/// All parameters of the present text, each within its range.
+std::vector<double> FormulaEditor::values() const
+{
+    std::vector<double> all;
+    for (const engine::Parameter& parameter : m_read->parameters()) {
+        const double value = m_values.value(QString::fromStdString(parameter.name), parameter.value);
+        all.push_back(std::clamp(value, parameter.least, parameter.greatest));
+    }
+    return all;
+}
+
+OwnFormula FormulaEditor::present() const
+{
+    OwnFormula formula { m_name->text().trimmed(), m_displayName->text().trimmed(), m_base, {}, {} };
+    if (m_base.isEmpty())
+        formula.source = m_text->toPlainText();
+    if (!m_read)
+        return formula;
+    const std::vector<double> used = values();
+    const bool isUsual =
+        std::equal(used.begin(), used.end(), m_read->parameters().begin(),
+                   [](double value, const engine::Parameter& p) { return value == p.value; });
+    if (!isUsual)
+        formula.parameters = QVector<double>(used.begin(), used.end());
+    return formula;
+}
+
+QString FormulaEditor::finish(const QString& failure, const QString& success)
+{
+    m_state->setText(failure.isEmpty() ? success : failure);
+    if (failure.isEmpty()) {
+        se::loadConfig("root", "configFormula", "");
+        list();
+        m_duplicate->setEnabled(!m_stored.isEmpty());
+        m_remove->setEnabled(!m_stored.isEmpty());
+    }
+    return failure;
+}
+
+} // namespace client

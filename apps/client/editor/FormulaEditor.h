@@ -1,0 +1,100 @@
+#pragma once
+/// @file The window in which users write formulas of their own.
+
+#include "apps/chart/OpenedBars.h"
+#include "apps/client/editor/FormulaStore.h"
+#include "engine/Formula.h"
+
+#include <QDialog>
+#include <QMap>
+
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+class QTableWidget;
+class QTimer;
+
+namespace client {
+
+class FormulaPreview;
+class FormulaText;
+
+/// The user's formulas, the text of one of them, what is wrong with it, its parameters, and a picture. Faults
+/// are shown shortly after a key press; a faulty text cannot be saved. Every change of the file follows a
+/// backup and is made known to the formula manager.
+class FormulaEditor : public QDialog
+{
+    Q_OBJECT
+
+public:
+    using Confirmation = std::function<bool(const QString& question)>;
+
+    explicit FormulaEditor(QWidget* parent = nullptr);
+
+    /// Who is asked before something is lost; by default the user, in a message box.
+    void setConfirmation(Confirmation confirmation) { m_confirm = std::move(confirmation); }
+
+    /// Bars of the picture.
+    void setBars(const chart::Instrument& instrument, const std::shared_ptr<const engine::BarSeries>& bars);
+
+    /// Opens the user's formula of a name, or else a draft that begins as a copy of the built-in one.
+    void edit(const QString& shownName);
+
+    /// Shows what is wrong with the present text, now instead of shortly. @return whether it is free of
+    /// faults.
+    bool check();
+
+    /// Saves what is open. @return empty on success, else one sentence, which is shown as well.
+    QString save();
+
+    void startNew();
+    void duplicateOpen();
+    void removeOpen();
+
+    void reject() override;
+
+private:
+    void buildControls();
+    void connectControls();
+    /// Lists the formulas of the file anew; the one that is open stays open.
+    void list();
+    void showRow(int row);
+    void showFormula(const OwnFormula& formula, const QString& stored);
+    bool mayLeave();
+    void setModified(bool modified);
+    void fillParameters();
+    void takeParameter(int row);
+    void preview();
+    std::vector<double> values() const;
+    OwnFormula present() const;
+    /// Shows how a change of the file ended, and makes it known.
+    QString finish(const QString& failure, const QString& success);
+
+    FormulaStore m_store;
+    Confirmation m_confirm;
+    std::vector<OwnFormula> m_formulas;            ///< by row of the list
+    QString m_stored;                              ///< name in the file of what is open; empty: not there yet
+    QString m_base;                                ///< of what is open
+    std::shared_ptr<const engine::Formula> m_read; ///< of the present text; null when it is faulty
+    QMap<QString, double> m_values;                ///< parameters that differ from their default, by name
+    QString m_seen;                                ///< the text when it last changed
+    bool m_modified = false;
+
+    QListWidget* m_list = nullptr;
+    QPushButton *m_new = nullptr, *m_duplicate = nullptr, *m_remove = nullptr, *m_save = nullptr;
+    QLineEdit *m_name = nullptr, *m_displayName = nullptr;
+    FormulaText* m_text = nullptr;
+    QListWidget* m_problems = nullptr;
+    QTableWidget* m_parameters = nullptr;
+    FormulaPreview* m_preview = nullptr;
+    QLabel* m_state = nullptr;
+    QTimer* m_pause = nullptr; ///< between a key press and the look at the text
+};
+
+} // namespace client

@@ -1,0 +1,99 @@
+#include "apps/client/editor/FormulaPreview.h"
+
+#include "apps/chart/PanePainter.h"
+#include "host/TC/Instruments.h"
+#include "host/ttservice/CInstrumentDetail.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace client {
+
+namespace {
+
+constexpr std::size_t kBarsShown = 120;
+constexpr std::size_t kBarsComputed = 500; // so that slow averages have settled where they are shown
+constexpr int kAxisWidth = 70;             // pixels
+
+const QString kCandles = QStringLiteral("KLINE");
+const QString kOwn = QStringLiteral("preview");
+
+template <typename T>
+std::vector<T> tailOf(const std::vector<T>& all, std::size_t count)
+{
+    return { all.end() - static_cast<std::ptrdiff_t>(std::min(count, all.size())), all.end() };
+}
+
+engine::BarSeries lastBars(const engine::BarSeries& bars)
+{
+    return { tailOf(bars.timeMs, kBarsComputed), tailOf(bars.open, kBarsComputed),
+             tailOf(bars.high, kBarsComputed),   tailOf(bars.low, kBarsComputed),
+             tailOf(bars.close, kBarsComputed),  tailOf(bars.volume, kBarsComputed),
+             tailOf(bars.amount, kBarsComputed), tailOf(bars.openInterest, kBarsComputed) };
+}
+
+} // namespace
+
+FormulaPreview::FormulaPreview(QWidget* parent)
+    : QWidget(parent)
+{
+    setMinimumSize(300, 160);
+}
+
+void FormulaPreview::setBars(chart::Instrument instrument,
+                             const std::shared_ptr<const engine::BarSeries>& bars)
+{
+    m_instrument = std::move(instrument);
+    m_bars = bars ? lastBars(*bars) : engine::BarSeries();
+    compute();
+}
+
+void FormulaPreview::setFormula(const std::shared_ptr<const engine::Formula>& formula,
+                                const std::vector<double>& parameters)
+{
+    if (!formula)
+        return;
+    m_formula = formula;
+    m_parameters = parameters;
+    compute();
+}
+
+void FormulaPreview::compute()
+{
+    m_results.clear();
+    if (m_formula && m_instrument && m_bars.size() > 0) {
+        const QString instrument = TC::getDetailQsKey(m_instrument);
+        if (m_formula->kind() == 1) {
+            if (auto candles = engine::computeFormula(kCandles.toStdString(), m_bars))
+                m_results.add({ instrument, kCandles }, std::move(*candles));
+        }
+        if (auto records = engine::computeFormula(m_formula, m_bars, m_parameters))
+            m_results.add({ instrument, kOwn }, std::move(*records));
+    }
+    update();
+}
+
+void FormulaPreview::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    if (!hasPicture()) {
+        painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("打开K线后，这里显示公式的样子"));
+        return;
+    }
+    const QString instrument = TC::getDetailQsKey(m_instrument);
+    chart::PaneContent content;
+    content.priceTick = m_instrument->priceTick;
+    content.showsPrices = m_formula->kind() != 0;
+    const QList<QString> names = m_results.getFormulas();
+    for (const QString& name : names) {
+        const TC::CFormulaKey key(instrument, name);
+        content.formulas.push_back({ key, m_results.recordsOf(key) });
+    }
+    const int plotWidth = std::max(0, width() - kAxisWidth), total = static_cast<int>(m_bars.size());
+    const chart::BarView view { std::max(0, total - static_cast<int>(kBarsShown)), total - 1, plotWidth };
+    chart::paintPane(painter, { QRect(0, 0, plotWidth, height()), QRect(plotWidth, 0, kAxisWidth, height()) },
+                     content, view, {});
+}
+
+} // namespace client

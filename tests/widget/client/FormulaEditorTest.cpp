@@ -1,0 +1,248 @@
+#include "apps/client/editor/FormulaEditor.h"
+
+#include "apps/client/editor/FormulaPreview.h"
+#include "apps/client/editor/FormulaText.h"
+#include "host/TC/CFormulaOperateManager.h"
+#include "host/embedded/EmbeddedHost.h"
+#include "host/utils/CSingletonT.h"
+#include "tests/support/RecoveryFolders.h"
+#include "tests/support/Trace.h"
+
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTextBlock>
+#include <QTextLayout>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using client::FormulaEditor;
+using client::FormulaText;
+
+const QByteArray kFile = R"({"formulas": [
+  {"name": "MINE", "displayName": "我的线", "source": "SUB;\nPARAM N(5,1,100);\nLINE:MA(CLOSE,N);\n"},
+  {"name": "SHORTMA", "base": "MA", "parameters": [3, 6]}
+]})";
+
+class FormulaEditorTest : public testing::Test, protected test::RecoveryFolders
+{
+protected:
+    FormulaEditorTest()
+    {
+        setLive(kFile, "scripts");
+        m_editor = std::make_unique<FormulaEditor>();
+        m_editor->setConfirmation([this](const QString&) {
+            ++m_questions;
+            return m_answer;
+        });
+    }
+
+    FormulaText* text() const { return m_editor->findChild<FormulaText*>(); }
+    template <typename Widget>
+    Widget* part(const char* name) const
+    {
+        return m_editor->findChild<Widget*>(QLatin1String(name));
+    }
+    QString name() const { return part<QLineEdit>("name")->text(); }
+    QByteArray file() const { return live(QStringLiteral("configFormula")); }
+    static bool isKnown(const char* formula)
+    {
+        return TC::embedded::resolveFormula(QString::fromUtf8(formula)).has_value();
+    }
+    QString underlined(int index) const { return text()->extraSelections().at(index).cursor.selectedText(); }
+    /// Colour of the character at a column of a line, both from 0.
+    QColor colorAt(int line, int column) const
+    {
+        for (const QTextLayout::FormatRange& range :
+             text()->document()->findBlockByNumber(line).layout()->formats()) {
+            if (column >= range.start && column < range.start + range.length)
+                return range.format.foreground().color();
+        }
+        return {};
+    }
+
+    std::unique_ptr<FormulaEditor> m_editor;
+    bool m_answer = true;
+    int m_questions = 0;
+};
+
+TEST_F(FormulaEditorTest, OpensTheFirstFormulaOfTheFile)
+{
+    EXPECT_EQ(name(), QStringLiteral("MINE"));
+    EXPECT_TRUE(text()->toPlainText().startsWith(QStringLiteral("SUB;\nPARAM")));
+    EXPECT_EQ(part<QListWidget>("formulas")->count(), 2);
+    EXPECT_TRUE(part<QPushButton>("save")->isEnabled());
+}
+
+TEST_F(FormulaEditorTest, TypingErrorIsUnderlinedWhereItStandsAndExplained)
+{
+    // Characters outside the basic plane and of several bytes stand before the fault.
+    text()->setPlainText(QStringLiteral("{ 𠮷 均线 }\nLINE:CLOZE+1;\n"));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !text()->extraSelections().isEmpty(); }));
+    ASSERT_EQ(text()->extraSelections().size(), 1);
+    const QTextEdit::ExtraSelection selection = text()->extraSelections().at(0);
+    EXPECT_EQ(underlined(0), QStringLiteral("CLOZE"));
+    EXPECT_EQ(selection.cursor.block().blockNumber(), 1);
+    EXPECT_EQ(selection.format.underlineStyle(), QTextCharFormat::WaveUnderline);
+    const auto* problems = part<QListWidget>("problems");
+    ASSERT_EQ(problems->count(), 1);
+    EXPECT_TRUE(problems->item(0)->text().startsWith(QStringLiteral("第 2 行第 6 列：")));
+    EXPECT_FALSE(text()->problemAt(selection.cursor.selectionStart()).isEmpty());
+    EXPECT_EQ(text()->problemAt(selection.cursor.selectionEnd()), QString());
+}
+
+TEST_F(FormulaEditorTest, UnderlinesGoWhenTheTextIsRight)
+{
+    text()->setPlainText(QStringLiteral("LINE:CLOZE;"));
+    EXPECT_FALSE(m_editor->check());
+    text()->setPlainText(QStringLiteral("LINE:CLOSE;"));
+    EXPECT_TRUE(m_editor->check());
+    EXPECT_TRUE(text()->extraSelections().isEmpty());
+    EXPECT_EQ(part<QListWidget>("problems")->count(), 0);
+}
+
+TEST_F(FormulaEditorTest, FaultAtTheEndUnderlinesTheLastCharacter)
+{
+    text()->setPlainText(QStringLiteral("LINE:CLOSE+"));
+    EXPECT_FALSE(m_editor->check());
+    ASSERT_FALSE(text()->extraSelections().isEmpty());
+    EXPECT_EQ(underlined(0), QStringLiteral("+"));
+}
+
+TEST_F(FormulaEditorTest, FaultyTextCannotBeSaved)
+{
+    text()->setPlainText(QStringLiteral("LINE:CLOZE;"));
+    EXPECT_NE(m_editor->save(), QString()); // before the pause after the key press is over
+    EXPECT_FALSE(part<QPushButton>("save")->isEnabled());
+    EXPECT_EQ(file(), kFile);
+    EXPECT_TRUE(backups().isEmpty());
+}
+
+TEST_F(FormulaEditorTest, SaveMakesTheFormulaKnownAfterABackup)
+{
+    ASSERT_FALSE(isKnown("FRESH"));
+    QByteArray backedUpBefore;
+    TC::embedded::setReloadReceiver([&](auto&&...) {
+        const QStringList made = backups().filter(QStringLiteral("configFormula_"));
+        backedUpBefore = made.isEmpty() ? QByteArray() : backup(made.last());
+    });
+    m_editor->startNew();
+    part<QLineEdit>("name")->setText(QStringLiteral("FRESH"));
+    text()->setPlainText(QStringLiteral("LINE:CLOSE;"));
+    EXPECT_EQ(m_editor->save(), QString());
+    EXPECT_TRUE(isKnown("FRESH"));
+    EXPECT_EQ(backedUpBefore, kFile);
+    EXPECT_EQ(part<QListWidget>("formulas")->count(), 3);
+}
+
+TEST_F(FormulaEditorTest, ParameterIsMovedIntoItsRangeAndSaved)
+{
+    part<QTableWidget>("parameters")->item(0, 4)->setText(QStringLiteral("1000"));
+    EXPECT_EQ(part<QTableWidget>("parameters")->item(0, 4)->text(), QStringLiteral("100"));
+    EXPECT_EQ(m_editor->save(), QString());
+    const auto recipe = TC::embedded::resolveFormula(QStringLiteral("我的线"));
+    ASSERT_TRUE(recipe);
+    EXPECT_EQ(recipe->parameters, QVector<double> { 100 });
+}
+
+TEST_F(FormulaEditorTest, FormulaOnABaseKeepsItsTextAndTakesParameters)
+{
+    m_editor->edit(QStringLiteral("SHORTMA"));
+    EXPECT_TRUE(text()->isReadOnly());
+    part<QTableWidget>("parameters")->item(1, 4)->setText(QStringLiteral("8"));
+    EXPECT_EQ(m_editor->save(), QString());
+    const auto recipe = TC::embedded::resolveFormula(QStringLiteral("SHORTMA"));
+    ASSERT_TRUE(recipe);
+    EXPECT_EQ(recipe->base, QStringLiteral("MA"));
+    EXPECT_EQ(recipe->parameters.mid(0, 2), (QVector<double> { 3, 8 }));
+}
+
+TEST_F(FormulaEditorTest, BuiltInFormulaIsEditedAsACopy)
+{
+    m_editor->edit(QStringLiteral("KDJ"));
+    EXPECT_EQ(name(), QStringLiteral("KDJ2"));
+    EXPECT_EQ(m_editor->save(), QString());
+    EXPECT_TRUE(isKnown("KDJ2"));
+    EXPECT_TRUE(TC::embedded::resolveFormula(QStringLiteral("KDJ2"))->base.isEmpty());
+}
+
+TEST_F(FormulaEditorTest, CopyIsOpenedAndKnown)
+{
+    m_editor->duplicateOpen();
+    EXPECT_EQ(name(), QStringLiteral("MINE2"));
+    EXPECT_TRUE(isKnown("MINE2"));
+    EXPECT_FALSE(backups().isEmpty());
+}
+
+TEST_F(FormulaEditorTest, RemovalAsksAndBacksUp)
+{
+    m_answer = false;
+    m_editor->removeOpen();
+    EXPECT_EQ(m_questions, 1);
+    EXPECT_EQ(file(), kFile);
+    m_answer = true;
+    m_editor->removeOpen();
+    EXPECT_FALSE(isKnown("MINE"));
+    EXPECT_TRUE(isKnown("SHORTMA"));
+    EXPECT_EQ(backup(backups().filter(QStringLiteral("configFormula_")).last()), kFile);
+}
+
+TEST_F(FormulaEditorTest, UnsavedTextIsKeptWhenTheUserSaysSo)
+{
+    text()->setPlainText(QStringLiteral("LINE:OPEN;"));
+    m_answer = false;
+    part<QListWidget>("formulas")->setCurrentRow(1);
+    QTest::qWait(1);
+    EXPECT_EQ(m_questions, 1);
+    EXPECT_EQ(text()->toPlainText(), QStringLiteral("LINE:OPEN;"));
+    EXPECT_EQ(part<QListWidget>("formulas")->currentRow(), 0);
+    m_answer = true;
+    part<QListWidget>("formulas")->setCurrentRow(1);
+    QTest::qWait(1);
+    EXPECT_EQ(name(), QStringLiteral("SHORTMA"));
+}
+
+TEST_F(FormulaEditorTest, OpeningAFormulaIsNoChange)
+{
+    m_editor->show();
+    QTest::qWait(300); // colours and the pause after a change
+    m_editor->edit(QStringLiteral("SHORTMA"));
+    EXPECT_EQ(m_questions, 0);
+    EXPECT_FALSE(m_editor->isWindowModified());
+}
+
+TEST_F(FormulaEditorTest, WordsNumbersAndCommentsHaveColoursOfTheirOwn)
+{
+    text()->setPlainText(QStringLiteral("{ one\nCLOSE } A:MA(CLOSE,12);"));
+    const QColor comment = colorAt(0, 2), function = colorAt(1, 10), series = colorAt(1, 13),
+                 number = colorAt(1, 19);
+    EXPECT_TRUE(comment.isValid());
+    EXPECT_EQ(colorAt(1, 0), comment); // the comment goes on here
+    EXPECT_FALSE(colorAt(1, 8).isValid());
+    EXPECT_TRUE(function.isValid() && series.isValid() && number.isValid());
+    EXPECT_NE(function, series);
+    EXPECT_NE(series, number);
+    EXPECT_NE(function, comment);
+}
+
+TEST_F(FormulaEditorTest, PictureShowsTheFormulaOverTheBars)
+{
+    auto* preview = m_editor->findChild<client::FormulaPreview*>();
+    EXPECT_FALSE(preview->hasPicture());
+    chart::OpenedBars opened;
+    ASSERT_EQ(chart::openBarsFile(QStringLiteral(SAMPLES_DIR "/bars/SH600030.csv"), QString(), opened),
+              QString());
+    m_editor->setBars(opened.instrument, opened.bars);
+    EXPECT_TRUE(preview->hasPicture());
+    m_editor->show();
+    const QImage before = preview->grab().toImage();
+    text()->setPlainText(QStringLiteral("LINE:VOL;"));
+    EXPECT_TRUE(m_editor->check());
+    EXPECT_NE(preview->grab().toImage(), before);
+}
+
+} // namespace
