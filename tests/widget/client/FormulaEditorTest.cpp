@@ -1,5 +1,6 @@
 #include "apps/client/editor/FormulaEditor.h"
 
+#include "apps/client/MainWindow.h"
 #include "apps/client/editor/FormulaPreview.h"
 #include "apps/client/editor/FormulaText.h"
 #include "host/TC/CFormulaOperateManager.h"
@@ -8,6 +9,7 @@
 #include "tests/support/RecoveryFolders.h"
 #include "tests/support/Trace.h"
 
+#include <QAction>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -188,7 +190,7 @@ TEST_F(FormulaEditorTest, RemovalAsksAndBacksUp)
     m_editor->removeOpen();
     EXPECT_FALSE(isKnown("MINE"));
     EXPECT_TRUE(isKnown("SHORTMA"));
-    EXPECT_EQ(backup(backups().filter(QStringLiteral("configFormula_")).last()), kFile);
+    EXPECT_EQ(backup(backups().filter(QStringLiteral("configFormula_")).value(0)), kFile);
 }
 
 TEST_F(FormulaEditorTest, UnsavedTextIsKeptWhenTheUserSaysSo)
@@ -243,6 +245,19 @@ TEST_F(FormulaEditorTest, PictureShowsTheFormulaOverTheBars)
     text()->setPlainText(QStringLiteral("LINE:VOL;"));
     EXPECT_TRUE(m_editor->check());
     EXPECT_NE(preview->grab().toImage(), before);
+}
+
+TEST_F(FormulaEditorTest, OpensFromTheToolsMenu)
+{
+    client::MainWindow window;
+    EXPECT_EQ(window.findChild<FormulaEditor*>(), nullptr);
+    for (QAction* action : window.findChildren<QAction*>()) {
+        if (action->text() == QStringLiteral("公式编辑器…"))
+            action->trigger();
+    }
+    auto* editor = window.findChild<FormulaEditor*>();
+    ASSERT_NE(editor, nullptr);
+    EXPECT_TRUE(editor->isVisible());
 }
 
 } // namespace
