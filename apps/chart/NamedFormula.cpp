@@ -10,8 +10,7 @@ std::optional<engine::FormulaRecords> computeNamed(const QString& name, const en
     if (!recipe)
         return std::nullopt;
     const std::vector<double> parameters(recipe->parameters.begin(), recipe->parameters.end());
-    std::optional<engine::FormulaRecords> records =
-        engine::computeFormula(recipe->formula, bars, parameters);
+    std::optional<engine::FormulaRecords> records = engine::computeFormula(recipe->formula, bars, parameters);
     if (records)
         TC::embedded::applyColors(*recipe, records->meta);
     return records;

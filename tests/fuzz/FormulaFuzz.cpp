@@ -34,8 +34,7 @@ void require(bool holds)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const engine::BarSeries bars = fewBars();
-    const engine::FormulaReading reading =
-        engine::readFormula({ reinterpret_cast<const char*>(data), size });
+    const engine::FormulaReading reading = engine::readFormula({ reinterpret_cast<const char*>(data), size });
     require(reading.problems.empty() == (reading.formula != nullptr));
     if (!reading.formula)
         return 0;
