@@ -32,6 +32,7 @@ struct FormulaLimits
     static constexpr int kMostOutputs = 100;
     static constexpr int kMostParameters = 32;
     static constexpr int kMostSteps = 20'000; ///< operations and functions, equal ones counted again
+    static constexpr std::size_t kMostNumbers = 1 << 29; ///< bars times columns that stand at once: 4 GiB
 };
 
 /// A formula whose text is free of faults. Unchangeable; may be read from any thread.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <set>
 #include <utility>
 
 namespace engine {
@@ -38,12 +39,15 @@ public:
         , m_mode(mode)
         , m_columns(m_plan)
         , m_lastReader(lastReaders())
+        , m_mostColumns(mostColumns())
     {
         begin(BarSeries());
     }
 
     bool update(const BarSeries& bars, const std::atomic<bool>* cancelled)
     {
+        if (m_mostColumns * bars.size() > FormulaLimits::kMostNumbers)
+            return cancel();
         const bool hasSameColumns =
             m_hasAmount == !bars.amount.empty() && m_hasOpenInterest == !bars.openInterest.empty();
         if (!hasSameColumns || bars.size() < m_known || m_mode == Mode::Once)
@@ -128,12 +132,36 @@ private:
         return readers;
     }
 
+    /// How many columns stand at once, those of the records included.
+    std::size_t mostColumns() const
+    {
+        std::size_t standing = 0, most = 0;
+        for (std::size_t step = 0; step < m_plan.steps.size(); ++step) {
+            if (m_plan.steps[step].isConstant)
+                continue;
+            most = std::max(most, ++standing);
+            if (m_mode == Mode::Follow)
+                continue;
+            const std::vector<StepId>& arguments = m_plan.steps[step].arguments;
+            const std::set<StepId> read(arguments.begin(), arguments.end());
+            standing -=
+                static_cast<std::size_t>(std::count_if(read.begin(), read.end(), [&](StepId argument) {
+                    return !m_plan.steps[static_cast<std::size_t>(argument)].isConstant
+                        && m_lastReader[static_cast<std::size_t>(argument)] == static_cast<StepId>(step);
+                }));
+        }
+        for (const std::vector<StepId>& columns : m_plan.outputColumns)
+            most += columns.size();
+        return most;
+    }
+
     const std::shared_ptr<const Formula> m_formula;
     const std::vector<double> m_parameters;
     const Plan m_plan;
     const Mode m_mode;
     Columns m_columns;
     const std::vector<StepId> m_lastReader;
+    const std::size_t m_mostColumns;
     std::vector<KernelPointer> m_kernels; ///< by step; null for numbers
     std::optional<OutputRecords> m_records;
     bool m_hasAmount = false, m_hasOpenInterest = false;

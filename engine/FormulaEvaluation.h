@@ -30,7 +30,8 @@ public:
     /// changed, and any number may have followed. Fewer bars than before are computed from the beginning.
     /// @param bars  vectors may be shorter than the times: missing past their end.
     /// @param cancelled  when it turns true the computation ends early; may be null.
-    /// @return false when cancelled; the next call then begins from the beginning.
+    /// @return false when cancelled, or when the columns would take more than FormulaLimits::kMostNumbers
+    ///         numbers; the next call then begins from the beginning.
     bool update(const BarSeries& bars, const std::atomic<bool>* cancelled = nullptr);
 
     /// Records with one time and one validity flag per bar and every series of that length. A bar without any

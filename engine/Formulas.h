@@ -32,7 +32,8 @@ const BuiltInFormula* findBuiltIn(const std::string& name);
 ///
 /// @param formula  null gives nothing.
 /// @param bars,parameters,cancelled  as FormulaEvaluation takes them.
-/// @return the records as FormulaEvaluation describes them; nothing when the computation was cancelled.
+/// @return the records as FormulaEvaluation describes them; nothing when the computation was cancelled
+///         or would take too much memory.
 std::optional<FormulaRecords> computeFormula(const std::shared_ptr<const Formula>& formula,
                                              const BarSeries& bars,
                                              const std::vector<double>& parameters = {},

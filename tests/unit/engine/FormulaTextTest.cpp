@@ -177,6 +177,23 @@ TEST(FormulaText, HasLimits)
     EXPECT_EQ(faultsOf(faulty).size(), 200U);
 }
 
+TEST(FormulaText, WithTooManyColumnsForTheirBarsIsNotComputed)
+{
+    std::string text, sum = "X:0";
+    for (int value = 0; value < 300; ++value) {
+        const std::string name = "A" + std::to_string(value);
+        text += name + ":=MA(C," + std::to_string(value + 2) + ");";
+        sum += "+" + name;
+    }
+    const auto reading = engine::readFormula(text + sum + ";");
+    ASSERT_TRUE(reading.formula);
+    engine::BarSeries bars;
+    bars.timeMs.resize(2'000'000);
+    EXPECT_FALSE(engine::computeFormula(reading.formula, bars));
+    bars.timeMs.resize(1'000);
+    EXPECT_TRUE(engine::computeFormula(reading.formula, bars));
+}
+
 TEST(FormulaText, DrawingsStandAloneAndHaveNoValue)
 {
     EXPECT_EQ(faultsOf("A:=DRAWTEXT(C>O,H,'x'); X:C;"),
