@@ -22,7 +22,7 @@ std::string reference()
     return text.str();
 }
 
-/// What stands in the blocks marked as formulas.
+/// What stands in the blocks marked as formulas, and beside the pictures.
 std::vector<std::string> formulasOf(const std::string& page)
 {
     const std::string begin = "\n```formula\n", end = "```\n";
@@ -30,6 +30,11 @@ std::vector<std::string> formulasOf(const std::string& page)
     for (std::size_t at = page.find(begin); at != page.npos; at = page.find(begin, at)) {
         at += begin.size();
         formulas.push_back(page.substr(at, page.find(end, at) - at));
+    }
+    const std::string before = "\n| `", behind = ";` | ![";
+    for (std::size_t at = page.find(behind); at != page.npos; at = page.find(behind, at + 1)) {
+        const std::size_t start = page.rfind(before, at) + before.size();
+        formulas.push_back(page.substr(start, at + 1 - start));
     }
     return formulas;
 }
@@ -56,7 +61,7 @@ TEST(FormulaReference, ShowsOnlyFormulasThatAreReadAndComputed)
     const auto bars = engine::readBars(SAMPLES_DIR "/bars/SFCU00.csv", failure);
     ASSERT_TRUE(bars) << failure;
     const std::vector<std::string> formulas = formulasOf(reference());
-    EXPECT_GT(formulas.size(), 10U);
+    EXPECT_GT(formulas.size(), 60U);
     for (const std::string& text : formulas) {
         const engine::FormulaReading reading = engine::readFormula(text);
         for (const engine::Problem& problem : reading.problems)
