@@ -17,8 +17,13 @@ if(INDICATORUI_SANITIZE)
     target_link_options(project_options INTERFACE -fsanitize=${INDICATORUI_SANITIZE})
 endif()
 
-# The sources below a folder, so that a new file needs no change here.
-function(sources_below variable folder)
-    file(GLOB_RECURSE found CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h ${folder}/*.qrc)
-    set(${variable} ${found} PARENT_SCOPE)
+# Every source below the current folder has its line in the list of a target: a forgotten file stops the
+# configuration instead of staying out of the build (or a test out of the run) without a word.
+function(require_all_listed listed)
+    file(GLOB_RECURSE found RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+    list(REMOVE_ITEM found ${listed})
+    if(found)
+        list(JOIN found "\n  " missing)
+        message(FATAL_ERROR "Not in the list of ${CMAKE_CURRENT_SOURCE_DIR}/CMakeLists.txt:\n  ${missing}")
+    endif()
 endfunction()

@@ -3,9 +3,9 @@
 ///
 /// Every function here may be called from any thread.
 
-#include "engine/BarSeries.h"
-#include "engine/Formula.h"
-#include "engine/FormulaRecords.h"
+#include "engine/series/BarSeries.h"
+#include "engine/language/Formula.h"
+#include "engine/records/FormulaRecords.h"
 
 #include <atomic>
 #include <optional>

@@ -1,6 +1,6 @@
 #include "engine/TickFormulas.h"
 
-#include "engine/internal/RecordBuilder.h"
+#include "engine/records/RecordBuilder.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 /// @file The two records that a tick pane is painted from.
 
-#include "engine/FormulaRecords.h"
-#include "engine/TickSeries.h"
+#include "engine/records/FormulaRecords.h"
+#include "engine/series/TickSeries.h"
 
 namespace engine {
 

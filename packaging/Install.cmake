@@ -8,18 +8,18 @@ install(TARGETS indicatorui indicatorhost EXPORT IndicatorUITargets
 install(EXPORT IndicatorUITargets NAMESPACE IndicatorUI:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/IndicatorUI)
 
 foreach(folder data draw title stocklist dock recovery)
-    install(DIRECTORY ${CMAKE_SOURCE_DIR}/src/${folder} DESTINATION include/indicatorui
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/${folder} DESTINATION include/indicatorui
             FILES_MATCHING PATTERN "*.h" PATTERN internal EXCLUDE)
 endforeach()
-install(DIRECTORY ${CMAKE_SOURCE_DIR}/host DESTINATION include/indicatorui
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/host DESTINATION include/indicatorui
         FILES_MATCHING PATTERN "*.h" PATTERN embedded EXCLUDE)
-install(DIRECTORY ${CMAKE_SOURCE_DIR}/host/embedded DESTINATION include/indicatorui/host
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/host/embedded DESTINATION include/indicatorui/host
         FILES_MATCHING PATTERN "EmbeddedHost.h" PATTERN "*Setup.h")
-install(FILES ${CMAKE_BINARY_DIR}/src/indicatorui_export.h DESTINATION include/indicatorui)
+install(FILES ${PROJECT_BINARY_DIR}/src/indicatorui_export.h DESTINATION include/indicatorui)
 
-configure_package_config_file(${CMAKE_SOURCE_DIR}/packaging/IndicatorUIConfig.cmake.in
-                              ${CMAKE_BINARY_DIR}/IndicatorUIConfig.cmake
+configure_package_config_file(${PROJECT_SOURCE_DIR}/packaging/IndicatorUIConfig.cmake.in
+                              ${PROJECT_BINARY_DIR}/IndicatorUIConfig.cmake
                               INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/IndicatorUI)
-write_basic_package_version_file(${CMAKE_BINARY_DIR}/IndicatorUIConfigVersion.cmake COMPATIBILITY SameMinorVersion)
-install(FILES ${CMAKE_BINARY_DIR}/IndicatorUIConfig.cmake ${CMAKE_BINARY_DIR}/IndicatorUIConfigVersion.cmake
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/IndicatorUIConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/IndicatorUIConfig.cmake ${PROJECT_BINARY_DIR}/IndicatorUIConfigVersion.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/IndicatorUI)

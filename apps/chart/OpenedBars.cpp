@@ -1,8 +1,8 @@
 #include "apps/chart/OpenedBars.h"
 
 #include "apps/chart/PriceTick.h"
-#include "engine/BarFile.h"
-#include "engine/TickFile.h"
+#include "engine/files/BarFile.h"
+#include "engine/files/TickFile.h"
 #include "host/TC/CStockManager.h"
 #include "host/WB/TextConversion.h"
 #include "host/ttservice/CInstrumentDetail.h"

@@ -1,8 +1,8 @@
 #pragma once
 /// @file A data file with the instrument that it belongs to.
 
-#include "engine/BarSeries.h"
-#include "engine/TickSeries.h"
+#include "engine/series/BarSeries.h"
+#include "engine/series/TickSeries.h"
 
 #include <QString>
 

@@ -2,11 +2,11 @@
 /// @file The reference client's window.
 
 #include "apps/client/ApplicationLook.h"
-#include "apps/client/FormulaSource.h"
-#include "apps/client/PaneData.h"
-#include "apps/client/parts/DockArrangement.h"
-#include "apps/client/parts/PanelPool.h"
-#include "apps/client/parts/RestoreDialog.h"
+#include "apps/client/chart/FormulaSource.h"
+#include "apps/client/chart/PaneData.h"
+#include "apps/client/docking/DockArrangement.h"
+#include "apps/client/docking/PanelPool.h"
+#include "apps/client/recovery/RestoreDialog.h"
 
 #include <QMainWindow>
 #include <QPointer>

@@ -5,7 +5,7 @@
 #include "apps/chart/OpenedBars.h"
 #include "apps/chart/TickFormulaNames.h"
 #include "apps/render/FormulaFile.h"
-#include "engine/Formula.h"
+#include "engine/language/Formula.h"
 #include "engine/TickFormulas.h"
 #include "host/TC/Instruments.h"
 #include "host/TC/PeriodNames.h"

@@ -1,6 +1,6 @@
 #include "apps/render/FormulaFile.h"
 
-#include "engine/Formula.h"
+#include "engine/language/Formula.h"
 #include "host/embedded/FormulaSetup.h"
 
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "engine/language/Functions.h"
 
-#include "engine/language/kernels/Makers.h"
+#include "engine/kernels/Makers.h"
 
 #include <cstring>
 #include <unordered_map>

@@ -1,7 +1,7 @@
 #pragma once
 /// @file The functions, series and drawing statements of the language.
 
-#include "engine/language/kernels/Kernel.h"
+#include "engine/kernels/Kernel.h"
 
 #include <string>
 #include <vector>

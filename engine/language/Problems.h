@@ -1,7 +1,7 @@
 #pragma once
 /// @file Collects what is wrong with a text.
 
-#include "engine/Problem.h"
+#include "engine/language/Problem.h"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 #pragma once
 /// @file What a formula's text says, checked.
 
-#include "engine/Formula.h"
+#include "engine/language/Formula.h"
 #include "engine/language/Functions.h"
 
 #include <optional>

@@ -9,7 +9,7 @@
 ///                               disk, without a mount
 /// Ends with 77 when the machine does not let it mount that disk or set that limit.
 
-#include "apps/client/parts/FormulaBackups.h"
+#include "apps/client/recovery/FormulaBackups.h"
 #include "host/embedded/EmbeddedHost.h"
 #include "recovery/CRecoveryVersionManager.h"
 

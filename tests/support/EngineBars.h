@@ -1,7 +1,7 @@
 #pragma once
 /// @file Bars for the engine's tests.
 
-#include "engine/BarFile.h"
+#include "engine/files/BarFile.h"
 #include "engine/Formulas.h"
 
 #include <gtest/gtest.h>

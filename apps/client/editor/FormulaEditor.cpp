@@ -2,7 +2,7 @@
 
 #include "apps/client/editor/FormulaPreview.h"
 #include "apps/client/editor/FormulaText.h"
-#include "apps/client/parts/FormulaBackups.h"
+#include "apps/client/recovery/FormulaBackups.h"
 #include "engine/Formulas.h"
 #include "host/TC/Folders.h"
 #include "host/embedded/FormulaSetup.h"

@@ -3,7 +3,7 @@
 
 #include "apps/chart/OpenedBars.h"
 #include "apps/client/editor/FormulaStore.h"
-#include "engine/Formula.h"
+#include "engine/language/Formula.h"
 
 #include <QDialog>
 #include <QMap>

@@ -1,6 +1,6 @@
 #include "apps/client/editor/FormulaHighlighter.h"
 
-#include "engine/Formula.h"
+#include "engine/language/Formula.h"
 
 #include <QRegularExpression>
 

@@ -1,8 +1,8 @@
 /// @file The reference of the formula language keeps to the language: its formulas are read and computed, and
 /// it leaves out no word.
 
-#include "engine/BarFile.h"
-#include "engine/FormulaEvaluation.h"
+#include "engine/files/BarFile.h"
+#include "engine/evaluation/FormulaEvaluation.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 /// @file What is left when the client dies in the middle of a backup or a restore, or its disk is full.
 
-#include "apps/client/parts/FormulaBackups.h"
+#include "apps/client/recovery/FormulaBackups.h"
 #include "recovery/CRecoveryVersionManager.h"
 #include "tests/support/RecoveryFolders.h"
 #include "tests/support/StepKiller.h"

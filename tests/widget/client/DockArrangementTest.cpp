@@ -1,4 +1,4 @@
-#include "apps/client/parts/DockArrangement.h"
+#include "apps/client/docking/DockArrangement.h"
 
 #include "host/embedded/EmbeddedHost.h"
 #include "tests/support/Trace.h"

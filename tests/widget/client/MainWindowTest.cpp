@@ -1,10 +1,10 @@
 /// @file The reference client as a whole, in a real window of the offscreen platform.
 
-#include "apps/client/BasketPanel.h"
-#include "apps/client/ChartView.h"
+#include "apps/client/basket/BasketPanel.h"
+#include "apps/client/chart/ChartView.h"
 #include "apps/client/MainWindow.h"
-#include "apps/client/PlotWidget.h"
-#include "apps/client/TickView.h"
+#include "apps/client/chart/PlotWidget.h"
+#include "apps/client/chart/TickView.h"
 #include "draw/CDrawStyle.h"
 #include "host/TC/Folders.h"
 #include "host/WB/CPushButton.h"

@@ -1,4 +1,4 @@
-#include "apps/client/parts/RestoreDialog.h"
+#include "apps/client/recovery/RestoreDialog.h"
 
 #include "host/embedded/EmbeddedHost.h"
 #include "tests/support/RecoveryFolders.h"

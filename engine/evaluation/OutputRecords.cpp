@@ -1,0 +1,356 @@
+#include "engine/evaluation/OutputRecords.h"
+
+#include "engine/kernels/Makers.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace engine::language {
+
+namespace {
+
+constexpr const char* kNoName = "__noname"; // the legend shows the value alone
+constexpr const char* kNoShow = "__noshow"; // the legend leaves the output out
+
+constexpr int kDefaultStackColors[] = { 0x0000FF, 0x00FF00, 0xFF0000, 0x00FFFF,
+                                        0xFFFF54, 0xFF00FF, 0x808080, 0x004080 };
+
+int drawTypeOf(LineKind kind)
+{
+    switch (kind) {
+    case LineKind::Segment: return kSegment;
+    case LineKind::PointDot: return kPointDot;
+    case LineKind::CircleDot: return kCircleDot;
+    case LineKind::ColorStick: return kColorStick;
+    case LineKind::VolumeStick: return kVolume;
+    case LineKind::Step: return kStep;
+    case LineKind::Line:
+    case LineKind::None: break;
+    }
+    return kLine;
+}
+
+int drawTypeOf(Drawing drawing)
+{
+    switch (drawing) {
+    case Drawing::StickLine: return kStickLine;
+    case Drawing::Text: return kText;
+    case Drawing::FixedText: return kFixedText;
+    case Drawing::Number: return kNumber;
+    case Drawing::Icon: return kIcon;
+    case Drawing::VerticalLine: return kVerticalLine;
+    case Drawing::Candles: return kCandles;
+    case Drawing::StackedVolume: return kStackedVolume;
+    case Drawing::None: break;
+    }
+    return kLine;
+}
+
+std::string joined(const std::vector<std::string>& parts)
+{
+    std::string text;
+    for (const std::string& part : parts)
+        text += (text.empty() ? "" : ",") + part;
+    return text;
+}
+
+/// A value with a fixed number of decimals; the legend's word for a missing one.
+std::string decimalText(double value, int decimals)
+{
+    if (!hasValue(value))
+        return "非法值";
+    std::string text(static_cast<std::size_t>(std::snprintf(nullptr, 0, "%.*f", decimals, value)), '\0');
+    std::snprintf(text.data(), text.size() + 1, "%.*f", decimals, value);
+    return text;
+}
+
+double inRecord(double value, Missing missing)
+{
+    if (hasValue(value))
+        return value;
+    switch (missing) {
+    case Missing::Marker: return kMissing;
+    case Missing::Zero: return 0.0;
+    case Missing::Gap: break;
+    }
+    return value;
+}
+
+/// The name that the records give to an output.
+/// @param index  position among the outputs of the text.
+std::string recordName(const Output& output, std::size_t index, const std::vector<double>& parameters)
+{
+    std::string name =
+        output.name.empty() ? kNoName + std::to_string(index + 1) : shownName(output, parameters);
+    if (output.drawing == Drawing::StackedVolume)
+        name = joined(output.columnNames); // one legend piece each
+    return output.isHiddenInLegend ? name + kNoShow : name;
+}
+
+} // namespace
+
+std::string shownName(const Output& output, const std::vector<double>& parameters)
+{
+    if (!output.nameParameter)
+        return output.name;
+    const double number = std::trunc(parameters[static_cast<std::size_t>(*output.nameParameter)]);
+    char text[400]; // the longest double has 309 digits
+    std::snprintf(text, sizeof text, "%.0f", number);
+    return output.name + text;
+}
+
+OutputRecords::OutputRecords(const Syntax& syntax, const Plan& plan, const std::vector<double>& parameters,
+                             const BarSeries& bars)
+    : m_plan(plan)
+{
+    for (std::size_t index = 0; index < syntax.outputs.size(); ++index) {
+        const Output& output = syntax.outputs[index];
+        const std::vector<StepId>& columns = plan.outputColumns[index];
+        if (isAbsent(output, columns, bars))
+            continue;
+        m_described.push_back(&output);
+        const std::string name = recordName(output, index, parameters);
+        if (output.drawing == Drawing::None)
+            describeLine(output, columns, name);
+        else
+            describeDrawing(output, columns, name);
+        m_builder.width(output.lineKind == LineKind::None ? 0 : output.lineWidth).style(output.lineStyle);
+        if (!output.colors.empty())
+            m_builder.color(output.colors.front());
+        m_builder.position(output.position.value_or(kCentred));
+    }
+    m_records = m_builder.take();
+    placeTexts();
+    if (!m_described.empty() && m_described.back()->drawing == Drawing::StackedVolume)
+        addStackedColors(*m_described.back());
+}
+
+bool OutputRecords::isAbsent(const Output& output, const std::vector<StepId>& columns,
+                             const BarSeries& bars) const
+{
+    const Step& step = m_plan.steps[static_cast<std::size_t>(columns.front())];
+    if (output.drawing != Drawing::None || step.isConstant)
+        return false;
+    return (bars.amount.empty() && step.function->make == makeAmount)
+        || (bars.openInterest.empty() && step.function->make == makeOpenInterest);
+}
+
+void OutputRecords::describeLine(const Output& output, const std::vector<StepId>& columns,
+                                 const std::string& name)
+{
+    const StepId values = columns.front();
+    const Step& step = m_plan.steps[static_cast<std::size_t>(values)];
+    m_builder.output(name, drawTypeOf(output.lineKind));
+    const bool isLegendText = output.lineKind == LineKind::None && output.decimals.value_or(0) > 0;
+    if (isLegendText) {
+        addLegendText(values, *output.decimals);
+        return;
+    }
+    if (output.lineKind == LineKind::None) {
+        addColumn(values, Missing::Gap, Axis::No);
+    } else if (output.lineKind == LineKind::Line || output.lineKind == LineKind::Segment) {
+        addColumn(values, Missing::Marker, Axis::Yes);
+    } else {
+        addColumn(values, Missing::Gap, Axis::Yes);
+    }
+    if (output.lineKind == LineKind::Step)
+        m_builder.flags();
+    if (output.lineKind == LineKind::VolumeStick) {
+        addColumn(columns[1], Missing::Gap, Axis::No);
+        addColumn(columns[2], Missing::Gap, Axis::No);
+    }
+    const bool isLogical = !step.isConstant && step.function->isLogical;
+    if (output.decimals == 0)
+        m_builder.valueKind(kIntegerValue);
+    else if (isLogical && !output.decimals)
+        m_builder.valueKind(kSignalValue);
+}
+
+void OutputRecords::describeDrawing(const Output& output, const std::vector<StepId>& columns,
+                                    const std::string& name)
+{
+    m_builder.output(name, drawTypeOf(output.drawing));
+    const auto addAll = [&](std::size_t from, Axis axis) {
+        for (std::size_t column = from; column < columns.size(); ++column)
+            addColumn(columns[column], Missing::Gap, axis);
+    };
+    const StepId condition = columns.front();
+    // Places where nothing is drawn must not widen the value axis.
+    const auto addPlace = [&](std::size_t column) {
+        addColumn(columns[column], Missing::Gap, Axis::Yes, condition);
+    };
+    switch (output.drawing) {
+    case Drawing::Candles:
+    case Drawing::StackedVolume: addAll(0, Axis::Yes); return;
+    case Drawing::VerticalLine:
+        addColumn(condition, Missing::Zero, Axis::No);
+        for (std::size_t column = 1; column < columns.size(); ++column)
+            addPlace(column);
+        return;
+    case Drawing::StickLine:
+        addColumn(condition, Missing::Zero, Axis::No);
+        addPlace(1);
+        addPlace(2);
+        addAll(3, Axis::No);
+        return;
+    case Drawing::FixedText:
+        addColumn(condition, Missing::Zero, Axis::No);
+        addAll(1, Axis::No);
+        addText(condition, true, output.text);
+        return;
+    case Drawing::Text:
+    case Drawing::Number:
+    case Drawing::Icon:
+        addColumn(condition, Missing::Zero, Axis::No);
+        addPlace(1);
+        addAll(2, Axis::No);
+        if (output.drawing == Drawing::Text)
+            addText(condition, false, output.text);
+        return;
+    case Drawing::None: return;
+    }
+}
+
+void OutputRecords::addColumn(StepId step, Missing missing, Axis axis, StepId condition)
+{
+    const auto [known, isNew] = m_known.emplace(std::make_tuple(step, missing, condition), 0);
+    if (isNew) {
+        known->second = m_builder.series({});
+        m_numbers.push_back({ step, missing, condition, static_cast<std::size_t>(known->second) });
+    }
+    m_builder.column(known->second, axis);
+}
+
+void OutputRecords::addText(StepId condition, bool isEverywhere, const std::string& text)
+{
+    const int series = m_builder.texts({});
+    m_texts.push_back({ condition, isEverywhere, text, static_cast<std::size_t>(series) });
+    m_builder.textColumn(series);
+}
+
+void OutputRecords::addLegendText(StepId values, int decimals)
+{
+    const int series = m_builder.texts({});
+    m_decimals.push_back({ values, decimals, static_cast<std::size_t>(series) });
+    m_builder.textColumn(series).valueKind(kTextValue);
+}
+
+/// The painters of texts and numbers read the placement of the first output, whatever output they paint.
+void OutputRecords::placeTexts()
+{
+    for (std::size_t output = 1; output < m_described.size(); ++output) {
+        const Drawing drawing = m_described[output]->drawing;
+        if ((drawing == Drawing::Text || drawing == Drawing::Number) && m_described[output]->position)
+            m_records.meta.position[0] = *m_described[output]->position;
+    }
+}
+
+/// The painter of stacked bars takes the colour of its second part from the place behind its output's, and so
+/// on; the output is the last one, so that nobody else reads those.
+void OutputRecords::addStackedColors(const Output& output)
+{
+    std::vector<int>& colors = m_records.meta.color;
+    const std::size_t first = m_described.size() - 1, parts = output.columns.size();
+    colors.resize(first + parts);
+    for (std::size_t part = 0; part < parts; ++part)
+        colors[first + part] = part < output.colors.size()
+            ? output.colors[part]
+            : kDefaultStackColors[part % std::size(kDefaultStackColors)];
+}
+
+std::size_t OutputRecords::firstChanged(StepId step, std::size_t from) const
+{
+    const std::size_t ahead = m_plan.steps[static_cast<std::size_t>(step)].lookAhead;
+    return from - std::min(from, ahead);
+}
+
+void OutputRecords::fill(const BarSeries& bars, std::size_t from, const Columns& columns)
+{
+    fillBars(bars, from);
+    fillTexts(bars.size(), from, columns);
+    for (const NumberLink& link : m_numbers)
+        fillNumbers(link, bars.size(), from, columns);
+}
+
+void OutputRecords::fillOnce(const BarSeries& bars, Columns& columns)
+{
+    fillBars(bars, 0);
+    fillTexts(bars.size(), 0, columns);
+    std::map<StepId, int> readers;
+    for (const NumberLink& link : m_numbers) {
+        ++readers[link.step];
+        ++readers[link.condition];
+    }
+    for (const NumberLink& link : m_numbers) {
+        Series& series = m_records.result.numberSeries[link.series];
+        if (readers[link.step] > 1 || link.condition != kAlways || columns[link.step].empty()) {
+            fillNumbers(link, bars.size(), 0, columns);
+            continue;
+        }
+        series = std::move(columns[link.step]);
+        if (link.missing != Missing::Gap)
+            std::transform(series.begin(), series.end(), series.begin(),
+                           [&](double value) { return inRecord(value, link.missing); });
+    }
+}
+
+void OutputRecords::fillBars(const BarSeries& bars, std::size_t from)
+{
+    se::RPCFormulaResult& result = m_records.result;
+    const auto hasPrice = [](const std::vector<double>& prices, std::size_t bar) {
+        return bar < prices.size() && hasValue(finiteOrNone(prices[bar]));
+    };
+    result.barTimes.resize(bars.size());
+    result.barValid.resize(bars.size());
+    for (std::size_t bar = from; bar < bars.size(); ++bar) {
+        result.barTimes[bar].msecs = bars.timeMs[bar];
+        result.barValid[bar] = hasPrice(bars.close, bar) || hasPrice(bars.open, bar)
+            || hasPrice(bars.high, bar) || hasPrice(bars.low, bar);
+    }
+}
+
+void OutputRecords::fillNumbers(const NumberLink& link, std::size_t count, std::size_t from,
+                                const Columns& columns)
+{
+    Series& series = m_records.result.numberSeries[link.series];
+    makeRoom(series, count);
+    const Operand values = columns.operand(link.step);
+    if (link.condition == kAlways) {
+        for (std::size_t bar = firstChanged(link.step, from); bar < count; ++bar)
+            series[bar] = inRecord(values[bar], link.missing);
+        return;
+    }
+    const Operand condition = columns.operand(link.condition);
+    const std::size_t first = std::min(firstChanged(link.step, from), firstChanged(link.condition, from));
+    for (std::size_t bar = first; bar < count; ++bar)
+        series[bar] = inRecord(isTrue(condition[bar]) ? values[bar] : kNoValue, link.missing);
+}
+
+void OutputRecords::fillTexts(std::size_t count, std::size_t from, const Columns& columns)
+{
+    for (const TextLink& link : m_texts) {
+        const Operand condition = columns.operand(link.condition);
+        std::vector<std::string>& texts = m_records.result.textSeries[link.series];
+        texts.resize(count);
+        for (std::size_t bar = firstChanged(link.condition, from); bar < count; ++bar)
+            texts[bar] = link.isEverywhere || isTrue(condition[bar]) ? link.text : std::string();
+    }
+    for (const DecimalsLink& link : m_decimals) {
+        const Operand values = columns.operand(link.values);
+        std::vector<std::string>& texts = m_records.result.textSeries[link.series];
+        texts.resize(count);
+        for (std::size_t bar = firstChanged(link.values, from); bar < count; ++bar)
+            texts[bar] = decimalText(values[bar], link.decimals);
+    }
+}
+
+void makeRoom(Series& series, std::size_t count)
+{
+    if (series.empty())
+        series.reserve(count);
+    else if (series.capacity() < count)
+        series.reserve(count + count / 4);
+    series.resize(count);
+}
+
+} // namespace engine::language

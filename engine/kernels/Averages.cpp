@@ -1,0 +1,118 @@
+#include "engine/kernels/Makers.h"
+#include "engine/kernels/Recurrence.h"
+
+namespace engine::language {
+
+namespace {
+
+struct AverageState
+{
+    bool isStarted = false;
+    double average = 0.0;
+};
+
+/// Takes a value into an average. The step form keeps an average of equal values exactly equal, so that no
+/// legend arrow flickers; where the step is too large for a double, the weighted sum of the two still is not.
+double stepped(AverageState& state, double value, double weightOfNew)
+{
+    if (!hasValue(value))
+        return kNoValue;
+    if (state.isStarted) {
+        const double next = state.average + weightOfNew * (value - state.average);
+        state.average =
+            std::isfinite(next) ? next : weightOfNew * value + (1.0 - weightOfNew) * state.average;
+    } else {
+        state.average = value;
+    }
+    state.isStarted = true;
+    return finiteOrNone(state.average);
+}
+
+/// E = w x + (1 - w) E', starting with the first value.
+class WeightedStep
+{
+public:
+    using State = AverageState;
+
+    double operator()(State& state, std::size_t bar) const { return stepped(state, m_values[bar], m_weight); }
+
+protected:
+    /// @param weight  of the new value, 0 to 1; without a value nothing has an average.
+    WeightedStep(const Operand& values, double weight)
+        : m_values(hasValue(weight) ? values : Operand { &kNoValue, true })
+        , m_weight(weight)
+    {
+    }
+
+private:
+    const Operand m_values;
+    const double m_weight;
+};
+
+class ExponentialStep : public WeightedStep
+{
+public:
+    ExponentialStep(const Operand* arguments, const Work&)
+        : WeightedStep(arguments[0], weightOf(std::trunc(arguments[1][0])))
+    {
+    }
+
+private:
+    static double weightOf(double period) { return period >= 1.0 ? 2.0 / (period + 1.0) : kNoValue; }
+};
+
+class SmoothedStep : public WeightedStep
+{
+public:
+    SmoothedStep(const Operand* arguments, const Work&)
+        : WeightedStep(arguments[0], weightOf(std::trunc(arguments[1][0]), std::trunc(arguments[2][0])))
+    {
+    }
+
+private:
+    static double weightOf(double period, double weight)
+    {
+        return weight >= 1.0 && weight <= period ? weight / period : kNoValue;
+    }
+};
+
+/// The weight is a series; a bar whose weight is missing or not from 0 to 1 has no average.
+class DynamicStep
+{
+public:
+    using State = AverageState;
+
+    DynamicStep(const Operand* arguments, const Work&)
+        : m_values(arguments[0])
+        , m_weights(arguments[1])
+    {
+    }
+
+    double operator()(State& state, std::size_t bar) const
+    {
+        const double weight = m_weights[bar];
+        return weight >= 0.0 && weight <= 1.0 ? stepped(state, m_values[bar], weight) : kNoValue;
+    }
+
+private:
+    const Operand m_values, m_weights;
+};
+
+} // namespace
+
+KernelPointer makeExponentialAverage()
+{
+    return std::make_unique<Recurrence<ExponentialStep>>();
+}
+
+KernelPointer makeSmoothedAverage()
+{
+    return std::make_unique<Recurrence<SmoothedStep>>();
+}
+
+KernelPointer makeDynamicAverage()
+{
+    return std::make_unique<Recurrence<DynamicStep>>();
+}
+
+} // namespace engine::language
