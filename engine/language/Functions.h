@@ -1,6 +1,7 @@
 #pragma once
 /// @file The functions, series and drawing statements of the language.
 
+#include "engine/EngineExport.h"
 #include "engine/kernels/Kernel.h"
 
 #include <string>
@@ -50,8 +51,8 @@ struct Function
 
 constexpr int kMostStacked = 16;
 
-/// Every function, operators first.
-const std::vector<Function>& allFunctions();
+/// Every function, operators first. Exported for the tests, which write formulas of them all.
+ENGINE_EXPORT const std::vector<Function>& allFunctions();
 
 /// The function or series of a name in capitals; null when there is none. Operators are not found by name.
 const Function* findFunction(const std::string& key);
