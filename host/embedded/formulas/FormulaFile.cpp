@@ -1,4 +1,4 @@
-#include "host/embedded/formulas/FormulaManagerData.h"
+#include "host/embedded/formulas/KnownFormulas.h"
 #include "host/embedded/skin/JsonPlaces.h"
 
 #include "engine/Formulas.h"
