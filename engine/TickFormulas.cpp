@@ -45,7 +45,7 @@ FormulaRecords pricesOf(const TickSeries& ticks)
               volume = records.series(cleaned(ticks.volume, count));
     const int bid = records.series(cleaned(ticks.bid.price[0], count));
     const int ask = records.series(cleaned(ticks.ask.price[0], count));
-    records.output("最新价", kTick).column(prices, Axis::Yes);
+    records.output("最新价", se::DrawType::Tick).column(prices, Axis::Yes);
     records.legendOnly("成交量", volume).legendOnly("买一", bid).legendOnly("卖一", ask);
     return records.take();
 }
@@ -70,7 +70,7 @@ FormulaRecords volumesOf(const TickSeries& ticks)
     records.setBars(ticks.timeMs, table[Price]);
     for (Series& values : table)
         records.series(std::move(values));
-    records.output("成交量", kTickVolume).column(Volume, Axis::Yes);
+    records.output("成交量", se::DrawType::TickVolume).column(Volume, Axis::Yes);
     records.column(Turnover, Axis::No).column(Price, Axis::No);
     return records.take();
 }

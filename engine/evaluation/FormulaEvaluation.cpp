@@ -81,7 +81,7 @@ private:
         m_records.emplace(m_formula->syntax(), m_plan, m_parameters, bars);
         m_kernels.clear();
         for (const Step& step : m_plan.steps)
-            m_kernels.push_back(step.isConstant ? nullptr : step.function->make());
+            m_kernels.push_back(step.isConstant ? nullptr : step.function->makeKernel());
     }
 
     bool cancel()

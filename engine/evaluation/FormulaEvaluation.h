@@ -1,6 +1,7 @@
 #pragma once
 /// @file A formula at work over bars that grow.
 
+#include "engine/EngineExport.h"
 #include "engine/series/BarSeries.h"
 #include "engine/language/Formula.h"
 #include "engine/records/FormulaRecords.h"
@@ -14,7 +15,7 @@ namespace engine {
 /// Computes a formula and keeps what it needs to follow the bars: a new bar, or a changed last one, costs no
 /// second look at the past. The records are those of a computation from the beginning, bit for bit. For one
 /// thread at a time.
-class FormulaEvaluation
+class ENGINE_EXPORT FormulaEvaluation
 {
 public:
     /// Once computes and is done with; Follow keeps the columns of all steps for the next bar.

@@ -1,7 +1,5 @@
 #include "engine/evaluation/OutputRecords.h"
 
-#include "engine/kernels/Makers.h"
-
 #include <algorithm>
 #include <cstdio>
 
@@ -14,37 +12,6 @@ constexpr const char* kNoShow = "__noshow"; // the legend leaves the output out
 
 constexpr int kDefaultStackColors[] = { 0x0000FF, 0x00FF00, 0xFF0000, 0x00FFFF,
                                         0xFFFF54, 0xFF00FF, 0x808080, 0x004080 };
-
-int drawTypeOf(LineKind kind)
-{
-    switch (kind) {
-    case LineKind::Segment: return kSegment;
-    case LineKind::PointDot: return kPointDot;
-    case LineKind::CircleDot: return kCircleDot;
-    case LineKind::ColorStick: return kColorStick;
-    case LineKind::VolumeStick: return kVolume;
-    case LineKind::Step: return kStep;
-    case LineKind::Line:
-    case LineKind::None: break;
-    }
-    return kLine;
-}
-
-int drawTypeOf(Drawing drawing)
-{
-    switch (drawing) {
-    case Drawing::StickLine: return kStickLine;
-    case Drawing::Text: return kText;
-    case Drawing::FixedText: return kFixedText;
-    case Drawing::Number: return kNumber;
-    case Drawing::Icon: return kIcon;
-    case Drawing::VerticalLine: return kVerticalLine;
-    case Drawing::Candles: return kCandles;
-    case Drawing::StackedVolume: return kStackedVolume;
-    case Drawing::None: break;
-    }
-    return kLine;
-}
 
 std::string joined(const std::vector<std::string>& parts)
 {
@@ -82,7 +49,7 @@ std::string recordName(const Output& output, std::size_t index, const std::vecto
 {
     std::string name =
         output.name.empty() ? kNoName + std::to_string(index + 1) : shownName(output, parameters);
-    if (output.drawing == Drawing::StackedVolume)
+    if (output.drawType == se::DrawType::StackedVolume)
         name = joined(output.columnNames); // one legend piece each
     return output.isHiddenInLegend ? name + kNoShow : name;
 }
@@ -110,18 +77,19 @@ OutputRecords::OutputRecords(const Syntax& syntax, const Plan& plan, const std::
             continue;
         m_described.push_back(&output);
         const std::string name = recordName(output, index, parameters);
-        if (output.drawing == Drawing::None)
-            describeLine(output, columns, name);
+        m_builder.output(name, output.drawType);
+        if (output.isDrawing)
+            describeDrawing(output, columns);
         else
-            describeDrawing(output, columns, name);
-        m_builder.width(output.lineKind == LineKind::None ? 0 : output.lineWidth).style(output.lineStyle);
+            describeLine(output, columns);
+        m_builder.width(output.isDrawn ? output.lineWidth : 0).style(output.lineStyle);
         if (!output.colors.empty())
             m_builder.color(output.colors.front());
-        m_builder.position(output.position.value_or(kCentred));
+        m_builder.position(output.position.value_or(se::Position::CentredOnPoint));
     }
     m_records = m_builder.take();
     placeTexts();
-    if (!m_described.empty() && m_described.back()->drawing == Drawing::StackedVolume)
+    if (!m_described.empty() && m_described.back()->drawType == se::DrawType::StackedVolume)
         addStackedColors(*m_described.back());
 }
 
@@ -129,47 +97,38 @@ bool OutputRecords::isAbsent(const Output& output, const std::vector<StepId>& co
                              const BarSeries& bars) const
 {
     const Step& step = m_plan.steps[static_cast<std::size_t>(columns.front())];
-    if (output.drawing != Drawing::None || step.isConstant)
+    if (output.isDrawing || step.isConstant)
         return false;
-    return (bars.amount.empty() && step.function->make == makeAmount)
-        || (bars.openInterest.empty() && step.function->make == makeOpenInterest);
+    const auto needed = step.function->neededColumn;
+    return needed && (bars.*needed).empty();
 }
 
-void OutputRecords::describeLine(const Output& output, const std::vector<StepId>& columns,
-                                 const std::string& name)
+void OutputRecords::describeLine(const Output& output, const std::vector<StepId>& columns)
 {
     const StepId values = columns.front();
     const Step& step = m_plan.steps[static_cast<std::size_t>(values)];
-    m_builder.output(name, drawTypeOf(output.lineKind));
-    const bool isLegendText = output.lineKind == LineKind::None && output.decimals.value_or(0) > 0;
-    if (isLegendText) {
+    if (!output.isDrawn && output.decimals.value_or(0) > 0) {
         addLegendText(values, *output.decimals);
         return;
     }
-    if (output.lineKind == LineKind::None) {
-        addColumn(values, Missing::Gap, Axis::No);
-    } else if (output.lineKind == LineKind::Line || output.lineKind == LineKind::Segment) {
-        addColumn(values, Missing::Marker, Axis::Yes);
-    } else {
-        addColumn(values, Missing::Gap, Axis::Yes);
-    }
-    if (output.lineKind == LineKind::Step)
+    const bool isLine = output.drawType == se::DrawType::Line || output.drawType == se::DrawType::SegmentLine;
+    addColumn(values, isLine && output.isDrawn ? Missing::Marker : Missing::Gap,
+              output.isDrawn ? Axis::Yes : Axis::No);
+    if (output.drawType == se::DrawType::BoolLine)
         m_builder.flags();
-    if (output.lineKind == LineKind::VolumeStick) {
+    if (output.drawType == se::DrawType::Volume) {
         addColumn(columns[1], Missing::Gap, Axis::No);
         addColumn(columns[2], Missing::Gap, Axis::No);
     }
     const bool isLogical = !step.isConstant && step.function->isLogical;
     if (output.decimals == 0)
-        m_builder.valueKind(kIntegerValue);
+        m_builder.valueKind(se::ValueKind::Integer);
     else if (isLogical && !output.decimals)
-        m_builder.valueKind(kSignalValue);
+        m_builder.valueKind(se::ValueKind::Signal);
 }
 
-void OutputRecords::describeDrawing(const Output& output, const std::vector<StepId>& columns,
-                                    const std::string& name)
+void OutputRecords::describeDrawing(const Output& output, const std::vector<StepId>& columns)
 {
-    m_builder.output(name, drawTypeOf(output.drawing));
     const auto addAll = [&](std::size_t from, Axis axis) {
         for (std::size_t column = from; column < columns.size(); ++column)
             addColumn(columns[column], Missing::Gap, axis);
@@ -179,35 +138,35 @@ void OutputRecords::describeDrawing(const Output& output, const std::vector<Step
     const auto addPlace = [&](std::size_t column) {
         addColumn(columns[column], Missing::Gap, Axis::Yes, condition);
     };
-    switch (output.drawing) {
-    case Drawing::Candles:
-    case Drawing::StackedVolume: addAll(0, Axis::Yes); return;
-    case Drawing::VerticalLine:
+    switch (output.drawType) {
+    case se::DrawType::Candle:
+    case se::DrawType::StackedVolume: addAll(0, Axis::Yes); return;
+    case se::DrawType::VertLine:
         addColumn(condition, Missing::Zero, Axis::No);
         for (std::size_t column = 1; column < columns.size(); ++column)
             addPlace(column);
         return;
-    case Drawing::StickLine:
+    case se::DrawType::StickLine:
         addColumn(condition, Missing::Zero, Axis::No);
         addPlace(1);
         addPlace(2);
         addAll(3, Axis::No);
         return;
-    case Drawing::FixedText:
+    case se::DrawType::FixedText:
         addColumn(condition, Missing::Zero, Axis::No);
         addAll(1, Axis::No);
         addText(condition, true, output.text);
         return;
-    case Drawing::Text:
-    case Drawing::Number:
-    case Drawing::Icon:
+    case se::DrawType::Text:
+    case se::DrawType::Number:
+    case se::DrawType::Icon:
         addColumn(condition, Missing::Zero, Axis::No);
         addPlace(1);
         addAll(2, Axis::No);
-        if (output.drawing == Drawing::Text)
+        if (output.drawType == se::DrawType::Text)
             addText(condition, false, output.text);
         return;
-    case Drawing::None: return;
+    default: return; // the others are values
     }
 }
 
@@ -232,15 +191,16 @@ void OutputRecords::addLegendText(StepId values, int decimals)
 {
     const int series = m_builder.texts({});
     m_decimals.push_back({ values, decimals, static_cast<std::size_t>(series) });
-    m_builder.textColumn(series).valueKind(kTextValue);
+    m_builder.textColumn(series).valueKind(se::ValueKind::Text);
 }
 
 /// The painters of texts and numbers read the placement of the first output, whatever output they paint.
 void OutputRecords::placeTexts()
 {
     for (std::size_t output = 1; output < m_described.size(); ++output) {
-        const Drawing drawing = m_described[output]->drawing;
-        if ((drawing == Drawing::Text || drawing == Drawing::Number) && m_described[output]->position)
+        const int drawType = m_described[output]->drawType;
+        if ((drawType == se::DrawType::Text || drawType == se::DrawType::Number)
+            && m_described[output]->position)
             m_records.meta.position[0] = *m_described[output]->position;
     }
 }

@@ -90,8 +90,8 @@ private:
         std::size_t series;
     };
 
-    void describeLine(const Output& output, const std::vector<StepId>& columns, const std::string& name);
-    void describeDrawing(const Output& output, const std::vector<StepId>& columns, const std::string& name);
+    void describeLine(const Output& output, const std::vector<StepId>& columns);
+    void describeDrawing(const Output& output, const std::vector<StepId>& columns);
     void addColumn(StepId step, Missing missing, Axis axis, StepId condition = kAlways);
     void addText(StepId condition, bool isEverywhere, const std::string& text);
     void addLegendText(StepId values, int decimals);

@@ -1,4 +1,4 @@
-#include "engine/kernels/Makers.h"
+#include "engine/kernels/KernelRows.h"
 #include "engine/kernels/Recurrence.h"
 
 namespace engine::language {
@@ -100,19 +100,19 @@ private:
 
 } // namespace
 
-KernelPointer makeExponentialAverage()
+std::vector<Function> averageFunctions()
 {
-    return std::make_unique<Recurrence<ExponentialStep>>();
-}
-
-KernelPointer makeSmoothedAverage()
-{
-    return std::make_unique<Recurrence<SmoothedStep>>();
-}
-
-KernelPointer makeDynamicAverage()
-{
-    return std::make_unique<Recurrence<DynamicStep>>();
+    return {
+        FunctionRow("EMA", "指数移动平均", "exponential moving average, weight 2/(N+1)")
+            .takes("X,N", "sc")
+            .runs<Recurrence<ExponentialStep>>(),
+        FunctionRow("SMA", "移动平均，权重 M/N", "smoothed moving average, weight M/N")
+            .takes("X,N,M", "scc")
+            .runs<Recurrence<SmoothedStep>>(),
+        FunctionRow("DMA", "动态移动平均，权重 A", "moving average of weight A, 0 to 1")
+            .takes("X,A", "ss")
+            .runs<Recurrence<DynamicStep>>(),
+    };
 }
 
 } // namespace engine::language

@@ -1,4 +1,4 @@
-#include "engine/kernels/Makers.h"
+#include "engine/kernels/KernelRows.h"
 #include "engine/kernels/Periods.h"
 #include "engine/kernels/Recurrence.h"
 
@@ -99,9 +99,14 @@ private:
 
 } // namespace
 
-KernelPointer makeParabolic()
+std::vector<Function> parabolicFunctions()
 {
-    return std::make_unique<Recurrence<ParabolicStep>>();
+    return {
+        FunctionRow("SAR", "抛物线转向，步长和上限为百分数",
+                    "parabolic stop and reverse; step and limit in per cent")
+            .takes("N,STEP,LIMIT", "ccc")
+            .runs<Recurrence<ParabolicStep>>(),
+    };
 }
 
 } // namespace engine::language

@@ -1,4 +1,4 @@
-#include "engine/kernels/Makers.h"
+#include "engine/kernels/KernelRows.h"
 #include "engine/kernels/Periods.h"
 
 namespace engine::language {
@@ -33,14 +33,17 @@ public:
 
 } // namespace
 
-KernelPointer makeReference()
+std::vector<Function> referenceFunctions()
 {
-    return std::make_unique<ReferenceKernel>();
-}
-
-KernelPointer makeReferenceAhead()
-{
-    return std::make_unique<ReferenceAheadKernel>();
+    return {
+        FunctionRow("REF", "X 在 N 根之前的值", "X of N bars before")
+            .takes("X,N", "ss")
+            .runs<ReferenceKernel>(),
+        FunctionRow("REFX", "X 在 N 根之后的值（未来数据）", "X of N bars later (looks into the future)")
+            .takes("X,N", "ss")
+            .looksAheadBy(1)
+            .runs<ReferenceAheadKernel>(),
+    };
 }
 
 } // namespace engine::language

@@ -151,7 +151,7 @@ NodeId ExpressionParser::readName()
     if (m_reader.current().is("("))
         return readCall(name);
     const Function* function = findFunction(name.key);
-    if (function && function->mostArguments() == 0)
+    if (function && function->maxArguments == 0)
         return callNode(*function, {});
     if (const std::optional<int> parameter = m_scope.parameter(name.key)) {
         Node node;
@@ -189,7 +189,7 @@ NodeId ExpressionParser::readCall(const Token& name)
                           "unknown function" + (nearest.empty() ? "" : ", did you mean " + nearest));
         return kBroken;
     }
-    if (function->drawing != Drawing::None) {
+    if (function->drawing) {
         m_reader.complain(name, "绘图函数只能单独成句", "a drawing stands in a statement of its own");
         return kBroken;
     }
@@ -225,7 +225,7 @@ bool ExpressionParser::fits(const Token& name, const Function& function, const s
                             const std::vector<Token>& starts)
 {
     const auto given = static_cast<int>(arguments.size());
-    if (given < function.leastArguments || given > function.mostArguments()) {
+    if (given < function.minArguments || given > function.maxArguments) {
         const std::string form = std::string(function.name) + "(" + function.argumentNames + ")";
         m_reader.complain(name, "参数个数不对，应为 " + form, "wrong number of arguments, expected " + form);
         return false;
@@ -258,7 +258,7 @@ bool ExpressionParser::atDrawing() const
     if (m_reader.current().kind != TokenKind::Name || !m_reader.next().is("("))
         return false;
     const Function* function = findFunction(m_reader.current().key);
-    return function && function->drawing != Drawing::None;
+    return function && function->drawing.has_value();
 }
 
 void ExpressionParser::readDrawing(Output& output)
@@ -269,7 +269,8 @@ void ExpressionParser::readDrawing(Output& output)
     const std::vector<NodeId> arguments = readArguments(starts);
     if (m_reader.isLost() || !fits(name, function, arguments, starts))
         return;
-    output.drawing = function.drawing;
+    output.isDrawing = true;
+    output.drawType = *function.drawing;
     for (std::size_t index = 0; index < arguments.size(); ++index) {
         const Node& argument = m_syntax[arguments[index]];
         if (argument.kind == Node::Kind::Text) {

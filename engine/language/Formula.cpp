@@ -60,13 +60,16 @@ const std::vector<KnownWord>& knownWords()
               "declares parameters: NAME(default, least, greatest)" },
         };
         for (const language::Function& function : language::allFunctions()) {
-            if (function.isOperator())
+            if (function.isOperator)
                 continue;
-            const Kind kind = function.drawing != language::Drawing::None ? Kind::Drawing
-                : function.mostArguments() == 0                           ? Kind::BarValue
-                                                                          : Kind::Function;
-            list.push_back(
-                { kind, function.name, function.argumentNames, function.chinese, function.english });
+            const Kind kind = function.drawing ? Kind::Drawing
+                : function.maxArguments == 0   ? Kind::BarValue
+                                               : Kind::Function;
+            for (const char* name : { function.name, function.alias }) {
+                if (*name)
+                    list.push_back(
+                        { kind, name, function.argumentNames, function.chinese, function.english });
+            }
         }
         for (const language::Attribute& attribute : language::allAttributes())
             list.push_back({ Kind::Attribute, attribute.name, "", attribute.chinese, attribute.english });

@@ -3,6 +3,7 @@
 ///
 /// docs/formulas.md describes the language.
 
+#include "engine/EngineExport.h"
 #include "engine/language/Problem.h"
 
 #include <memory>
@@ -36,7 +37,7 @@ struct FormulaLimits
 };
 
 /// A formula whose text is free of faults. Unchangeable; may be read from any thread.
-class Formula
+class ENGINE_EXPORT Formula
 {
 public:
     explicit Formula(language::Syntax&& syntax);
@@ -66,7 +67,7 @@ struct FormulaReading
 };
 
 /// Reads a text. Any bytes may be given. Any thread.
-FormulaReading readFormula(std::string_view utf8);
+ENGINE_EXPORT FormulaReading readFormula(std::string_view utf8);
 
 /// A word that the language knows, for completion, colouring and the reference.
 struct KnownWord
@@ -80,6 +81,6 @@ struct KnownWord
 };
 
 /// Every word that the language knows.
-const std::vector<KnownWord>& knownWords();
+ENGINE_EXPORT const std::vector<KnownWord>& knownWords();
 
 } // namespace engine

@@ -217,7 +217,7 @@ private:
             m_reader.complain(m_reader.current(), "公式没有输出", "the formula has no output");
         checkPlacements();
         for (std::size_t index = 0; index + 1 < m_syntax.outputs.size(); ++index) {
-            if (m_syntax.outputs[index].drawing == Drawing::StackedVolume)
+            if (m_syntax.outputs[index].drawType == se::DrawType::StackedVolume)
                 m_reader.complain(m_reader.current(), "STACKVOL 应是最后一个输出",
                                   "STACKVOL must be the last output");
         }
@@ -228,14 +228,16 @@ private:
     {
         std::optional<int> common;
         for (const Output& output : m_syntax.outputs) {
-            if (!(output.drawing == Drawing::Text || output.drawing == Drawing::Number) || !output.position)
+            if (!(output.drawType == se::DrawType::Text || output.drawType == se::DrawType::Number)
+                || !output.position)
                 continue;
             if (common && *common != *output.position)
                 m_reader.complain(m_reader.current(), "一个公式的文字和数字只能有同一个 ALIGN",
                                   "the texts and numbers of a formula share one ALIGN");
             common = output.position;
         }
-        const bool iconIsFirst = !m_syntax.outputs.empty() && m_syntax.outputs[0].drawing == Drawing::Icon;
+        const bool iconIsFirst =
+            !m_syntax.outputs.empty() && m_syntax.outputs[0].drawType == se::DrawType::Icon;
         if (common && iconIsFirst && m_syntax.outputs[0].position.value_or(0) != *common)
             m_reader.complain(m_reader.current(), "图标是第一个输出时，文字和数字的 ALIGN 要与它相同",
                               "texts and numbers share the ALIGN of an icon that is the first output");

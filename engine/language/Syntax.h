@@ -2,7 +2,7 @@
 /// @file What a formula's text says, checked.
 
 #include "engine/language/Formula.h"
-#include "engine/language/Functions.h"
+#include "engine/language/FunctionTable.h"
 
 #include <optional>
 #include <string>
@@ -28,21 +28,19 @@ struct Node
     bool isConstant = true; ///< depends on numbers and parameters alone
 };
 
-/// How an output is drawn when it is not a drawing statement.
-enum class LineKind { Line, Segment, PointDot, CircleDot, ColorStick, VolumeStick, Step, None };
-
 /// One output as the text asks for it.
 struct Output
 {
     std::string name;                 ///< as written; empty for an output without a name
     std::optional<int> nameParameter; ///< whose value follows the name: MA#N is MA5
-    Drawing drawing = Drawing::None;
-    LineKind lineKind = LineKind::Line;
+    se::DrawType::Code drawType = se::DrawType::Line;
+    bool isDrawing = false;               ///< a drawing statement, not a value
+    bool isDrawn = true;                  ///< false: in the legend alone
     std::vector<NodeId> columns;          ///< one, or the arguments of the drawing without its text
     std::vector<std::string> columnNames; ///< of stacked columns
     std::string text;
     std::vector<int> colors; ///< 0x00BBGGRR; more than one only for stacked columns
-    int lineStyle = 0;
+    int lineStyle = se::LineStyle::Solid;
     int lineWidth = 1;
     std::optional<int> decimals;
     std::optional<int> position;
