@@ -4,6 +4,7 @@
 #include "host/WB/CUiResource.h"
 #include "host/utils/CSingletonT.h"
 #include "title/internal/Pictures.h"
+#include "title/internal/TextWidths.h"
 
 #include <QPainter>
 
@@ -26,8 +27,8 @@ CArrowColorSimpleText::~CArrowColorSimpleText() = default;
 
 void CArrowColorSimpleText::readPictures()
 {
-    m_upArrow = detail::skinPicture(detail::kArrowUpPicture);
-    m_downArrow = detail::skinPicture(detail::kArrowDownPicture);
+    m_upArrow = WB::skinPicture(detail::kArrowUpPicture);
+    m_downArrow = WB::skinPicture(detail::kArrowDownPicture);
     m_arrowWidth = detail::logicalSize(m_upArrow).width();
 }
 
@@ -70,7 +71,7 @@ void CArrowColorSimpleText::setGraphType(bool stopAtEdge)
 
 int CArrowColorSimpleText::textWidth(const QString& text) const
 {
-    return getSize(text, m_font ? *m_font : QFont()).width();
+    return detail::textWidth(text, m_font ? *m_font : QFont());
 }
 
 int CArrowColorSimpleText::getWidth() const

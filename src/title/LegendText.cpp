@@ -9,7 +9,7 @@
 #include "host/WB/SkinLookup.h"
 #include "host/WB/TextConversion.h"
 #include "host/ttservice/CInstrumentDetail.h"
-#include "title/internal/TitleRows.h"
+#include "title/internal/LegendRows.h"
 
 #include <QDateTime>
 
