@@ -4,6 +4,7 @@
 #include "host/TC/Periods.h"
 #include "title/internal/LegendRows.h"
 
+#include <QLine>
 #include <QRect>
 #include <QSize>
 #include <QVector>
