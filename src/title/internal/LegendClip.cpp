@@ -47,21 +47,22 @@ QRegion wholePieces(const QRect& area, const LegendRows& rows, const LegendOrigi
                     const QVector<ArrowColorTextData>& summary)
 {
     WholeRects whole(area);
-    const auto addRow = [&](const QList<CArrowColorSimpleText>& row, int rowX, int y) {
-        return forEachObject(row, rowX, width, [&](const CArrowColorSimpleText& object, int x, int room) {
+    const auto addRow = [&](const QList<CArrowColorSimpleText>& row, int rowX, int y, bool stopAtEdge) {
+        const auto addObject = [&](const CArrowColorSimpleText& object, int x, int room) {
             const QVector<QRect> places = object.placeTexts(x, y, room, kLegendRowHeight);
             const QVector<ArrowColorTextData> pieces = object.getTextColor();
             for (int piece = 0; piece < places.size(); ++piece)
                 whole.add(places.at(piece), arrowWidth(pieces.at(piece).arrowType));
-        });
+        };
+        return forEachObject(row, rowX, width, addObject, stopAtEdge);
     };
-    int x = addRow(rows.first, origin.firstX, 0);
+    int x = addRow(rows.first, origin.firstX, 0, false);
     for (const ArrowColorTextData& text : summary) {
         const int step = summaryTextWidth(text.text);
         whole.add(paintableRect(x, kSummaryTop, step, kLegendRowHeight), 0);
         x = saturatedSum(x, step);
     }
-    addRow(rows.second, origin.secondX, origin.secondY);
+    addRow(rows.second, origin.secondX, origin.secondY, origin.hasSummary);
     return whole.region();
 }
 

@@ -12,11 +12,13 @@ namespace TC::detail {
 namespace {
 
 /// Paints one row; answers the x behind it.
-int paintRow(QPainter* painter, const QList<CArrowColorSimpleText>& row, int x, int y, int width)
+int paintRow(QPainter* painter, const QList<CArrowColorSimpleText>& row, int x, int y, int width,
+             bool stopAtEdge)
 {
-    return forEachObject(row, x, width, [&](const CArrowColorSimpleText& object, int left, int room) {
+    const auto paint = [&](const CArrowColorSimpleText& object, int left, int room) {
         object.drawText(painter, left, y, room, kLegendRowHeight, Qt::AlignCenter, false, false);
-    });
+    };
+    return forEachObject(row, x, width, paint, stopAtEdge);
 }
 
 void paintSummary(QPainter* painter, int x, const QVector<ArrowColorTextData>& texts)
@@ -35,10 +37,10 @@ void paintSummary(QPainter* painter, int x, const QVector<ArrowColorTextData>& t
 void paintLegend(QPainter* painter, const LegendRows& rows, const LegendOrigin& origin, int width,
                  const QVector<ArrowColorTextData>& summary)
 {
-    const int x = paintRow(painter, rows.first, origin.firstX, 0, width);
+    const int x = paintRow(painter, rows.first, origin.firstX, 0, width, false);
     if (origin.hasSummary)
         paintSummary(painter, x, summary);
-    paintRow(painter, rows.second, origin.secondX, origin.secondY, width);
+    paintRow(painter, rows.second, origin.secondX, origin.secondY, width, origin.hasSummary);
 }
 
 } // namespace TC::detail

@@ -52,19 +52,25 @@ struct LegendOrigin
     int firstX = 0;
     int secondX = 0;
     int secondY = 0;
-    bool hasSummary = false; ///< the trade summary follows the first row
+    bool hasSummary = false; ///< main chart: the trade summary follows the first row, rows stop at the edge
 };
 
 LegendOrigin legendOrigin(const QRect& rect, EIndexViewType viewType, int leftOffset, bool mainChart);
 
 /// Calls visit(object, x, width) for each object of a row: its x, and the width left for it.
+/// @param stopAtEdge  ends with the last object that has any width left: the others are not even measured,
+///        and the answer is of no use.
 /// @return the x behind the last object.
 template <class Visit>
-int forEachObject(const QList<CArrowColorSimpleText>& row, int x, int width, Visit visit)
+int forEachObject(const QList<CArrowColorSimpleText>& row, int x, int width, Visit visit,
+                  bool stopAtEdge = false)
 {
     int used = 0;
     for (const CArrowColorSimpleText& object : row) {
-        visit(object, x, saturatedSum(width, -static_cast<long long>(used)));
+        const int room = saturatedSum(width, -static_cast<long long>(used));
+        if (stopAtEdge && room <= 0)
+            break;
+        visit(object, x, room);
         const int step = saturatedSum(object.getWidth(), kLegendGap);
         x = saturatedSum(x, step);
         used = saturatedSum(used, step);

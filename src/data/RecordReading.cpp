@@ -1,0 +1,12 @@
+#include "data/RecordReading.h"
+
+#include "data/internal/RecordViews.h"
+
+namespace TC {
+
+std::optional<double> recordedNumber(const RPCFormulaResultCache& cache, int output, int column, int bar)
+{
+    return detail::OutputView(cache, output).column(column).raw(bar);
+}
+
+} // namespace TC
