@@ -1,9 +1,10 @@
-/// @file The legend of a pane for one bar: composed, against formatting the same numbers alone; and shown on a
-/// strip, against the plain way of composing it for every step and measuring every piece where it is asked for.
+/// @file The legend of a pane for one bar: composed, against formatting the same numbers alone; and shown on
+/// a strip, against the plain way of composing it for every step and measuring every piece where it is asked
+/// for.
 ///
 /// Each round times both sides in processor time of the thread, so that the counters "compose/format" and
-/// "plain/strip" are ratios within one run. A legend is shown on every move of the crosshair and must stay far
-/// below a millisecond.
+/// "plain/strip" are ratios within one run. A legend is shown on every move of the crosshair and must stay
+/// far below a millisecond.
 
 #include "data/IndexBaseData.h"
 #include "draw/CDrawStyle.h"
@@ -148,8 +149,8 @@ public:
 /// the row's width, for the layout's clip, for the painter's step and for its place, and then painted.
 void paintPlainly(QPainter& painter, const Pane& pane, int bar, Stock& stock)
 {
-    const QFont font = *utils::CSingletonT<WB::CUiResource>::instance()->getFont(
-        QStringLiteral("fnt_index_title_text"));
+    const QFont font =
+        *utils::CSingletonT<WB::CUiResource>::instance()->getFont(QStringLiteral("fnt_index_title_text"));
     const auto widthOf = [&](const QString& text) { return WB::CSimpleText::getSize(text, font).width(); };
     QList<Stock> none;
     painter.setFont(font);

@@ -4,9 +4,11 @@
 
 namespace TC {
 
+using namespace detail;
+
 std::optional<double> recordedNumber(const RPCFormulaResultCache& cache, int output, int column, int bar)
 {
-    return detail::OutputView(cache, output).column(column).raw(bar);
+    return OutputView(cache, output).column(column).raw(bar);
 }
 
 } // namespace TC

@@ -14,7 +14,8 @@ namespace TC {
 /// @param column  position in the output's column list: 3 is the close of candles.
 /// @param bar  position of the bar, valid or not.
 /// @return the stored number, which may be the missing marker DBL_MAX or not finite; empty where the records
-///         have none: no such output, column, series or bar. Any thread, as long as nobody writes the records.
+///         have none: no such output, column, series or bar. Any thread, as long as nobody writes the
+///         records.
 INDICATORUI_EXPORT std::optional<double> recordedNumber(const RPCFormulaResultCache& cache, int output,
                                                         int column, int bar);
 

@@ -12,9 +12,9 @@
 
 namespace TC {
 
-namespace {
-
 using namespace detail;
+
+namespace {
 
 /// Appends a cell. Deliberate: other column types write nothing, not even the comma.
 void appendCell(std::string& text, const ColumnView& column, int bar)

@@ -83,7 +83,8 @@ struct ValueScale
 /// right of their column.
 inline SlotLayout candleSlots(const QRect& rect, int startIndex, int barCount)
 {
-    return { startIndex, rect.width() / static_cast<double>(barCount), static_cast<double>(rect.left()), 0.0 };
+    return { startIndex, rect.width() / static_cast<double>(barCount), static_cast<double>(rect.left()),
+             0.0 };
 }
 
 /// Slots of drawSimpleLine, which its points stand on unless they are limited to the pane's right edge;

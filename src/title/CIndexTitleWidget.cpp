@@ -213,9 +213,8 @@ int CIndexTitleWidget::getSubStorey(QRect& rect)
     LegendRows rows;
     if (m_indexData)
         rows = composeLegend(m_indexData->getData(), m_indexId, m_stock, m_addStocks,
-                                        m_displayType == EIndexDisplay_Heading, m_klineParam);
-    const PieceSteps steps { m_leftOffset, logicalSize(m_upArrow).width(),
-                                     logicalSize(m_downArrow).width() };
+                             m_displayType == EIndexDisplay_Heading, m_klineParam);
+    const PieceSteps steps { m_leftOffset, logicalSize(m_upArrow).width(), logicalSize(m_downArrow).width() };
     return std::min(countRows(rows, rect, steps), m_showState);
 }
 
@@ -226,8 +225,7 @@ void CIndexTitleWidget::updateTitleHeight()
     if (m_displayType != EIndexDisplay_Legend)
         return;
     constexpr int reserve = 50;
-    QRect room =
-        paintableRect(indent, 0, static_cast<long long>(width()) - reserve - indent, height());
+    QRect room = paintableRect(indent, 0, static_cast<long long>(width()) - reserve - indent, height());
     const int rows = getSubStorey(room);
     if (rows == m_storeys)
         return;

@@ -152,7 +152,7 @@ private:
     const QPixmap* m_downArrow = nullptr; ///< the skin's
     QPixmap m_buffer;
     const QPixmap* m_codeIcon = nullptr; ///< the skin's
-    long long m_tradeDate = 0;     ///< seconds since 1970-01-01 UTC
+    long long m_tradeDate = 0;           ///< seconds since 1970-01-01 UTC
 };
 
 } // namespace TC

@@ -24,8 +24,8 @@ void CDrawStyle::drawTitle(QPainter* painter, QRect& rect,
                                  totalSellAmount, netBuyAmount, profitLoss,    balanceAmount,
                                  buyVolume,       sellVolume,   buyAvgPrice,   sellAvgPrice };
     const LegendOrigin origin = legendOrigin(rect, viewType, leftOffset, mainChart);
-    const auto summary = origin.hasSummary ? summaryTexts(trading, getDetailPriceTick(stock))
-                                           : QVector<ArrowColorTextData>();
+    const auto summary =
+        origin.hasSummary ? summaryTexts(trading, getDetailPriceTick(stock)) : QVector<ArrowColorTextData>();
     paintLegend(painter, rows, origin, rect.width(), summary);
 }
 

@@ -144,8 +144,8 @@ void CIndexTitleWidget::paintStrip(QPainter& painter)
     const QString adjustment = getDrName(m_drType);
     LegendRows rows;
     if (m_indexData)
-        rows = composeLegend(m_indexData->getData(), m_indexId, m_stock, m_addStocks, mainChart,
-                                        m_klineParam);
+        rows =
+            composeLegend(m_indexData->getData(), m_indexId, m_stock, m_addStocks, mainChart, m_klineParam);
 
     StripContent content;
     content.size = size();

@@ -123,7 +123,10 @@ public:
     }
 
 private:
-    static bool isNumberType(int type) { return type < se::ColumnType::Flag || type == se::ColumnType::Plain; }
+    static bool isNumberType(int type)
+    {
+        return type < se::ColumnType::Flag || type == se::ColumnType::Plain;
+    }
 
     const std::vector<double>* m_values = nullptr;
     const std::vector<std::string>* m_texts = nullptr;

@@ -55,8 +55,8 @@ bool showsWithoutHeading(const QString& formulaName, const boost::shared_ptr<CFo
 } // namespace
 
 LegendRows composeLegend(const QMap<CFormulaKey, RPCFormulaResultCache>& data, int index, Instrument& stock,
-                           QList<Instrument>& addStocks, bool mainChart,
-                           const boost::shared_ptr<CKLineUiParam>& klineParam)
+                         QList<Instrument>& addStocks, bool mainChart,
+                         const boost::shared_ptr<CKLineUiParam>& klineParam)
 {
     LegendRows rows;
     for (auto entry = data.begin(); entry != data.end(); ++entry) {

@@ -43,8 +43,8 @@ struct LegendRows
 
 /// Composes the rows of a pane; arguments as for CDrawStyle::drawTitle.
 LegendRows composeLegend(const QMap<CFormulaKey, RPCFormulaResultCache>& data, int index, Instrument& stock,
-                           QList<Instrument>& addStocks, bool mainChart,
-                           const boost::shared_ptr<CKLineUiParam>& klineParam);
+                         QList<Instrument>& addStocks, bool mainChart,
+                         const boost::shared_ptr<CKLineUiParam>& klineParam);
 
 /// Where the rows of a legend begin.
 struct LegendOrigin

@@ -36,10 +36,10 @@ struct StripLayout
     QRect period;     ///< text of the period
     QRect adjustment; ///< text of the adjustment
     QVector<QLine> separators;
-    QRect legend;        ///< area whose pieces show; nothing is painted outside
+    QRect legend;       ///< area whose pieces show; nothing is painted outside
     QRect rowsRect;     ///< the rectangle to give to CDrawStyle::drawTitle
     int rowsOffset = 0; ///< the left offset to give to it
-    QRect button;        ///< empty without a button
+    QRect button;       ///< empty without a button
 };
 
 /// Indent of the strip: the left offset counts in the indented view alone.

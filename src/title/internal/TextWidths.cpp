@@ -29,8 +29,7 @@ public:
         if (young != m_young.constEnd())
             return *young;
         const auto old = m_old.constFind(text);
-        const int width =
-            old != m_old.constEnd() ? *old : WB::CSimpleText::getSize(text, m_font).width();
+        const int width = old != m_old.constEnd() ? *old : WB::CSimpleText::getSize(text, m_font).width();
         if (m_young.size() >= kGeneration)
             m_old = std::exchange(m_young, {});
         m_young.insert(text, width);

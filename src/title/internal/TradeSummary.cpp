@@ -112,12 +112,13 @@ void writeAccounts(SummaryWriter& writer, const TradeSummary& trading)
 {
     for (int account = 0; account < trading.accounts.size(); ++account) {
         writer.label(account == 0 ? QStringLiteral(" [账号:") : QStringLiteral(" 账号:"));
-        writer.add(trading.accounts.at(account), WB::skinColor("ic_clr_realtime_title_account_position_text"));
+        writer.add(trading.accounts.at(account),
+                   WB::skinColor("ic_clr_realtime_title_account_position_text"));
         if (account < trading.positions.size() && account < trading.positionFlags.size()) {
             writer.label(QStringLiteral(" 持仓:"));
-            writer.add(
-                QString::number(trading.positions.at(account)),
-                WB::skinColor(trading.positionFlags.at(account) != 0 ? kSummaryRiseColor : kSummaryFallColor));
+            writer.add(QString::number(trading.positions.at(account)),
+                       WB::skinColor(trading.positionFlags.at(account) != 0 ? kSummaryRiseColor
+                                                                            : kSummaryFallColor));
         }
     }
     if (!trading.accounts.isEmpty())

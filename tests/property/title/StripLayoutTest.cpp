@@ -197,6 +197,26 @@ TEST(WholePieces, LeavesOutWhatCrossesTheEdgeWithItsArrow)
     EXPECT_EQ(right(first - 1), QRegion().boundingRect().right());
 }
 
+TEST(WholePieces, LeaveRoomForInkOnePixelBesideATextAndTwoBelowIt)
+{
+    TC::CArrowColorSimpleText object(QStringLiteral("fnt_index_title_text"));
+    object.setTextColor(QStringLiteral("abc"), Qt::red, 0);
+    LegendRows rows;
+    rows.first = { object };
+    const LegendOrigin origin = legendOrigin(QRect(20, 0, 500, 32), TC::EIndexView_Plain, 0, true);
+    EXPECT_EQ(wholePieces(QRect(0, 0, 500, 32), rows, origin, 500, {}),
+              QRegion(19, 0, test::widthOf(QStringLiteral("abc")) + 2, 18));
+}
+
+TEST(StripLayout, APlainHeadingStripWithoutIndentStartsItsRowsAtTheirOwnRule)
+{
+    StripContent content = heading(800, TC::EIndexView_Plain, TC::EIndexView_Plain);
+    content.leftOffset = 25; // counts in the indented view alone
+    EXPECT_EQ(layOutStrip(content).rowsOffset, 0);
+    content.subViewType = TC::EIndexView_Indented;
+    EXPECT_EQ(layOutStrip(content).rowsOffset, 25);
+}
+
 TEST(WholePieces, LeavesOutRowsBelowTheStrip)
 {
     TC::CArrowColorSimpleText object(QStringLiteral("fnt_index_title_text"));
@@ -226,6 +246,8 @@ TEST(FitSummary, LeavesOutAccountsThenVolumesThenEverything)
     };
     const auto fitted = [&](int room) { return fitSummary(trading, QRect(0, 0, room, 32), 0, 0.01); };
     const int all = width(trading);
+    for (const TC::ArrowColorTextData& text : summaryTexts(trading, 0.01))
+        EXPECT_EQ(text.arrowType, 0) << text.text.toStdString();
     EXPECT_EQ(fitted(all).accounts.size(), 2);
     EXPECT_EQ(fitted(all - 1).accounts.size(), 1);
     TradeSummary withoutAccounts = trading;

@@ -12,9 +12,9 @@
 
 namespace {
 
-using test::FormulaBuilder;
 using TC::SlotLayout;
 using TC::ValueScale;
+using test::FormulaBuilder;
 
 /// A pane, a window of bars and a range, drawn at random.
 struct RandomPane

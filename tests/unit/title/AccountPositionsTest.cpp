@@ -56,7 +56,7 @@ TEST(ShownBarDate, ATimeOutsideTheCalendarHasNone)
     for (const long long wild : { LLONG_MIN, LLONG_MAX }) {
         data[CFormulaKey(key, QStringLiteral("KLINE"))] =
             test::FormulaBuilder().line({ 1 }).times({ wild }).build();
-        shownBarDate(data, key, 0);
+        EXPECT_EQ(shownBarDate(data, key, 0), QString()) << wild;
     }
 }
 

@@ -88,6 +88,14 @@ TEST(RowCount, ASecondRowPieceWiderThanTheStripLeavesThePenAtTheStart)
     EXPECT_EQ(countRows(rows, QRect(0, 0, w("a"), 16), kPlain), 2);
 }
 
+TEST(RowCount, AWrappedSecondRowPieceTakesItsPlaceInTheNewRow)
+{
+    TC::detail::LegendRows rows;
+    rows.second = { object({ "aaaa", "aaaa", "aaaa" }) };
+    // 1, then a piece a row: the second and the third do not fit behind the one before
+    EXPECT_EQ(countRows(rows, QRect(0, 0, 2 * w("aaaa") - 1, 16), kPlain), 3);
+}
+
 TEST(RowCount, MeasuresInTheDefaultFontNotInTheLegends)
 {
     TC::embedded::setFont(QStringLiteral("fnt_index_title_text"), test::font(60));
