@@ -73,7 +73,7 @@ void CArrowColorSimpleText::setGraphType(bool stopAtEdge)
 
 int CArrowColorSimpleText::textWidth(const QString& text) const
 {
-    return textWidth(text, m_font ? *m_font : QFont());
+    return detail::textWidth(text, m_font ? *m_font : QFont());
 }
 
 int CArrowColorSimpleText::getWidth() const
