@@ -3,7 +3,11 @@
 include(CMakePackageConfigHelpers)
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/IndicatorUI)
 
-install(TARGETS indicatorui indicatorhost EXPORT IndicatorUITargets
+set(libraries indicatorui indicatorhost)
+if(INDICATORUI_HOST STREQUAL "embedded")
+    list(APPEND libraries indicatorengine)
+endif()
+install(TARGETS ${libraries} EXPORT IndicatorUITargets
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
@@ -21,6 +25,13 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/host DESTINATION include/indicatorui
 if(INDICATORUI_HOST STREQUAL "embedded")
     install(DIRECTORY ${PROJECT_SOURCE_DIR}/host/embedded DESTINATION include/indicatorui/host
             FILES_MATCHING PATTERN "EmbeddedHost.h" PATTERN "*Setup.h")
+    # Of the engine: how formulas and files are read and computed; its insides stay at home.
+    foreach(header EngineExport.h Formulas.h FormulaService.h TickFormulas.h evaluation/FormulaEvaluation.h
+                   files/BarFile.h files/TickFile.h language/Formula.h language/Problem.h records/FormulaRecords.h
+                   series/BarSeries.h series/TickSeries.h)
+        cmake_path(GET header PARENT_PATH folder)
+        install(FILES ${PROJECT_SOURCE_DIR}/engine/${header} DESTINATION include/indicatorui/engine/${folder})
+    endforeach()
 endif()
 get_target_property(generated_headers indicatorui BINARY_DIR)
 install(FILES ${generated_headers}/indicatorui_export.h DESTINATION include/indicatorui)
