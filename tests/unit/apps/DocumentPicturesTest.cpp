@@ -28,9 +28,9 @@ TEST(DocumentPictures, TheFirstChartIsWhatTheRendererDrawsNow)
     const QTemporaryDir folder;
     QProcess script;
     script.setProcessChannelMode(QProcess::MergedChannels);
-    script.start(QStringLiteral("python3"), { kDocs + QStringLiteral("/make_pictures.py"),
-                                              QStringLiteral("--into"), folder.path(),
-                                              QStringLiteral(RENDER_PROGRAM), QStringLiteral("chart") });
+    script.start(QStringLiteral("python3"),
+                 { kDocs + QStringLiteral("/make_pictures.py"), QStringLiteral("--into"), folder.path(),
+                   QStringLiteral(RENDER_PROGRAM), QStringLiteral("chart") });
     ASSERT_TRUE(script.waitForFinished(120'000)) << script.errorString().toStdString();
     ASSERT_EQ(script.exitCode(), 0) << script.readAll().toStdString();
     const QImage drawn(folder.filePath(QStringLiteral("chart.png")));
