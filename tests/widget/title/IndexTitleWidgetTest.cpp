@@ -708,9 +708,8 @@ TEST_F(TitleWidget, IsPaintedInItsOwnSizeUnderWildSettings)
                     strip.resize(size);
                     strip.updateView();
                     strip.updateTitleHeight();
-                    EXPECT_EQ(strip.height() % 16, 0);
-                    EXPECT_EQ(strip.picture(size.width(), size.height()).size(),
-                              size.isEmpty() ? QSize() : size);
+                    const QImage picture = strip.picture(size.width(), size.height());
+                    EXPECT_EQ(picture.size(), size.isEmpty() ? QSize(0, 0) : size);
                 }
             }
         }
