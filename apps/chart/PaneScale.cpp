@@ -1,6 +1,7 @@
 #include "apps/chart/PaneScale.h"
 
 #include "draw/CDrawStyle.h"
+#include "draw/PaneMapping.h"
 #include "host/se/RecordCodes.h"
 
 #include <QRect>
@@ -85,12 +86,12 @@ std::vector<AxisMark> valueMarks(const QPair<double, double>& range, int height,
 
 int rowOf(double value, const QPair<double, double>& range, int height)
 {
-    return static_cast<int>(height - 1 - (value - range.second) * (height / (range.first - range.second)));
+    return TC::valueScale(QRect(0, 0, 1, height), range).row(value);
 }
 
 double valueAt(int row, const QPair<double, double>& range, int height)
 {
-    return range.second + (height - 1 - row) * (range.first - range.second) / height;
+    return TC::valueScale(QRect(0, 0, 1, height), range).valueAt(row);
 }
 
 QString valueText(double value, const PaneContent& pane, double step)
