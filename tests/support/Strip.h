@@ -1,38 +1,11 @@
 #pragma once
-/// @file A pane's data and its legend strip, for tests.
+/// @file A pane's legend strip, open to tests.
 
-#include "data/IndexBaseData.h"
-#include "tests/support/Legend.h"
 #include "title/CIndexTitleWidget.h"
 
 #include <QResizeEvent>
 
 namespace test {
-
-/// A data holder that tests fill.
-class PaneData : public TC::IndexBaseData
-{
-public:
-    PaneData()
-        : IndexBaseData(nullptr)
-    {
-    }
-
-    /// Adds an instance and makes its formula known.
-    void add(const QString& formula, const TC::RPCFormulaResultCache& cache,
-             const QString& instrumentKey = QStringLiteral("SH600000"))
-    {
-        knowFormula(formula);
-        m_data[TC::CFormulaKey(instrumentKey, formula)] = cache;
-        if (!m_formulas.contains(formula))
-            m_formulas.append(formula);
-    }
-    void clearAll()
-    {
-        m_data.clear();
-        m_formulas.clear();
-    }
-};
 
 /// A strip whose protected answers can be read, with a pixel ratio of the test's choice.
 class Strip : public TC::CIndexTitleWidget
