@@ -1,6 +1,7 @@
 #include "apps/chart/PaneScale.h"
 
 #include "draw/CDrawStyle.h"
+#include "host/se/RecordCodes.h"
 
 #include <QRect>
 
@@ -15,10 +16,9 @@ constexpr double kAir = 0.06; // share of the range that is left free above and 
 
 bool hasVolume(const PaneContent& pane)
 {
-    constexpr int tickVolume = 4, volume = 27, stackedVolume = 42;
     for (const PaneFormula& formula : pane.formulas) {
         const auto& types = formula.records->meta.drawType;
-        for (int type : { tickVolume, volume, stackedVolume }) {
+        for (int type : { se::DrawType::TickVolume, se::DrawType::Volume, se::DrawType::StackedVolume }) {
             if (std::find(types.begin(), types.end(), type) != types.end())
                 return true;
         }

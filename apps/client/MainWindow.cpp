@@ -1,26 +1,22 @@
 #include "apps/client/MainWindow.h"
 
 #include "apps/chart/OpenedBars.h"
-#include "apps/client/chart/BarAlignment.h"
+#include "apps/client/PanelIds.h"
 #include "apps/client/basket/BasketPanel.h"
+#include "apps/client/chart/BarAlignment.h"
 #include "apps/client/chart/ChartView.h"
+#include "apps/client/chart/TickView.h"
+#include "apps/client/docking/Panel.h"
+#include "apps/client/editor/FormulaEditor.h"
 #include "apps/client/lists/FormulaList.h"
 #include "apps/client/lists/InstrumentList.h"
 #include "apps/client/lists/MessageList.h"
-#include "apps/client/docking/Panel.h"
-#include "apps/client/chart/TickView.h"
-#include "apps/client/editor/FormulaEditor.h"
 #include "host/TC/Instruments.h"
 #include "host/embedded/EmbeddedHost.h"
-#include "host/se/LoadConfig.h"
 #include "host/utils/CSingletonT.h"
 #include "recovery/CRecoveryVersionManager.h"
 
-#include <QActionGroup>
-#include <QFileDialog>
 #include <QFileInfo>
-#include <QInputDialog>
-#include <QMenuBar>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
@@ -29,24 +25,11 @@ namespace client {
 
 namespace {
 
-// Identifiers of the panels; their titles come from the library's table.
-const QString kChartPanel = QStringLiteral("indexMainPanel");
-const QString kTickPanel = QStringLiteral("transactionPanel");
-const QString kBasketPanel = QStringLiteral("tradeBaskets");
-const QString kInstrumentPanel = QStringLiteral("productBaseInfo");
-const QString kFormulaPanel = QStringLiteral("F7index");
-const QString kMessagePanel = QStringLiteral("messagePanel");
-
 // Shares of the default arrangement, pixels of a window of the initial size.
 constexpr int kListWidth = 230, kChartWidth = 1170, kListHeight = 400, kChartHeight = 700,
               kMessageHeight = 90;
 
 constexpr int kStatusDuration = 8000; // milliseconds
-
-QString chooseFile(QWidget* parent, const QString& title)
-{
-    return QFileDialog::getOpenFileName(parent, title, QString(), QStringLiteral("CSV (*.csv)"));
-}
 
 /// Invented trades and accounts, to show what the legend can say.
 TC::CPositionNumber demoPositions()
@@ -167,115 +150,6 @@ void MainWindow::buildPanels()
             [this](const QString& name) { m_chart->addPane({ name }); });
     connect(m_formulas, &FormulaList::sigEditRequested, this, &MainWindow::showFormulaEditor);
     connect(m_chart->state(), &ChartState::sigBarsChanged, this, &MainWindow::refreshDemoAccount);
-}
-
-void MainWindow::buildFileMenu()
-{
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("文件(&F)"));
-    menu->addAction(
-        QStringLiteral("打开K线…"), this,
-        [this] {
-            const QString path = chooseFile(this, QStringLiteral("打开K线"));
-            if (!path.isEmpty())
-                openBars(path);
-        },
-        QKeySequence::Open);
-    menu->addAction(QStringLiteral("打开分笔…"), this, [this] {
-        const QString path = chooseFile(this, QStringLiteral("打开分笔"));
-        if (!path.isEmpty())
-            openTicks(path);
-    });
-    menu->addAction(QStringLiteral("导入股票列表…"), this, [this] {
-        const QString path =
-            QFileDialog::getOpenFileName(this, QStringLiteral("导入股票"), QString(),
-                                         QStringLiteral("股票列表 (*.csv *.txt *.xlsx *.xls)"));
-        if (!path.isEmpty())
-            m_basket->importFile(path);
-    });
-    menu->addSeparator();
-    menu->addAction(QStringLiteral("退出"), this, &QWidget::close, QKeySequence::Quit);
-}
-
-void MainWindow::buildViewMenu()
-{
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("视图(&V)"));
-    auto* skins = new QActionGroup(this);
-    QMenu* skinMenu = menu->addMenu(QStringLiteral("皮肤"));
-    const QStringList names = TC::embedded::skinNames();
-    for (const QString& name : names) {
-        QAction* action = skinMenu->addAction(name, this, [this, name] {
-            const QString failure = TC::embedded::loadSkin(name);
-            if (!failure.isEmpty())
-                slotShowMessage(failure);
-        });
-        action->setCheckable(true);
-        action->setChecked(name == TC::embedded::currentSkin());
-        skins->addAction(action);
-    }
-    skinMenu->addAction(QStringLiteral("打开皮肤文件…"), this, [this] {
-        const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("皮肤"), QString(),
-                                                          QStringLiteral("JSON (*.json)"));
-        const QString failure = path.isEmpty() ? QString() : TC::embedded::loadSkin(path);
-        if (!failure.isEmpty())
-            slotShowMessage(failure);
-    });
-
-    QMenu* panels = menu->addMenu(QStringLiteral("面板"));
-    for (const QString& id :
-         { kChartPanel, kTickPanel, kBasketPanel, kInstrumentPanel, kFormulaPanel, kMessagePanel }) {
-        if (ads::CDockWidget* dock = m_docks.dock(id))
-            panels->addAction(dock->toggleViewAction());
-    }
-    QMenu* arrangements = menu->addMenu(QStringLiteral("布局"));
-    connect(arrangements, &QMenu::aboutToShow, this, [this, arrangements] {
-        arrangements->clear();
-        arrangements->addAction(QStringLiteral("默认布局"), this, [this] { m_docks.applyDefault(); });
-        arrangements->addAction(QStringLiteral("保存为…"), this, [this] {
-            const QString name =
-                QInputDialog::getText(this, QStringLiteral("保存布局"), QStringLiteral("名称"));
-            const QString failure = name.isEmpty() ? QString() : m_docks.store(name);
-            if (!failure.isEmpty())
-                slotShowMessage(failure);
-        });
-        arrangements->addSeparator();
-        const QStringList stored = m_docks.names();
-        for (const QString& name : stored) {
-            arrangements->addAction(name, this, [this, name] {
-                const QString failure = m_docks.apply(name);
-                if (!failure.isEmpty())
-                    slotShowMessage(failure);
-            });
-        }
-    });
-}
-
-void MainWindow::buildOverlayMenu()
-{
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("叠加(&O)"));
-    menu->addAction(QStringLiteral("叠加品种…"), this, [this] {
-        const QString path = chooseFile(this, QStringLiteral("叠加品种"));
-        if (!path.isEmpty())
-            overlayBars(path);
-    });
-    menu->addAction(QStringLiteral("清除叠加"), this, &MainWindow::clearOverlays);
-}
-
-void MainWindow::buildToolsMenu()
-{
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("工具(&T)"));
-    QAction* demo = menu->addAction(QStringLiteral("演示账户（虚构数据）"));
-    demo->setCheckable(true);
-    connect(demo, &QAction::toggled, this, &MainWindow::setDemoAccount);
-    menu->addSeparator();
-    menu->addAction(QStringLiteral("公式编辑器…"), this, [this] { showFormulaEditor(QString()); });
-    menu->addAction(QStringLiteral("备份公式"), this, [this] {
-        backUpFormulas();
-        slotShowMessage(QStringLiteral("公式已备份"));
-    });
-    menu->addAction(QStringLiteral("恢复公式…"), this,
-                    [this] { showRestoreDialog(RestoreDialog::Occasion::Menu); });
-    menu->addAction(QStringLiteral("重新载入公式"), this,
-                    [] { se::loadConfig("root", "configFormula", ""); });
 }
 
 QString MainWindow::openBars(const QString& path)

@@ -10,7 +10,6 @@
 #include "host/TC/Instruments.h"
 #include "host/TC/PeriodNames.h"
 #include "host/embedded/FormulaSetup.h"
-#include "host/ttservice/CInstrumentDetail.h"
 
 #include <algorithm>
 
@@ -38,15 +37,8 @@ void finishPane(LoadedChart& chart, bool bookRule)
     chart::PaneResults& results = chart.results.back();
     chart::PicturePane& pane = chart.picture.panes.back();
     pane.results = &results;
-    pane.content.priceTick = chart.picture.instrument->priceTick;
+    pane.content = results.content(chart.picture.instrument);
     pane.content.bookRule = bookRule;
-    const QString instrument = TC::getDetailQsKey(chart.picture.instrument);
-    const QList<QString> names = results.getFormulas();
-    for (const QString& name : names) {
-        const TC::CFormulaKey key(instrument, name);
-        pane.content.formulas.push_back({ key, results.recordsOf(key) });
-        pane.content.showsPrices = pane.content.showsPrices || results.isMainGraph(name);
-    }
 }
 
 /// The panes when none are asked for.

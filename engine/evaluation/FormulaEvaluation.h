@@ -1,6 +1,7 @@
 #pragma once
 /// @file A formula at work over bars that grow.
 
+#include "engine/EngineExport.h"
 #include "engine/series/BarSeries.h"
 #include "engine/language/Formula.h"
 #include "engine/records/FormulaRecords.h"
@@ -14,14 +15,14 @@ namespace engine {
 /// Computes a formula and keeps what it needs to follow the bars: a new bar, or a changed last one, costs no
 /// second look at the past. The records are those of a computation from the beginning, bit for bit. For one
 /// thread at a time.
-class FormulaEvaluation
+class ENGINE_EXPORT FormulaEvaluation
 {
 public:
     /// Once computes and is done with; Follow keeps the columns of all steps for the next bar.
     enum class Mode { Once, Follow };
 
     /// @param parameters  in the order of the formula's. Missing ones and NaN take their default, others are
-    ///        moved into [least, greatest]; further ones are ignored.
+    ///        moved into [min, max]; further ones are ignored.
     FormulaEvaluation(std::shared_ptr<const Formula> formula, const std::vector<double>& parameters = {},
                       Mode mode = Mode::Follow);
     ~FormulaEvaluation();
@@ -30,7 +31,7 @@ public:
     /// changed, and any number may have followed. Fewer bars than before are computed from the beginning.
     /// @param bars  vectors may be shorter than the times: missing past their end.
     /// @param cancelled  when it turns true the computation ends early; may be null.
-    /// @return false when cancelled, or when the columns would take more than FormulaLimits::kMostNumbers
+    /// @return false when cancelled, or when the columns would take more than FormulaLimits::kMaxNumbers
     ///         numbers; the next call then begins from the beginning.
     bool update(const BarSeries& bars, const std::atomic<bool>* cancelled = nullptr);
 

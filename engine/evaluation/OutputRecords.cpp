@@ -1,7 +1,5 @@
 #include "engine/evaluation/OutputRecords.h"
 
-#include "engine/kernels/Makers.h"
-
 #include <algorithm>
 #include <cstdio>
 
@@ -15,37 +13,6 @@ constexpr const char* kNoShow = "__noshow"; // the legend leaves the output out
 constexpr int kDefaultStackColors[] = { 0x0000FF, 0x00FF00, 0xFF0000, 0x00FFFF,
                                         0xFFFF54, 0xFF00FF, 0x808080, 0x004080 };
 
-int drawTypeOf(LineKind kind)
-{
-    switch (kind) {
-    case LineKind::Segment: return kSegment;
-    case LineKind::PointDot: return kPointDot;
-    case LineKind::CircleDot: return kCircleDot;
-    case LineKind::ColorStick: return kColorStick;
-    case LineKind::VolumeStick: return kVolume;
-    case LineKind::Step: return kStep;
-    case LineKind::Line:
-    case LineKind::None: break;
-    }
-    return kLine;
-}
-
-int drawTypeOf(Drawing drawing)
-{
-    switch (drawing) {
-    case Drawing::StickLine: return kStickLine;
-    case Drawing::Text: return kText;
-    case Drawing::FixedText: return kFixedText;
-    case Drawing::Number: return kNumber;
-    case Drawing::Icon: return kIcon;
-    case Drawing::VerticalLine: return kVerticalLine;
-    case Drawing::Candles: return kCandles;
-    case Drawing::StackedVolume: return kStackedVolume;
-    case Drawing::None: break;
-    }
-    return kLine;
-}
-
 std::string joined(const std::vector<std::string>& parts)
 {
     std::string text;
@@ -57,21 +24,21 @@ std::string joined(const std::vector<std::string>& parts)
 /// A value with a fixed number of decimals; the legend's word for a missing one.
 std::string decimalText(double value, int decimals)
 {
-    if (!hasValue(value))
+    if (isMissing(value))
         return "非法值";
     std::string text(static_cast<std::size_t>(std::snprintf(nullptr, 0, "%.*f", decimals, value)), '\0');
     std::snprintf(text.data(), text.size() + 1, "%.*f", decimals, value);
     return text;
 }
 
-double inRecord(double value, Missing missing)
+double inRecord(double value, WhenMissing whenMissing)
 {
-    if (hasValue(value))
+    if (!isMissing(value))
         return value;
-    switch (missing) {
-    case Missing::Marker: return kMissing;
-    case Missing::Zero: return 0.0;
-    case Missing::Gap: break;
+    switch (whenMissing) {
+    case WhenMissing::Marker: return kMissingMarker;
+    case WhenMissing::Zero: return 0.0;
+    case WhenMissing::Missing: break;
     }
     return value;
 }
@@ -82,22 +49,12 @@ std::string recordName(const Output& output, std::size_t index, const std::vecto
 {
     std::string name =
         output.name.empty() ? kNoName + std::to_string(index + 1) : shownName(output, parameters);
-    if (output.drawing == Drawing::StackedVolume)
+    if (output.drawType == se::DrawType::StackedVolume)
         name = joined(output.columnNames); // one legend piece each
     return output.isHiddenInLegend ? name + kNoShow : name;
 }
 
 } // namespace
-
-std::string shownName(const Output& output, const std::vector<double>& parameters)
-{
-    if (!output.nameParameter)
-        return output.name;
-    const double number = std::trunc(parameters[static_cast<std::size_t>(*output.nameParameter)]);
-    char text[400]; // the longest double has 309 digits
-    std::snprintf(text, sizeof text, "%.0f", number);
-    return output.name + text;
-}
 
 OutputRecords::OutputRecords(const Syntax& syntax, const Plan& plan, const std::vector<double>& parameters,
                              const BarSeries& bars)
@@ -110,18 +67,19 @@ OutputRecords::OutputRecords(const Syntax& syntax, const Plan& plan, const std::
             continue;
         m_described.push_back(&output);
         const std::string name = recordName(output, index, parameters);
-        if (output.drawing == Drawing::None)
-            describeLine(output, columns, name);
+        m_builder.output(name, output.drawType);
+        if (output.isDrawing)
+            describeDrawing(output, columns);
         else
-            describeDrawing(output, columns, name);
-        m_builder.width(output.lineKind == LineKind::None ? 0 : output.lineWidth).style(output.lineStyle);
+            describeLine(output, columns);
+        m_builder.width(output.isDrawn ? output.lineWidth : 0).style(output.lineStyle);
         if (!output.colors.empty())
             m_builder.color(output.colors.front());
-        m_builder.position(output.position.value_or(kCentred));
+        m_builder.position(output.position.value_or(se::Position::CentredOnPoint));
     }
     m_records = m_builder.take();
     placeTexts();
-    if (!m_described.empty() && m_described.back()->drawing == Drawing::StackedVolume)
+    if (!m_described.empty() && m_described.back()->drawType == se::DrawType::StackedVolume)
         addStackedColors(*m_described.back());
 }
 
@@ -129,94 +87,85 @@ bool OutputRecords::isAbsent(const Output& output, const std::vector<StepId>& co
                              const BarSeries& bars) const
 {
     const Step& step = m_plan.steps[static_cast<std::size_t>(columns.front())];
-    if (output.drawing != Drawing::None || step.isConstant)
+    if (output.isDrawing || step.isConstant)
         return false;
-    return (bars.amount.empty() && step.function->make == makeAmount)
-        || (bars.openInterest.empty() && step.function->make == makeOpenInterest);
+    const auto needed = step.function->neededColumn;
+    return needed && (bars.*needed).empty();
 }
 
-void OutputRecords::describeLine(const Output& output, const std::vector<StepId>& columns,
-                                 const std::string& name)
+void OutputRecords::describeLine(const Output& output, const std::vector<StepId>& columns)
 {
     const StepId values = columns.front();
     const Step& step = m_plan.steps[static_cast<std::size_t>(values)];
-    m_builder.output(name, drawTypeOf(output.lineKind));
-    const bool isLegendText = output.lineKind == LineKind::None && output.decimals.value_or(0) > 0;
-    if (isLegendText) {
+    if (!output.isDrawn && output.decimals.value_or(0) > 0) {
         addLegendText(values, *output.decimals);
         return;
     }
-    if (output.lineKind == LineKind::None) {
-        addColumn(values, Missing::Gap, Axis::No);
-    } else if (output.lineKind == LineKind::Line || output.lineKind == LineKind::Segment) {
-        addColumn(values, Missing::Marker, Axis::Yes);
-    } else {
-        addColumn(values, Missing::Gap, Axis::Yes);
-    }
-    if (output.lineKind == LineKind::Step)
+    const bool isLine = output.drawType == se::DrawType::Line || output.drawType == se::DrawType::SegmentLine;
+    addColumn(values, isLine && output.isDrawn ? WhenMissing::Marker : WhenMissing::Missing,
+              output.isDrawn ? Axis::Yes : Axis::No);
+    if (output.drawType == se::DrawType::BoolLine)
         m_builder.flags();
-    if (output.lineKind == LineKind::VolumeStick) {
-        addColumn(columns[1], Missing::Gap, Axis::No);
-        addColumn(columns[2], Missing::Gap, Axis::No);
+    if (output.drawType == se::DrawType::Volume) {
+        addColumn(columns[1], WhenMissing::Missing, Axis::No);
+        addColumn(columns[2], WhenMissing::Missing, Axis::No);
     }
     const bool isLogical = !step.isConstant && step.function->isLogical;
     if (output.decimals == 0)
-        m_builder.valueKind(kIntegerValue);
+        m_builder.valueKind(se::ValueKind::Integer);
     else if (isLogical && !output.decimals)
-        m_builder.valueKind(kSignalValue);
+        m_builder.valueKind(se::ValueKind::Signal);
 }
 
-void OutputRecords::describeDrawing(const Output& output, const std::vector<StepId>& columns,
-                                    const std::string& name)
+void OutputRecords::describeDrawing(const Output& output, const std::vector<StepId>& columns)
 {
-    m_builder.output(name, drawTypeOf(output.drawing));
     const auto addAll = [&](std::size_t from, Axis axis) {
         for (std::size_t column = from; column < columns.size(); ++column)
-            addColumn(columns[column], Missing::Gap, axis);
+            addColumn(columns[column], WhenMissing::Missing, axis);
     };
     const StepId condition = columns.front();
     // Places where nothing is drawn must not widen the value axis.
     const auto addPlace = [&](std::size_t column) {
-        addColumn(columns[column], Missing::Gap, Axis::Yes, condition);
+        addColumn(columns[column], WhenMissing::Missing, Axis::Yes, condition);
     };
-    switch (output.drawing) {
-    case Drawing::Candles:
-    case Drawing::StackedVolume: addAll(0, Axis::Yes); return;
-    case Drawing::VerticalLine:
-        addColumn(condition, Missing::Zero, Axis::No);
+    switch (output.drawType) {
+    case se::DrawType::Candle:
+    case se::DrawType::StackedVolume: addAll(0, Axis::Yes); return;
+    case se::DrawType::VertLine:
+        addColumn(condition, WhenMissing::Zero, Axis::No);
         for (std::size_t column = 1; column < columns.size(); ++column)
             addPlace(column);
         return;
-    case Drawing::StickLine:
-        addColumn(condition, Missing::Zero, Axis::No);
+    case se::DrawType::StickLine:
+        addColumn(condition, WhenMissing::Zero, Axis::No);
         addPlace(1);
         addPlace(2);
         addAll(3, Axis::No);
         return;
-    case Drawing::FixedText:
-        addColumn(condition, Missing::Zero, Axis::No);
+    case se::DrawType::FixedText:
+        addColumn(condition, WhenMissing::Zero, Axis::No);
         addAll(1, Axis::No);
         addText(condition, true, output.text);
         return;
-    case Drawing::Text:
-    case Drawing::Number:
-    case Drawing::Icon:
-        addColumn(condition, Missing::Zero, Axis::No);
+    case se::DrawType::Text:
+    case se::DrawType::Number:
+    case se::DrawType::Icon:
+        addColumn(condition, WhenMissing::Zero, Axis::No);
         addPlace(1);
         addAll(2, Axis::No);
-        if (output.drawing == Drawing::Text)
+        if (output.drawType == se::DrawType::Text)
             addText(condition, false, output.text);
         return;
-    case Drawing::None: return;
+    default: return; // the others are values
     }
 }
 
-void OutputRecords::addColumn(StepId step, Missing missing, Axis axis, StepId condition)
+void OutputRecords::addColumn(StepId step, WhenMissing whenMissing, Axis axis, StepId condition)
 {
-    const auto [known, isNew] = m_known.emplace(std::make_tuple(step, missing, condition), 0);
+    const auto [known, isNew] = m_known.emplace(std::make_tuple(step, whenMissing, condition), 0);
     if (isNew) {
         known->second = m_builder.series({});
-        m_numbers.push_back({ step, missing, condition, static_cast<std::size_t>(known->second) });
+        m_numbers.push_back({ step, whenMissing, condition, static_cast<std::size_t>(known->second) });
     }
     m_builder.column(known->second, axis);
 }
@@ -232,15 +181,16 @@ void OutputRecords::addLegendText(StepId values, int decimals)
 {
     const int series = m_builder.texts({});
     m_decimals.push_back({ values, decimals, static_cast<std::size_t>(series) });
-    m_builder.textColumn(series).valueKind(kTextValue);
+    m_builder.textColumn(series).valueKind(se::ValueKind::Text);
 }
 
 /// The painters of texts and numbers read the placement of the first output, whatever output they paint.
 void OutputRecords::placeTexts()
 {
     for (std::size_t output = 1; output < m_described.size(); ++output) {
-        const Drawing drawing = m_described[output]->drawing;
-        if ((drawing == Drawing::Text || drawing == Drawing::Number) && m_described[output]->position)
+        const int drawType = m_described[output]->drawType;
+        if ((drawType == se::DrawType::Text || drawType == se::DrawType::Number)
+            && m_described[output]->position)
             m_records.meta.position[0] = *m_described[output]->position;
     }
 }
@@ -288,9 +238,9 @@ void OutputRecords::fillOnce(const BarSeries& bars, Columns& columns)
             continue;
         }
         series = std::move(columns[link.step]);
-        if (link.missing != Missing::Gap)
+        if (link.whenMissing != WhenMissing::Missing)
             std::transform(series.begin(), series.end(), series.begin(),
-                           [&](double value) { return inRecord(value, link.missing); });
+                           [&](double value) { return inRecord(value, link.whenMissing); });
     }
 }
 
@@ -298,7 +248,7 @@ void OutputRecords::fillBars(const BarSeries& bars, std::size_t from)
 {
     se::RPCFormulaResult& result = m_records.result;
     const auto hasPrice = [](const std::vector<double>& prices, std::size_t bar) {
-        return bar < prices.size() && hasValue(finiteOrNone(prices[bar]));
+        return bar < prices.size() && !isMissing(valueOrMissing(prices[bar]));
     };
     result.barTimes.resize(bars.size());
     result.barValid.resize(bars.size());
@@ -317,13 +267,13 @@ void OutputRecords::fillNumbers(const NumberLink& link, std::size_t count, std::
     const Operand values = columns.operand(link.step);
     if (link.condition == kAlways) {
         for (std::size_t bar = firstChanged(link.step, from); bar < count; ++bar)
-            series[bar] = inRecord(values[bar], link.missing);
+            series[bar] = inRecord(values[bar], link.whenMissing);
         return;
     }
     const Operand condition = columns.operand(link.condition);
     const std::size_t first = std::min(firstChanged(link.step, from), firstChanged(link.condition, from));
     for (std::size_t bar = first; bar < count; ++bar)
-        series[bar] = inRecord(isTrue(condition[bar]) ? values[bar] : kNoValue, link.missing);
+        series[bar] = inRecord(isTrue(condition[bar]) ? values[bar] : kMissing, link.whenMissing);
 }
 
 void OutputRecords::fillTexts(std::size_t count, std::size_t from, const Columns& columns)

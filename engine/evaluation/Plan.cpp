@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstring>
 #include <map>
+#include <string_view>
 #include <tuple>
 
 namespace engine::language {
@@ -14,13 +15,13 @@ namespace {
 /// Orders steps so that equal ones meet.
 struct StepKey
 {
-    std::uintptr_t kernel; ///< 0 for a number
+    std::string_view name; ///< of the function; empty for a number
     std::uint64_t number;  ///< its bits: -0 is not 0 and a missing number is equal to itself
     std::vector<StepId> arguments;
 
     bool operator<(const StepKey& other) const
     {
-        return std::tie(kernel, number, arguments) < std::tie(other.kernel, other.number, other.arguments);
+        return std::tie(name, number, arguments) < std::tie(other.name, other.number, other.arguments);
     }
 };
 
@@ -45,7 +46,7 @@ public:
             m_plan.outputColumns.emplace_back();
             for (const NodeId column : output.columns)
                 m_plan.outputColumns.back().push_back(m_stepOfNode[static_cast<std::size_t>(column)]);
-            if (output.lineKind == LineKind::VolumeStick) { // the bars' colours come from their candles
+            if (output.drawType == se::DrawType::Volume) { // the bars' colours come from their candles
                 for (const char* price : { "OPEN", "CLOSE" })
                     m_plan.outputColumns.back().push_back(callOf(*findFunction(price)));
             }
@@ -108,8 +109,8 @@ private:
         std::vector<Operand> operands;
         for (const StepId argument : step.arguments)
             operands.push_back({ &at(argument).number, true });
-        double value = kNoValue;
-        step.function->make()->compute(operands.data(), { BarSeries(), 0, 0, 1 }, &value);
+        double value = kMissing;
+        step.function->makeKernel()->compute(operands.data(), { BarSeries(), 0, 0, 1 }, &value);
         return value;
     }
 
@@ -118,17 +119,15 @@ private:
         std::size_t ahead = 0;
         for (const StepId argument : step.arguments)
             ahead = std::max(ahead, at(argument).lookAhead);
-        if (std::strcmp(step.function->name, "REFX") != 0)
+        if (!step.function->lookAheadArgument)
             return ahead;
-        const Step& bars = at(step.arguments[1]);
+        const Step& bars = at(step.arguments[*step.function->lookAheadArgument]);
         return bars.isConstant ? std::min(ahead + barsOf(bars.number).value_or(0), kEndless) : kEndless;
     }
 
     StepId add(Step step, double number)
     {
-        StepKey key { 0, 0, step.arguments };
-        if (step.function) // names of one series are one step
-            key.kernel = reinterpret_cast<std::uintptr_t>(step.function->make);
+        StepKey key { step.function ? step.function->name : "", 0, step.arguments };
         std::memcpy(&key.number, &number, sizeof number);
         const auto [place, isNew] = m_known.emplace(std::move(key), static_cast<StepId>(m_plan.steps.size()));
         if (isNew)
@@ -145,7 +144,7 @@ private:
 
 } // namespace
 
-Plan planOf(const Syntax& syntax, const std::vector<double>& parameters)
+Plan buildPlan(const Syntax& syntax, const std::vector<double>& parameters)
 {
     return Planner(syntax, parameters).run();
 }

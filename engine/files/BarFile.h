@@ -1,6 +1,7 @@
 #pragma once
 /// @file Bars from a CSV file.
 
+#include "engine/EngineExport.h"
 #include "engine/series/BarSeries.h"
 
 #include <optional>
@@ -14,6 +15,6 @@ namespace engine {
 /// Without a time a bar starts at midnight. Times must rise from row to row, and a high must not be below its
 /// low; opens and closes outside the two are taken as published.
 /// @param[out] failure  one line "FILE:LINE: reason" when nothing is returned.
-std::optional<BarSeries> readBars(const std::string& path, std::string& failure);
+ENGINE_EXPORT std::optional<BarSeries> readBars(const std::string& path, std::string& failure);
 
 } // namespace engine

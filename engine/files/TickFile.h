@@ -1,6 +1,7 @@
 #pragma once
 /// @file Trades from a CSV file.
 
+#include "engine/EngineExport.h"
 #include "engine/series/TickSeries.h"
 
 #include <optional>
@@ -14,6 +15,6 @@ namespace engine {
 /// of the T and a Z at the end are accepted); they must not fall from row to row. An empty bid or ask means
 /// that nobody quotes there, an empty level volume means 0.
 /// @param[out] failure  one line "FILE:LINE: reason" when nothing is returned.
-std::optional<TickSeries> readTicks(const std::string& path, std::string& failure);
+ENGINE_EXPORT std::optional<TickSeries> readTicks(const std::string& path, std::string& failure);
 
 } // namespace engine

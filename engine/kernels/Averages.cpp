@@ -1,4 +1,4 @@
-#include "engine/kernels/Makers.h"
+#include "engine/kernels/KernelRows.h"
 #include "engine/kernels/Recurrence.h"
 
 namespace engine::language {
@@ -15,8 +15,8 @@ struct AverageState
 /// legend arrow flickers; where the step is too large for a double, the weighted sum of the two still is not.
 double stepped(AverageState& state, double value, double weightOfNew)
 {
-    if (!hasValue(value))
-        return kNoValue;
+    if (isMissing(value))
+        return kMissing;
     if (state.isStarted) {
         const double next = state.average + weightOfNew * (value - state.average);
         state.average =
@@ -25,7 +25,7 @@ double stepped(AverageState& state, double value, double weightOfNew)
         state.average = value;
     }
     state.isStarted = true;
-    return finiteOrNone(state.average);
+    return valueOrMissing(state.average);
 }
 
 /// E = w x + (1 - w) E', starting with the first value.
@@ -39,7 +39,7 @@ public:
 protected:
     /// @param weight  of the new value, 0 to 1; without a value nothing has an average.
     WeightedStep(const Operand& values, double weight)
-        : m_values(hasValue(weight) ? values : Operand { &kNoValue, true })
+        : m_values(!isMissing(weight) ? values : Operand { &kMissing, true })
         , m_weight(weight)
     {
     }
@@ -58,7 +58,7 @@ public:
     }
 
 private:
-    static double weightOf(double period) { return period >= 1.0 ? 2.0 / (period + 1.0) : kNoValue; }
+    static double weightOf(double period) { return period >= 1.0 ? 2.0 / (period + 1.0) : kMissing; }
 };
 
 class SmoothedStep : public WeightedStep
@@ -72,7 +72,7 @@ public:
 private:
     static double weightOf(double period, double weight)
     {
-        return weight >= 1.0 && weight <= period ? weight / period : kNoValue;
+        return weight >= 1.0 && weight <= period ? weight / period : kMissing;
     }
 };
 
@@ -91,7 +91,7 @@ public:
     double operator()(State& state, std::size_t bar) const
     {
         const double weight = m_weights[bar];
-        return weight >= 0.0 && weight <= 1.0 ? stepped(state, m_values[bar], weight) : kNoValue;
+        return weight >= 0.0 && weight <= 1.0 ? stepped(state, m_values[bar], weight) : kMissing;
     }
 
 private:
@@ -100,19 +100,19 @@ private:
 
 } // namespace
 
-KernelPointer makeExponentialAverage()
+std::vector<Function> averageFunctions()
 {
-    return std::make_unique<Recurrence<ExponentialStep>>();
-}
-
-KernelPointer makeSmoothedAverage()
-{
-    return std::make_unique<Recurrence<SmoothedStep>>();
-}
-
-KernelPointer makeDynamicAverage()
-{
-    return std::make_unique<Recurrence<DynamicStep>>();
+    return {
+        FunctionRow("EMA", "指数移动平均", "exponential moving average, weight 2/(N+1)")
+            .takes("X,N", "sc")
+            .runs<Recurrence<ExponentialStep>>(),
+        FunctionRow("SMA", "移动平均，权重 M/N", "smoothed moving average, weight M/N")
+            .takes("X,N,M", "scc")
+            .runs<Recurrence<SmoothedStep>>(),
+        FunctionRow("DMA", "动态移动平均，权重 A", "moving average of weight A, 0 to 1")
+            .takes("X,A", "ss")
+            .runs<Recurrence<DynamicStep>>(),
+    };
 }
 
 } // namespace engine::language

@@ -1,4 +1,4 @@
-#include "engine/kernels/Makers.h"
+#include "engine/kernels/KernelRows.h"
 #include "engine/kernels/Periods.h"
 #include "engine/kernels/Recurrence.h"
 
@@ -12,7 +12,7 @@ struct Since
     bool hasHappened = false;
     double bars = 0.0;
 
-    double answer() const { return hasHappened ? bars : kNoValue; }
+    double answer() const { return hasHappened ? bars : kMissing; }
     void happen()
     {
         hasHappened = true;
@@ -77,9 +77,9 @@ public:
 
     double operator()(State& counted, std::size_t bar) const
     {
-        if (counted > 0.0 || hasValue(m_values[bar]))
+        if (counted > 0.0 || !isMissing(m_values[bar]))
             ++counted;
-        return counted > 0.0 ? counted : kNoValue;
+        return counted > 0.0 ? counted : kMissing;
     }
 
 private:
@@ -130,7 +130,7 @@ public:
     double operator()(State& side, std::size_t bar) const
     {
         const double first = m_first[bar], second = m_second[bar];
-        if (!hasValue(first) || !hasValue(second) || first == second)
+        if (isMissing(first) || isMissing(second) || first == second)
             return 0.0;
         const double before = side;
         side = first > second ? 1.0 : -1.0;
@@ -157,7 +157,7 @@ public:
     double operator()(State& below, std::size_t bar) const
     {
         if (!(m_bars >= 1.0))
-            return kNoValue;
+            return kMissing;
         const double first = m_first[bar], second = m_second[bar];
         const bool isCrossing = first > second && below >= m_bars;
         below = first < second ? below + 1.0 : 0.0;
@@ -171,13 +171,32 @@ private:
 
 } // namespace
 
-// clang-format off
-KernelPointer makeBarsLast() { return std::make_unique<Recurrence<BarsLastStep>>(); }
-KernelPointer makeBarsSince() { return std::make_unique<Recurrence<BarsSinceStep>>(); }
-KernelPointer makeBarsCount() { return std::make_unique<Recurrence<BarsCountStep>>(); }
-KernelPointer makeFilter() { return std::make_unique<Recurrence<FilterStep>>(); }
-KernelPointer makeCross() { return std::make_unique<Recurrence<CrossStep>>(); }
-KernelPointer makeLongCross() { return std::make_unique<Recurrence<LongCrossStep>>(); }
-// clang-format on
+std::vector<Function> countingFunctions()
+{
+    return {
+        FunctionRow("BARSLAST", "上次成立以来的根数", "bars since the condition last held")
+            .takes("COND", "s")
+            .runs<Recurrence<BarsLastStep>>(),
+        FunctionRow("BARSSINCE", "首次成立以来的根数", "bars since the condition first held")
+            .takes("COND", "s")
+            .runs<Recurrence<BarsSinceStep>>(),
+        FunctionRow("BARSCOUNT", "自第一个有效值起的根数", "bars from the first value on, which counts 1")
+            .takes("X", "s")
+            .runs<Recurrence<BarsCountStep>>(),
+        FunctionRow("CROSS", "A 上穿 B", "1 where A rises through B")
+            .takes("A,B", "ss")
+            .logical()
+            .runs<Recurrence<CrossStep>>(),
+        FunctionRow("LONGCROSS", "A 在 N 根低于 B 之后上穿",
+                    "1 where A rises through B after N bars below it")
+            .takes("A,B,N", "ssc")
+            .logical()
+            .runs<Recurrence<LongCrossStep>>(),
+        FunctionRow("FILTER", "成立后 N 根内不再提示", "the condition, held back for N bars after it held")
+            .takes("COND,N", "ss")
+            .logical()
+            .runs<Recurrence<FilterStep>>(),
+    };
+}
 
 } // namespace engine::language

@@ -1,4 +1,4 @@
-#include "engine/kernels/Makers.h"
+#include "engine/kernels/KernelRows.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,18 +9,18 @@ namespace {
 
 /// A function of one bar of its arguments. The loops stand apart for constant arguments, so that the compiler
 /// can work on several bars at once.
-template <class Function>
+template <class Operation>
 class UnaryKernel : public Kernel
 {
 public:
     void compute(const Operand* arguments, const Work& work, double* result) override
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar)
-            result[bar] = finiteOrNone(Function()(arguments[0][bar]));
+            result[bar] = valueOrMissing(Operation()(arguments[0][bar]));
     }
 };
 
-template <class Function>
+template <class Operation>
 class BinaryKernel : public Kernel
 {
 public:
@@ -29,7 +29,7 @@ public:
         const double* left = arguments[0].values;
         const double* right = arguments[1].values;
         if (arguments[0].isConstant && arguments[1].isConstant)
-            std::fill(result + work.from, result + work.count, finiteOrNone(Function()(*left, *right)));
+            std::fill(result + work.from, result + work.count, valueOrMissing(Operation()(*left, *right)));
         else if (arguments[0].isConstant)
             run(
                 work, result, [left = *left](std::size_t) { return left; },
@@ -49,25 +49,26 @@ private:
     static void run(const Work& work, double* result, Left left, Right right)
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar)
-            result[bar] = finiteOrNone(Function()(left(bar), right(bar)));
+            result[bar] = valueOrMissing(Operation()(left(bar), right(bar)));
     }
 };
 
-template <class Function>
+template <class Operation>
 class TernaryKernel : public Kernel
 {
 public:
     void compute(const Operand* arguments, const Work& work, double* result) override
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar)
-            result[bar] = finiteOrNone(Function()(arguments[0][bar], arguments[1][bar], arguments[2][bar]));
+            result[bar] =
+                valueOrMissing(Operation()(arguments[0][bar], arguments[1][bar], arguments[2][bar]));
     }
 };
 
 /// 1 or 0; missing when one of two numbers is.
 double logical(double a, double b, bool holds)
 {
-    return hasValue(a) && hasValue(b) ? static_cast<double>(holds) : kNoValue;
+    return !isMissing(a) && !isMissing(b) ? static_cast<double>(holds) : kMissing;
 }
 
 struct Add
@@ -130,27 +131,27 @@ struct If
 {
     double operator()(double condition, double then, double otherwise) const
     {
-        if (!hasValue(condition))
-            return kNoValue;
+        if (isMissing(condition))
+            return kMissing;
         return condition != 0.0 ? then : otherwise;
     }
 };
 struct IsNull
 {
-    double operator()(double a) const { return hasValue(a) ? 0.0 : 1.0; }
+    double operator()(double a) const { return !isMissing(a) ? 0.0 : 1.0; }
 };
 struct Max
 {
     double operator()(double a, double b) const
     {
-        return hasValue(a) && hasValue(b) ? std::max(a, b) : kNoValue;
+        return !isMissing(a) && !isMissing(b) ? std::max(a, b) : kMissing;
     }
 };
 struct Min
 {
     double operator()(double a, double b) const
     {
-        return hasValue(a) && hasValue(b) ? std::min(a, b) : kNoValue;
+        return !isMissing(a) && !isMissing(b) ? std::min(a, b) : kMissing;
     }
 };
 struct Abs
@@ -161,7 +162,7 @@ struct Sign
 {
     double operator()(double a) const
     {
-        return hasValue(a) ? static_cast<double>((a > 0.0) - (a < 0.0)) : kNoValue;
+        return !isMissing(a) ? static_cast<double>((a > 0.0) - (a < 0.0)) : kMissing;
     }
 };
 struct IntegerPart
@@ -180,7 +181,8 @@ struct Power
 {
     double operator()(double a, double b) const
     {
-        return hasValue(a) && hasValue(b) ? std::pow(a, b) : kNoValue; // pow(1, NaN) and pow(NaN, 0) are 1
+        return !isMissing(a) && !isMissing(b) ? std::pow(a, b)
+                                              : kMissing; // pow(1, NaN) and pow(NaN, 0) are 1
     }
 };
 struct SquareRoot
@@ -231,53 +233,91 @@ class NullKernel : public Kernel
 public:
     void compute(const Operand*, const Work& work, double* result) override
     {
-        std::fill(result + work.from, result + work.count, kNoValue);
+        std::fill(result + work.from, result + work.count, kMissing);
     }
 };
 
-template <class Made>
-KernelPointer make()
+template <class Operation>
+FunctionRow arithmeticOperator(const char* sign)
 {
-    return std::make_unique<Made>();
+    return FunctionRow(sign).isOperator().takes("", "ss").elementwise().runs<BinaryKernel<Operation>>();
+}
+
+template <class Operation>
+FunctionRow logicalOperator(const char* sign)
+{
+    return arithmeticOperator<Operation>(sign).logical();
+}
+
+template <class Operation>
+FunctionRow ofOne(const char* name, const char* chinese, const char* english)
+{
+    return FunctionRow(name, chinese, english).takes("X", "s").elementwise().runs<UnaryKernel<Operation>>();
+}
+
+template <class Operation>
+FunctionRow ofTwo(const char* name, const char* chinese, const char* english)
+{
+    return FunctionRow(name, chinese, english)
+        .takes("A,B", "ss")
+        .elementwise()
+        .runs<BinaryKernel<Operation>>();
+}
+
+template <class Operation>
+FunctionRow ofThree(const char* name, const char* chinese, const char* english)
+{
+    return FunctionRow(name, chinese, english)
+        .takes("X,A,B", "sss")
+        .elementwise()
+        .runs<TernaryKernel<Operation>>();
 }
 
 } // namespace
 
-// clang-format off
-KernelPointer makeAdd() { return make<BinaryKernel<Add>>(); }
-KernelPointer makeSubtract() { return make<BinaryKernel<Subtract>>(); }
-KernelPointer makeMultiply() { return make<BinaryKernel<Multiply>>(); }
-KernelPointer makeDivide() { return make<BinaryKernel<Divide>>(); }
-KernelPointer makeNegate() { return make<UnaryKernel<Negate>>(); }
-KernelPointer makeGreater() { return make<BinaryKernel<Greater>>(); }
-KernelPointer makeLess() { return make<BinaryKernel<Less>>(); }
-KernelPointer makeGreaterOrEqual() { return make<BinaryKernel<GreaterOrEqual>>(); }
-KernelPointer makeLessOrEqual() { return make<BinaryKernel<LessOrEqual>>(); }
-KernelPointer makeEqual() { return make<BinaryKernel<Equal>>(); }
-KernelPointer makeNotEqual() { return make<BinaryKernel<NotEqual>>(); }
-KernelPointer makeAnd() { return make<BinaryKernel<And>>(); }
-KernelPointer makeOr() { return make<BinaryKernel<Or>>(); }
-KernelPointer makeNot() { return make<UnaryKernel<Not>>(); }
-KernelPointer makeIf() { return make<TernaryKernel<If>>(); }
-KernelPointer makeIsNull() { return make<UnaryKernel<IsNull>>(); }
-KernelPointer makeNull() { return make<NullKernel>(); }
-KernelPointer makeMax() { return make<BinaryKernel<Max>>(); }
-KernelPointer makeMin() { return make<BinaryKernel<Min>>(); }
-KernelPointer makeAbs() { return make<UnaryKernel<Abs>>(); }
-KernelPointer makeSign() { return make<UnaryKernel<Sign>>(); }
-KernelPointer makeIntegerPart() { return make<UnaryKernel<IntegerPart>>(); }
-KernelPointer makeRound() { return make<UnaryKernel<Round>>(); }
-KernelPointer makeModulo() { return make<BinaryKernel<Modulo>>(); }
-KernelPointer makePower() { return make<BinaryKernel<Power>>(); }
-KernelPointer makeSquareRoot() { return make<UnaryKernel<SquareRoot>>(); }
-KernelPointer makeExponential() { return make<UnaryKernel<Exponential>>(); }
-KernelPointer makeNaturalLogarithm() { return make<UnaryKernel<NaturalLogarithm>>(); }
-KernelPointer makeDecimalLogarithm() { return make<UnaryKernel<DecimalLogarithm>>(); }
-KernelPointer makeSine() { return make<UnaryKernel<Sine>>(); }
-KernelPointer makeCosine() { return make<UnaryKernel<Cosine>>(); }
-KernelPointer makeTangent() { return make<UnaryKernel<Tangent>>(); }
-KernelPointer makeBetween() { return make<TernaryKernel<Between>>(); }
-KernelPointer makeRange() { return make<TernaryKernel<Range>>(); }
-// clang-format on
+std::vector<Function> elementwiseFunctions()
+{
+    return {
+        arithmeticOperator<Add>("+"),
+        arithmeticOperator<Subtract>("-"),
+        arithmeticOperator<Multiply>("*"),
+        arithmeticOperator<Divide>("/"),
+        FunctionRow("NEG").isOperator().takes("", "s").elementwise().runs<UnaryKernel<Negate>>(),
+        logicalOperator<Greater>(">"),
+        logicalOperator<Less>("<"),
+        logicalOperator<GreaterOrEqual>(">="),
+        logicalOperator<LessOrEqual>("<="),
+        logicalOperator<Equal>("="),
+        logicalOperator<NotEqual>("<>"),
+        logicalOperator<And>("AND"),
+        logicalOperator<Or>("OR"),
+        FunctionRow("NOT").isOperator().takes("", "s").elementwise().runs<UnaryKernel<Not>>().logical(),
+        FunctionRow("DRAWNULL", "缺值", "a missing value").runs<NullKernel>(),
+        ofThree<If>("IF", "成立取 A，否则取 B", "A where the condition holds, else B")
+            .takes("COND,A,B", "sss"),
+        ofOne<IsNull>("ISNULL", "是否缺值", "1 where X is missing").logical(),
+        ofThree<Between>("BETWEEN", "X 是否在 A 与 B 之间（含）",
+                         "1 when X lies between A and B, ends included")
+            .logical(),
+        ofThree<Range>("RANGE", "X 是否在 A 与 B 之间（不含）",
+                       "1 when X lies between A and B, ends excluded")
+            .logical(),
+        ofTwo<Max>("MAX", "较大值", "the greater"),
+        ofTwo<Min>("MIN", "较小值", "the lesser"),
+        ofOne<Abs>("ABS", "绝对值", "absolute value"),
+        ofOne<Sign>("SGN", "符号：1、0、-1", "sign: 1, 0 or -1"),
+        ofOne<IntegerPart>("INTPART", "整数部分", "integer part, towards zero"),
+        ofOne<Round>("ROUND", "四舍五入", "nearest integer, halves away from zero"),
+        ofTwo<Modulo>("MOD", "余数，符号同 A", "remainder with the sign of A"),
+        ofTwo<Power>("POW", "A 的 B 次方", "A to the power of B"),
+        ofOne<SquareRoot>("SQRT", "平方根", "square root"),
+        ofOne<Exponential>("EXP", "e 的 X 次方", "e to the power of X"),
+        ofOne<NaturalLogarithm>("LN", "自然对数", "natural logarithm"),
+        ofOne<DecimalLogarithm>("LOG", "常用对数", "decimal logarithm"),
+        ofOne<Sine>("SIN", "正弦（弧度）", "sine of radians"),
+        ofOne<Cosine>("COS", "余弦（弧度）", "cosine of radians"),
+        ofOne<Tangent>("TAN", "正切（弧度）", "tangent of radians"),
+    };
+}
 
 } // namespace engine::language

@@ -1,4 +1,4 @@
-#include "engine/kernels/Makers.h"
+#include "engine/kernels/KernelRows.h"
 #include "engine/kernels/Periods.h"
 
 namespace engine::language {
@@ -13,7 +13,7 @@ public:
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar) {
             const std::optional<std::size_t> back = barsOf(arguments[1][bar]);
-            result[bar] = back && *back <= bar ? arguments[0][bar - *back] : kNoValue;
+            result[bar] = back && *back <= bar ? arguments[0][bar - *back] : kMissing;
         }
     }
 };
@@ -26,21 +26,24 @@ public:
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar) {
             const std::optional<std::size_t> ahead = barsOf(arguments[1][bar]);
-            result[bar] = ahead && *ahead < work.count - bar ? arguments[0][bar + *ahead] : kNoValue;
+            result[bar] = ahead && *ahead < work.count - bar ? arguments[0][bar + *ahead] : kMissing;
         }
     }
 };
 
 } // namespace
 
-KernelPointer makeReference()
+std::vector<Function> referenceFunctions()
 {
-    return std::make_unique<ReferenceKernel>();
-}
-
-KernelPointer makeReferenceAhead()
-{
-    return std::make_unique<ReferenceAheadKernel>();
+    return {
+        FunctionRow("REF", "X 在 N 根之前的值", "X of N bars before")
+            .takes("X,N", "ss")
+            .runs<ReferenceKernel>(),
+        FunctionRow("REFX", "X 在 N 根之后的值（未来数据）", "X of N bars later (looks into the future)")
+            .takes("X,N", "ss")
+            .looksAheadBy(1)
+            .runs<ReferenceAheadKernel>(),
+    };
 }
 
 } // namespace engine::language

@@ -1,5 +1,5 @@
 #include "engine/kernels/Folds.h"
-#include "engine/kernels/Makers.h"
+#include "engine/kernels/KernelRows.h"
 #include "engine/kernels/WindowKernel.h"
 
 #include <functional>
@@ -73,14 +73,14 @@ public:
     {
         m_mean.compute(arguments, work, result);
         for (std::size_t bar = work.from; bar < work.count && !work.cancelled(); ++bar) {
-            if (!hasValue(result[bar]))
+            if (isMissing(result[bar]))
                 continue;
             const std::size_t length = *barsOf(arguments[1][bar]); // a mean has a length
-            CarefulSum distances;
+            CompensatedSum distances;
             for (std::size_t other = bar + 1 - length; other <= bar; ++other)
                 distances =
-                    CarefulSum::merged(distances, { std::abs(arguments[0][other] - result[bar]), 0.0 });
-            result[bar] = finiteOrNone(distances.total() / static_cast<double>(length));
+                    CompensatedSum::merged(distances, { std::abs(arguments[0][other] - result[bar]), 0.0 });
+            result[bar] = valueOrMissing(distances.total() / static_cast<double>(length));
         }
     }
 
@@ -88,36 +88,64 @@ private:
     WindowKernel<MeanFold, Window::Whole> m_mean;
 };
 
-template <class Fold, Window kWindow = Window::Whole>
-KernelPointer make()
-{
-    return std::make_unique<WindowKernel<Fold, kWindow>>();
-}
-
 using IsHigher = std::greater<double>;
 using IsLower = std::less<double>;
 
+template <class Fold>
+FunctionRow window(const char* name, const char* chinese, const char* english)
+{
+    return FunctionRow(name, chinese, english).takes("X,N", "ss").runs<WindowKernel<Fold, Window::Whole>>();
+}
+
+template <class Fold>
+FunctionRow windowOrAll(const char* name, const char* chinese, const char* english)
+{
+    return FunctionRow(name, chinese, english)
+        .takes("X,N", "ss")
+        .runs<WindowKernel<Fold, Window::WholeOrAll>>();
+}
+
+template <class Fold>
+FunctionRow condition(const char* name, const char* chinese, const char* english)
+{
+    return FunctionRow(name, chinese, english)
+        .takes("COND,N", "ss")
+        .runs<WindowKernel<Fold, Window::Conditions>>();
+}
+
 } // namespace
 
-// clang-format off
-KernelPointer makeMean() { return make<MeanFold>(); }
-KernelPointer makeWeightedMean() { return make<WeightedMeanFold>(); }
-KernelPointer makeSum() { return make<SumFold, Window::WholeOrAll>(); }
-KernelPointer makeHighest() { return make<BestFold<IsHigher>, Window::WholeOrAll>(); }
-KernelPointer makeLowest() { return make<BestFold<IsLower>, Window::WholeOrAll>(); }
-KernelPointer makeHighestBars() { return make<BestBarsFold<IsHigher>, Window::WholeOrAll>(); }
-KernelPointer makeLowestBars() { return make<BestBarsFold<IsLower>, Window::WholeOrAll>(); }
-KernelPointer makeCount() { return make<CountFold, Window::Conditions>(); }
-KernelPointer makeEvery() { return make<EveryFold, Window::Conditions>(); }
-KernelPointer makeExist() { return make<ExistFold, Window::Conditions>(); }
-KernelPointer makeSampleDeviation() { return make<SampleDeviationFold>(); }
-KernelPointer makePopulationDeviation() { return make<PopulationDeviationFold>(); }
-KernelPointer makeSampleVariance() { return make<SampleVarianceFold>(); }
-KernelPointer makePopulationVariance() { return make<PopulationVarianceFold>(); }
-KernelPointer makeSquaredDeviations() { return make<MomentsFold>(); }
-KernelPointer makeMeanDeviation() { return std::make_unique<MeanDeviationKernel>(); }
-KernelPointer makeSlope() { return make<SlopeFold>(); }
-KernelPointer makeForecast() { return make<ForecastFold>(); }
-// clang-format on
+std::vector<Function> windowFunctions()
+{
+    return {
+        window<MeanFold>("MA", "简单移动平均", "simple moving average"),
+        window<WeightedMeanFold>("WMA", "加权移动平均，权重 1 至 N", "moving average weighted 1 to N"),
+        windowOrAll<SumFold>("SUM", "N 根之和，N 为 0 时全部累加", "sum of N bars; N=0: of all so far"),
+        windowOrAll<ExtremeFold<IsHigher>>("HHV", "N 根内最大值，N 为 0 时为历史",
+                                           "greatest of N bars; N=0: of all so far"),
+        windowOrAll<ExtremeFold<IsLower>>("LLV", "N 根内最小值，N 为 0 时为历史",
+                                          "least of N bars; N=0: of all so far"),
+        windowOrAll<BarsSinceExtremeFold<IsHigher>>("HHVBARS", "N 根内最大值到现在的根数",
+                                                    "bars since the greatest of N bars"),
+        windowOrAll<BarsSinceExtremeFold<IsLower>>("LLVBARS", "N 根内最小值到现在的根数",
+                                                   "bars since the least of N bars"),
+        window<SampleDeviationFold>("STD", "样本标准差", "sample standard deviation"),
+        window<PopulationDeviationFold>("STDP", "总体标准差", "population standard deviation"),
+        window<SampleVarianceFold>("VAR", "样本方差", "sample variance"),
+        window<PopulationVarianceFold>("VARP", "总体方差", "population variance"),
+        FunctionRow("AVEDEV", "平均绝对偏差", "mean absolute deviation")
+            .takes("X,N", "ss")
+            .runs<MeanDeviationKernel>(),
+        window<MomentsFold>("DEVSQ", "偏差平方和", "sum of squared deviations"),
+        window<SlopeFold>("SLOPE", "线性回归斜率", "slope of the least-squares line"),
+        window<ForecastFold>("FORCAST", "线性回归的当前值", "least-squares line at the bar"),
+        condition<CountFold>("COUNT", "N 根内成立的次数，N 为 0 时全部",
+                             "bars of N on which the condition holds; N=0: of all so far"),
+        condition<EveryFold>("EVERY", "N 根内是否一直成立", "1 when the condition holds on all of N bars")
+            .logical(),
+        condition<ExistFold>("EXIST", "N 根内是否成立过", "1 when the condition holds on any of N bars")
+            .logical(),
+    };
+}
 
 } // namespace engine::language

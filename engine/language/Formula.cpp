@@ -1,8 +1,8 @@
 #include "engine/language/Formula.h"
 
 #include "engine/language/Attributes.h"
-#include "engine/evaluation/OutputRecords.h"
 #include "engine/language/Parser.h"
+#include "engine/language/Syntax.h"
 
 namespace engine {
 
@@ -37,11 +37,11 @@ int Formula::kind() const
 FormulaReading readFormula(std::string_view utf8)
 {
     language::Problems problems;
-    if (utf8.size() > FormulaLimits::kMostBytes) {
+    if (utf8.size() > FormulaLimits::kMaxBytes) {
         problems.add({}, {}, "公式超过 1 MB", "the formula is longer than a megabyte");
         return { nullptr, problems.sorted() };
     }
-    const std::vector<language::Token> tokens = language::tokensOf(utf8, problems);
+    const std::vector<language::Token> tokens = language::tokenize(utf8, problems);
     language::Syntax syntax = language::parse(tokens, problems);
     if (!problems.empty())
         return { nullptr, problems.sorted() };
@@ -60,13 +60,16 @@ const std::vector<KnownWord>& knownWords()
               "declares parameters: NAME(default, least, greatest)" },
         };
         for (const language::Function& function : language::allFunctions()) {
-            if (function.isOperator())
+            if (function.isOperator)
                 continue;
-            const Kind kind = function.drawing != language::Drawing::None ? Kind::Drawing
-                : function.mostArguments() == 0                           ? Kind::BarValue
-                                                                          : Kind::Function;
-            list.push_back(
-                { kind, function.name, function.argumentNames, function.chinese, function.english });
+            const Kind kind = function.drawing ? Kind::Drawing
+                : function.maxArguments == 0   ? Kind::BarValue
+                                               : Kind::Function;
+            for (const char* name : { function.name, function.alias }) {
+                if (*name)
+                    list.push_back(
+                        { kind, name, function.argumentNames, function.chinese, function.english });
+            }
         }
         for (const language::Attribute& attribute : language::allAttributes())
             list.push_back({ Kind::Attribute, attribute.name, "", attribute.chinese, attribute.english });

@@ -3,6 +3,7 @@
 ///
 /// docs/formulas.md describes the language.
 
+#include "engine/EngineExport.h"
 #include "engine/language/Problem.h"
 
 #include <memory>
@@ -20,23 +21,23 @@ struct Syntax;
 struct Parameter
 {
     std::string name;
-    double value = 0.0;                 ///< default
-    double least = 0.0, greatest = 0.0; ///< both inclusive; other values are moved to the nearer end
+    double value = 0.0;          ///< default
+    double min = 0.0, max = 0.0; ///< both inclusive; other values are moved to the nearer end
 };
 
 /// Limits that keep a hostile text from taking memory or time.
 struct FormulaLimits
 {
-    static constexpr std::size_t kMostBytes = 1 << 20; ///< of a text
-    static constexpr int kDeepest = 200;               ///< parentheses, calls and signs inside one another
-    static constexpr int kMostOutputs = 100;
-    static constexpr int kMostParameters = 32;
-    static constexpr int kMostSteps = 20'000; ///< operations and functions, equal ones counted again
-    static constexpr std::size_t kMostNumbers = 1 << 29; ///< bars times columns that stand at once: 4 GiB
+    static constexpr std::size_t kMaxBytes = 1 << 20; ///< of a text
+    static constexpr int kMaxDepth = 200;             ///< parentheses, calls and signs inside one another
+    static constexpr int kMaxOutputs = 100;
+    static constexpr int kMaxParameters = 32;
+    static constexpr int kMaxSteps = 20'000; ///< operations and functions, equal ones counted again
+    static constexpr std::size_t kMaxNumbers = 1 << 29; ///< bars times columns that stand at once: 4 GiB
 };
 
 /// A formula whose text is free of faults. Unchangeable; may be read from any thread.
-class Formula
+class ENGINE_EXPORT Formula
 {
 public:
     explicit Formula(language::Syntax&& syntax);
@@ -66,7 +67,7 @@ struct FormulaReading
 };
 
 /// Reads a text. Any bytes may be given. Any thread.
-FormulaReading readFormula(std::string_view utf8);
+ENGINE_EXPORT FormulaReading readFormula(std::string_view utf8);
 
 /// A word that the language knows, for completion, colouring and the reference.
 struct KnownWord
@@ -80,6 +81,6 @@ struct KnownWord
 };
 
 /// Every word that the language knows.
-const std::vector<KnownWord>& knownWords();
+ENGINE_EXPORT const std::vector<KnownWord>& knownWords();
 
 } // namespace engine

@@ -2,14 +2,6 @@
 
 namespace engine {
 
-namespace {
-
-constexpr int kNumberColumn = 0;
-constexpr int kFlagColumn = 2;
-constexpr int kTextColumn = 3;
-
-} // namespace
-
 void RecordBuilder::setBars(const std::vector<std::int64_t>& timeMs, const Series& price)
 {
     se::RPCFormulaResult& result = m_records.result;
@@ -17,7 +9,7 @@ void RecordBuilder::setBars(const std::vector<std::int64_t>& timeMs, const Serie
     result.barValid.resize(timeMs.size());
     for (std::size_t bar = 0; bar < timeMs.size(); ++bar) {
         result.barTimes[bar].msecs = timeMs[bar];
-        result.barValid[bar] = isValue(price[bar]);
+        result.barValid[bar] = !isMissing(valueOrMissing(price[bar]));
     }
 }
 
@@ -33,7 +25,7 @@ int RecordBuilder::texts(std::vector<std::string> values)
     return static_cast<int>(m_records.result.textSeries.size()) - 1;
 }
 
-RecordBuilder& RecordBuilder::output(const std::string& name, int drawType)
+RecordBuilder& RecordBuilder::output(const std::string& name, se::DrawType::Code drawType)
 {
     se::RPCFormulaMetaResult& meta = m_records.meta;
     ++meta.outputCount;
@@ -42,10 +34,10 @@ RecordBuilder& RecordBuilder::output(const std::string& name, int drawType)
     meta.drawType.push_back(drawType);
     meta.color.push_back(0);
     meta.colorSet.push_back(0);
-    meta.lineStyle.push_back(0);
+    meta.lineStyle.push_back(se::LineStyle::Solid);
     meta.lineWidth.push_back(1);
-    meta.position.push_back(kCentred);
-    meta.valueKind.push_back(kNumberValue);
+    meta.position.push_back(se::Position::CentredOnPoint);
+    meta.valueKind.push_back(se::ValueKind::Number);
     return *this;
 }
 
@@ -54,7 +46,7 @@ RecordBuilder& RecordBuilder::column(int series, Axis axis)
     se::RPCFormulaResult& result = m_records.result;
     m_records.meta.outputColumns.back().push_back(static_cast<int>(result.columnSeries.size()));
     result.columnSeries.push_back(series);
-    result.columnType.push_back(kNumberColumn);
+    result.columnType.push_back(se::ColumnType::Number);
     result.columnNeedsAxis.push_back(axis == Axis::Yes);
     return *this;
 }
@@ -62,18 +54,18 @@ RecordBuilder& RecordBuilder::column(int series, Axis axis)
 RecordBuilder& RecordBuilder::textColumn(int texts)
 {
     column(texts, Axis::No);
-    m_records.result.columnType.back() = kTextColumn;
+    m_records.result.columnType.back() = se::ColumnType::Text;
     return *this;
 }
 
 RecordBuilder& RecordBuilder::legendOnly(const std::string& name, int series)
 {
-    return output(name, kLine).column(series, Axis::No).width(0);
+    return output(name, se::DrawType::Line).column(series, Axis::No).width(0);
 }
 
 RecordBuilder& RecordBuilder::flags()
 {
-    m_records.result.columnType.back() = kFlagColumn;
+    m_records.result.columnType.back() = se::ColumnType::Flag;
     return *this;
 }
 
@@ -102,7 +94,7 @@ RecordBuilder& RecordBuilder::position(int code)
     return *this;
 }
 
-RecordBuilder& RecordBuilder::valueKind(int kind)
+RecordBuilder& RecordBuilder::valueKind(se::ValueKind::Code kind)
 {
     m_records.meta.valueKind.back() = kind;
     return *this;

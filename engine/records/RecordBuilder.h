@@ -3,38 +3,12 @@
 
 #include "engine/records/FormulaRecords.h"
 #include "engine/series/Series.h"
+#include "host/se/RecordCodes.h"
 
 #include <string>
 #include <utility>
 
 namespace engine {
-
-/// Drawing methods, as the client's panes know them.
-enum DrawType : int {
-    kLine = 0,
-    kSegment = 1,
-    kColorStick = 2,
-    kTick = 3,
-    kTickVolume = 4,
-    kPointDot = 10,
-    kCircleDot = 11,
-    kCandles = 12,
-    kText = 13,
-    kIcon = 19,
-    kNumber = 26,
-    kVolume = 27,
-    kStickLine = 28,
-    kFixedText = 31,
-    kVerticalLine = 34,
-    kStep = 37,
-    kStackedVolume = 42
-};
-
-/// Kinds of values in the legend.
-enum ValueKind : int { kNumberValue = 0, kIntegerValue = 1, kSignalValue = 2, kTextValue = 3 };
-
-/// Where texts and icons stand.
-enum Position : int { kAtPoint = 1, kAbovePoint = 2, kCentred = 0 };
 
 /// Whether a column's values count for the value axis.
 enum class Axis { No, Yes };
@@ -52,7 +26,7 @@ public:
     /// Adds a text series; @return its index among the texts.
     int texts(std::vector<std::string> values);
 
-    RecordBuilder& output(const std::string& name, int drawType);
+    RecordBuilder& output(const std::string& name, se::DrawType::Code drawType);
     /// One more column of the last output, over a number series.
     RecordBuilder& column(int series, Axis axis);
     /// One more column of the last output, over a text series.
@@ -64,12 +38,13 @@ public:
     RecordBuilder& flags();
 
     RecordBuilder& width(int pixels);
-    /// 0 solid, 15 dots, 16 dashes and dots, 17 dashes and two dots.
+    /// @param code  of se::LineStyle.
     RecordBuilder& style(int code);
     /// 0x00BBGGRR instead of the palette's colour.
     RecordBuilder& color(int packed);
+    /// @param code  of se::Position.
     RecordBuilder& position(int code);
-    RecordBuilder& valueKind(int kind);
+    RecordBuilder& valueKind(se::ValueKind::Code kind);
 
     FormulaRecords take() { return std::move(m_records); }
 

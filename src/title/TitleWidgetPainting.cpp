@@ -46,7 +46,7 @@ void paintHeading(QPainter& painter, const QRect& column, const QString& text, c
         return;
     const QFont font = skinFont(fontKey);
     painter.setFont(font);
-    painter.setPen(detail::skinColor(colorKey));
+    painter.setPen(WB::skinColor(colorKey));
     const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideRight, column.width());
     painter.drawText(column, kLeftMiddle | Qt::TextDontClip | Qt::TextSingleLine, shown);
 }
@@ -105,7 +105,7 @@ void CIndexTitleWidget::paintEvent(QPaintEvent*)
         updateView();
     }
     QPainter painter(this);
-    painter.fillRect(rect(), detail::skinColor(kBackgroundColor));
+    painter.fillRect(rect(), WB::skinColor(kBackgroundColor));
     if (m_indexData && !m_buffer.isNull())
         painter.drawPixmap(0, 0, m_buffer);
 }
@@ -116,7 +116,7 @@ void CIndexTitleWidget::updateView()
     if (m_buffer.isNull() || m_buffer.paintingActive())
         return;
     QPainter painter(&m_buffer);
-    painter.fillRect(rect(), detail::skinColor(kBackgroundColor));
+    painter.fillRect(rect(), WB::skinColor(kBackgroundColor));
     if (m_displayType == EIndexDisplay_Date)
         paintDate(painter);
     else
@@ -162,7 +162,7 @@ void CIndexTitleWidget::paintStrip(QPainter& painter)
     content.firstRowWidth = objectsWidth(rows.first);
     const detail::StripLayout layout = detail::layOutStrip(content);
 
-    painter.setPen(detail::skinColor(kSeparatorColor));
+    painter.setPen(WB::skinColor(kSeparatorColor));
     painter.drawLines(layout.separators);
     paintHeading(painter, layout.name, name, nameFont, isGroup ? kGroupNameColor : kHeadingColor);
     paintHeading(painter, layout.period, period, kHeadingFont, kHeadingColor);

@@ -4,6 +4,7 @@
 #include "host/TC/Instruments.h"
 #include "host/TC/UiParams.h"
 #include "host/WB/CPushButton.h"
+#include "host/WB/StripEvents.h"
 #include "host/WB/TextConversion.h"
 #include "host/ttservice/CInstrumentDetail.h"
 #include "title/CIndexTitleWidget.h"
@@ -19,7 +20,6 @@ namespace client {
 
 namespace {
 
-constexpr int kLegendDoubleClicked = 213;
 constexpr int kLegendOpened = 1050; // milliseconds until the strip has noticed a resting pointer
 
 } // namespace
@@ -150,7 +150,7 @@ void ChartPane::fitLegend()
 
 bool ChartPane::handleDeliveredEvent(int id, const QString& text, void* data)
 {
-    if (id != kLegendDoubleClicked)
+    if (id != WB::EStripEvent_DoubleClicked)
         return TC::CIndexPanelBaseWidget::handleDeliveredEvent(id, text, data);
     Q_EMIT sigMaximizeRequested();
     return true;

@@ -1,5 +1,6 @@
 #include "apps/client/chart/ChartView.h"
 
+#include "apps/chart/ChartMeasures.h"
 #include "apps/chart/TextExport.h"
 #include "apps/client/chart/ChartKeys.h"
 #include "apps/client/chart/TimeAxisWidget.h"
@@ -14,12 +15,6 @@
 #include <algorithm>
 
 namespace client {
-
-namespace {
-
-constexpr int kMainShare = 3; // the main pane is this many times as high as the others
-
-} // namespace
 
 ChartView::ChartView(FormulaSource* source, QWidget* parent)
     : QWidget(parent)
@@ -41,7 +36,7 @@ ChartPane* ChartView::addPane(const QStringList& formulas)
     const bool main = m_panes.empty();
     auto* pane = new ChartPane(main, &m_state, m_source, formulas, m_splitter);
     m_splitter->addWidget(pane);
-    m_splitter->setStretchFactor(m_splitter->count() - 1, main ? kMainShare : 1);
+    m_splitter->setStretchFactor(m_splitter->count() - 1, main ? chart::kMainShare : 1);
     m_panes.push_back(pane);
     connect(pane, &ChartPane::sigCloseRequested, this, [this, pane] { closePane(pane); });
     connect(pane, &ChartPane::sigMaximizeRequested, this, [this, pane] { toggleMaximized(pane); });

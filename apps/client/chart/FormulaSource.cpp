@@ -27,12 +27,9 @@ void FormulaSource::cancel(const QString& id)
     m_open.remove(id);
 }
 
-/// Gives the outputs the colours that the user chose for the formula.
 void FormulaSource::deliver(const QString& id, const std::shared_ptr<const engine::FormulaRecords>& records)
 {
-    auto coloured = std::make_shared<engine::FormulaRecords>(*records);
-    TC::embedded::applyColors(m_open.take(id), coloured->meta);
-    Q_EMIT sigResult(id, coloured);
+    Q_EMIT sigResult(id, records, m_open.take(id));
 }
 
 } // namespace client

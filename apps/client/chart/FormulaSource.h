@@ -29,7 +29,9 @@ public:
     void cancel(const QString& id);
 
 Q_SIGNALS:
-    void sigResult(const QString& id, std::shared_ptr<const engine::FormulaRecords> records);
+    /// @param recipe  what was asked for; its colours are not in the records yet.
+    void sigResult(const QString& id, const std::shared_ptr<const engine::FormulaRecords>& records,
+                   const TC::embedded::FormulaRecipe& recipe);
 
 private:
     void deliver(const QString& id, const std::shared_ptr<const engine::FormulaRecords>& records);

@@ -2,16 +2,13 @@
 
 #include "draw/CDrawStyle.h"
 #include "host/TC/Instruments.h"
-#include "host/ttservice/CInstrumentDetail.h"
-
-#include <QRect>
 
 #include <algorithm>
 
 namespace client {
 
 PaneData::PaneData(WB::CEventDeliverer* parent, ChartState* state, FormulaSource* source)
-    : TC::IndexBaseData(parent)
+    : chart::PaneResults(parent)
     , m_state(state)
     , m_source(source)
 {
@@ -82,7 +79,8 @@ void PaneData::cancel()
     m_requests.clear();
 }
 
-void PaneData::store(const QString& id, const std::shared_ptr<const engine::FormulaRecords>& records)
+void PaneData::store(const QString& id, const std::shared_ptr<const engine::FormulaRecords>& records,
+                     const TC::embedded::FormulaRecipe& recipe)
 {
     TC::CFormulaKey key;
     if (!m_requests.getKey(key, id))
@@ -91,14 +89,8 @@ void PaneData::store(const QString& id, const std::shared_ptr<const engine::Form
     TC::RPCFormulaResultCache& cache = m_data[key];
     cache.meta = records->meta;
     cache.result = records->result;
+    TC::embedded::applyColors(recipe, cache.meta);
     colorOverlays();
-    double max = 0.0, min = 0.0;
-    TC::CDrawStyle::calcMaxMin(max, min, m_state->first(), m_state->last(), cache, QRect(), true, false,
-                               1.0f);
-    {
-        const boost::recursive_mutex::scoped_lock lock(m_dataLock);
-        m_maxMinMap[key] = { max, min };
-    }
     Q_EMIT sigChanged();
 }
 
@@ -119,20 +111,8 @@ void PaneData::colorOverlays()
 
 chart::PaneContent PaneData::content()
 {
-    chart::PaneContent pane;
-    const ChartState::Instrument instrument = m_state->instrument();
+    chart::PaneContent pane = PaneResults::content(m_state->instrument(), keys());
     pane.periodSeconds = m_state->period();
-    pane.priceTick = instrument ? instrument->priceTick : 0.0;
-    const QString own = TC::getDetailQsKey(instrument);
-    for (const TC::CFormulaKey& key : keys()) {
-        const auto found = m_data.find(key);
-        if (found == m_data.end())
-            continue;
-        chart::PaneFormula formula { key, &found.value() };
-        formula.overlaid = key.instrumentKey != own;
-        pane.formulas.push_back(formula);
-        pane.showsPrices = pane.showsPrices || isMainGraph(key.formulaName);
-    }
     bringOntoOneAxis(pane);
     return pane;
 }

@@ -1,15 +1,14 @@
 #pragma once
 /// @file What one pane of the client has asked for and received.
 
-#include "apps/chart/PaneContent.h"
+#include "apps/chart/PaneResults.h"
 #include "apps/client/chart/ChartState.h"
 #include "apps/client/chart/FormulaSource.h"
-#include "data/IndexBaseData.h"
 
 namespace client {
 
 /// The pane's formulas, their requests and results. A result whose request was superseded is dropped.
-class PaneData : public TC::IndexBaseData
+class PaneData : public chart::PaneResults
 {
     Q_OBJECT
 
@@ -46,7 +45,8 @@ Q_SIGNALS:
 private:
     void bringOntoOneAxis(chart::PaneContent& pane) const;
     void requestOne(const TC::CFormulaKey& key, const ChartState::Bars& bars);
-    void store(const QString& id, const std::shared_ptr<const engine::FormulaRecords>& records);
+    void store(const QString& id, const std::shared_ptr<const engine::FormulaRecords>& records,
+               const TC::embedded::FormulaRecipe& recipe);
     std::vector<TC::CFormulaKey> keys() const;
 
     ChartState* m_state;

@@ -1,5 +1,7 @@
 #include "apps/client/chart/PlotWidget.h"
 
+#include "apps/chart/ChartMeasures.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
@@ -27,8 +29,8 @@ PlotWidget::PlotWidget(ChartState* state, Content content, QWidget* parent)
 
 chart::PaneGeometry PlotWidget::geometryOfPane() const
 {
-    const int plotWidth = std::max(0, width() - kAxisWidth);
-    return { QRect(0, 0, plotWidth, height()), QRect(plotWidth, 0, kAxisWidth, height()) };
+    const int plotWidth = std::max(0, width() - chart::kAxisWidth);
+    return { QRect(0, 0, plotWidth, height()), QRect(plotWidth, 0, chart::kAxisWidth, height()) };
 }
 
 chart::BarView PlotWidget::barView() const

@@ -12,9 +12,6 @@
 
 namespace client {
 
-/// Width of the value axes, pixels.
-constexpr int kAxisWidth = 66;
-
 /// Shows one pane of the chart. The content is asked for at each paint.
 class PlotWidget : public WB::CBaseWidget
 {

@@ -1,5 +1,6 @@
 #include "apps/client/chart/TickView.h"
 
+#include "apps/chart/ChartMeasures.h"
 #include "apps/chart/TickFormulaNames.h"
 #include "apps/client/chart/ChartKeys.h"
 #include "apps/client/chart/PlotWidget.h"
@@ -7,7 +8,6 @@
 #include "engine/TickFormulas.h"
 #include "host/TC/Instruments.h"
 #include "host/TC/UiParams.h"
-#include "host/ttservice/CInstrumentDetail.h"
 #include "title/CIndexTitleWidget.h"
 
 #include <boost/make_shared.hpp>
@@ -39,7 +39,7 @@ TickView::TickView(QWidget* parent)
     m_prices = makePane(true);
     m_volumes = makePane(false);
     layout->addWidget(m_prices.title);
-    layout->addWidget(m_prices.plot, 3);
+    layout->addWidget(m_prices.plot, chart::kMainShare);
     layout->addWidget(m_volumes.title);
     layout->addWidget(m_volumes.plot, 1);
     layout->addWidget(new TimeAxisWidget(&m_state, this));
@@ -74,17 +74,8 @@ TickView::Pane TickView::makePane(bool main)
 
 chart::PaneContent TickView::contentOf(chart::PaneResults& results)
 {
-    chart::PaneContent content;
-    content.priceTick = m_state.instrument() ? m_state.instrument()->priceTick : 0.0;
-    content.showsPrices = &results == m_prices.results.get();
+    chart::PaneContent content = results.content(m_state.instrument());
     content.bookRule = followsBook();
-    const QString instrument = TC::getDetailQsKey(m_state.instrument());
-    const QList<QString> names = results.getFormulas();
-    for (const QString& name : names) {
-        const TC::CFormulaKey key(instrument, name);
-        if (TC::RPCFormulaResultCache* records = results.recordsOf(key))
-            content.formulas.push_back({ key, records });
-    }
     return content;
 }
 

@@ -155,12 +155,12 @@ private:
         for (int index = 0; index < given.size(); ++index) {
             const engine::Parameter& parameter = asked[static_cast<std::size_t>(index)];
             parameters[index] = given.at(index).toDouble(std::nan(""));
-            if (!(parameters[index] >= parameter.least && parameters[index] <= parameter.greatest))
+            if (!(parameters[index] >= parameter.min && parameters[index] <= parameter.max))
                 report({ QStringLiteral("parameters"), QString::number(index) },
                        QStringLiteral("the parameter %1 must be a number from %2 to %3")
                            .arg(QString::fromStdString(parameter.name))
-                           .arg(parameter.least)
-                           .arg(parameter.greatest, 0, 'f', 0));
+                           .arg(parameter.min)
+                           .arg(parameter.max, 0, 'f', 0));
         }
         return parameters;
     }

@@ -1,6 +1,6 @@
 #include "title/internal/AccountPositions.h"
 
-#include "draw/internal/Output.h"
+#include "data/internal/RecordViews.h"
 
 #include <QDateTime>
 

@@ -78,7 +78,7 @@ TitleRows composeTitleRows(const QMap<CFormulaKey, RPCFormulaResultCache>& data,
             heading.setGraphType(mainChart);
             QString text;
             CDrawStyle::getFormulaText(formula, text);
-            heading.setTextColor(text, skinColor(mainChart ? "clr_stock_code" : "clr_stock_index"), 0);
+            heading.setTextColor(text, WB::skinColor(mainChart ? "clr_stock_code" : "clr_stock_index"), 0);
             // Deliberate: an unknown formula adds its two objects as well, empty: the gaps behind them stay.
             rows.second.append(heading);
             rows.second.append(values);

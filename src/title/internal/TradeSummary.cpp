@@ -20,7 +20,7 @@ public:
     {
         m_texts.append(CArrowColorSimpleText::buildTextColor(text, color, 0));
     }
-    void label(const QString& text) { add(text, skinColor(kLabelColor)); }
+    void label(const QString& text) { add(text, WB::skinColor(kLabelColor)); }
     void amount(double value, const QColor& color)
     {
         add(WB::formatDoubleNumber(value, 2, utils::EFormatNumber_Large, false, QStringLiteral("非法值")),
@@ -49,8 +49,8 @@ private:
 QColor signColor(double value, const char* riseKey)
 {
     if (value > kTolerance)
-        return skinColor(riseKey);
-    return skinColor(value < -kTolerance ? kSummaryFallColor : kLabelColor);
+        return WB::skinColor(riseKey);
+    return WB::skinColor(value < -kTolerance ? kSummaryFallColor : kLabelColor);
 }
 
 void writeAmounts(SummaryWriter& writer, const TitleTrading& trading)
@@ -59,9 +59,9 @@ void writeAmounts(SummaryWriter& writer, const TitleTrading& trading)
     if (!isZero(trading.totalBuyAmount) || !isZero(trading.totalSellAmount)) {
         // Deliberate: this label carries its bracket and a blank; the others open with a label of their own.
         writer.open(QStringLiteral(" [总买额:"));
-        writer.amount(trading.totalBuyAmount, skinColor("tc_clr_total_buyamount"));
+        writer.amount(trading.totalBuyAmount, WB::skinColor("tc_clr_total_buyamount"));
         writer.label(QStringLiteral("总卖额:"));
-        writer.amount(trading.totalSellAmount, skinColor("tc_clr_total_sellamount"));
+        writer.amount(trading.totalSellAmount, WB::skinColor("tc_clr_total_sellamount"));
     }
     if (!isZero(trading.netBuyAmount)) {
         writer.open(bracket);
@@ -83,10 +83,10 @@ void writeAmounts(SummaryWriter& writer, const TitleTrading& trading)
 
 void writeVolume(SummaryWriter& writer, int volume, double averagePrice, double priceTick, const char* color)
 {
-    writer.add(QString::number(volume), skinColor(color));
+    writer.add(QString::number(volume), WB::skinColor(color));
     writer.label(QStringLiteral("均价:"));
     // Averages lie between two ticks: one decimal more than prices have.
-    writer.add(WB::formatPriceDoubleNumber(averagePrice, priceTick / 10.0), skinColor(color));
+    writer.add(WB::formatPriceDoubleNumber(averagePrice, priceTick / 10.0), WB::skinColor(color));
 }
 
 void writeVolumes(SummaryWriter& writer, const TitleTrading& trading, double priceTick)
@@ -109,12 +109,12 @@ void writeAccounts(SummaryWriter& writer, const TitleTrading& trading)
 {
     for (int account = 0; account < trading.accounts.size(); ++account) {
         writer.label(account == 0 ? QStringLiteral(" [账号:") : QStringLiteral(" 账号:"));
-        writer.add(trading.accounts.at(account), skinColor("ic_clr_realtime_title_account_position_text"));
+        writer.add(trading.accounts.at(account), WB::skinColor("ic_clr_realtime_title_account_position_text"));
         if (account < trading.positions.size() && account < trading.positionFlags.size()) {
             writer.label(QStringLiteral(" 持仓:"));
             writer.add(
                 QString::number(trading.positions.at(account)),
-                skinColor(trading.positionFlags.at(account) != 0 ? kSummaryRiseColor : kSummaryFallColor));
+                WB::skinColor(trading.positionFlags.at(account) != 0 ? kSummaryRiseColor : kSummaryFallColor));
         }
     }
     if (!trading.accounts.isEmpty())

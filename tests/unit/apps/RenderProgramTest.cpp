@@ -70,6 +70,26 @@ TEST_F(RenderProgram, PaintsEveryBundledFile)
     }
 }
 
+TEST_F(RenderProgram, LeavesOutOfTheExportWhatTheBarsDoNotCarry)
+{
+    const QByteArray prices = "时间,开,高,低,收,成交量,涨跌,涨跌百分比,振幅";
+    const std::pair<const char*, QByteArray> cases[] = {
+        { "SH000001.csv", prices },           { "SH600030.csv", prices },          { "SH510050.csv", prices },
+        { "SFCU00.csv", prices + ",持仓量" }, { "DFM00.csv", prices + ",持仓量" },
+    };
+    for (const auto& [name, header] : cases) {
+        const Outcome result = run({ QStringLiteral("--bars"), sample(name), QStringLiteral("--pane"),
+                                     QStringLiteral("KLINE"), QStringLiteral("--export"), path("out.csv") });
+        EXPECT_EQ(result.exitCode, 0) << result.error.toStdString();
+        QFile exported(path("out.csv"));
+        ASSERT_TRUE(exported.open(QIODevice::ReadOnly)) << name;
+        const QByteArray text = exported.readAll();
+        EXPECT_EQ(text.left(text.indexOf('\n')).trimmed(), header) << name;
+        EXPECT_GT(text.count('\n'), 1000) << name;
+        EXPECT_FALSE(text.contains("nan")) << name;
+    }
+}
+
 TEST_F(RenderProgram, WritesSvgAndPdf)
 {
     for (const char* name : { "out.svg", "out.pdf" }) {

@@ -3,6 +3,7 @@
 #include "apps/client/basket/BasketPanel.h"
 #include "apps/client/chart/ChartView.h"
 #include "apps/client/MainWindow.h"
+#include "apps/chart/ChartMeasures.h"
 #include "apps/client/chart/PlotWidget.h"
 #include "apps/client/chart/TickView.h"
 #include "draw/CDrawStyle.h"
@@ -76,7 +77,6 @@ TEST_F(ClientWindow, OpensBarsWithCandlesVolumeAndMacd)
     EXPECT_EQ(panes()[0]->data()->getMainGraph(), QStringLiteral("KLINE"));
     EXPECT_EQ(panes()[0]->getMarket(), QStringLiteral("SH"));
     EXPECT_EQ(panes()[0]->getStock(), QStringLiteral("600030"));
-    EXPECT_EQ(panes()[0]->data()->getMaxMinMap().size(), 2);
 }
 
 TEST_F(ClientWindow, ShowsWhatIsWrongWithAFileAndKeepsTheChart)
@@ -131,7 +131,7 @@ TEST_F(ClientWindow, FollowsTheCrosshairInEveryPane)
     QApplication::sendEvent(plot(0), &move);
     EXPECT_EQ(chart()->state()->crosshairBar(),
               chart::BarView({ chart()->state()->first(), chart()->state()->last(),
-                               plot(0)->width() - client::kAxisWidth })
+                               plot(0)->width() - chart::kAxisWidth })
                   .barAt(60));
     const QImage before = panes()[1]->title()->grab().toImage();
     chart()->state()->setCrosshairBar(chart()->state()->first());
