@@ -247,8 +247,9 @@ StoreContents readStore(const QString& path)
 QString addToStore(const QString& path, const Instruments& instruments)
 {
     Connection connection(path);
-    const bool isAdded = !connection.hasFailed() && connection.run(QStringLiteral("BEGIN IMMEDIATE"))
-        && makeTables(connection) && addRows(connection, instruments)
+    if (connection.hasFailed() || !connection.run(QStringLiteral("BEGIN IMMEDIATE")))
+        return connection.reason();
+    const bool isAdded = makeTables(connection) && addRows(connection, instruments)
         && connection.run(QStringLiteral("COMMIT"));
     if (isAdded)
         return QString();
