@@ -9,7 +9,7 @@
 #include "host/WB/SkinLookup.h"
 #include "host/WB/TextConversion.h"
 #include "host/ttservice/CInstrumentDetail.h"
-#include "title/internal/TitleRows.h"
+#include "title/internal/LegendRows.h"
 
 #include <QDateTime>
 
@@ -38,8 +38,8 @@ bool isOneOf(const QString& text, std::initializer_list<const char*> utf8)
 class LegendWriter
 {
 public:
-    LegendWriter(const CFormulaKey& key, const RPCFormulaResultCache& cache, int bar,
-                 const Instrument& stock, bool mainChart)
+    LegendWriter(const CFormulaKey& key, const RPCFormulaResultCache& cache, int bar, const Instrument& stock,
+                 bool mainChart)
         : m_key(key)
         , m_cache(cache)
         , m_bar(bar)
@@ -224,8 +224,7 @@ Pieces overlaidPieces(const CFormulaKey& key, const RPCFormulaResultCache& cache
         return {};
     const QString text = QLatin1Char('[') + getDetailQsName(instrument) + QLatin1Char(' ')
         + CDrawStyle::toStringByPrec(byTick, *value, getDetailPriceTick(instrument)) + QLatin1Char(']');
-    return { qMakePair(overlaid,
-                       CArrowColorSimpleText::buildTextColor(text, fromPacked(*color), 0)) };
+    return { qMakePair(overlaid, CArrowColorSimpleText::buildTextColor(text, fromPacked(*color), 0)) };
 }
 
 } // namespace

@@ -29,8 +29,7 @@ int arrowOfCloses(const se::RPCFormulaResult& result, const se::RPCFormulaMetaRe
     if (candles.columnCount() != prices)
         return kNoArrow;
     const ColumnView closes = candles.column(close);
-    const std::optional<double> before =
-        bar < 1 ? candles.column(open).number(bar) : closes.number(bar - 1);
+    const std::optional<double> before = bar < 1 ? candles.column(open).number(bar) : closes.number(bar - 1);
     const std::optional<double> now = closes.number(bar);
     if (!before || !now)
         return kNoArrow;
