@@ -7,6 +7,7 @@
 #include "draw/internal/Layout.h"
 #include "draw/internal/Pens.h"
 #include "draw/internal/RiseFall.h"
+#include "draw/internal/ink/Strokes.h"
 
 #include "host/WB/NumberFormat.h"
 
@@ -37,13 +38,15 @@ public:
 
     bool exist() const { return m_exist; }
 
-    /// The bar's prices times `factor`. Empty past the end of a column and for a NaN, which has no row;
-    /// infinities and the missing marker are prices far outside the pane.
+    /// The bar's prices times `factor`. Empty past the end of a column and where one of the four, as stored,
+    /// is not finite or the missing marker. A product that is not a number has no row and counts as missing.
     std::optional<Prices> at(int bar, double factor) const
     {
         const auto open = m_open.raw(bar), high = m_high.raw(bar), low = m_low.raw(bar),
                    close = m_close.raw(bar);
         if (!open || !high || !low || !close)
+            return std::nullopt;
+        if (isMissing(*open) || isMissing(*high) || isMissing(*low) || isMissing(*close))
             return std::nullopt;
         const Prices prices { *open * factor, *high * factor, *low * factor, *close * factor };
         if (std::isnan(prices.open) || std::isnan(prices.high) || std::isnan(prices.low)
@@ -103,15 +106,15 @@ void drawCandle(QPainter* painter, const CandleInk& ink, const QColor& color)
     const long long bodyWidth = 2LL * ink.halfWidth;
     if (static_cast<long long>(ink.lowRow) - ink.highRow < 1) {
         if (bodyWidth < 2)
-            painter->drawLine(ink.center, ink.highRow, ink.center, saturatedSum(ink.highRow, 1));
+            drawUpright(painter, ink.center, ink.highRow, saturatedSum(ink.highRow, 1));
         else
             painter->drawLine(ink.left, ink.highRow, saturatedSum(ink.left, 1 + bodyWidth), ink.highRow);
     } else if (ink.rises) {
-        painter->drawLine(ink.center, ink.highRow, ink.center, ink.bodyTop);
-        painter->drawLine(ink.center, saturatedSum(ink.bodyTop, ink.bodyHeight), ink.center, ink.lowRow);
+        drawUpright(painter, ink.center, ink.highRow, ink.bodyTop);
+        drawUpright(painter, ink.center, saturatedSum(ink.bodyTop, ink.bodyHeight), ink.lowRow);
         painter->drawRect(paintableRect(ink.left, ink.bodyTop, bodyWidth, ink.bodyHeight));
     } else {
-        painter->drawLine(ink.center, ink.highRow, ink.center, ink.lowRow);
+        drawUpright(painter, ink.center, ink.highRow, ink.lowRow);
         // Deliberate: a pixel wider and higher than the outline's numbers; Qt draws an outline that much
         // larger.
         painter->fillRect(paintableRect(ink.left, ink.bodyTop, bodyWidth + 1, ink.bodyHeight + 1), color);

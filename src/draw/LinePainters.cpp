@@ -4,6 +4,7 @@
 
 #include "draw/internal/LineLayout.h"
 #include "draw/internal/Pens.h"
+#include "draw/internal/ink/Strokes.h"
 
 #include <QLinearGradient>
 #include <QPainter>
@@ -195,7 +196,7 @@ void CDrawStyle::drawVertLine(QPainter* painter, QRect& rect, RPCFormulaResultCa
         }
         const double x = layout.at(bar);
         if (hasPixel(x) && hasPixel(upperRow) && hasPixel(lowerRow))
-            painter->drawLine(toPixel(x), toPixel(upperRow), toPixel(x), toPixel(lowerRow));
+            drawUpright(painter, toPixel(x), toPixel(upperRow), toPixel(lowerRow));
     });
 }
 

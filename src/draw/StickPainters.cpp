@@ -4,6 +4,7 @@
 
 #include "draw/internal/Pens.h"
 #include "draw/internal/StickLayout.h"
+#include "draw/internal/ink/Strokes.h"
 
 #include <QPainter>
 
@@ -63,10 +64,10 @@ void CDrawStyle::drawColorStick(QPainter* painter, QRect& rect, RPCFormulaResult
         // Every stick shows: one that ends on the zero row is moved a pixel away from it.
         if (*value > kTolerance) {
             painter->setPen(rise);
-            painter->drawLine(x, row == zeroRow ? saturatedSum(row, -1) : row, x, zeroRow);
+            drawUpright(painter, x, row == zeroRow ? saturatedSum(row, -1) : row, zeroRow);
         } else {
             painter->setPen(fall);
-            painter->drawLine(x, zeroRow, x, row == zeroRow ? saturatedSum(row, 1) : row);
+            drawUpright(painter, x, zeroRow, row == zeroRow ? saturatedSum(row, 1) : row);
         }
     });
 }
@@ -151,7 +152,7 @@ void CDrawStyle::drawStickKline(QPainter* painter, QRect& rect, QPair<double, do
             return;
         const int x = layout.x(bar), y1 = toPixel(row1), y2 = toPixel(row2), width = toPixel(pixels);
         if (width <= 1) {
-            painter->drawLine(x, y1, x, y2);
+            drawUpright(painter, x, y1, y2);
             return;
         }
         // Deliberate: the height is negative when price 2 is the higher one, and goes to Qt as it is.

@@ -5,6 +5,7 @@
 #include "draw/internal/Pens.h"
 #include "draw/internal/RiseFall.h"
 #include "draw/internal/StickLayout.h"
+#include "draw/internal/ink/Strokes.h"
 
 #include <QPainter>
 
@@ -51,9 +52,9 @@ void drawThinVolume(QPainter* painter, const QRect& rect, const VolumeBar& bar)
 {
     const int lifted = saturatedSum(rect.bottom(), -1);
     if (bar.top == rect.bottom())
-        painter->drawLine(bar.left, lifted, bar.left, lifted); // one pixel long
+        painter->drawPoint(bar.left, lifted);
     else
-        painter->drawLine(bar.left, bar.top, bar.left, rect.bottom());
+        drawUpright(painter, bar.left, bar.top, rect.bottom());
 }
 
 void drawVolumeBody(QPainter* painter, const QRect& rect, const VolumeBar& bar, const QColor& color)
@@ -66,7 +67,7 @@ void drawVolumeBody(QPainter* painter, const QRect& rect, const VolumeBar& bar, 
         if (height == 1)
             painter->drawPoint(bar.left, markRow);
         else
-            painter->drawLine(bar.left, bar.top, bar.left, rect.bottom());
+            drawUpright(painter, bar.left, bar.top, rect.bottom());
     } else if (height == 1) {
         painter->drawLine(bar.left, markRow, saturatedSum(bar.left, bar.width), markRow);
     } else if (bar.rises) {

@@ -2,6 +2,7 @@
 
 #include "draw/internal/Numbers.h"
 #include "draw/internal/Pens.h"
+#include "draw/internal/ink/Strokes.h"
 
 #include <QLine>
 #include <QPaintEngine>
@@ -127,7 +128,7 @@ void StandingLineInk::finish()
 void StandingLineInk::paint(int x, const Line& line)
 {
     m_pens.use(line.rise);
-    m_painter->drawLine(x, line.row, x, m_baseRow);
+    drawUpright(m_painter, x, line.row, m_baseRow);
 }
 
 } // namespace TC::detail
