@@ -4,6 +4,8 @@
 
 #include "draw/internal/LineLayout.h"
 #include "draw/internal/Pens.h"
+#include "draw/internal/ink/DeviceClip.h"
+#include "draw/internal/ink/LineTrace.h"
 #include "draw/internal/ink/Strokes.h"
 
 #include <QLinearGradient>
@@ -35,6 +37,14 @@ public:
 
     /// NaN when the value has no row.
     double at(double value) const { return m_flatRow ? *m_flatRow : m_scale.at(value); }
+
+    /// Whether rows follow the order of all finite values, one way or the other.
+    bool isMonotone() const
+    {
+        return m_flatRow
+            || (std::isfinite(m_scale.pixelsPerUnit) && m_scale.pixelsPerUnit != 0.0
+                && std::isfinite(m_scale.baseValue));
+    }
 
 private:
     ValueScale m_scale;
@@ -123,19 +133,20 @@ void CDrawStyle::drawSimpleLine(QPainter* painter, QRect& rect, RPCFormulaResult
     const LineRows rows(rect, range);
     const double factor = useScale ? static_cast<double>(scale) : 1.0;
 
-    PathPen line; // never lifted: the line joins across missing values
-    forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
-        if (const std::optional<double> value = values.at(bar))
-            line.to(std::min(layout.at(bar), static_cast<double>(rect.right())), rows.at(*value * factor));
-    });
-    if (line.path().isEmpty())
+    const QColor ink = isSecondVariant() && *color == kWhite ? kAccent : fromPacked(*color);
+    const QPen pen = linePen(ink, output.lineWidth(), penStyle);
+
+    const LineSource<LineRows> source {
+        cache.result, values, bars, layout, rect.right(), rows, factor, false
+    };
+    const Polyline line = LineTrace(source).trace(hidesInnerPoints(*painter, pen));
+    if (line.isEmpty())
         return;
 
     if (gradientFill)
         fillBeneath(painter, rect, line.path());
-    const QColor ink = isSecondVariant() && *color == kWhite ? kAccent : fromPacked(*color);
     painter->setBrush(Qt::NoBrush);
-    painter->strokePath(line.path(), linePen(ink, output.lineWidth(), penStyle));
+    strokeLine(painter, line, pen);
 }
 
 void CDrawStyle::drawSegmentLine(QPainter* painter, QRect& rect, RPCFormulaResultCache& cache,
@@ -153,15 +164,13 @@ void CDrawStyle::drawSegmentLine(QPainter* painter, QRect& rect, RPCFormulaResul
     layout.shift = -1.0; // Deliberate: one pixel left of the unbroken line, and never clipped
     const LineRows rows(rect, range);
 
-    PathPen line;
-    forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
-        if (const std::optional<double> value = values.at(bar))
-            line.to(layout.at(bar), rows.at(*value));
-        else
-            line.lift(); // a missing number breaks the line, an invalid bar does not
-    });
-    if (!line.path().isEmpty())
-        painter->strokePath(line.path(), linePen(fromPacked(*color), output.lineWidth(), Qt::SolidLine));
+    const QPen pen = linePen(fromPacked(*color), output.lineWidth(), Qt::SolidLine);
+
+    // A missing number breaks the line, an invalid bar does not.
+    const LineSource<LineRows> source { cache.result, values, bars, layout, INT_MAX, rows, 1.0, true };
+    const Polyline line = LineTrace(source).trace(hidesInnerPoints(*painter, pen));
+    if (!line.isEmpty())
+        strokeLine(painter, line, pen);
 }
 
 void CDrawStyle::drawVertLine(QPainter* painter, QRect& rect, RPCFormulaResultCache& cache,

@@ -45,6 +45,8 @@ public:
 
     /// Types of ordinary numbers: below 2, and 200.
     bool isPlainNumber() const { return m_values && m_type != kNoType && (m_type < 2 || m_type == 200); }
+    /// Integers: the largest int is their missing number.
+    bool isInteger() const { return m_type == 1; }
     bool isFlag() const { return m_values && m_type == 2; }
 
     /// The stored number of a bar, whatever it is; empty past the end of the series.

@@ -3,24 +3,13 @@
 #include "draw/internal/Numbers.h"
 #include "draw/internal/Pens.h"
 #include "draw/internal/ink/Strokes.h"
+#include "draw/internal/ink/Surface.h"
 
 #include <QLine>
 #include <QPaintEngine>
 #include <QPainter>
 
 namespace TC::detail {
-
-bool hidesBeneath(const QPainter& painter)
-{
-    const QPaintEngine* engine = painter.paintEngine();
-    if (!engine || engine->type() != QPaintEngine::Raster)
-        return false;
-    const QTransform toDevice = painter.deviceTransform();
-    const bool isOnWholePixels = toDevice.type() <= QTransform::TxTranslate
-        && std::trunc(toDevice.dx()) == toDevice.dx() && std::trunc(toDevice.dy()) == toDevice.dy();
-    return isOnWholePixels && !painter.testRenderHint(QPainter::Antialiasing)
-        && painter.compositionMode() == QPainter::CompositionMode_SourceOver && painter.opacity() == 1.0;
-}
 
 DirectionPens::DirectionPens(QPainter* painter)
     : m_painter(painter)

@@ -16,10 +16,6 @@ class QPainter;
 
 namespace TC::detail {
 
-/// Whether lines of opaque pens of width 1 replace the pixels under them: on the raster engine, without
-/// antialiasing or blending, moved by whole pixels at most.
-bool hidesBeneath(const QPainter& painter);
-
 /// The pens of the two directions, looked up once and set only where the direction changes.
 class DirectionPens
 {

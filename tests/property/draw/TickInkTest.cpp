@@ -1,5 +1,6 @@
 #include "draw/CDrawStyle.h"
 #include "draw/internal/TickInk.h"
+#include "draw/internal/ink/Surface.h"
 #include "host/embedded/EmbeddedHost.h"
 #include "tests/support/FormulaBuilder.h"
 #include "tests/support/Seeds.h"
