@@ -7,7 +7,9 @@
 #include "draw/internal/Layout.h"
 #include "draw/internal/Pens.h"
 #include "draw/internal/RiseFall.h"
-#include "draw/internal/ink/Strokes.h"
+#include "draw/internal/ink/Ink.h"
+#include "draw/internal/ink/PixelColumns.h"
+#include "draw/internal/ink/PriceRuns.h"
 
 #include "host/WB/NumberFormat.h"
 
@@ -55,13 +57,32 @@ public:
         return prices;
     }
 
+    /// First bar past the bars up to `last` that can have four prices.
+    int endOfWalk(const se::RPCFormulaResult& result, int last) const
+    {
+        const int flags = static_cast<int>(std::min<std::size_t>(result.barValid.size(), INT_MAX));
+        const int end =
+            std::min({ barTotal(result), flags, m_open.size(), m_high.size(), m_low.size(), m_close.size() });
+        return last < end ? last + 1 : end;
+    }
+
+    /// The bars of a run as one candle; empty where one of them is left out or jumps.
+    std::optional<Prices> mergedOver(const se::RPCFormulaResult& result, int first, int end, double factor,
+                                     int period) const
+    {
+        const PriceRun run { m_open.values()->data() + first, m_high.values()->data() + first,
+                             m_low.values()->data() + first,  m_close.values()->data() + first,
+                             result.barValid.data() + first,  static_cast<std::size_t>(end - first) };
+        return mergePrices(run, factor, period);
+    }
+
 private:
     ColumnView m_open, m_high, m_low, m_close;
     bool m_exist;
 };
 
 /// One candle in pixels: everything that its ink needs.
-struct CandleInk
+struct CandlePixels
 {
     int left, center;
     int halfWidth;
@@ -85,7 +106,7 @@ struct CandleScale
     }
     int center(const Candle& candle) const { return saturatedSum(candle.x, halfWidth); }
 
-    CandleInk place(const Candle& candle, bool rises) const
+    CandlePixels place(const Candle& candle, bool rises) const
     {
         const int open = row(candle.prices.open), close = row(candle.prices.close);
         const long long height = std::max(std::llabs(static_cast<long long>(open) - close), 1LL);
@@ -101,23 +122,23 @@ struct CandleScale
 };
 
 /// Draws one candle with the pen that is set. The brush of a hollow body is the painter's own.
-void drawCandle(QPainter* painter, const CandleInk& ink, const QColor& color)
+void drawCandle(Ink& ink, const CandlePixels& candle, const QColor& color)
 {
-    const long long bodyWidth = 2LL * ink.halfWidth;
-    if (static_cast<long long>(ink.lowRow) - ink.highRow < 1) {
+    const long long bodyWidth = 2LL * candle.halfWidth;
+    if (static_cast<long long>(candle.lowRow) - candle.highRow < 1) {
         if (bodyWidth < 2)
-            drawUpright(painter, ink.center, ink.highRow, saturatedSum(ink.highRow, 1));
+            ink.upright(candle.center, candle.highRow, saturatedSum(candle.highRow, 1));
         else
-            painter->drawLine(ink.left, ink.highRow, saturatedSum(ink.left, 1 + bodyWidth), ink.highRow);
-    } else if (ink.rises) {
-        drawUpright(painter, ink.center, ink.highRow, ink.bodyTop);
-        drawUpright(painter, ink.center, saturatedSum(ink.bodyTop, ink.bodyHeight), ink.lowRow);
-        painter->drawRect(paintableRect(ink.left, ink.bodyTop, bodyWidth, ink.bodyHeight));
+            ink.level(candle.highRow, candle.left, saturatedSum(candle.left, 1 + bodyWidth));
+    } else if (candle.rises) {
+        ink.upright(candle.center, candle.highRow, candle.bodyTop);
+        ink.upright(candle.center, saturatedSum(candle.bodyTop, candle.bodyHeight), candle.lowRow);
+        ink.outline(paintableRect(candle.left, candle.bodyTop, bodyWidth, candle.bodyHeight));
     } else {
-        drawUpright(painter, ink.center, ink.highRow, ink.lowRow);
+        ink.upright(candle.center, candle.highRow, candle.lowRow);
         // Deliberate: a pixel wider and higher than the outline's numbers; Qt draws an outline that much
         // larger.
-        painter->fillRect(paintableRect(ink.left, ink.bodyTop, bodyWidth + 1, ink.bodyHeight + 1), color);
+        ink.fill(paintableRect(candle.left, candle.bodyTop, bodyWidth + 1, candle.bodyHeight + 1), color);
     }
 }
 
@@ -162,13 +183,29 @@ void forEachCandle(const se::RPCFormulaResult& result, const PriceColumns& colum
                    int endIndex, int period, double factor, Visit visit)
 {
     CandleBuilder builder(period);
-    forEachValidBar(result, layout.firstBar, endIndex, [&](int bar) {
+    const auto addBar = [&](int bar) {
         const std::optional<Prices> prices = columns.at(bar, factor);
         if (!prices)
             return;
         if (const std::optional<Candle> closed = builder.add(layout.x(bar), *prices))
             visit(*closed);
-    });
+    };
+    const int end = columns.endOfWalk(result, endIndex);
+    const PixelColumns<SlotLayout> runs(layout, layout.width, INT_MAX, end);
+    if (!runs.areDense()) {
+        forEachValidBar(result, layout.firstBar, endIndex, addBar);
+    } else {
+        for (int bar = std::max(layout.firstBar, 0); bar < end;) {
+            const int next = runs.endOf(bar);
+            if (const std::optional<Prices> merged = columns.mergedOver(result, bar, next, factor, period)) {
+                if (const std::optional<Candle> closed = builder.add(runs.x(bar), *merged))
+                    visit(*closed);
+            } else {
+                forEachValidBar(result, bar, next - 1, addBar);
+            }
+            bar = next;
+        }
+    }
     if (const std::optional<Candle> last = builder.finish())
         visit(*last);
 }
@@ -193,13 +230,14 @@ void CDrawStyle::drawKLine(QPainter* painter, QRect& rect, RPCFormulaResultCache
     const QColor riseColor = useOutputColour ? fromPacked(*packed) : skinColor(kRiseColor);
     const QColor fallColor = useOutputColour ? fromPacked(*packed) : skinColor(kFallColor);
 
+    Ink ink(painter);
     ViewExtremes extremes;
     std::optional<double> previousClose;
     const auto drawNext = [&](const Candle& candle) {
         const bool rises = candleRises(candle.prices.open, candle.prices.close, previousClose);
         const QColor& color = rises ? riseColor : fallColor;
-        painter->setPen(color);
-        drawCandle(painter, rows.place(candle, rises), color);
+        ink.setPen(color);
+        drawCandle(ink, rows.place(candle, rises), color);
         extremes.take(candle.prices, rows.center(candle));
         previousClose = candle.prices.close;
     };
@@ -207,9 +245,9 @@ void CDrawStyle::drawKLine(QPainter* painter, QRect& rect, RPCFormulaResultCache
 
     if (useOutputColour || !extremes.high || !extremes.low)
         return;
-    painter->setPen(skinColor(kHighLowColor));
-    drawPriceLabel(painter, rows, *extremes.high, precision, highLabelSpot);
-    drawPriceLabel(painter, rows, *extremes.low, precision, lowLabelSpot);
+    ink.setPen(skinColor(kHighLowColor));
+    drawPriceLabel(ink.painter(), rows, *extremes.high, precision, highLabelSpot);
+    drawPriceLabel(ink.painter(), rows, *extremes.low, precision, lowLabelSpot);
 }
 
 } // namespace TC

@@ -4,6 +4,7 @@
 
 #include "draw/internal/LineLayout.h"
 #include "draw/internal/Pens.h"
+#include "draw/internal/ink/DeviceClip.h"
 
 #include <QPainter>
 
@@ -38,6 +39,7 @@ void drawDots(QPainter* painter, const QRect& rect, const RPCFormulaResultCache&
         return;
 
     const ValueScale scale = spanning(rect, range); // no fallback on a flat range
+    const DeviceClip clip(painter);
     painter->setPen(linePen(fromPacked(*color), output.lineWidth(), Qt::SolidLine));
     forEachValidBar(cache.result, bars.first, bars.last, [&](int bar) {
         const std::optional<double> value = values.finite(bar); // the missing marker is drawn like a value

@@ -5,6 +5,7 @@
 #include "draw/internal/LabelPlacement.h"
 #include "draw/internal/Layout.h"
 #include "draw/internal/Pens.h"
+#include "draw/internal/ink/DeviceClip.h"
 
 #include <QPainter>
 
@@ -24,6 +25,7 @@ void CDrawStyle::drawIcon(QPainter* painter, QRect& rect, QString, QPair<double,
         return;
 
     // Deliberate: the skin's colour, not the output's, and the painter keeps pen and brush.
+    const DeviceClip clip(painter);
     painter->setPen(skinColor(kIconColor));
     painter->setBrush(skinColor(kIconColor));
     const BarWindow bars { startIndex, endIndex, barCount, false };

@@ -4,9 +4,8 @@
 
 #include "draw/internal/LineLayout.h"
 #include "draw/internal/Pens.h"
-#include "draw/internal/ink/DeviceClip.h"
+#include "draw/internal/ink/Ink.h"
 #include "draw/internal/ink/LineTrace.h"
-#include "draw/internal/ink/Strokes.h"
 
 #include <QLinearGradient>
 #include <QPainter>
@@ -49,29 +48,6 @@ public:
 private:
     ValueScale m_scale;
     std::optional<int> m_flatRow;
-};
-
-/// Adds points to a path; points without a pixel are left out.
-class PathPen
-{
-public:
-    /// The next point starts a new piece.
-    void lift() { m_down = false; }
-
-    void to(double x, double y)
-    {
-        if (!hasPixel(x) || !hasPixel(y))
-            return;
-        const QPoint point(toPixel(x), toPixel(y));
-        m_down ? m_path.lineTo(point) : m_path.moveTo(point);
-        m_down = true;
-    }
-
-    const QPainterPath& path() const { return m_path; }
-
-private:
-    QPainterPath m_path;
-    bool m_down = false;
 };
 
 /// Top and bottom colour of the fill under a line: client type 3's own, the skin's pair, or the default.
@@ -190,7 +166,8 @@ void CDrawStyle::drawVertLine(QPainter* painter, QRect& rect, RPCFormulaResultCa
     const ValueScale scale = spanningOrToMaximum(rect, range);
     const bool hasEnds = output.columnCount() > 2;
 
-    painter->setPen(linePen(fromPacked(*color), output.lineWidth(), vertLineStyle(output, *lineStyle)));
+    Ink ink(painter);
+    ink.setPen(linePen(fromPacked(*color), output.lineWidth(), vertLineStyle(output, *lineStyle)));
     forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
         const std::optional<double> isDrawn = condition.raw(bar);
         if (!isDrawn || *isDrawn == 0.0)
@@ -205,7 +182,7 @@ void CDrawStyle::drawVertLine(QPainter* painter, QRect& rect, RPCFormulaResultCa
         }
         const double x = layout.at(bar);
         if (hasPixel(x) && hasPixel(upperRow) && hasPixel(lowerRow))
-            drawUpright(painter, toPixel(x), toPixel(upperRow), toPixel(lowerRow));
+            ink.upright(toPixel(x), toPixel(upperRow), toPixel(lowerRow));
     });
 }
 
@@ -224,16 +201,18 @@ void CDrawStyle::drawBoolLine(QPainter* painter, QRect& rect, RPCFormulaResultCa
     ValueScale scale = spanningOrToMaximum(rect, range);
     scale.baseRow = rect.height(); // Deliberate: the height, not the bottom
 
-    PathPen line;
+    Polyline line;
     forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
         const std::optional<double> flag = flags.raw(bar);
         if (!flag || std::isnan(*flag) || isMissingMarker(*flag))
             return;
         const double level = 1.0 - *flag <= kTolerance ? 1.0 : 0.0;
-        line.to(layout.at(bar), scale.at(level));
+        const double x = layout.at(bar), row = scale.at(level);
+        if (hasPixel(x) && hasPixel(row))
+            line.to(QPoint(toPixel(x), toPixel(row)));
     });
-    if (!line.path().isEmpty())
-        painter->strokePath(line.path(), linePen(fromPacked(*color), output.lineWidth(), penStyle));
+    if (!line.isEmpty())
+        strokeLine(painter, line, linePen(fromPacked(*color), output.lineWidth(), penStyle));
 }
 
 } // namespace TC

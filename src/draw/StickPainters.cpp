@@ -4,7 +4,7 @@
 
 #include "draw/internal/Pens.h"
 #include "draw/internal/StickLayout.h"
-#include "draw/internal/ink/Strokes.h"
+#include "draw/internal/ink/StandingSticks.h"
 
 #include <QPainter>
 
@@ -54,6 +54,8 @@ void CDrawStyle::drawColorStick(QPainter* painter, QRect& rect, RPCFormulaResult
     const QPen rise = linePen(skinColor(realtimeColours ? kRealtimeStickColor : kRiseColor), 1.0, penStyle);
     const QPen fall = linePen(skinColor(realtimeColours ? kRealtimeStickColor : kFallColor), 1.0, penStyle);
 
+    Ink ink(painter);
+    StandingSticks sticks(ink, zeroRow, coversWhole(rise) && coversWhole(fall) && hidesBeneath(*painter));
     forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
         // Deliberate: any finite number has a stick here, the missing marker as well.
         const std::optional<double> value = values.finite(bar);
@@ -62,14 +64,12 @@ void CDrawStyle::drawColorStick(QPainter* painter, QRect& rect, RPCFormulaResult
         const int x = std::min(layout.x(bar), rect.right());
         const int row = scale.row(*value);
         // Every stick shows: one that ends on the zero row is moved a pixel away from it.
-        if (*value > kTolerance) {
-            painter->setPen(rise);
-            drawUpright(painter, x, row == zeroRow ? saturatedSum(row, -1) : row, zeroRow);
-        } else {
-            painter->setPen(fall);
-            drawUpright(painter, x, zeroRow, row == zeroRow ? saturatedSum(row, 1) : row);
-        }
+        if (*value > kTolerance)
+            sticks.add(x, row == zeroRow ? saturatedSum(row, -1) : row, rise);
+        else
+            sticks.add(x, row == zeroRow ? saturatedSum(row, 1) : row, fall, true);
     });
+    sticks.finish();
 }
 
 namespace {
@@ -140,7 +140,8 @@ void CDrawStyle::drawStickKline(QPainter* painter, QRect& rect, QPair<double, do
                               static_cast<double>(xOffset) };
     const ValueScale scale = spanning(rect, range);
     const QColor color = fromPacked(*packed);
-    painter->setPen(linePen(color, output.lineWidth(), Qt::SolidLine));
+    Ink ink(painter);
+    ink.setPen(linePen(color, output.lineWidth(), Qt::SolidLine));
 
     forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
         const std::optional<StickLine> stick = columns.at(bar);
@@ -152,7 +153,7 @@ void CDrawStyle::drawStickKline(QPainter* painter, QRect& rect, QPair<double, do
             return;
         const int x = layout.x(bar), y1 = toPixel(row1), y2 = toPixel(row2), width = toPixel(pixels);
         if (width <= 1) {
-            drawUpright(painter, x, y1, y2);
+            ink.upright(x, y1, y2);
             return;
         }
         // Deliberate: the height is negative when price 2 is the higher one, and goes to Qt as it is.
@@ -160,9 +161,9 @@ void CDrawStyle::drawStickKline(QPainter* painter, QRect& rect, QPair<double, do
             paintableRect(static_cast<long long>(x) - width / 2, y1, width, static_cast<long long>(y2) - y1);
         // Deliberate: only an empty flag of exactly 1.0 outlines.
         if (stick->empty == 1.0)
-            painter->drawRect(body);
+            ink.outline(body);
         else
-            painter->fillRect(body, color);
+            ink.fill(body, color);
     });
 }
 

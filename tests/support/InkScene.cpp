@@ -1,6 +1,12 @@
 #include "tests/support/InkScene.h"
 
+#include "host/embedded/EmbeddedHost.h"
+#include "tests/support/PlainPainting.h"
+#include "tests/support/Seeds.h"
+
 #include <QPainterPath>
+
+#include <gtest/gtest.h>
 
 #include <cfloat>
 #include <climits>
@@ -184,8 +190,37 @@ int randomBarCount(Dice& dice)
     return static_cast<int>(std::exp(dice.real(std::log(2.0), std::log(9000.0))));
 }
 
+void expectPlainPixels(const char* suite, unsigned count,
+                       const std::function<InkCall(Dice&, const QSize&)>& make)
+{
+    for (const unsigned seed : seedsFor(suite, count)) {
+        Dice dice(seed);
+        const RandomSurface surface(dice);
+        TC::embedded::setClientType(dice.oneIn(8) ? 3 : 1);
+        const int alpha = dice.oneIn(10) ? 120 : 255;
+        TC::embedded::setColor(QStringLiteral("ic_clr_kline_rise"), QColor(255, 40, 30, alpha));
+        TC::embedded::setColor(QStringLiteral("ic_clr_kline_fall"), QColor(30, 220, 90, alpha));
+        const InkCall paint = make(dice, surface.size);
+
+        QImage inked = surface.image(), plain = surface.image();
+        {
+            QPainter painter(&inked);
+            surface.prepare(painter);
+            paint(painter);
+        }
+        {
+            QPainter painter(&plain);
+            surface.prepare(painter);
+            paintPlainly(painter, paint);
+        }
+        EXPECT_EQ(difference(inked, plain), "") << "seed " << seed << ":" << surface.name;
+    }
+}
+
 std::string difference(const QImage& a, const QImage& b)
 {
+    if (a == b)
+        return {};
     std::ostringstream text;
     int count = 0;
     for (int y = 0; y < a.height(); ++y) {
@@ -195,8 +230,6 @@ std::string difference(const QImage& a, const QImage& b)
                      << b.pixel(x, y) << std::dec;
         }
     }
-    if (a == b)
-        return {};
     text << ", " << count << " pixels in all";
     return text.str();
 }

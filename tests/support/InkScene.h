@@ -60,6 +60,15 @@ std::vector<int> randomFlags(Dice& dice, int count);
 /// 2 to 200,000 bars, few at most times.
 int randomBarCount(Dice& dice);
 
+/// A painter call of one seed.
+using InkCall = std::function<void(QPainter&)>;
+
+/// Compares, on `count` random surfaces and those of seeds that failed once, what a painter call paints with
+/// what its plain primitives paint, byte by byte. Rising and falling are set to two colours of the skin.
+/// @param make  the call for a surface of that size.
+void expectPlainPixels(const char* suite, unsigned count,
+                       const std::function<InkCall(Dice&, const QSize&)>& make);
+
 /// Where two images differ first, as text; empty where they do not.
 std::string difference(const QImage& a, const QImage& b);
 

@@ -1,16 +1,14 @@
 #include "draw/CDrawStyle.h"
-#include "host/embedded/EmbeddedHost.h"
 #include "tests/support/FormulaBuilder.h"
 #include "tests/support/InkScene.h"
-#include "tests/support/PlainPainting.h"
-#include "tests/support/Seeds.h"
 
 #include <gtest/gtest.h>
+
+#include <memory>
 
 using TC::CDrawStyle;
 using test::Dice;
 using test::FormulaBuilder;
-using test::RandomSurface;
 
 namespace {
 
@@ -49,48 +47,27 @@ struct LineCall
     bool isFilled, isByIndex;
 };
 
-using Paint = std::function<void(QPainter&, LineCall&)>;
-
-void expectPlainPixels(const char* suite, const Paint& paint)
-{
-    for (const unsigned seed : test::seedsFor(suite, 250)) {
-        Dice dice(seed);
-        const RandomSurface surface(dice);
-        LineCall call(dice, surface.size);
-        TC::embedded::setClientType(dice.oneIn(8) ? 3 : 1);
-
-        QImage inked = surface.image(), plain = surface.image();
-        {
-            QPainter painter(&inked);
-            surface.prepare(painter);
-            paint(painter, call);
-        }
-        {
-            QPainter painter(&plain);
-            surface.prepare(painter);
-            test::paintPlainly(painter, [&](QPainter& recorder) { paint(recorder, call); });
-        }
-        EXPECT_TRUE(inked == plain) << "seed " << seed << ":" << surface.name << "; "
-                                    << call.cache.result.barTimes.size() << " bars, width "
-                                    << call.cache.meta.lineWidth[0] << " style " << call.style << " filled "
-                                    << call.isFilled << "; " << test::difference(inked, plain);
-    }
-}
-
 } // namespace
 
 TEST(LineInk, PaintsTheUnbrokenLineAsItsPrimitives)
 {
-    expectPlainPixels("line_ink", [](QPainter& painter, LineCall& c) {
-        CDrawStyle().drawSimpleLine(&painter, c.pane, c.cache, c.range, c.style, 0, c.start, c.end, c.slots,
-                                    c.offset, false, true, c.scale, c.isFilled, c.isByIndex);
+    test::expectPlainPixels("line_ink", 250, [](Dice& dice, const QSize& size) {
+        const auto c = std::make_shared<LineCall>(dice, size);
+        return [c](QPainter& painter) {
+            CDrawStyle().drawSimpleLine(&painter, c->pane, c->cache, c->range, c->style, 0, c->start, c->end,
+                                        c->slots, c->offset, false, true, c->scale, c->isFilled,
+                                        c->isByIndex);
+        };
     });
 }
 
 TEST(LineInk, PaintsTheBrokenLineAsItsPrimitives)
 {
-    expectPlainPixels("broken_line_ink", [](QPainter& painter, LineCall& c) {
-        CDrawStyle().drawSegmentLine(&painter, c.pane, c.cache, c.range, 0, c.start, c.end, c.slots, c.offset,
-                                     false);
+    test::expectPlainPixels("broken_line_ink", 150, [](Dice& dice, const QSize& size) {
+        const auto c = std::make_shared<LineCall>(dice, size);
+        return [c](QPainter& painter) {
+            CDrawStyle().drawSegmentLine(&painter, c->pane, c->cache, c->range, 0, c->start, c->end, c->slots,
+                                         c->offset, false);
+        };
     });
 }

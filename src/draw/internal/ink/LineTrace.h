@@ -33,7 +33,7 @@ public:
     explicit LineTrace(const LineSource<Rows>& source)
         : m_source(source)
         , m_end(endOf(source))
-        , m_columns(source.layout, source.rightmost, m_end)
+        , m_columns(source.layout, source.layout.width, source.rightmost, m_end)
     {
     }
 
@@ -143,7 +143,7 @@ private:
 
     const LineSource<Rows>& m_source;
     int m_end; ///< first bar past the walk
-    PixelColumns m_columns;
+    PixelColumns<SlotLayout> m_columns;
     Polyline m_line;
 };
 

@@ -8,13 +8,18 @@
 namespace TC::detail {
 
 /// The runs of bars of a layout that stand on one pixel column each.
+/// Layout: `double at(int bar)`, the untruncated column, and `int firstBar`, the bar that the slots count
+/// from.
+template <class Layout>
 class PixelColumns
 {
 public:
+    /// @param slotWidth  of the layout, fractional pixels.
     /// @param rightmost  bars further right stand on this column.
     /// @param end  first bar past the walk.
-    PixelColumns(const SlotLayout& layout, int rightmost, int end)
+    PixelColumns(const Layout& layout, double slotWidth, int rightmost, int end)
         : m_layout(layout)
+        , m_slotWidth(slotWidth)
         , m_rightmost(rightmost)
         , m_end(end)
     {
@@ -23,7 +28,8 @@ public:
     /// Whether so many bars share a column that finding its borders pays. Bars then run from left to right.
     bool areDense() const
     {
-        return m_layout.width > 0.0 && m_layout.width < 0.15 && std::isfinite(m_layout.origin);
+        constexpr double widest = 0.15; // pixels: seven bars a column
+        return m_slotWidth > 0.0 && m_slotWidth < widest && std::isfinite(m_layout.at(m_layout.firstBar));
     }
 
     /// Untruncated; NaN when the layout has no place for the bar.
@@ -37,9 +43,9 @@ public:
         if (column >= m_rightmost)
             return m_end;
         const double border = column >= 0 ? column + 1.0 : column;
-        const double slots = (border - m_layout.shift - m_layout.origin) / m_layout.width;
-        int next =
-            toPixel(std::clamp(m_layout.firstBar + std::ceil(slots), bar + 1.0, static_cast<double>(m_end)));
+        const double estimate =
+            m_layout.firstBar + std::ceil((border - m_layout.at(m_layout.firstBar)) / m_slotWidth);
+        int next = toPixel(std::clamp(estimate, bar + 1.0, std::max(bar + 1.0, static_cast<double>(m_end))));
         while (next > bar + 1 && x(next - 1) != column)
             --next;
         while (next < m_end && x(next) == column)
@@ -48,7 +54,8 @@ public:
     }
 
 private:
-    SlotLayout m_layout;
+    Layout m_layout;
+    double m_slotWidth;
     int m_rightmost;
     int m_end;
 };

@@ -26,12 +26,12 @@ bool hidesInnerPoints(QPainter& painter, const QPen& pen)
     const double narrowest = pen.widthF() * std::min(std::abs(toDevice.m11()), std::abs(toDevice.m22()));
     if (narrowest > 1.0)
         return true; // one filled outline: every pixel is painted once, however often the line passes
-    return isOnWholePixels(painter) && pen.color().alpha() == 255 && hidesBeneath(painter);
+    return isOnWholePixels(painter) && isOpaque(pen.color()) && hidesBeneath(painter);
 }
 
 void strokeLine(QPainter* painter, const Polyline& line, const QPen& pen)
 {
-    if (pen.style() == Qt::SolidLine && pen.widthF() == 1.0 && pen.color().alpha() == 255) {
+    if (coversWhole(pen)) {
         if (const std::optional<Surface> surface = Surface::of(*painter)) {
             ThinLine ink(*surface, Surface::word(pen.color()));
             line.forEachPiece([&ink](const QPoint* points, int count) { ink.draw(points, count); });

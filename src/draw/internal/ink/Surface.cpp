@@ -124,26 +124,44 @@ std::optional<Surface> Surface::of(QPainter& painter)
     return surface;
 }
 
-void Surface::fill(int left, int top, int right, int bottom, quint32 word) const
+Surface::Area Surface::cut(int left, int top, int right, int bottom) const
 {
-    const auto cut = [](int value, int move, int lowest, int highest) {
+    const auto bounded = [](int value, int move, int lowest, int highest) {
         return static_cast<int>(std::clamp<long long>(static_cast<long long>(value) + move, lowest, highest));
     };
     // One pixel past each edge, so that what lies outside stays empty.
-    const int x1 = cut(left, m_offset.x(), m_clip.left(), m_clip.right() + 1);
-    const int x2 = cut(right, m_offset.x(), m_clip.left() - 1, m_clip.right());
-    const int y1 = cut(top, m_offset.y(), m_clip.top(), m_clip.bottom() + 1);
-    const int y2 = cut(bottom, m_offset.y(), m_clip.top() - 1, m_clip.bottom());
-    if (x1 > x2)
+    return { bounded(left, m_offset.x(), m_clip.left(), m_clip.right() + 1),
+             bounded(top, m_offset.y(), m_clip.top(), m_clip.bottom() + 1),
+             bounded(right, m_offset.x(), m_clip.left() - 1, m_clip.right()),
+             bounded(bottom, m_offset.y(), m_clip.top() - 1, m_clip.bottom()) };
+}
+
+void Surface::fill(int left, int top, int right, int bottom, quint32 word) const
+{
+    const Area area = cut(left, top, right, bottom);
+    if (area.x1 > area.x2)
         return;
-    uchar* row = m_bits + y1 * m_stride;
-    if (x1 == x2) {
-        for (int y = y1; y <= y2; ++y, row += m_stride)
-            reinterpret_cast<quint32*>(row)[x1] = word;
-    } else {
-        for (int y = y1; y <= y2; ++y, row += m_stride)
-            std::fill(reinterpret_cast<quint32*>(row) + x1, reinterpret_cast<quint32*>(row) + x2 + 1, word);
+    uchar* row = m_bits + area.y1 * m_stride;
+    if (area.x1 == area.x2) {
+        for (int y = area.y1; y <= area.y2; ++y, row += m_stride)
+            reinterpret_cast<quint32*>(row)[area.x1] = word;
+        return;
     }
+    for (int y = area.y1; y <= area.y2; ++y, row += m_stride) {
+        auto* pixels = reinterpret_cast<quint32*>(row);
+        std::fill(pixels + area.x1, pixels + area.x2 + 1, word);
+    }
+}
+
+void Surface::fillRows(int left, int top, int bottom, const quint32* words, int count) const
+{
+    const Area area = cut(left, top, left + count - 1, bottom);
+    if (area.x1 > area.x2)
+        return;
+    const quint32* first = words + (area.x1 - left - m_offset.x());
+    uchar* row = m_bits + area.y1 * m_stride;
+    for (int y = area.y1; y <= area.y2; ++y, row += m_stride)
+        std::copy_n(first, area.x2 - area.x1 + 1, reinterpret_cast<quint32*>(row) + area.x1);
 }
 
 } // namespace TC::detail

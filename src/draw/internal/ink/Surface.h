@@ -7,6 +7,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QPen>
 #include <QRegion>
 
 #include <optional>
@@ -15,6 +16,18 @@ namespace TC::detail {
 
 /// Whether the painter paints on the raster engine.
 bool isRaster(const QPainter& painter);
+
+/// Whether paint of a colour lets nothing shine through.
+inline bool isOpaque(const QColor& color)
+{
+    return color.rgba64().isOpaque();
+}
+
+/// Whether a pen of one pixel covers every pixel of its line.
+inline bool coversWhole(const QPen& pen)
+{
+    return pen.style() == Qt::SolidLine && pen.widthF() == 1.0 && isOpaque(pen.color());
+}
 
 /// Whether edges are smoothed, by either of the hints that ask for it.
 bool isAntialiased(const QPainter& painter);
@@ -45,12 +58,22 @@ public:
     /// Stores one word into a rectangle of painter coordinates, all edges inclusive, cut to the clip.
     void fill(int left, int top, int right, int bottom, quint32 word) const;
 
+    /// Stores the same words, one per column from `left` on, into every row from `top` to `bottom`.
+    void fillRows(int left, int top, int bottom, const quint32* words, int count) const;
+
     /// From painter to device coordinates, pixels.
     QPoint offset() const { return m_offset; }
     /// Size of the device in pixels; lines are cut by it, not by the clip.
     QSize deviceSize() const { return m_size; }
 
 private:
+    /// The part of a rectangle of painter coordinates inside the clip, in device coordinates.
+    struct Area
+    {
+        int x1, y1, x2, y2; ///< inclusive; nothing where one runs backward
+    };
+    Area cut(int left, int top, int right, int bottom) const;
+
     uchar* m_bits = nullptr;
     qsizetype m_stride = 0; ///< bytes
     QSize m_size;

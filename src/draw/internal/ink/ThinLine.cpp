@@ -30,10 +30,17 @@ int fixedPlace(double place)
 
 ThinLine::ThinLine(const Surface& surface, quint32 word)
     : m_surface(surface)
+    , m_runs(surface)
     , m_word(word)
     , m_right(surface.deviceSize().width() + 1)
     , m_bottom(surface.deviceSize().height() + 1)
 {
+}
+
+ThinLine::~ThinLine()
+{
+    storeRun();
+    m_runs.store();
 }
 
 void ThinLine::draw(const QPoint* points, int count)
@@ -228,9 +235,10 @@ void ThinLine::run(int x, int top, int bottom)
 
 void ThinLine::storeRun()
 {
+    if (m_runTop > m_runBottom)
+        return;
     const QPoint offset = m_surface.offset();
-    m_surface.fill(m_runX - offset.x(), m_runTop - offset.y(), m_runX - offset.x(), m_runBottom - offset.y(),
-                   m_word);
+    m_runs.add(m_runX - offset.x(), m_runTop - offset.y(), m_runBottom - offset.y(), m_word);
 }
 
 } // namespace TC::detail

@@ -2,6 +2,7 @@
 /// @file A solid line of one pixel, pixel for pixel as the raster engine's aliased pen draws it.
 
 #include "draw/internal/ink/Surface.h"
+#include "draw/internal/ink/UprightRuns.h"
 
 #include <QPoint>
 
@@ -15,7 +16,7 @@ class ThinLine
 {
 public:
     ThinLine(const Surface& surface, quint32 word);
-    ~ThinLine() { storeRun(); }
+    ~ThinLine();
     ThinLine(const ThinLine&) = delete;
     ThinLine& operator=(const ThinLine&) = delete;
 
@@ -55,6 +56,7 @@ private:
     void storeRun();
 
     Surface m_surface;
+    UprightRuns m_runs;
     quint32 m_word;
     double m_right, m_bottom; ///< device edges that segments are cut at
 
