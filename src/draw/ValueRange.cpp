@@ -4,6 +4,7 @@
 
 #include "draw/internal/Numbers.h"
 #include "draw/internal/Output.h"
+#include "draw/internal/ink/Extremes.h"
 
 #include <algorithm>
 #include <optional>
@@ -37,6 +38,14 @@ public:
         m_max = m_counted ? std::max(m_max, value) : value;
         m_min = m_counted ? std::min(m_min, value) : value;
         m_counted = true;
+    }
+
+    void count(const Extremes& extremes)
+    {
+        if (!extremes.exist())
+            return;
+        count(extremes.lowest);
+        count(extremes.highest);
     }
 
     /// Deliberate: a flag column widens the range that the caller passed in instead of replacing it, and
@@ -75,6 +84,17 @@ int walkEnd(const se::RPCFormulaResult& result, int endIndex, const std::vector<
     return endIndex < total ? endIndex + 1 : total;
 }
 
+/// Extremes of a series from `first` on, up to the bar before `end`; a missing flag makes a bar invalid.
+Extremes extremesOfBars(const se::RPCFormulaResult& result, const std::vector<double>& series, int first,
+                        int end, const CountRule& rule)
+{
+    const auto begin = static_cast<std::size_t>(std::max(first, 0));
+    const std::size_t past = std::min(static_cast<std::size_t>(std::max(end, 0)), result.barValid.size());
+    return begin < past
+        ? extremesOf(series.data() + begin, result.barValid.data() + begin, past - begin, rule)
+        : Extremes();
+}
+
 /// Total of a stack at a bar, columns off the axis included; a missing term adds nothing.
 double stackedValue(const se::RPCFormulaResult& result, const std::vector<int>& columns, int bar)
 {
@@ -104,6 +124,14 @@ struct ColumnScan
             return;
         const std::vector<double>* series = seriesOf(result, column);
         const int end = walkEnd(result, endIndex, series);
+        if (isPlainNumber(*type) && drawType != kGatedText && drawType != kStackedVolume) {
+            // Deliberate: validity and zero are tested after the factor, so that a scaled missing marker is
+            // an ordinary number.
+            const CountRule rule { factor, false, countZero ? -1.0 : kTolerance };
+            if (series)
+                range.count(extremesOfBars(result, *series, startIndex, end, rule));
+            return;
+        }
         const std::vector<double>* gate =
             drawType == kGatedText ? seriesOf(result, columns.front()) : nullptr;
         for (int bar = std::max(startIndex, 0); bar < end; ++bar) {
@@ -122,8 +150,6 @@ struct ColumnScan
         }
     }
 
-    /// Deliberate: validity and zero are tested after the factor, so that a scaled missing marker is an
-    /// ordinary number.
     void countValue(double value) const
     {
         value *= factor;
@@ -186,16 +212,13 @@ bool CDrawStyle::calcMaxMin(double& max, double& min, int startIndex, int endInd
             continue;
         const std::vector<double>* series = seriesOf(result, column);
         const int end = walkEnd(result, endIndex, series);
+        if (series && isPlainNumber(*type)) {
+            range.count(extremesOfBars(result, *series, startIndex, end, { 1.0, true, -1.0 }));
+            continue;
+        }
         for (int bar = std::max(startIndex, 0); bar < end; ++bar) {
-            if (!isValidBar(result, bar))
-                continue;
-            const double value = (*series)[static_cast<std::size_t>(bar)];
-            if (isPlainNumber(*type)) {
-                if (std::isfinite(value))
-                    range.count(value);
-            } else if (*type == kFlagColumn && *drawType == kBoolLine) {
+            if (isValidBar(result, bar) && *type == kFlagColumn && *drawType == kBoolLine)
                 range.countFlagColumn();
-            }
         }
     }
     return range.counted();

@@ -96,16 +96,17 @@ void Ink::point(int x, int row)
 
 void Ink::outline(const QRect& rect)
 {
-    if (!isStored() || !m_isHollow) {
-        painter()->drawRect(rect);
-        return;
-    }
-    if (rect.width() == 0 && rect.height() == 0)
-        return; // Qt draws no outline around nothing
     const int left = std::min(rect.x(), rect.x() + rect.width());
     const int right = std::max(rect.x(), rect.x() + rect.width());
     const int top = std::min(rect.y(), rect.y() + rect.height());
     const int bottom = std::max(rect.y(), rect.y() + rect.height());
+    // Where an outline leaves the device, the engine loses track of its corners.
+    if (!isStored() || !m_isHollow || !m_surface->holds(left, top, right, bottom)) {
+        painter()->drawRect(rect);
+        return;
+    }
+    if (left == right && top == bottom)
+        return; // Qt draws no outline around nothing
     const Surface& pixels = surface();
     pixels.fill(left, top, right, top, m_word);
     pixels.fill(left, bottom, right, bottom, m_word);

@@ -124,6 +124,12 @@ std::optional<Surface> Surface::of(QPainter& painter)
     return surface;
 }
 
+bool Surface::holds(int left, int top, int right, int bottom) const
+{
+    return left >= -m_offset.x() && top >= -m_offset.y() && right < m_size.width() - m_offset.x()
+        && bottom < m_size.height() - m_offset.y();
+}
+
 Surface::Area Surface::cut(int left, int top, int right, int bottom) const
 {
     const auto bounded = [](int value, int move, int lowest, int highest) {

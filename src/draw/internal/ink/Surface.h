@@ -61,6 +61,9 @@ public:
     /// Stores the same words, one per column from `left` on, into every row from `top` to `bottom`.
     void fillRows(int left, int top, int bottom, const quint32* words, int count) const;
 
+    /// Whether a rectangle of painter coordinates, all edges inclusive, lies wholly on the device.
+    bool holds(int left, int top, int right, int bottom) const;
+
     /// From painter to device coordinates, pixels.
     QPoint offset() const { return m_offset; }
     /// Size of the device in pixels; lines are cut by it, not by the clip.
