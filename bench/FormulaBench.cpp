@@ -3,7 +3,7 @@
 /// and the reading of a text of 2,000 statements.
 
 #include "bench/RandomWalk.h"
-#include "engine/FormulaEvaluation.h"
+#include "engine/evaluation/FormulaEvaluation.h"
 
 #include <benchmark/benchmark.h>
 

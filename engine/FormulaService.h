@@ -1,6 +1,7 @@
 #pragma once
 /// @file Formulas computed in the background.
 
+#include "engine/EngineExport.h"
 #include "engine/Formulas.h"
 
 #include <QObject>
@@ -16,7 +17,7 @@ namespace engine {
 ///
 /// A request ends in exactly one signal, computed or failed, unless it is cancelled first: then it ends in
 /// none, even when its result was already under way. No signal is sent from within request().
-class FormulaService : public QObject
+class ENGINE_EXPORT FormulaService : public QObject
 {
     Q_OBJECT
 

@@ -1,6 +1,6 @@
 #include "engine/Formulas.h"
 
-#include "engine/FormulaEvaluation.h"
+#include "engine/evaluation/FormulaEvaluation.h"
 
 #include <QFile>
 

@@ -3,9 +3,10 @@
 ///
 /// Every function here may be called from any thread.
 
-#include "engine/BarSeries.h"
-#include "engine/Formula.h"
-#include "engine/FormulaRecords.h"
+#include "engine/EngineExport.h"
+#include "engine/series/BarSeries.h"
+#include "engine/language/Formula.h"
+#include "engine/records/FormulaRecords.h"
 
 #include <atomic>
 #include <optional>
@@ -23,10 +24,10 @@ struct BuiltInFormula
 };
 
 /// Every built-in formula, in the order in which a menu lists them.
-const std::vector<BuiltInFormula>& builtInFormulas();
+ENGINE_EXPORT const std::vector<BuiltInFormula>& builtInFormulas();
 
 /// The built-in formula of an exact name ("MA"); null when there is none.
-const BuiltInFormula* findBuiltIn(const std::string& name);
+ENGINE_EXPORT const BuiltInFormula* findBuiltIn(const std::string& name);
 
 /// Computes a formula once.
 ///
@@ -34,14 +35,14 @@ const BuiltInFormula* findBuiltIn(const std::string& name);
 /// @param bars,parameters,cancelled  as FormulaEvaluation takes them.
 /// @return the records as FormulaEvaluation describes them; nothing when the computation was cancelled
 ///         or would take too much memory.
-std::optional<FormulaRecords> computeFormula(const std::shared_ptr<const Formula>& formula,
-                                             const BarSeries& bars,
-                                             const std::vector<double>& parameters = {},
-                                             const std::atomic<bool>* cancelled = nullptr);
+ENGINE_EXPORT std::optional<FormulaRecords> computeFormula(const std::shared_ptr<const Formula>& formula,
+                                                           const BarSeries& bars,
+                                                           const std::vector<double>& parameters = {},
+                                                           const std::atomic<bool>* cancelled = nullptr);
 
 /// Computes a built-in formula; nothing when the name is unknown.
-std::optional<FormulaRecords> computeFormula(const std::string& name, const BarSeries& bars,
-                                             const std::vector<double>& parameters = {},
-                                             const std::atomic<bool>* cancelled = nullptr);
+ENGINE_EXPORT std::optional<FormulaRecords> computeFormula(const std::string& name, const BarSeries& bars,
+                                                           const std::vector<double>& parameters = {},
+                                                           const std::atomic<bool>* cancelled = nullptr);
 
 } // namespace engine

@@ -1,8 +1,9 @@
 #pragma once
 /// @file The two records that a tick pane is painted from.
 
-#include "engine/FormulaRecords.h"
-#include "engine/TickSeries.h"
+#include "engine/EngineExport.h"
+#include "engine/records/FormulaRecords.h"
+#include "engine/series/TickSeries.h"
 
 namespace engine {
 
@@ -22,6 +23,6 @@ struct TickRecords
 
 /// Lays trades out for the tick painters. A vector shorter than the times reads as missing past its end; a
 /// trade without a price is marked as carrying nothing. Missing level volumes are 0. Any thread.
-TickRecords computeTicks(const TickSeries& ticks);
+ENGINE_EXPORT TickRecords computeTicks(const TickSeries& ticks);
 
 } // namespace engine

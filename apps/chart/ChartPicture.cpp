@@ -1,11 +1,11 @@
 #include "apps/chart/ChartPicture.h"
 
+#include "apps/chart/ChartMeasures.h"
 #include "apps/chart/PanePainter.h"
 #include "draw/CDrawStyle.h"
 #include "host/TC/Instruments.h"
 #include "host/TC/UiParams.h"
-#include "host/WB/CUiResource.h"
-#include "host/utils/CSingletonT.h"
+#include "host/WB/SkinLookup.h"
 
 #include <boost/make_shared.hpp>
 
@@ -15,26 +15,15 @@ namespace chart {
 
 namespace {
 
-constexpr int kAxisWidth = 66;
-constexpr int kTimeHeight = 20;
 constexpr int kRowHeight = 16;
-constexpr int kMainShare = 3; // the first pane is this many times as high as the others
 constexpr int kLeastHeight = 40;
 constexpr int kGap = 8; // between the heading's parts
-
-QColor skinColor(const char* key)
-{
-    const QColor* color = utils::CSingletonT<WB::CUiResource>::instance()->getColor(QString::fromLatin1(key));
-    return color ? *color : QColor(Qt::gray);
-}
 
 /// Writes one part of the heading. @return the column behind it.
 int paintHeadingPart(QPainter& painter, int x, const QString& text, const char* fontKey, const char* colorKey)
 {
-    if (const QFont* font =
-            utils::CSingletonT<WB::CUiResource>::instance()->getFont(QString::fromLatin1(fontKey)))
-        painter.setFont(*font);
-    painter.setPen(skinColor(colorKey));
+    painter.setFont(WB::skinFont(fontKey, painter.font()));
+    painter.setPen(WB::skinColor(colorKey, Qt::gray));
     const int width = painter.fontMetrics().horizontalAdvance(text);
     painter.drawText(QRect(x, 0, width + 1, 2 * kRowHeight), Qt::AlignLeft | Qt::AlignVCenter, text);
     return x + width + kGap;
@@ -70,7 +59,7 @@ void paintChart(QPainter& painter, const ChartPicture& picture, const QSize& siz
     const int height = size.height() - kTimeHeight;
     const BarView view { picture.first, picture.last, size.width() - kAxisWidth };
 
-    painter.fillRect(QRect(QPoint(0, 0), size), skinColor("ic_clr_graph_kline_bg"));
+    painter.fillRect(QRect(QPoint(0, 0), size), WB::skinColor("ic_clr_graph_kline_bg", Qt::gray));
     int top = 0, share = 0;
     for (std::size_t i = 0; i < picture.panes.size(); ++i) {
         const bool main = i == 0;
@@ -87,7 +76,7 @@ void paintChart(QPainter& painter, const ChartPicture& picture, const QSize& siz
         paintLegend(painter, picture, picture.panes[i], main, size.width());
         painter.restore();
         if (!main) {
-            painter.setPen(skinColor("ic_clr_kline_graph_frame_border"));
+            painter.setPen(WB::skinColor("ic_clr_kline_graph_frame_border", Qt::gray));
             painter.drawLine(0, top, size.width() - 1, top);
         }
         top = bottom;

@@ -1,6 +1,8 @@
 #include "apps/chart/FormulaPainting.h"
 
+#include "data/RecordReading.h"
 #include "draw/CDrawStyle.h"
+#include "host/se/RecordCodes.h"
 
 #include <QPainter>
 
@@ -8,52 +10,23 @@ namespace chart {
 
 namespace {
 
-/// Draw-type codes of this client's panes.
-enum DrawType {
-    SimpleLine = 0,
-    SegmentLine = 1,
-    ColorStick = 2,
-    Tick = 3,
-    TickVolume = 4,
-    PointDot = 10,
-    CircleDot = 11,
-    Candle = 12,
-    Text = 13,
-    Icon = 19,
-    Number = 26,
-    Volume = 27,
-    StickLine = 28,
-    FixedText = 31,
-    VertLine = 34,
-    BoolLine = 37,
-    StackedVolume = 42
-};
+using se::DrawType;
 
 Qt::PenStyle penStyle(const se::RPCFormulaMetaResult& meta, std::size_t output)
 {
-    switch (output < meta.lineStyle.size() ? meta.lineStyle[output] : 0) {
-    case 15: return Qt::DotLine;
-    case 16: return Qt::DashDotLine;
-    case 17: return Qt::DashDotDotLine;
+    switch (output < meta.lineStyle.size() ? meta.lineStyle[output] : se::LineStyle::Solid) {
+    case se::LineStyle::Dot: return Qt::DotLine;
+    case se::LineStyle::DashDot: return Qt::DashDotLine;
+    case se::LineStyle::DashDotDot: return Qt::DashDotDotLine;
     default: return Qt::SolidLine;
     }
 }
 
 /// Close of the bar before the shown ones, for volume bars whose first bar is unchanged.
-double previousClose(const TC::RPCFormulaResultCache& cache, std::size_t output, int first)
+double closeBefore(const TC::RPCFormulaResultCache& cache, int output, int first)
 {
-    const auto& columns = cache.meta.outputColumns[output];
-    if (first < 1 || columns.size() < 3)
-        return 0.0;
-    const auto column = static_cast<std::size_t>(columns[2]);
-    if (column >= cache.result.columnSeries.size())
-        return 0.0;
-    const auto series = static_cast<std::size_t>(cache.result.columnSeries[column]);
-    if (series >= cache.result.numberSeries.size())
-        return 0.0;
-    const auto& closes = cache.result.numberSeries[series];
-    const auto bar = static_cast<std::size_t>(first - 1);
-    return bar < closes.size() ? closes[bar] : 0.0;
+    constexpr int close = 2; // third column of a volume output
+    return TC::recordedNumber(cache, output, close, first - 1).value_or(0.0);
 }
 
 void paintOutput(QPainter& painter, TC::CDrawStyle& style, const PaneContent& pane,
@@ -70,23 +43,23 @@ void paintOutput(QPainter& painter, TC::CDrawStyle& style, const PaneContent& pa
     const int first = view.first, last = view.last;
     const auto index = static_cast<std::size_t>(output);
     switch (cache.meta.drawType[index]) {
-    case SimpleLine:
+    case DrawType::Line:
         style.drawSimpleLine(&painter, rect, cache, range, penStyle(cache.meta, index), output, first, last,
                              barCount, half, fullWidth, false, 1.0f, false, false);
         break;
-    case SegmentLine:
+    case DrawType::SegmentLine:
         style.drawSegmentLine(&painter, rect, cache, range, output, first, last, barCount, half + 1,
                               fullWidth);
         break;
-    case ColorStick:
+    case DrawType::ColorStick:
         style.drawColorStick(&painter, rect, cache, range, Qt::SolidLine, output, first, last, half,
                              fullWidth, barCount, false, false);
         break;
-    case Tick:
+    case DrawType::Tick:
         style.drawTick(&painter, rect, range, cache, first, last, output, std::clamp(2 * half + 1, 6, 10),
                        0.0, 0.0, fullWidth, barCount);
         break;
-    case TickVolume:
+    case DrawType::TickVolume:
         if (pane.bookRule)
             style.drawTickVolStickNew(&painter, rect, cache, range, output, first, last, half, half == 0,
                                       fullWidth, barCount, 0.0);
@@ -94,42 +67,44 @@ void paintOutput(QPainter& painter, TC::CDrawStyle& style, const PaneContent& pa
             style.drawTickVolStick(&painter, rect, cache, range, output, first, last, half, half == 0,
                                    fullWidth, barCount, 0.0);
         break;
-    case PointDot:
+    case DrawType::PointDot:
         TC::CDrawStyle::drawPointDot(&painter, rect, cache, range, output, first, last, half, fullWidth,
                                      barCount);
         break;
-    case CircleDot:
+    case DrawType::CircleDot:
         TC::CDrawStyle::drawCircleDot(&painter, rect, cache, range, output, first, last, half, fullWidth,
                                       barCount, false);
         break;
-    case Candle:
+    case DrawType::Candle:
         style.drawKLine(&painter, rect, cache, range, output, first, last, view.count(), half,
                         pane.periodSeconds, formula.overlaid, formula.scale,
                         TC::CDrawStyle::priceTick2Precision(pane.priceTick));
         break;
-    case Text: style.drawText(&painter, rect, cache, range, output, first, last, half, barCount); break;
-    case Icon:
+    case DrawType::Text:
+        style.drawText(&painter, rect, cache, range, output, first, last, half, barCount);
+        break;
+    case DrawType::Icon:
         style.drawIcon(&painter, rect, QString(), range, cache, first, last, output, half, barCount);
         break;
-    case Number:
+    case DrawType::Number:
         style.drawNumber(&painter, rect, range, cache, first, last, output, half, fullWidth, barCount);
         break;
-    case Volume:
+    case DrawType::Volume:
         style.drawVolStick(&painter, rect, cache, range, output, first, last, half, false, fullWidth,
-                           barCount, previousClose(cache, index, first), false);
+                           barCount, closeBefore(cache, output, first), false);
         break;
-    case StickLine:
+    case DrawType::StickLine:
         style.drawStickKline(&painter, rect, range, cache, first, last, output, half, fullWidth, barCount);
         break;
-    case FixedText: style.drawTextEx(&painter, rect, cache, range, output, 0, 0); break;
-    case VertLine:
+    case DrawType::FixedText: style.drawTextEx(&painter, rect, cache, range, output, 0, 0); break;
+    case DrawType::VertLine:
         style.drawVertLine(&painter, rect, cache, range, Qt::SolidLine, output, first, last, half, barCount);
         break;
-    case BoolLine:
+    case DrawType::BoolLine:
         style.drawBoolLine(&painter, rect, cache, range, penStyle(cache.meta, index), output, first, last,
                            half, barCount);
         break;
-    case StackedVolume:
+    case DrawType::StackedVolume:
         style.drawStackVolstick(&painter, rect, cache, range, output, first, last, half, fullWidth, barCount,
                                 false);
         break;

@@ -3,8 +3,7 @@
 #include "apps/chart/FormulaPainting.h"
 #include "apps/chart/PaneScale.h"
 #include "apps/chart/TimeMarks.h"
-#include "host/WB/CUiResource.h"
-#include "host/utils/CSingletonT.h"
+#include "host/WB/SkinLookup.h"
 
 #include <QPainter>
 
@@ -16,32 +15,24 @@ constexpr int kMarkSpacing = 38; // least rows between two marks of a value axis
 constexpr int kTimeSpacing = 74; // least columns between two marks of the time axis
 constexpr int kTextMargin = 6;   // between the frame and an axis text
 
-QColor skinColor(const char* key, const QColor& fallback)
-{
-    const QColor* color = utils::CSingletonT<WB::CUiResource>::instance()->getColor(QString::fromLatin1(key));
-    return color ? *color : fallback;
-}
-
 QColor background()
 {
-    return skinColor("ic_clr_graph_kline_bg", Qt::black);
+    return WB::skinColor("ic_clr_graph_kline_bg", Qt::black);
 }
 
 QColor frame()
 {
-    return skinColor("ic_clr_kline_graph_frame_border", Qt::darkGray);
+    return WB::skinColor("ic_clr_kline_graph_frame_border", Qt::darkGray);
 }
 
 QColor axisText()
 {
-    return skinColor("clr_chart_axis_text", Qt::gray);
+    return WB::skinColor("clr_chart_axis_text", Qt::gray);
 }
 
 void useAxisFont(QPainter& painter)
 {
-    if (const QFont* font =
-            utils::CSingletonT<WB::CUiResource>::instance()->getFont(QStringLiteral("fnt_graph_axis_text")))
-        painter.setFont(*font);
+    painter.setFont(WB::skinFont("fnt_graph_axis_text", painter.font()));
 }
 
 QPen dotted(const QColor& color)
@@ -52,7 +43,7 @@ QPen dotted(const QColor& color)
 void paintGrid(QPainter& painter, const PaneGeometry& geometry, const std::vector<AxisMark>& marks,
                const QPair<double, double>& range)
 {
-    painter.setPen(dotted(skinColor("clr_chart_grid", Qt::darkGray)));
+    painter.setPen(dotted(WB::skinColor("clr_chart_grid", Qt::darkGray)));
     for (const AxisMark& mark : marks) {
         const int row = geometry.plot.top() + rowOf(mark.value, range, geometry.plot.height());
         painter.drawLine(geometry.plot.left(), row, geometry.plot.right(), row);
@@ -88,7 +79,7 @@ void paintCrosshair(QPainter& painter, const PaneGeometry& geometry, const PaneC
 {
     if (crosshair.bar < view.first || crosshair.bar > view.last)
         return;
-    painter.setPen(dotted(skinColor("clr_chart_crosshair", Qt::gray)));
+    painter.setPen(dotted(WB::skinColor("clr_chart_crosshair", Qt::gray)));
     const int column = geometry.plot.left() + view.centre(crosshair.bar);
     painter.drawLine(column, geometry.plot.top(), column, geometry.plot.bottom());
     if (!crosshair.row)

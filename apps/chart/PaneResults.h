@@ -1,8 +1,12 @@
 #pragma once
-/// @file Results of a pane that are computed at once instead of asked for.
+/// @file The formulas of a pane with their results.
 
+#include "apps/chart/OpenedBars.h"
+#include "apps/chart/PaneContent.h"
 #include "data/IndexBaseData.h"
-#include "engine/Formulas.h"
+#include "engine/records/FormulaRecords.h"
+
+#include <vector>
 
 namespace chart {
 
@@ -10,34 +14,22 @@ namespace chart {
 class PaneResults : public TC::IndexBaseData
 {
 public:
-    PaneResults()
-        : TC::IndexBaseData(nullptr)
-    {
-    }
+    explicit PaneResults(WB::CEventDeliverer* parent = nullptr);
 
     /// Adds a formula behind the others, or replaces its records.
-    void add(const TC::CFormulaKey& key, engine::FormulaRecords records)
-    {
-        if (!m_formulas.contains(key.formulaName))
-            m_formulas << key.formulaName;
-        TC::RPCFormulaResultCache& cache = m_data[key];
-        cache.meta = std::move(records.meta);
-        cache.result = std::move(records.result);
-    }
+    void add(const TC::CFormulaKey& key, engine::FormulaRecords records);
 
     /// Forgets every formula.
-    void clear()
-    {
-        m_formulas.clear();
-        m_data.clear();
-    }
+    void clear();
 
-    /// Records of a formula; null when it was not added.
-    TC::RPCFormulaResultCache* recordsOf(const TC::CFormulaKey& key)
-    {
-        const auto found = m_data.find(key);
-        return found == m_data.end() ? nullptr : &found.value();
-    }
+    /// The pane as the painters take it: the pane's formulas in display order; those without results are left
+    /// out. Valid until a result is added or forgotten.
+    /// @param instrument  whose results are shown; null shows none.
+    PaneContent content(const Instrument& instrument);
+
+protected:
+    /// The same of any keys, in their order. Those of other instruments are overlaid.
+    PaneContent content(const Instrument& instrument, const std::vector<TC::CFormulaKey>& keys);
 };
 
 } // namespace chart

@@ -1,8 +1,7 @@
 #include "apps/client/ApplicationLook.h"
 
 #include "draw/CDrawStyle.h"
-#include "host/WB/CUiResource.h"
-#include "host/utils/CSingletonT.h"
+#include "host/WB/SkinLookup.h"
 
 #include <QApplication>
 #include <QPalette>
@@ -12,12 +11,6 @@
 namespace client {
 
 namespace {
-
-QColor skinColor(const char* key, const QColor& fallback)
-{
-    const QColor* color = utils::CSingletonT<WB::CUiResource>::instance()->getColor(QString::fromLatin1(key));
-    return color ? *color : fallback;
-}
 
 /// A style sheet, and all that stands inside its widget, keeps the palette that it was read in.
 void renewStyleSheets()
@@ -45,8 +38,9 @@ ApplicationLook::ApplicationLook()
 void ApplicationLook::uiResourceChanged()
 {
     TC::CDrawStyle::resetDrawStyleColor();
-    const QColor base = skinColor("ic_clr_graph_kline_bg", Qt::white),
-                 text = skinColor("clr_default", Qt::black), muted = skinColor("clr_stock_index", Qt::gray);
+    const QColor base = WB::skinColor("ic_clr_graph_kline_bg", Qt::white),
+                 text = WB::skinColor("clr_default", Qt::black),
+                 muted = WB::skinColor("clr_stock_index", Qt::gray);
     const bool dark = base.lightness() < 128;
     const QColor window = dark ? base.lighter(150) : base.darker(106);
     QPalette palette(window);

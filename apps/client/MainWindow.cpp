@@ -1,26 +1,27 @@
 #include "apps/client/MainWindow.h"
 
+#include "apps/base/FileNames.h"
+#include "apps/base/WholeFile.h"
 #include "apps/chart/OpenedBars.h"
-#include "apps/client/BarAlignment.h"
-#include "apps/client/BasketPanel.h"
-#include "apps/client/ChartView.h"
-#include "apps/client/FormulaList.h"
-#include "apps/client/InstrumentList.h"
-#include "apps/client/MessageList.h"
-#include "apps/client/Panel.h"
-#include "apps/client/TickView.h"
+#include "apps/client/PanelIds.h"
+#include "apps/client/basket/BasketPanel.h"
+#include "apps/client/chart/BarAlignment.h"
+#include "apps/client/chart/ChartView.h"
+#include "apps/client/chart/TickView.h"
+#include "apps/client/docking/Panel.h"
 #include "apps/client/editor/FormulaEditor.h"
+#include "apps/client/lists/FormulaList.h"
+#include "apps/client/lists/InstrumentList.h"
+#include "apps/client/lists/MessageList.h"
+#include "host/TC/Folders.h"
 #include "host/TC/Instruments.h"
 #include "host/embedded/EmbeddedHost.h"
-#include "host/se/LoadConfig.h"
 #include "host/utils/CSingletonT.h"
 #include "recovery/CRecoveryVersionManager.h"
 
-#include <QActionGroup>
-#include <QFileDialog>
+#include <QCloseEvent>
+#include <QFile>
 #include <QFileInfo>
-#include <QInputDialog>
-#include <QMenuBar>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
@@ -29,24 +30,11 @@ namespace client {
 
 namespace {
 
-// Identifiers of the panels; their titles come from the library's table.
-const QString kChartPanel = QStringLiteral("indexMainPanel");
-const QString kTickPanel = QStringLiteral("transactionPanel");
-const QString kBasketPanel = QStringLiteral("tradeBaskets");
-const QString kInstrumentPanel = QStringLiteral("productBaseInfo");
-const QString kFormulaPanel = QStringLiteral("F7index");
-const QString kMessagePanel = QStringLiteral("messagePanel");
-
 // Shares of the default arrangement, pixels of a window of the initial size.
 constexpr int kListWidth = 230, kChartWidth = 1170, kListHeight = 400, kChartHeight = 700,
               kMessageHeight = 90;
 
 constexpr int kStatusDuration = 8000; // milliseconds
-
-QString chooseFile(QWidget* parent, const QString& title)
-{
-    return QFileDialog::getOpenFileName(parent, title, QString(), QStringLiteral("CSV (*.csv)"));
-}
 
 /// Invented trades and accounts, to show what the legend can say.
 TC::CPositionNumber demoPositions()
@@ -90,11 +78,44 @@ MainWindow::~MainWindow()
 
 void MainWindow::startRun()
 {
+    tell(m_oneClient.enter());
+    tell(m_docks.restore(m_oneClient.isFirst()));
+    if (m_oneClient.isFirst()) {
+        base::removeUnfinishedFiles(TC::getConfigDir());
+        base::removeUnfinishedFiles(TC::getUserRootDir());
+        tell(mendInterruptedRestore());
+    }
     // A formula that the file now lacks stays on its pane, empty, until the user closes it.
     TC::embedded::setReloadReceiver(
         [this](const std::string&, const std::string&, const std::string&) { followFormulas(); });
+    reloadFormulas();
+    if (!m_oneClient.isFirst())
+        return;
     if (utils::CSingletonT<TC::CRecoveryVersionManager>::instance()->init() && !formulaVersions().empty())
         showRestoreDialog(RestoreDialog::Occasion::FailedRun);
+}
+
+void MainWindow::tell(const QString& text)
+{
+    if (!text.isEmpty())
+        slotShowMessage(text);
+}
+
+void MainWindow::tellFormulaProblems(const QStringList& problems)
+{
+    if (problems.isEmpty())
+        return;
+    const QString others =
+        problems.size() > 1 ? QStringLiteral("（另有 %1 处）").arg(problems.size() - 1) : QString();
+    slotShowMessage(QStringLiteral("公式文件有误，有误的公式未载入：%1%2").arg(problems.front(), others));
+}
+
+void MainWindow::reloadFormulas()
+{
+    tellFormulaProblems(TC::embedded::loadFormulas());
+    followFormulas();
+    if (!QFile::exists(liveFormulasPath()) && !formulaVersions().empty())
+        slotShowMessage(QStringLiteral("没有公式文件；可用“工具”菜单的“恢复公式…”取回备份"));
 }
 
 void MainWindow::showRestoreDialog(RestoreDialog::Occasion occasion)
@@ -169,166 +190,55 @@ void MainWindow::buildPanels()
     connect(m_chart->state(), &ChartState::sigBarsChanged, this, &MainWindow::refreshDemoAccount);
 }
 
-void MainWindow::buildFileMenu()
+base::Failure MainWindow::told(const base::Failure& failure)
 {
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("文件(&F)"));
-    menu->addAction(
-        QStringLiteral("打开K线…"), this,
-        [this] {
-            const QString path = chooseFile(this, QStringLiteral("打开K线"));
-            if (!path.isEmpty())
-                openBars(path);
-        },
-        QKeySequence::Open);
-    menu->addAction(QStringLiteral("打开分笔…"), this, [this] {
-        const QString path = chooseFile(this, QStringLiteral("打开分笔"));
-        if (!path.isEmpty())
-            openTicks(path);
-    });
-    menu->addAction(QStringLiteral("导入股票列表…"), this, [this] {
-        const QString path =
-            QFileDialog::getOpenFileName(this, QStringLiteral("导入股票"), QString(),
-                                         QStringLiteral("股票列表 (*.csv *.txt *.xlsx *.xls)"));
-        if (!path.isEmpty())
-            m_basket->importFile(path);
-    });
-    menu->addSeparator();
-    menu->addAction(QStringLiteral("退出"), this, &QWidget::close, QKeySequence::Quit);
+    slotShowMessage(failure.reason);
+    return failure;
 }
 
-void MainWindow::buildViewMenu()
+base::Result<void> MainWindow::openBars(const QString& path)
 {
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("视图(&V)"));
-    auto* skins = new QActionGroup(this);
-    QMenu* skinMenu = menu->addMenu(QStringLiteral("皮肤"));
-    const QStringList names = TC::embedded::skinNames();
-    for (const QString& name : names) {
-        QAction* action = skinMenu->addAction(name, this, [this, name] {
-            const QString failure = TC::embedded::loadSkin(name);
-            if (!failure.isEmpty())
-                slotShowMessage(failure);
-        });
-        action->setCheckable(true);
-        action->setChecked(name == TC::embedded::currentSkin());
-        skins->addAction(action);
-    }
-    skinMenu->addAction(QStringLiteral("打开皮肤文件…"), this, [this] {
-        const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("皮肤"), QString(),
-                                                          QStringLiteral("JSON (*.json)"));
-        const QString failure = path.isEmpty() ? QString() : TC::embedded::loadSkin(path);
-        if (!failure.isEmpty())
-            slotShowMessage(failure);
-    });
-
-    QMenu* panels = menu->addMenu(QStringLiteral("面板"));
-    for (const QString& id :
-         { kChartPanel, kTickPanel, kBasketPanel, kInstrumentPanel, kFormulaPanel, kMessagePanel }) {
-        if (ads::CDockWidget* dock = m_docks.dock(id))
-            panels->addAction(dock->toggleViewAction());
-    }
-    QMenu* arrangements = menu->addMenu(QStringLiteral("布局"));
-    connect(arrangements, &QMenu::aboutToShow, this, [this, arrangements] {
-        arrangements->clear();
-        arrangements->addAction(QStringLiteral("默认布局"), this, [this] { m_docks.applyDefault(); });
-        arrangements->addAction(QStringLiteral("保存为…"), this, [this] {
-            const QString name =
-                QInputDialog::getText(this, QStringLiteral("保存布局"), QStringLiteral("名称"));
-            const QString failure = name.isEmpty() ? QString() : m_docks.store(name);
-            if (!failure.isEmpty())
-                slotShowMessage(failure);
-        });
-        arrangements->addSeparator();
-        const QStringList stored = m_docks.names();
-        for (const QString& name : stored) {
-            arrangements->addAction(name, this, [this, name] {
-                const QString failure = m_docks.apply(name);
-                if (!failure.isEmpty())
-                    slotShowMessage(failure);
-            });
-        }
-    });
-}
-
-void MainWindow::buildOverlayMenu()
-{
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("叠加(&O)"));
-    menu->addAction(QStringLiteral("叠加品种…"), this, [this] {
-        const QString path = chooseFile(this, QStringLiteral("叠加品种"));
-        if (!path.isEmpty())
-            overlayBars(path);
-    });
-    menu->addAction(QStringLiteral("清除叠加"), this, &MainWindow::clearOverlays);
-}
-
-void MainWindow::buildToolsMenu()
-{
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("工具(&T)"));
-    QAction* demo = menu->addAction(QStringLiteral("演示账户（虚构数据）"));
-    demo->setCheckable(true);
-    connect(demo, &QAction::toggled, this, &MainWindow::setDemoAccount);
-    menu->addSeparator();
-    menu->addAction(QStringLiteral("公式编辑器…"), this, [this] { showFormulaEditor(QString()); });
-    menu->addAction(QStringLiteral("备份公式"), this, [this] {
-        backUpFormulas();
-        slotShowMessage(QStringLiteral("公式已备份"));
-    });
-    menu->addAction(QStringLiteral("恢复公式…"), this,
-                    [this] { showRestoreDialog(RestoreDialog::Occasion::Menu); });
-    menu->addAction(QStringLiteral("重新载入公式"), this,
-                    [] { se::loadConfig("root", "configFormula", ""); });
-}
-
-QString MainWindow::openBars(const QString& path)
-{
-    chart::OpenedBars opened;
-    const QString failure = chart::openBarsFile(path, QString(), opened);
-    if (!failure.isEmpty()) {
-        slotShowMessage(failure);
-        return failure;
-    }
+    base::Result<chart::OpenedBars> opened = chart::openBarsFile(path);
+    if (!opened.isGood())
+        return told(opened.failure());
     m_instruments->listFolder(QFileInfo(path).absolutePath());
     clearOverlays();
-    m_chart->state()->setBars(opened.instrument, opened.bars);
+    m_chart->state()->setBars(opened->instrument, opened->bars);
     slotShowMessage(QStringLiteral("已打开 %1 %2（%3 根K线）")
-                        .arg(TC::getDetailQsKey(opened.instrument), TC::getDetailQsName(opened.instrument))
-                        .arg(opened.bars->size()));
-    return QString();
+                        .arg(TC::getDetailQsKey(opened->instrument), TC::getDetailQsName(opened->instrument),
+                             QString::number(opened->bars->size())));
+    return {};
 }
 
-QString MainWindow::openTicks(const QString& path)
+base::Result<void> MainWindow::openTicks(const QString& path)
 {
-    chart::OpenedTicks opened;
-    const QString failure = chart::openTicksFile(path, QString(), opened);
-    if (!failure.isEmpty()) {
-        slotShowMessage(failure);
-        return failure;
-    }
-    m_ticks->setTicks(opened);
+    base::Result<chart::OpenedTicks> opened = chart::openTicksFile(path);
+    if (!opened.isGood())
+        return told(opened.failure());
+    m_ticks->setTicks(*opened);
     if (ads::CDockWidget* dock = m_docks.dock(kTickPanel)) {
         dock->toggleView(true);
         dock->setAsCurrentTab();
     }
-    slotShowMessage(QStringLiteral("已打开 %1（%2 笔）")
-                        .arg(TC::getDetailQsName(opened.instrument))
-                        .arg(opened.ticks->size()));
-    return QString();
+    slotShowMessage(
+        QStringLiteral("已打开 %1（%2 笔）")
+            .arg(TC::getDetailQsName(opened->instrument), QString::number(opened->ticks->size())));
+    return {};
 }
 
-QString MainWindow::overlayBars(const QString& path)
+base::Result<void> MainWindow::overlayBars(const QString& path)
 {
-    chart::OpenedBars opened;
-    const QString failure =
-        m_chart->state()->bars() ? chart::openBarsFile(path, QString(), opened) : QStringLiteral("先打开K线");
-    if (!failure.isEmpty()) {
-        slotShowMessage(failure);
-        return failure;
-    }
-    m_overlays.push_back({ opened.instrument,
+    if (!m_chart->state()->bars())
+        return told({ QStringLiteral("先打开K线") });
+    base::Result<chart::OpenedBars> opened = chart::openBarsFile(path);
+    if (!opened.isGood())
+        return told(opened.failure());
+    m_overlays.push_back({ opened->instrument,
                            std::make_shared<const engine::BarSeries>(
-                               alignedTo(m_chart->state()->bars()->timeMs, *opened.bars)) });
+                               alignedTo(m_chart->state()->bars()->timeMs, *opened->bars)) });
     m_chart->panes().front()->setOverlays(m_overlays);
-    slotShowMessage(QStringLiteral("已叠加 %1").arg(TC::getDetailQsName(opened.instrument)));
-    return QString();
+    slotShowMessage(QStringLiteral("已叠加 %1").arg(TC::getDetailQsName(opened->instrument)));
+    return {};
 }
 
 void MainWindow::clearOverlays()
@@ -355,8 +265,9 @@ void MainWindow::refreshDemoAccount()
 
 void MainWindow::slotShowMessage(const QString& text)
 {
-    m_messages->slotShow(text);
-    statusBar()->showMessage(text, kStatusDuration);
+    const QString line = base::printable(text);
+    m_messages->slotShow(line);
+    statusBar()->showMessage(line, kStatusDuration);
 }
 
 void MainWindow::showEvent(QShowEvent* event)
@@ -366,19 +277,30 @@ void MainWindow::showEvent(QShowEvent* event)
         return;
     m_restored = true;
     QTimer::singleShot(0, this, [this] { // once the window stands
-        const QString message = m_docks.restore();
-        if (!message.isEmpty())
-            slotShowMessage(message);
         startRun();
     });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    utils::CSingletonT<TC::CRecoveryVersionManager>::instance()->quit();
-    const QString failure = m_docks.save();
-    if (!failure.isEmpty())
-        slotShowMessage(failure);
+    if (m_editor && !m_editor->leave()) {
+        event->ignore();
+        return;
+    }
+    if (m_oneClient.isFirst()) {
+        utils::CSingletonT<TC::CRecoveryVersionManager>::instance()->quit();
+        const QString failure = m_docks.save();
+        if (!failure.isEmpty() && !m_isCloseConfirmed) {
+            slotShowMessage(failure);
+            m_isCloseConfirmed =
+                isConfirmed(this, failure + QStringLiteral("\n仍然退出？"), QStringLiteral("退出"));
+            if (!m_isCloseConfirmed) {
+                event->ignore();
+                return;
+            }
+        }
+    }
+    m_oneClient.leave();
     QMainWindow::closeEvent(event);
 }
 

@@ -32,22 +32,22 @@ std::vector<Attribute> makeAttributes()
     };
     numbered("LINETHICK", 7, Effect::Width, "线宽（像素），0 为不画", "line width in pixels; 0: not drawn");
     numbered("PRECIS", 4, Effect::Decimals, "图例中的小数位数", "decimals in the legend");
-    numbered("ALIGN", 5, Effect::Position, "文字、数字、图标的位置", "placement of texts, numbers and icons");
-    const auto kind = [](LineKind lineKind) { return static_cast<int>(lineKind); };
+    numbered("ALIGN", se::Position::PaneBottom, Effect::Position, "文字、数字、图标的位置",
+             "placement of texts, numbers and icons");
     const Attribute others[] = {
-        { "DOTLINE", Effect::Style, 15, "点线", "dotted line" },
-        { "DASHDOT", Effect::Style, 16, "点划线", "line of dashes and dots" },
-        { "DASHDOTDOT", Effect::Style, 17, "双点划线", "line of dashes and two dots" },
-        { "COLORSTICK", Effect::Kind, kind(LineKind::ColorStick), "红绿柱",
+        { "DOTLINE", Effect::Style, se::LineStyle::Dot, "点线", "dotted line" },
+        { "DASHDOT", Effect::Style, se::LineStyle::DashDot, "点划线", "line of dashes and dots" },
+        { "DASHDOTDOT", Effect::Style, se::LineStyle::DashDotDot, "双点划线", "line of dashes and two dots" },
+        { "COLORSTICK", Effect::DrawType, se::DrawType::ColorStick, "红绿柱",
           "sticks from zero, coloured by sign" },
-        { "VOLSTICK", Effect::Kind, kind(LineKind::VolumeStick), "成交量柱",
+        { "VOLSTICK", Effect::DrawType, se::DrawType::Volume, "成交量柱",
           "volume bars in the candle's colour" },
-        { "POINTDOT", Effect::Kind, kind(LineKind::PointDot), "点", "a dot per bar" },
-        { "CIRCLEDOT", Effect::Kind, kind(LineKind::CircleDot), "小圆点", "a small circle per bar" },
-        { "SEGMENT", Effect::Kind, kind(LineKind::Segment), "在缺值处断开的线",
+        { "POINTDOT", Effect::DrawType, se::DrawType::PointDot, "点", "a dot per bar" },
+        { "CIRCLEDOT", Effect::DrawType, se::DrawType::CircleDot, "小圆点", "a small circle per bar" },
+        { "SEGMENT", Effect::DrawType, se::DrawType::SegmentLine, "在缺值处断开的线",
           "a line that breaks at missing values" },
-        { "BOOLLINE", Effect::Kind, kind(LineKind::Step), "0/1 阶梯线", "a step line of 0 and 1" },
-        { "NODRAW", Effect::Kind, kind(LineKind::None), "只在图例中显示", "shown in the legend only" },
+        { "BOOLLINE", Effect::DrawType, se::DrawType::BoolLine, "0/1 阶梯线", "a step line of 0 and 1" },
+        { "NODRAW", Effect::NotDrawn, se::DrawType::Line, "只在图例中显示", "shown in the legend only" },
         { "NOTEXT", Effect::HideInLegend, 1, "不在图例中显示", "not shown in the legend" },
         { "MAIN", Effect::Pane, 1, "叠加在主图", "drawn over the main chart" },
         { "SUB", Effect::Pane, 0, "副图", "drawn in a pane of its own" },

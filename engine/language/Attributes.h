@@ -11,11 +11,11 @@ namespace engine::language {
 /// An attribute that stands behind an output: COLORRED, LINETHICK2, NODRAW.
 struct Attribute
 {
-    enum class Effect { Color, Width, Style, Kind, Decimals, HideInLegend, Position, Pane };
+    enum class Effect { Color, Width, Style, DrawType, NotDrawn, Decimals, HideInLegend, Position, Pane };
 
     std::string name;
     Effect effect;
-    int value;
+    int value; ///< in the unit of the effect: a code, pixels, decimals, a pane
     const char* chinese;
     const char* english;
 };

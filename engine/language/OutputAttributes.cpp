@@ -18,40 +18,45 @@ void OutputAttributes::read()
         return;
     }
     const std::string nearest = nearestAttribute(token.key);
-    m_reader.complain(token, "没有这个属性" + (nearest.empty() ? "" : "，是不是 " + nearest),
-                      "unknown attribute" + (nearest.empty() ? "" : ", did you mean " + nearest));
+    m_reader.report(token, "没有这个属性" + (nearest.empty() ? "" : "，是不是 " + nearest),
+                    "unknown attribute" + (nearest.empty() ? "" : ", did you mean " + nearest));
 }
 
 void OutputAttributes::give(const Token& token, const Attribute& attribute)
 {
-    const bool isDrawing = m_output.drawing != Drawing::None;
-    const bool isPlaced = m_output.drawing == Drawing::Text || m_output.drawing == Drawing::Number
-        || m_output.drawing == Drawing::Icon;
+    const bool isPlaced = m_output.drawType == se::DrawType::Text || m_output.drawType == se::DrawType::Number
+        || m_output.drawType == se::DrawType::Icon;
     switch (attribute.effect) {
     case Attribute::Effect::Color: giveColor(token, attribute.value); break;
     case Attribute::Effect::Width: m_output.lineWidth = attribute.value; break;
     case Attribute::Effect::Style: m_output.lineStyle = attribute.value; break;
-    case Attribute::Effect::Kind:
-        if (isDrawing)
-            m_reader.complain(token, "绘图函数不能用这个属性", "drawings do not take this attribute");
-        m_output.lineKind = static_cast<LineKind>(attribute.value);
-        break;
+    case Attribute::Effect::DrawType: giveDrawType(token, attribute.value, true); break;
+    case Attribute::Effect::NotDrawn: giveDrawType(token, attribute.value, false); break;
     case Attribute::Effect::Decimals: m_output.decimals = attribute.value; break;
     case Attribute::Effect::HideInLegend: m_output.isHiddenInLegend = true; break;
     case Attribute::Effect::Position:
         if (!isPlaced)
-            m_reader.complain(token, "只有文字、数字和图标有位置",
-                              "only texts, numbers and icons are placed");
+            m_reader.report(token, "只有文字、数字和图标有位置", "only texts, numbers and icons are placed");
         m_output.position = attribute.value;
         break;
     case Attribute::Effect::Pane: m_paneKind = attribute.value; break;
     }
 }
 
+void OutputAttributes::giveDrawType(const Token& token, int drawType, bool isDrawn)
+{
+    if (m_output.isDrawing) {
+        m_reader.report(token, "绘图函数不能用这个属性", "drawings do not take this attribute");
+        return;
+    }
+    m_output.drawType = static_cast<se::DrawType::Code>(drawType);
+    m_output.isDrawn = isDrawn;
+}
+
 void OutputAttributes::giveColor(const Token& token, int color)
 {
-    if (!m_output.colors.empty() && m_output.drawing != Drawing::StackedVolume)
-        m_reader.complain(token, "这个输出已经有颜色", "this output has a colour already");
+    if (!m_output.colors.empty() && m_output.drawType != se::DrawType::StackedVolume)
+        m_reader.report(token, "这个输出已经有颜色", "this output has a colour already");
     m_output.colors.push_back(color);
 }
 

@@ -23,6 +23,7 @@ public:
 
 private:
     void give(const Token& token, const Attribute& attribute);
+    void giveDrawType(const Token& token, int drawType, bool isDrawn);
     void giveColor(const Token& token, int color);
 
     TokenReader& m_reader;

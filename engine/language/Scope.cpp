@@ -28,7 +28,7 @@ bool isKeyword(const std::string& key)
 Scope::Place Scope::placeOf(const std::string& key) const
 {
     const Function* function = findFunction(key);
-    if (isKeyword(key) || (function && function->leastArguments == 0))
+    if (isKeyword(key) || (function && function->minArguments == 0))
         return Place::Reserved;
     return m_parameters.count(key) + m_values.count(key) > 0 ? Place::Taken : Place::Free;
 }
@@ -47,9 +47,12 @@ std::string Scope::nearest(const std::string& key, bool asCall) const
 {
     NearestName nearest(key);
     for (const Function& function : allFunctions()) {
-        const bool isCalled = function.mostArguments() > 0;
-        if (!function.isOperator() && isCalled == asCall)
-            nearest.consider(function.name);
+        const bool isCalled = function.maxArguments > 0;
+        if (function.isOperator || isCalled != asCall)
+            continue;
+        nearest.consider(function.name);
+        if (*function.alias)
+            nearest.consider(function.alias);
     }
     if (!asCall) {
         for (const auto& [name, parameter] : m_parameters)

@@ -1,8 +1,8 @@
 #pragma once
 /// @file What a formula's text says, checked.
 
-#include "engine/Formula.h"
-#include "engine/language/Functions.h"
+#include "engine/language/Formula.h"
+#include "engine/language/FunctionTable.h"
 
 #include <optional>
 #include <string>
@@ -11,7 +11,7 @@
 namespace engine::language {
 
 using NodeId = int;
-constexpr NodeId kBroken = -1;   ///< an expression that has been complained of
+constexpr NodeId kBroken = -1;   ///< an expression whose fault has been reported
 constexpr NodeId kNoNumber = -2; ///< a drawing, which has no value to read
 
 /// A part of an expression. Arguments always stand before the node that takes them.
@@ -28,26 +28,28 @@ struct Node
     bool isConstant = true; ///< depends on numbers and parameters alone
 };
 
-/// How an output is drawn when it is not a drawing statement.
-enum class LineKind { Line, Segment, PointDot, CircleDot, ColorStick, VolumeStick, Step, None };
-
 /// One output as the text asks for it.
 struct Output
 {
     std::string name;                 ///< as written; empty for an output without a name
     std::optional<int> nameParameter; ///< whose value follows the name: MA#N is MA5
-    Drawing drawing = Drawing::None;
-    LineKind lineKind = LineKind::Line;
+    se::DrawType::Code drawType = se::DrawType::Line;
+    bool isDrawing = false;               ///< a drawing statement, not a value
+    bool isDrawn = true;                  ///< false: in the legend alone
     std::vector<NodeId> columns;          ///< one, or the arguments of the drawing without its text
     std::vector<std::string> columnNames; ///< of stacked columns
     std::string text;
     std::vector<int> colors; ///< 0x00BBGGRR; more than one only for stacked columns
-    int lineStyle = 0;
+    int lineStyle = se::LineStyle::Solid;
     int lineWidth = 1;
     std::optional<int> decimals;
     std::optional<int> position;
     bool isHiddenInLegend = false;
 };
+
+/// The name of an output with the whole part of its parameter: MA#N is MA5.
+/// @param parameters  one for each that the formula takes.
+std::string shownName(const Output& output, const std::vector<double>& parameters);
 
 /// A whole formula.
 struct Syntax

@@ -2,6 +2,7 @@
 
 #include "draw/CDrawStyle.h"
 
+#include "data/internal/RecordViews.h"
 #include "draw/internal/CandleBuilder.h"
 #include "draw/internal/LabelSpot.h"
 #include "draw/internal/Layout.h"
@@ -225,10 +226,10 @@ void CDrawStyle::drawKLine(QPainter* painter, QRect& rect, RPCFormulaResultCache
         return;
 
     // Deliberate: no spare slot and no start offset; candles always begin at the pane's left edge.
-    const SlotLayout layout { startIndex, slotWidth(rect, barCount), static_cast<double>(rect.left()) };
+    const SlotLayout layout = candleSlots(rect, startIndex, barCount);
     const CandleScale rows { rect, range, halfWidth };
-    const QColor riseColor = useOutputColour ? fromPacked(*packed) : skinColor(kRiseColor);
-    const QColor fallColor = useOutputColour ? fromPacked(*packed) : skinColor(kFallColor);
+    const QColor riseColor = useOutputColour ? fromPacked(*packed) : WB::skinColor(kRiseColor);
+    const QColor fallColor = useOutputColour ? fromPacked(*packed) : WB::skinColor(kFallColor);
 
     Ink ink(painter);
     ViewExtremes extremes;
@@ -245,7 +246,7 @@ void CDrawStyle::drawKLine(QPainter* painter, QRect& rect, RPCFormulaResultCache
 
     if (useOutputColour || !extremes.high || !extremes.low)
         return;
-    ink.setPen(skinColor(kHighLowColor));
+    ink.setPen(WB::skinColor(kHighLowColor));
     drawPriceLabel(ink.painter(), rows, *extremes.high, precision, highLabelSpot);
     drawPriceLabel(ink.painter(), rows, *extremes.low, precision, lowLabelSpot);
 }

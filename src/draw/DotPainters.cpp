@@ -2,7 +2,8 @@
 
 #include "draw/CDrawStyle.h"
 
-#include "draw/internal/LineLayout.h"
+#include "data/internal/RecordViews.h"
+#include "draw/internal/BarLayout.h"
 #include "draw/internal/Pens.h"
 #include "draw/internal/ink/DeviceClip.h"
 
@@ -12,9 +13,9 @@
 
 namespace TC {
 
-namespace {
-
 using namespace detail;
+
+namespace {
 
 constexpr int kDotSize = 4;
 
@@ -38,7 +39,7 @@ void drawDots(QPainter* painter, const QRect& rect, const RPCFormulaResultCache&
     if (output.lineWidth() == 0 || !color || !values.exists())
         return;
 
-    const ValueScale scale = spanning(rect, range); // no fallback on a flat range
+    const ValueScale scale = valueScale(rect, range); // no fallback on a flat range
     const DeviceClip clip(painter);
     painter->setPen(linePen(fromPacked(*color), output.lineWidth(), Qt::SolidLine));
     forEachValidBar(cache.result, bars.first, bars.last, [&](int bar) {
@@ -72,7 +73,7 @@ void CDrawStyle::drawCircleDot(QPainter* painter, QRect& rect, RPCFormulaResultC
     if (barCount >= 1) {
         if (alignByIndex)
             start = toPixel(startIndex * width);
-        else if (isSecondVariant())
+        else if (isClientType3())
             start = xOffset; // Deliberate: the offset counts twice, here and below
         else
             start = toPixel(bars.rightShift() * width);

@@ -2,7 +2,8 @@
 
 #include "draw/CDrawStyle.h"
 
-#include "draw/internal/LineLayout.h"
+#include "data/internal/RecordViews.h"
+#include "draw/internal/BarLayout.h"
 #include "draw/internal/Pens.h"
 #include "draw/internal/ink/Ink.h"
 #include "draw/internal/ink/LineTrace.h"
@@ -15,12 +16,17 @@
 
 namespace TC {
 
-namespace {
-
 using namespace detail;
 
-const QColor kAccent(72, 166, 242); // client type 3's blue
+namespace {
+
 constexpr int kWhite = 0xFFFFFF;
+
+/// Client type 3's blue.
+QColor accent(int alpha = 255)
+{
+    return QColor(72, 166, 242, alpha);
+}
 
 /// Row of a value on the painters' own scale; on a flat range every value stands on half the bottom
 /// coordinate. Deliberate: not the centre of the rectangle, which may begin below row 0.
@@ -28,7 +34,7 @@ class LineRows
 {
 public:
     LineRows(const QRect& rect, const QPair<double, double>& range)
-        : m_scale(spanning(rect, range))
+        : m_scale(valueScale(rect, range))
     {
         if (isFlat(range))
             m_flatRow = rect.bottom() / 2;
@@ -53,8 +59,8 @@ private:
 /// Top and bottom colour of the fill under a line: client type 3's own, the skin's pair, or the default.
 QPair<QColor, QColor> fillColors()
 {
-    if (isSecondVariant())
-        return { QColor(72, 166, 242, 102), QColor(31, 33, 38, 0) };
+    if (isClientType3())
+        return { accent(102), QColor(31, 33, 38, 0) };
     const QList<QColor>& gradient = CDrawStyle::m_colorListGradient;
     if (gradient.size() == 2)
         return { gradient[0], gradient[1] };
@@ -83,10 +89,10 @@ void fillBeneath(QPainter* painter, const QRect& rect, const QPainterPath& line)
 Qt::PenStyle vertLineStyle(const OutputView& output, int lineStyle)
 {
     switch (lineStyle) {
-    case 0: return Qt::SolidLine;
-    case 15:
-    case 16:
-    case 17: return static_cast<Qt::PenStyle>(lineStyle - 12);
+    case se::LineStyle::Solid: return Qt::SolidLine;
+    case se::LineStyle::Dot: return Qt::DotLine;
+    case se::LineStyle::DashDot: return Qt::DashDotLine;
+    case se::LineStyle::DashDotDot: return Qt::DashDotDotLine;
     default: return static_cast<Qt::PenStyle>(output.index());
     }
 }
@@ -109,7 +115,7 @@ void CDrawStyle::drawSimpleLine(QPainter* painter, QRect& rect, RPCFormulaResult
     const LineRows rows(rect, range);
     const double factor = useScale ? static_cast<double>(scale) : 1.0;
 
-    const QColor ink = isSecondVariant() && *color == kWhite ? kAccent : fromPacked(*color);
+    const QColor ink = isClientType3() && *color == kWhite ? accent() : fromPacked(*color);
     const QPen pen = linePen(ink, output.lineWidth(), penStyle);
 
     const LineSource<LineRows> source {

@@ -1,6 +1,6 @@
 /// @file Gives the formula reader bytes of any kind and computes whatever it takes for a formula.
 
-#include "engine/FormulaEvaluation.h"
+#include "engine/evaluation/FormulaEvaluation.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 #pragma once
 /// @file A short text that stands for all that the panes read of a computed formula.
 
-#include "engine/FormulaRecords.h"
+#include "engine/records/FormulaRecords.h"
 
 #include <string>
 

@@ -1,8 +1,9 @@
 #include "apps/client/editor/FormulaPreview.h"
 
+#include "apps/chart/ChartMeasures.h"
 #include "apps/chart/PanePainter.h"
+#include "engine/Formulas.h"
 #include "host/TC/Instruments.h"
-#include "host/ttservice/CInstrumentDetail.h"
 
 #include <QPainter>
 
@@ -14,7 +15,6 @@ namespace {
 
 constexpr std::size_t kBarsShown = 120;
 constexpr std::size_t kBarsComputed = 500; // so that slow averages have settled where they are shown
-constexpr int kAxisWidth = 70;             // pixels
 
 const QString kCandles = QStringLiteral("KLINE");
 const QString kOwn = QStringLiteral("preview");
@@ -81,18 +81,12 @@ void FormulaPreview::paintEvent(QPaintEvent*)
         painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("打开K线后，这里显示公式的样子"));
         return;
     }
-    const QString instrument = TC::getDetailQsKey(m_instrument);
-    chart::PaneContent content;
-    content.priceTick = m_instrument->priceTick;
+    chart::PaneContent content = m_results.content(m_instrument);
     content.showsPrices = m_formula->kind() != 0;
-    const QList<QString> names = m_results.getFormulas();
-    for (const QString& name : names) {
-        const TC::CFormulaKey key(instrument, name);
-        content.formulas.push_back({ key, m_results.recordsOf(key) });
-    }
-    const int plotWidth = std::max(0, width() - kAxisWidth), total = static_cast<int>(m_bars.size());
+    const int plotWidth = std::max(0, width() - chart::kAxisWidth), total = static_cast<int>(m_bars.size());
     const chart::BarView view { std::max(0, total - static_cast<int>(kBarsShown)), total - 1, plotWidth };
-    chart::paintPane(painter, { QRect(0, 0, plotWidth, height()), QRect(plotWidth, 0, kAxisWidth, height()) },
+    chart::paintPane(painter,
+                     { QRect(0, 0, plotWidth, height()), QRect(plotWidth, 0, chart::kAxisWidth, height()) },
                      content, view, {});
 }
 

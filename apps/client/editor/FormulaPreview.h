@@ -3,7 +3,7 @@
 
 #include "apps/chart/OpenedBars.h"
 #include "apps/chart/PaneResults.h"
-#include "engine/Formula.h"
+#include "engine/language/Formula.h"
 
 #include <QWidget>
 

@@ -1,7 +1,7 @@
 #include "apps/client/editor/FormulaText.h"
 
 #include "apps/client/editor/FormulaHighlighter.h"
-#include "engine/Formula.h"
+#include "engine/language/Formula.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>

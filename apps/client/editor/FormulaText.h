@@ -1,7 +1,7 @@
 #pragma once
 /// @file The field in which the text of a formula is written.
 
-#include "engine/Problem.h"
+#include "engine/language/Problem.h"
 
 #include <QPlainTextEdit>
 

@@ -10,8 +10,8 @@
 namespace TC::detail {
 
 DirectionPens::DirectionPens()
-    : m_rise(skinColor(kRiseColor))
-    , m_fall(skinColor(kFallColor))
+    : m_rise(WB::skinColor(kRiseColor))
+    , m_fall(WB::skinColor(kFallColor))
 {
 }
 

@@ -1,6 +1,6 @@
 /// @file Files with random damage: the readers answer with sound series or with one failure line.
 
-#include "engine/TickFile.h"
+#include "engine/files/TickFile.h"
 #include "engine/TickFormulas.h"
 #include "host/embedded/FormulaSetup.h"
 #include "host/embedded/SettingsSetup.h"

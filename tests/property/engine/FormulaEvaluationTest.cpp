@@ -1,8 +1,8 @@
 /// @file Random formulas that follow bars as they come, against computations from the beginning: the records
 /// agree bit for bit.
 
-#include "engine/FormulaEvaluation.h"
-#include "engine/language/Functions.h"
+#include "engine/evaluation/FormulaEvaluation.h"
+#include "engine/language/FunctionTable.h"
 #include "tests/support/Seeds.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +16,6 @@ namespace {
 using engine::BarSeries;
 using engine::FormulaEvaluation;
 using engine::FormulaRecords;
-using engine::language::Drawing;
 using engine::language::Function;
 using Mode = FormulaEvaluation::Mode;
 using Series = std::vector<double>;
@@ -56,9 +55,9 @@ public:
         : m_dice(dice)
     {
         for (const Function& function : engine::language::allFunctions()) {
-            if (function.drawing != Drawing::None)
+            if (function.drawing)
                 m_drawings.push_back(&function);
-            else if (!function.isOperator())
+            else if (!function.isOperator)
                 m_functions.push_back(&function);
         }
     }
@@ -132,8 +131,8 @@ private:
     std::string drawing(const Function& function)
     {
         // columns stacked upon one another must be the last output
-        return function.drawing == Drawing::StackedVolume ? "VERTLINE(" + expression(2) + ")"
-                                                          : call(function, 2);
+        return function.drawing == se::DrawType::StackedVolume ? "VERTLINE(" + expression(2) + ")"
+                                                               : call(function, 2);
     }
 
     std::string attributes()

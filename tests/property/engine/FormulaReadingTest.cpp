@@ -1,7 +1,7 @@
 /// @file Damaged formulas and heaps of words: reading gives a formula that computes, or problems that point
 /// into the text.
 
-#include "engine/FormulaEvaluation.h"
+#include "engine/evaluation/FormulaEvaluation.h"
 #include "engine/Formulas.h"
 #include "tests/support/Seeds.h"
 

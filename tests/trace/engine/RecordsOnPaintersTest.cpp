@@ -1,7 +1,7 @@
 /// @file What the engine computes, in the hands of the painters, the range and the legend that read it.
 
 #include "draw/CDrawStyle.h"
-#include "engine/TickFile.h"
+#include "engine/files/TickFile.h"
 #include "engine/TickFormulas.h"
 #include "host/TC/UiParams.h"
 #include "tests/support/EngineBars.h"

@@ -1,4 +1,4 @@
-#include "apps/client/BarAlignment.h"
+#include "apps/client/chart/BarAlignment.h"
 
 #include <gtest/gtest.h>
 

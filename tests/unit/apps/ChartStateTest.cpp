@@ -1,4 +1,4 @@
-#include "apps/client/ChartState.h"
+#include "apps/client/chart/ChartState.h"
 
 #include <QSignalSpy>
 

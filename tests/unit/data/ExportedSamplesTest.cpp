@@ -1,6 +1,6 @@
 /// @file Formulas over the bundled bars, exported and read again by a reader of its own.
 
-#include "engine/BarFile.h"
+#include "engine/files/BarFile.h"
 #include "engine/Formulas.h"
 #include "tests/support/CsvText.h"
 #include "tests/support/Pane.h"

@@ -1,4 +1,4 @@
-#include "engine/BarFile.h"
+#include "engine/files/BarFile.h"
 
 #include <QTemporaryDir>
 #include <QFile>

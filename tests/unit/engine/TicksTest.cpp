@@ -1,4 +1,4 @@
-#include "engine/TickFile.h"
+#include "engine/files/TickFile.h"
 #include "engine/TickFormulas.h"
 
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "apps/client/parts/PanelPool.h"
+#include "apps/client/docking/PanelPool.h"
 
 #include <QCoreApplication>
 

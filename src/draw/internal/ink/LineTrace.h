@@ -1,7 +1,7 @@
 #pragma once
 /// @file From a column of numbers to the points of a line.
 
-#include "draw/internal/Output.h"
+#include "data/internal/RecordViews.h"
 #include "draw/internal/ink/Extremes.h"
 #include "draw/internal/ink/PixelColumns.h"
 #include "draw/internal/ink/Polyline.h"

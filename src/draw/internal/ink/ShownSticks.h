@@ -1,7 +1,8 @@
 #pragma once
 /// @file Volume sticks of one pixel that later ones leave in sight.
 
-#include "draw/internal/StickLayout.h"
+#include "data/internal/RecordViews.h"
+#include "draw/internal/BarLayout.h"
 #include "draw/internal/ink/PixelColumns.h"
 
 #include <vector>

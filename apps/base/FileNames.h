@@ -1,0 +1,23 @@
+#pragma once
+/// @file Names of files, of whatever bytes they are made.
+
+#include <QByteArray>
+#include <QString>
+
+namespace base {
+
+/// The name as a text that loses nothing: a byte that is no UTF-8 becomes a lone low surrogate, U+DC00 plus
+/// the byte, which no valid name holds.
+QString nameFromBytes(const QByteArray& bytes);
+
+/// The bytes of a name, whether it comes from nameFromBytes() or from Qt.
+QByteArray bytesOfName(const QString& name);
+
+/// A text as one line of a message: control characters, line ends of any kind and bytes that are no text are
+/// written as \n, \t or \xNN, marks that turn the direction of writing as \uNNNN.
+QString printable(const QString& text);
+
+/// Opens a file of any name for reading. @return the descriptor, which the caller closes; -1 with errno set.
+int openForReading(const QString& name);
+
+} // namespace base

@@ -1,0 +1,58 @@
+#include "apps/chart/PaneResults.h"
+
+#include "host/TC/Instruments.h"
+#include "host/ttservice/CInstrumentDetail.h"
+
+#include <utility>
+
+namespace chart {
+
+PaneResults::PaneResults(WB::CEventDeliverer* parent)
+    : TC::IndexBaseData(parent)
+{
+}
+
+void PaneResults::add(const TC::CFormulaKey& key, engine::FormulaRecords records)
+{
+    if (!m_formulas.contains(key.formulaName))
+        m_formulas << key.formulaName;
+    TC::RPCFormulaResultCache& cache = m_data[key];
+    cache.meta = std::move(records.meta);
+    cache.result = std::move(records.result);
+}
+
+void PaneResults::clear()
+{
+    m_formulas.clear();
+    m_data.clear();
+}
+
+PaneContent PaneResults::content(const Instrument& instrument)
+{
+    std::vector<TC::CFormulaKey> keys;
+    const QString own = TC::getDetailQsKey(instrument);
+    for (const QString& name : qAsConst(m_formulas))
+        keys.emplace_back(own, name);
+    return content(instrument, keys);
+}
+
+PaneContent PaneResults::content(const Instrument& instrument, const std::vector<TC::CFormulaKey>& keys)
+{
+    PaneContent pane;
+    if (!instrument)
+        return pane;
+    pane.priceTick = instrument->priceTick;
+    const QString own = TC::getDetailQsKey(instrument);
+    for (const TC::CFormulaKey& key : keys) {
+        const auto found = m_data.find(key);
+        if (found == m_data.end())
+            continue;
+        PaneFormula formula { key, &found.value() };
+        formula.overlaid = key.instrumentKey != own;
+        pane.formulas.push_back(formula);
+        pane.showsPrices = pane.showsPrices || isMainGraph(key.formulaName);
+    }
+    return pane;
+}
+
+} // namespace chart

@@ -1,0 +1,134 @@
+/// @file The menus of the client's window.
+
+#include "apps/client/MainWindow.h"
+#include "apps/client/PanelIds.h"
+#include "apps/client/basket/BasketPanel.h"
+#include "host/embedded/EmbeddedHost.h"
+
+#include <QActionGroup>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMenuBar>
+
+namespace client {
+
+namespace {
+
+QString chooseFile(QWidget* parent, const QString& title)
+{
+    return QFileDialog::getOpenFileName(parent, title, QString(), QStringLiteral("CSV (*.csv)"));
+}
+
+} // namespace
+
+void MainWindow::buildFileMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("文件(&F)"));
+    menu->addAction(
+        QStringLiteral("打开K线…"), this,
+        [this] {
+            const QString path = chooseFile(this, QStringLiteral("打开K线"));
+            if (!path.isEmpty())
+                static_cast<void>(openBars(path)); // a failure is shown
+        },
+        QKeySequence::Open);
+    menu->addAction(QStringLiteral("打开分笔…"), this, [this] {
+        const QString path = chooseFile(this, QStringLiteral("打开分笔"));
+        if (!path.isEmpty())
+            static_cast<void>(openTicks(path));
+    });
+    menu->addAction(QStringLiteral("导入股票列表…"), this, [this] {
+        const QString path =
+            QFileDialog::getOpenFileName(this, QStringLiteral("导入股票"), QString(),
+                                         QStringLiteral("股票列表 (*.csv *.txt *.xlsx *.xls)"));
+        if (!path.isEmpty())
+            m_basket->importFile(path);
+    });
+    menu->addSeparator();
+    menu->addAction(QStringLiteral("退出"), this, &QWidget::close, QKeySequence::Quit);
+}
+
+void MainWindow::buildViewMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("视图(&V)"));
+    auto* skins = new QActionGroup(this);
+    QMenu* skinMenu = menu->addMenu(QStringLiteral("皮肤"));
+    const QStringList names = TC::embedded::skinNames();
+    for (const QString& name : names) {
+        QAction* action = skinMenu->addAction(menuText(name), this, [this, name] {
+            const QString failure = TC::embedded::loadSkin(name);
+            if (!failure.isEmpty())
+                slotShowMessage(failure);
+        });
+        action->setCheckable(true);
+        action->setChecked(name == TC::embedded::currentSkin());
+        skins->addAction(action);
+    }
+    skinMenu->addAction(QStringLiteral("打开皮肤文件…"), this, [this] {
+        const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("皮肤"), QString(),
+                                                          QStringLiteral("JSON (*.json)"));
+        const QString failure = path.isEmpty() ? QString() : TC::embedded::loadSkin(path);
+        if (!failure.isEmpty())
+            slotShowMessage(failure);
+    });
+
+    QMenu* panels = menu->addMenu(QStringLiteral("面板"));
+    for (const QString& id :
+         { kChartPanel, kTickPanel, kBasketPanel, kInstrumentPanel, kFormulaPanel, kMessagePanel }) {
+        if (ads::CDockWidget* dock = m_docks.dock(id))
+            panels->addAction(dock->toggleViewAction());
+    }
+    QMenu* arrangements = menu->addMenu(QStringLiteral("布局"));
+    connect(arrangements, &QMenu::aboutToShow, this, [this, arrangements] {
+        arrangements->clear();
+        arrangements->addAction(QStringLiteral("默认布局"), this, [this] { m_docks.applyDefault(); });
+        arrangements->addAction(QStringLiteral("保存为…"), this, [this] {
+            const QString name =
+                QInputDialog::getText(this, QStringLiteral("保存布局"), QStringLiteral("名称"));
+            const QString failure = name.isEmpty() ? QString() : m_docks.store(name);
+            if (!failure.isEmpty())
+                slotShowMessage(failure);
+        });
+        arrangements->addSeparator();
+        const QStringList stored = m_docks.names();
+        for (const QString& name : stored) {
+            arrangements->addAction(menuText(name), this, [this, name] {
+                const QString failure = m_docks.apply(name);
+                if (!failure.isEmpty())
+                    slotShowMessage(failure);
+            });
+        }
+    });
+}
+
+void MainWindow::buildOverlayMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("叠加(&O)"));
+    menu->addAction(QStringLiteral("叠加品种…"), this, [this] {
+        const QString path = chooseFile(this, QStringLiteral("叠加品种"));
+        if (!path.isEmpty())
+            static_cast<void>(overlayBars(path));
+    });
+    menu->addAction(QStringLiteral("清除叠加"), this, &MainWindow::clearOverlays);
+}
+
+void MainWindow::buildToolsMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("工具(&T)"));
+    QAction* demo = menu->addAction(QStringLiteral("演示账户（虚构数据）"));
+    demo->setCheckable(true);
+    connect(demo, &QAction::toggled, this, &MainWindow::setDemoAccount);
+    menu->addSeparator();
+    menu->addAction(QStringLiteral("公式编辑器…"), this, [this] { showFormulaEditor(QString()); });
+    menu->addAction(QStringLiteral("备份公式"), this, [this] {
+        base::Result<bool> made = backUpFormulas();
+        slotShowMessage(!made.isGood() ? QStringLiteral("备份失败：%1").arg(made.reason())
+                            : *made    ? QStringLiteral("公式已备份")
+                                       : QStringLiteral("没有需要备份的改动，未做新备份"));
+    });
+    menu->addAction(QStringLiteral("恢复公式…"), this,
+                    [this] { showRestoreDialog(RestoreDialog::Occasion::Menu); });
+    menu->addAction(QStringLiteral("重新载入公式"), this, &MainWindow::reloadFormulas);
+}
+
+} // namespace client

@@ -1,0 +1,15 @@
+#pragma once
+/// @file Identifiers of the client's panels; their titles come from the library's table.
+
+#include <QString>
+
+namespace client {
+
+inline const QString kChartPanel = QStringLiteral("indexMainPanel");
+inline const QString kTickPanel = QStringLiteral("transactionPanel");
+inline const QString kBasketPanel = QStringLiteral("tradeBaskets");
+inline const QString kInstrumentPanel = QStringLiteral("productBaseInfo");
+inline const QString kFormulaPanel = QStringLiteral("F7index");
+inline const QString kMessagePanel = QStringLiteral("messagePanel");
+
+} // namespace client

@@ -1,0 +1,220 @@
+#include "apps/client/basket/BasketPanel.h"
+
+#include "apps/client/basket/ImportReport.h"
+#include "host/TC/CStockManager.h"
+#include "host/utils/CSingletonT.h"
+#include "stocklist/CParserStockExeclTable.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFutureWatcher>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QtConcurrent>
+
+#include <algorithm>
+
+namespace client {
+
+namespace {
+
+constexpr double kSeed = 1.0;       // least relative weight before the first row
+constexpr int kProgressDelay = 400; // milliseconds before the progress window appears
+
+bool isWorkbook(const QString& path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    return suffix == QLatin1String("xlsx") || suffix == QLatin1String("xls");
+}
+
+bool isKnownKind(const QString& path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    return isWorkbook(path) || suffix == QLatin1String("csv") || suffix == QLatin1String("txt");
+}
+
+} // namespace
+
+/// What one import brought.
+struct BasketPanel::Import
+{
+    QVector<TC::ParserStockDetail> found;
+    double minimum = kSeed;
+    ImportReport report;
+};
+
+BasketPanel::BasketPanel(QWidget* parent)
+    : QWidget(parent)
+    , m_table(new TC::CParserStockExeclTable(0, this, {}))
+    , m_report(new QLabel(this))
+{
+    m_report->setTextFormat(Qt::PlainText);
+    setAcceptDrops(true);
+    m_report->setWordWrap(true);
+    m_report->setText(QStringLiteral("拖入或打开 .csv .txt .xlsx .xls，或按 Ctrl+V 粘贴"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(4, 4, 4, 4);
+    layout->addWidget(buildBar());
+    layout->addWidget(m_table, 1);
+    layout->addWidget(m_report);
+    connect(m_table, SIGNAL(sigPasteTable(bool)), this, SLOT(slotPaste()));
+}
+
+BasketPanel::~BasketPanel()
+{
+    if (m_cancelled)
+        *m_cancelled = true;
+}
+
+QWidget* BasketPanel::buildBar()
+{
+    auto* bar = new QWidget(this);
+    auto* layout = new QHBoxLayout(bar);
+    layout->setContentsMargins(0, 0, 0, 0);
+
+    auto* open = new QPushButton(QStringLiteral("导入…"), bar);
+    connect(open, &QPushButton::clicked, this, &BasketPanel::chooseFile);
+    auto* clear = new QPushButton(QStringLiteral("清空"), bar);
+    connect(clear, &QPushButton::clicked, this, [this] { m_table->clearAll(); });
+
+    auto* rule = new QComboBox(bar);
+    rule->addItems({ QStringLiteral("等权"), QStringLiteral("相对权重"), QStringLiteral("流通市值"),
+                     QStringLiteral("总市值"), QStringLiteral("绝对权重"), QStringLiteral("股数") });
+    rule->setCurrentIndex(m_table->getWeightType());
+    connect(rule, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int type) {
+        m_table->setWeightType(type);
+        m_table->reCalc();
+    });
+
+    auto* filter = new QLineEdit(bar);
+    filter->setPlaceholderText(QStringLiteral("过滤：代码、名称、拼音"));
+    filter->setClearButtonEnabled(true);
+    connect(filter, &QLineEdit::textChanged, this, &BasketPanel::slotFilter);
+
+    auto* readOnly = new QCheckBox(QStringLiteral("只读"), bar);
+    connect(readOnly, &QCheckBox::toggled, this, [this](bool on) {
+        m_table->setReadOnly(on);
+        m_table->reCalc();
+    });
+
+    for (QWidget* widget :
+         { static_cast<QWidget*>(open), static_cast<QWidget*>(clear), static_cast<QWidget*>(rule),
+           static_cast<QWidget*>(filter), static_cast<QWidget*>(readOnly) })
+        layout->addWidget(widget, widget == filter ? 1 : 0);
+    return bar;
+}
+
+void BasketPanel::chooseFile()
+{
+    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("导入股票"), QString(),
+                                                      QStringLiteral("股票列表 (*.csv *.txt *.xlsx *.xls)"));
+    if (!path.isEmpty())
+        importFile(path);
+}
+
+void BasketPanel::importFile(const QString& path)
+{
+    if (!isKnownKind(path)) {
+        Q_EMIT sigMessage(
+            QStringLiteral("%1：只能导入 .csv .txt .xlsx .xls").arg(QFileInfo(path).fileName()));
+        return;
+    }
+    if (m_cancelled)
+        m_waiting << path;
+    else
+        startImport(path);
+}
+
+void BasketPanel::startNext()
+{
+    m_cancelled.reset();
+    if (!m_waiting.isEmpty())
+        startImport(m_waiting.takeFirst());
+}
+
+void BasketPanel::startImport(const QString& path)
+{
+    m_cancelled = std::make_shared<std::atomic<bool>>(false);
+    const std::shared_ptr<std::atomic<bool>> cancelled = m_cancelled;
+    utils::CSingletonT<TC::CStockManager>::instance()->getInstrumentDetail(QString()); // loads on this thread
+
+    auto* progress = new QProgressDialog(QStringLiteral("正在导入 %1").arg(QFileInfo(path).fileName()),
+                                         QStringLiteral("取消"), 0, 0, this);
+    progress->setMinimumDuration(kProgressDelay);
+    connect(progress, &QProgressDialog::canceled, this, [cancelled] { *cancelled = true; });
+
+    auto* watcher = new QFutureWatcher<Import>(this);
+    connect(watcher, &QFutureWatcher<Import>::finished, this, [this, watcher, progress, cancelled, path] {
+        progress->deleteLater();
+        watcher->deleteLater();
+        if (*cancelled)
+            Q_EMIT sigMessage(QStringLiteral("已取消导入 %1").arg(QFileInfo(path).fileName()));
+        else
+            add(watcher->result(), QFileInfo(path).fileName());
+        startNext();
+        Q_EMIT sigImportEnded();
+    });
+    watcher->setFuture(QtConcurrent::run([path, cancelled] {
+        Import import;
+        if (isWorkbook(path))
+            TC::CParserStockExeclTable::parserExcel(path, import.found, import.minimum);
+        else
+            TC::CParserStockExeclTable::parserCvs(path, import.found, import.minimum);
+        if (!*cancelled)
+            import.report = reportOn(codesOfFile(path, isWorkbook(path)), isWorkbook(path));
+        return import;
+    }));
+}
+
+void BasketPanel::slotPaste()
+{
+    Import import;
+    m_table->parserPaste(import.found, import.minimum);
+    QVector<QString> codes;
+    const QStringList lines = QApplication::clipboard()->text().split(QLatin1Char('\n'));
+    for (const QString& line : lines)
+        codes << line.section(QLatin1Char('\t'), 0, 0);
+    if (!codes.isEmpty() && codes.last().isEmpty())
+        codes.removeLast(); // behind the last line end
+    import.report = reportOn(codes, false);
+    add(import, QStringLiteral("剪贴板"));
+}
+
+void BasketPanel::slotFilter(const QString& text)
+{
+    m_table->setColumnFilter(WB::CStandardTable::kAnyColumn, text);
+}
+
+void BasketPanel::add(Import import, const QString& source)
+{
+    m_table->addData(import.found, import.minimum);
+    const QString line = import.report.text(source);
+    m_report->setText(line);
+    Q_EMIT sigMessage(line);
+}
+
+void BasketPanel::dragEnterEvent(QDragEnterEvent* event)
+{
+    const QList<QUrl> urls = event->mimeData()->urls();
+    const auto isImportable = [](const QUrl& url) { return isKnownKind(url.toLocalFile()); };
+    if (std::any_of(urls.begin(), urls.end(), isImportable))
+        event->acceptProposedAction();
+}
+
+void BasketPanel::dropEvent(QDropEvent* event)
+{
+    const QList<QUrl> urls = event->mimeData()->urls();
+    for (const QUrl& url : urls)
+        importFile(url.toLocalFile());
+}
+
+} // namespace client

@@ -1,0 +1,101 @@
+#include "apps/client/basket/ImportReport.h"
+
+#include "host/TC/CStockManager.h"
+#include "host/TC/QReadFile.h"
+#include "host/WB/CExcelReader.h"
+#include "host/ttservice/CInstrumentDetail.h"
+#include "host/ttservice/StockTypeCenter.h"
+#include "host/utils/CSingletonT.h"
+
+#include <algorithm>
+
+namespace client {
+
+namespace {
+
+constexpr int kAShare = 100003;
+constexpr int kCodeLength = 6;
+constexpr int kMostExamples = 5;
+
+using Detail = TC::CStockManager::Detail;
+
+bool isAShare(const Detail& instrument)
+{
+    return utils::CSingletonT<ttservice::StockTypeCenter>::instance()->isTypedStock(
+        kAShare, instrument->market, instrument->code);
+}
+
+QVector<Detail> candidates(const QString& code, bool workbook)
+{
+    const auto* stocks = utils::CSingletonT<TC::CStockManager>::instance();
+    QVector<Detail> found;
+    if (workbook)
+        stocks->getMultiStockDetail(code.rightJustified(kCodeLength, QLatin1Char('0')), found);
+    else if (const Detail instrument = stocks->getInstrumentDetail(code))
+        found << instrument;
+    return found;
+}
+
+} // namespace
+
+QString ImportReport::text(const QString& source) const
+{
+    QStringList skipped;
+    if (empty > 0)
+        skipped << QStringLiteral("空行 %1").arg(empty);
+    if (unknown > 0)
+        skipped << QStringLiteral("代码未知 %1").arg(unknown);
+    if (otherKind > 0)
+        skipped << QStringLiteral("非A股 %1").arg(otherKind);
+    QString line = QStringLiteral("%1：读入 %2 行，识别 %3 行").arg(source).arg(rows).arg(recognised);
+    if (!skipped.isEmpty())
+        line += QStringLiteral("，跳过 %1 行（%2）")
+                    .arg(rows - recognised)
+                    .arg(skipped.join(QStringLiteral("，")));
+    if (!examples.isEmpty())
+        line += QStringLiteral("，例如 %1").arg(examples.join(QStringLiteral("、")));
+    return line;
+}
+
+ImportReport reportOn(const QVector<QString>& codes, bool workbook)
+{
+    ImportReport report;
+    report.rows = codes.size();
+    for (const QString& code : codes) {
+        if (code.trimmed().isEmpty()) {
+            ++report.empty;
+            continue;
+        }
+        const QVector<Detail> found = candidates(code, workbook);
+        if (std::any_of(found.begin(), found.end(), isAShare)) {
+            ++report.recognised;
+            continue;
+        }
+        ++(found.isEmpty() ? report.unknown : report.otherKind);
+        if (report.examples.size() < kMostExamples)
+            report.examples << code.simplified().left(20);
+    }
+    return report;
+}
+
+QVector<QString> codesOfFile(const QString& path, bool workbook)
+{
+    QVector<QString> codes;
+    if (workbook) {
+        WB::CExcelReader reader;
+        reader.init(false);
+        reader.open(path);
+        const int row = reader.getSheetStartRow(1), column = reader.getSheetStartCol(1);
+        for (int i = 0; i < reader.getSheetRowCount(1); ++i)
+            codes << reader.getData(1, row + i, column, true);
+        return codes;
+    }
+    QString file = path;
+    QList<QString> lines;
+    TC::QReadFile(file, lines, false);
+    for (const QString& line : lines)
+        codes << line.section(QLatin1Char(','), 0, 0);
+    return codes;
+}
+
+} // namespace client

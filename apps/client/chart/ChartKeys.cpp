@@ -1,0 +1,31 @@
+#include "apps/client/chart/ChartKeys.h"
+
+#include <Qt>
+
+#include <algorithm>
+
+namespace client {
+
+namespace {
+
+constexpr double kZoomStep = 1.25;
+constexpr int kMoveShare = 10; // a cursor key moves by this part of the shown bars
+
+} // namespace
+
+bool moveByKey(ChartState& state, int key)
+{
+    const int step = std::max(1, (state.last() - state.first() + 1) / kMoveShare);
+    const int anchor = state.crosshairBar() >= 0 ? state.crosshairBar() : state.last();
+    switch (key) {
+    case Qt::Key_Up: state.zoom(1.0 / kZoomStep, anchor); return true;
+    case Qt::Key_Down: state.zoom(kZoomStep, anchor); return true;
+    case Qt::Key_Left: state.pan(-step); return true;
+    case Qt::Key_Right: state.pan(step); return true;
+    case Qt::Key_Home: state.showFirst(); return true;
+    case Qt::Key_End: state.showLast(); return true;
+    default: return false;
+    }
+}
+
+} // namespace client

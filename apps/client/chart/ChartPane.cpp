@@ -1,0 +1,185 @@
+#include "apps/client/chart/ChartPane.h"
+
+#include "apps/client/PlainTexts.h"
+#include "apps/client/chart/PlotWidget.h"
+#include "host/TC/Instruments.h"
+#include "host/TC/UiParams.h"
+#include "host/WB/CPushButton.h"
+#include "host/WB/StripEvents.h"
+#include "host/WB/TextConversion.h"
+#include "host/ttservice/CInstrumentDetail.h"
+#include "title/CIndexTitleWidget.h"
+
+#include <boost/make_shared.hpp>
+
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace client {
+
+namespace {
+
+constexpr int kLegendOpened = 1050; // milliseconds until the strip has noticed a resting pointer
+
+} // namespace
+
+ChartPane::ChartPane(bool main, ChartState* state, FormulaSource* source, const QStringList& formulas,
+                     QWidget* parent)
+    : TC::CIndexPanelBaseWidget(QStringLiteral("chart_pane"), parent)
+    , m_main(main)
+    , m_state(state)
+    , m_data(std::make_unique<PaneData>(this, state, source))
+    , m_klineParam(boost::make_shared<TC::CKLineUiParam>())
+{
+    const TC::EIndexDisplayType display = main ? TC::EIndexDisplay_Heading : TC::EIndexDisplay_Legend;
+    const TC::EIndexViewType view = main ? TC::EIndexView_Module : TC::EIndexView_Indented;
+    m_title = new TC::CIndexTitleWidget(m_data.get(), display, view, view, 0, 0, m_klineParam, this);
+    m_plot = new PlotWidget(
+        state, [this] { return m_data->content(); }, this);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_title);
+    layout->addWidget(m_plot, 1);
+
+    m_title->installEventFilter(this);
+    if (auto* close = m_title->closeButton())
+        connect(close, &WB::CPushButton::clicked, this, &ChartPane::sigCloseRequested);
+    connect(m_data.get(), &PaneData::sigChanged, this, &ChartPane::updateView);
+    connect(state, &ChartState::sigCrosshairChanged, this, [this] { showLegendOf(m_state->crosshairBar()); });
+    connect(state, &ChartState::sigBarsChanged, this, &ChartPane::reloadStock);
+    reloadStock();
+    m_data->setFormulas(formulas);
+}
+
+ChartPane::~ChartPane()
+{
+    m_title->setIndexData(nullptr);
+}
+
+void ChartPane::setOverlays(const std::vector<PaneData::Overlay>& overlays)
+{
+    QList<ChartState::Instrument> instruments;
+    for (const PaneData::Overlay& overlay : overlays)
+        instruments << overlay.instrument;
+    m_title->setAddStockList(instruments);
+    m_data->setOverlays(overlays);
+}
+
+void ChartPane::showPositions(bool on)
+{
+    constexpr int positionFlag = 2;
+    m_klineParam->displayFlags = on ? positionFlag : 0;
+    m_title->updateView();
+}
+
+void ChartPane::clear(bool)
+{
+    m_data->setFormulas({});
+}
+
+void ChartPane::reloadStock()
+{
+    m_klineParam->barCount = m_state->barTotal();
+    m_title->setPeroid(m_state->period());
+    m_title->setStock(m_state->instrument());
+}
+
+void ChartPane::request(bool)
+{
+    m_data->request();
+}
+
+void ChartPane::unrequest()
+{
+    m_data->cancel();
+}
+
+void ChartPane::updateView()
+{
+    fitLegend();
+    showLegendOf(m_state->crosshairBar());
+    m_plot->update();
+}
+
+/// The legend follows the crosshair; without one it shows the last bar.
+void ChartPane::showLegendOf(int bar)
+{
+    m_title->updateIndexId(bar);
+}
+
+QString ChartPane::getMarket() const
+{
+    return WB::sToQs(TC::getDetailMarket(m_state->instrument()));
+}
+
+QString ChartPane::getStock() const
+{
+    return m_state->instrument() ? WB::sToQs(m_state->instrument()->code) : QString();
+}
+
+void ChartPane::uiResourceChanged()
+{
+    TC::CIndexPanelBaseWidget::uiResourceChanged();
+    if (!m_title)
+        return;
+    m_data->colorOverlays();
+    m_title->updateView();
+}
+
+/// The legend opens further rows when the pointer has rested on it, and closes them when it leaves.
+bool ChartPane::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_title && event->type() == QEvent::Enter)
+        QTimer::singleShot(kLegendOpened, this, &ChartPane::fitLegend);
+    else if (watched == m_title && event->type() == QEvent::Leave)
+        QTimer::singleShot(0, this, &ChartPane::fitLegend);
+    return TC::CIndexPanelBaseWidget::eventFilter(watched, event);
+}
+
+/// Gives the strip the rows that its legend needs now.
+void ChartPane::fitLegend()
+{
+    if (m_main)
+        m_title->resetSize();
+    else
+        m_title->updateTitleHeight();
+    m_title->updateView();
+}
+
+bool ChartPane::handleDeliveredEvent(int id, const QString& text, void* data)
+{
+    if (id != WB::EStripEvent_DoubleClicked)
+        return TC::CIndexPanelBaseWidget::handleDeliveredEvent(id, text, data);
+    Q_EMIT sigMaximizeRequested();
+    return true;
+}
+
+void ChartPane::contextMenuEvent(QContextMenuEvent* event)
+{
+    QMenu menu(this);
+    menu.addAction(QStringLiteral("导出全部指标…"), this,
+                   [this] { Q_EMIT sigExportRequested(QString(), false); });
+    menu.addAction(QStringLiteral("复制全部指标"), this,
+                   [this] { Q_EMIT sigExportRequested(QString(), true); });
+    const QList<QString> formulas = m_data->getFormulas();
+    for (const QString& formula : formulas) {
+        QMenu* one = menu.addMenu(menuText(formula));
+        one->addAction(QStringLiteral("导出…"), this,
+                       [this, formula] { Q_EMIT sigExportRequested(formula, false); });
+        one->addAction(QStringLiteral("复制"), this,
+                       [this, formula] { Q_EMIT sigExportRequested(formula, true); });
+    }
+    menu.exec(event->globalPos());
+}
+
+void ChartPane::resizeEvent(QResizeEvent* event)
+{
+    TC::CIndexPanelBaseWidget::resizeEvent(event);
+    if (!m_main)
+        m_title->updateTitleHeight();
+}
+
+} // namespace client

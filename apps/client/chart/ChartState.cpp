@@ -1,0 +1,85 @@
+#include "apps/client/chart/ChartState.h"
+
+#include "apps/chart/BarPeriod.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace client {
+
+namespace {
+
+constexpr int kUsualCount = 250;
+constexpr int kLeastCount = 10;
+
+} // namespace
+
+ChartState::ChartState(QObject* parent)
+    : QObject(parent)
+{
+}
+
+void ChartState::setBars(const Instrument& instrument, const Bars& bars)
+{
+    m_instrument = instrument;
+    m_bars = bars;
+    m_period = chart::barPeriod(bars ? bars->timeMs : std::vector<std::int64_t>());
+    m_crosshairBar = -1;
+    m_first = std::max(0, barTotal() - kUsualCount);
+    m_last = barTotal() - 1;
+    Q_EMIT sigBarsChanged();
+    Q_EMIT sigViewChanged();
+}
+
+void ChartState::setCrosshairBar(int bar)
+{
+    const int limited = bar < 0 || bar >= barTotal() ? -1 : bar;
+    if (limited == m_crosshairBar)
+        return;
+    m_crosshairBar = limited;
+    Q_EMIT sigCrosshairChanged();
+}
+
+void ChartState::zoom(double factor, int anchor)
+{
+    const int count = m_last - m_first + 1;
+    if (count < 1)
+        return;
+    const double wanted = factor < 1.0 ? std::floor(count * factor) : std::ceil(count * factor);
+    const int newCount =
+        static_cast<int>(std::clamp<double>(wanted, std::min(kLeastCount, barTotal()), barTotal()));
+    const double place = static_cast<double>(std::clamp(anchor, m_first, m_last) - m_first) / count;
+    const int first =
+        std::clamp(anchor - static_cast<int>(std::lround(place * newCount)), 0, barTotal() - newCount);
+    show(first, first + newCount - 1);
+}
+
+void ChartState::pan(int bars)
+{
+    const int count = m_last - m_first + 1;
+    const int first = std::clamp(m_first + bars, 0, std::max(0, barTotal() - count));
+    show(first, first + count - 1);
+}
+
+void ChartState::showFirst()
+{
+    pan(-barTotal());
+}
+
+void ChartState::showLast()
+{
+    pan(barTotal());
+}
+
+void ChartState::show(int first, int last)
+{
+    first = std::clamp(first, 0, std::max(0, barTotal() - 1));
+    last = std::clamp(last, first - 1, barTotal() - 1);
+    if (first == m_first && last == m_last)
+        return;
+    m_first = first;
+    m_last = last;
+    Q_EMIT sigViewChanged();
+}
+
+} // namespace client

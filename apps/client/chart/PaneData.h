@@ -1,0 +1,57 @@
+#pragma once
+/// @file What one pane of the client has asked for and received.
+
+#include "apps/chart/PaneResults.h"
+#include "apps/client/chart/ChartState.h"
+#include "apps/client/chart/FormulaSource.h"
+
+namespace client {
+
+/// The pane's formulas, their requests and results. A result whose request was superseded is dropped.
+class PaneData : public chart::PaneResults
+{
+    Q_OBJECT
+
+public:
+    PaneData(WB::CEventDeliverer* parent, ChartState* state, FormulaSource* source);
+    ~PaneData() override;
+
+    /// Replaces the formulas and asks for their results.
+    void setFormulas(const QStringList& names);
+    /// Asks anew for every formula; results already here stay until new ones arrive.
+    void request();
+    /// Gives up whatever is outstanding.
+    void cancel();
+
+    /// Overlaid instruments with their bars.
+    struct Overlay
+    {
+        ChartState::Instrument instrument;
+        ChartState::Bars bars;
+    };
+    /// @param overlays  bars on the times of the chart's own bars.
+    void setOverlays(const std::vector<Overlay>& overlays);
+
+    /// Gives overlaid candles, and their texts in the legend, colours of the skin's palette that the pane's
+    /// first averages do not use.
+    void colorOverlays();
+
+    /// The pane as the painters take it, formulas in display order.
+    chart::PaneContent content();
+
+Q_SIGNALS:
+    void sigChanged();
+
+private:
+    void bringOntoOneAxis(chart::PaneContent& pane) const;
+    void requestOne(const TC::CFormulaKey& key, const ChartState::Bars& bars);
+    void store(const QString& id, const std::shared_ptr<const engine::FormulaRecords>& records,
+               const TC::embedded::FormulaRecipe& recipe);
+    std::vector<TC::CFormulaKey> keys() const;
+
+    ChartState* m_state;
+    FormulaSource* m_source;
+    std::vector<Overlay> m_overlays;
+};
+
+} // namespace client

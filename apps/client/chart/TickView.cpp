@@ -1,0 +1,119 @@
+#include "apps/client/chart/TickView.h"
+
+#include "apps/chart/ChartMeasures.h"
+#include "apps/chart/TickFormulaNames.h"
+#include "apps/client/chart/ChartKeys.h"
+#include "apps/client/chart/PlotWidget.h"
+#include "apps/client/chart/TimeAxisWidget.h"
+#include "engine/TickFormulas.h"
+#include "host/TC/Instruments.h"
+#include "host/TC/UiParams.h"
+#include "title/CIndexTitleWidget.h"
+
+#include <boost/make_shared.hpp>
+
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+
+namespace client {
+
+namespace {
+
+constexpr int kShownTrades = 600;
+
+} // namespace
+
+TickView::TickView(QWidget* parent)
+    : QWidget(parent)
+    , m_rule(new QComboBox(this))
+{
+    chart::registerTickFormulas();
+    setFocusPolicy(Qt::StrongFocus);
+    m_rule->addItems({ QStringLiteral("量能颜色：按价格"), QStringLiteral("量能颜色：按价格与盘口") });
+    m_rule->setFocusPolicy(Qt::NoFocus);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_rule);
+    m_prices = makePane(true);
+    m_volumes = makePane(false);
+    layout->addWidget(m_prices.title);
+    layout->addWidget(m_prices.plot, chart::kMainShare);
+    layout->addWidget(m_volumes.title);
+    layout->addWidget(m_volumes.plot, 1);
+    layout->addWidget(new TimeAxisWidget(&m_state, this));
+    m_volumes.title->setCloseBtnVisible(false);
+    connect(m_rule, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            [this] { m_volumes.plot->update(); });
+    connect(&m_state, &ChartState::sigCrosshairChanged, this, [this] {
+        m_prices.title->updateIndexId(m_state.crosshairBar());
+        m_volumes.title->updateIndexId(m_state.crosshairBar());
+    });
+}
+
+TickView::~TickView()
+{
+    m_prices.title->setIndexData(nullptr);
+    m_volumes.title->setIndexData(nullptr);
+}
+
+TickView::Pane TickView::makePane(bool main)
+{
+    Pane pane;
+    pane.results = std::make_unique<chart::PaneResults>();
+    pane.title = new TC::CIndexTitleWidget(
+        pane.results.get(), main ? TC::EIndexDisplay_Heading : TC::EIndexDisplay_Legend,
+        main ? TC::EIndexView_Module : TC::EIndexView_Plain, TC::EIndexView_Module, 0, 0,
+        boost::make_shared<TC::CKLineUiParam>(), this);
+    pane.title->setPeroid(TC::EFormulaPeriod_Tick);
+    pane.plot = new PlotWidget(
+        &m_state, [this, results = pane.results.get()] { return contentOf(*results); }, this);
+    return pane;
+}
+
+chart::PaneContent TickView::contentOf(chart::PaneResults& results)
+{
+    chart::PaneContent content = results.content(m_state.instrument());
+    content.bookRule = followsBook();
+    return content;
+}
+
+void TickView::show(Pane& pane, const QString& formula, engine::FormulaRecords records)
+{
+    pane.results->clear();
+    pane.results->add(TC::CFormulaKey(TC::getDetailQsKey(m_state.instrument()), formula), std::move(records));
+    pane.title->setStock(m_state.instrument());
+    pane.title->resetSize();
+    pane.title->updateView();
+    pane.plot->update();
+}
+
+void TickView::setTicks(const chart::OpenedTicks& opened)
+{
+    auto times = std::make_shared<engine::BarSeries>();
+    times->timeMs = opened.ticks->timeMs;
+    m_state.setBars(opened.instrument, times);
+    m_state.show(m_state.barTotal() - kShownTrades, m_state.barTotal() - 1);
+    engine::TickRecords records = engine::computeTicks(*opened.ticks);
+    show(m_prices, QString::fromLatin1(chart::kTickPrices), std::move(records.prices));
+    show(m_volumes, QString::fromLatin1(chart::kTickVolumes), std::move(records.volumes));
+}
+
+bool TickView::followsBook() const
+{
+    return m_rule->currentIndex() == 1;
+}
+
+void TickView::setFollowsBook(bool on)
+{
+    m_rule->setCurrentIndex(on ? 1 : 0);
+}
+
+void TickView::keyPressEvent(QKeyEvent* event)
+{
+    if (!moveByKey(m_state, event->key()))
+        QWidget::keyPressEvent(event);
+}
+
+} // namespace client

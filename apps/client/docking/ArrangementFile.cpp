@@ -1,0 +1,95 @@
+#include "apps/client/docking/ArrangementFile.h"
+
+#include "apps/base/WholeFile.h"
+
+#include <QCoreApplication>
+#include <QCryptographicHash>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <optional>
+
+namespace client {
+
+namespace {
+
+constexpr int kFormat = 1;
+constexpr qint64 kMaxBytes = 16 * 1024 * 1024; // an arrangement takes a few kilobytes
+
+QString text(const char* source)
+{
+    return QCoreApplication::translate("ArrangementFile", source);
+}
+
+QJsonObject packed(const QByteArray& state)
+{
+    return { { QStringLiteral("state"), QString::fromLatin1(state.toBase64()) },
+             { QStringLiteral("sha256"), checksumOf(state) } };
+}
+
+std::optional<QByteArray> unpacked(const QJsonValue& value)
+{
+    const QJsonObject object = value.toObject();
+    const auto decoded = QByteArray::fromBase64Encoding(
+        object.value(QStringLiteral("state")).toString().toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
+    if (!decoded || (*decoded).isEmpty()
+        || checksumOf(*decoded) != object.value(QStringLiteral("sha256")).toString())
+        return std::nullopt;
+    return *decoded;
+}
+
+} // namespace
+
+QString checksumOf(const QByteArray& state)
+{
+    return QString::fromLatin1(QCryptographicHash::hash(state, QCryptographicHash::Sha256).toHex());
+}
+
+QString ArrangementFile::read(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() > kMaxBytes)
+        return text("面板布局文件无法读取");
+    const QJsonObject root = QJsonDocument::fromJson(file.readAll()).object();
+    if (root.value(QStringLiteral("format")).toInt() != kFormat)
+        return text("面板布局文件已损坏");
+
+    ArrangementFile content;
+    const std::optional<QByteArray> lastState = unpacked(root.value(QStringLiteral("last")));
+    if (!lastState)
+        return text("面板布局文件已损坏");
+    content.last = *lastState;
+    const QJsonObject states = root.value(QStringLiteral("named")).toObject();
+    for (auto entry = states.begin(); entry != states.end(); ++entry) {
+        const std::optional<QByteArray> state = unpacked(entry.value());
+        if (!state)
+            return text("面板布局文件已损坏");
+        content.named.insert(entry.key(), *state);
+    }
+    const QJsonValue place = root.value(QStringLiteral("window"));
+    const std::optional<QByteArray> windowPlace = unpacked(place);
+    if (!windowPlace && !place.isUndefined())
+        return text("面板布局文件已损坏");
+    content.window = windowPlace.value_or(QByteArray());
+    *this = content;
+    return QString();
+}
+
+QString ArrangementFile::write(const QString& path) const
+{
+    QJsonObject states;
+    for (auto entry = named.begin(); entry != named.end(); ++entry)
+        states.insert(entry.key(), packed(entry.value()));
+    QJsonObject root { { QStringLiteral("format"), kFormat },
+                       { QStringLiteral("last"), packed(last) },
+                       { QStringLiteral("named"), states } };
+    if (!window.isEmpty())
+        root.insert(QStringLiteral("window"), packed(window));
+    const QByteArray bytes = QJsonDocument(root).toJson();
+    if (const auto fault = base::writeWholeFile(path, bytes))
+        return text("面板布局无法保存：%1").arg(fault->chinese());
+    return QString();
+}
+
+} // namespace client

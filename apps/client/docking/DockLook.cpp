@@ -1,0 +1,83 @@
+#include "apps/client/docking/DockLook.h"
+
+#include <QEvent>
+#include <QFile>
+#include <QMainWindow>
+#include <QPointer>
+#include <QTimer>
+#include <QWindow>
+
+#include <qtadvanceddocking/DockManager.h>
+#include <qtadvanceddocking/DockOverlay.h>
+
+/// Resources of a static library are not found unless somebody names them.
+static void loadDockPictures()
+{
+    Q_INIT_RESOURCE(docks);
+}
+
+namespace client {
+
+namespace {
+
+QString dockStyle()
+{
+    QFile file(QStringLiteral(":/docks/docks.qss"));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// What the window shows: the marks, or the place that a drop would take.
+QRegion shownBy(const QWidget* window)
+{
+    if (const auto* overlay = qobject_cast<const ads::CDockOverlay*>(window)) {
+        const bool takesDrop = overlay->visibleDropAreaUnderCursor() != ads::InvalidDockWidgetArea;
+        return takesDrop ? overlay->dropOverlayRect() : QRect(); // the place of an earlier drop is kept
+    }
+    return window->childrenRegion();
+}
+
+/// The window alone is cut, not the widget, which would not be painted any more where it is cut.
+void cut(const QWidget* window)
+{
+    if (!window->windowHandle())
+        return;
+    const QRegion shown = shownBy(window);
+    const QRegion nothing(-2, -2, 1, 1); // an empty mask would show all
+    window->windowHandle()->setMask(shown.isEmpty() ? nothing : shown);
+}
+
+} // namespace
+
+ads::CDockManager* makeDockManager(QMainWindow* window)
+{
+    loadDockPictures();
+    ads::CDockManager::setConfigFlag(ads::CDockManager::FloatingContainerForceQWidgetTitleBar);
+    auto* manager = new ads::CDockManager(window);
+    manager->setStyleSheet(manager->styleSheet() + dockStyle());
+    new DropMarkMask(manager);
+    return manager;
+}
+
+DropMarkMask::DropMarkMask(ads::CDockManager* manager)
+    : QObject(manager)
+{
+    for (ads::CDockOverlay* overlay : manager->findChildren<ads::CDockOverlay*>())
+        overlay->installEventFilter(this);
+    for (ads::CDockOverlayCross* cross : manager->findChildren<ads::CDockOverlayCross*>())
+        cross->installEventFilter(this);
+}
+
+bool DropMarkMask::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Show || event->type() == QEvent::Paint) {
+        // After the painting, which finds out what is shown.
+        QPointer<QWidget> window(static_cast<QWidget*>(watched));
+        QTimer::singleShot(0, this, [window] {
+            if (window)
+                cut(window);
+        });
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace client

@@ -1,0 +1,21 @@
+#include "apps/client/lists/MessageList.h"
+
+#include <QTime>
+
+namespace client {
+
+MessageList::MessageList(QWidget* parent)
+    : QPlainTextEdit(parent)
+{
+    constexpr int kept = 1000;
+    setReadOnly(true);
+    setMaximumBlockCount(kept);
+    setPlaceholderText(QStringLiteral("消息"));
+}
+
+void MessageList::slotShow(const QString& message)
+{
+    appendPlainText(QTime::currentTime().toString(QStringLiteral("HH:mm:ss  ")) + message);
+}
+
+} // namespace client

@@ -1,0 +1,152 @@
+#include "engine/evaluation/Plan.h"
+
+#include "engine/kernels/Periods.h"
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+#include <string_view>
+#include <tuple>
+
+namespace engine::language {
+
+namespace {
+
+/// Orders steps so that equal ones meet.
+struct StepKey
+{
+    std::string_view name; ///< of the function; empty for a number
+    std::uint64_t number;  ///< its bits: -0 is not 0 and a missing number is equal to itself
+    std::vector<StepId> arguments;
+
+    bool operator<(const StepKey& other) const
+    {
+        return std::tie(name, number, arguments) < std::tie(other.name, other.number, other.arguments);
+    }
+};
+
+class Planner
+{
+public:
+    Planner(const Syntax& syntax, const std::vector<double>& parameters)
+        : m_syntax(syntax)
+        , m_parameters(parameters)
+        , m_stepOfNode(syntax.nodes.size(), -1)
+    {
+    }
+
+    Plan run()
+    {
+        const std::vector<bool> isNeeded = neededNodes();
+        for (std::size_t node = 0; node < m_syntax.nodes.size(); ++node) {
+            if (isNeeded[node])
+                m_stepOfNode[node] = stepOf(m_syntax.nodes[node]);
+        }
+        for (const Output& output : m_syntax.outputs) {
+            m_plan.outputColumns.emplace_back();
+            for (const NodeId column : output.columns)
+                m_plan.outputColumns.back().push_back(m_stepOfNode[static_cast<std::size_t>(column)]);
+            if (output.drawType == se::DrawType::Volume) { // the bars' colours come from their candles
+                for (const char* price : { "OPEN", "CLOSE" })
+                    m_plan.outputColumns.back().push_back(callOf(*findFunction(price)));
+            }
+        }
+        return std::move(m_plan);
+    }
+
+private:
+    std::vector<bool> neededNodes() const
+    {
+        std::vector<bool> isNeeded(m_syntax.nodes.size());
+        for (const Output& output : m_syntax.outputs) {
+            for (const NodeId column : output.columns)
+                isNeeded[static_cast<std::size_t>(column)] = true;
+        }
+        for (std::size_t node = m_syntax.nodes.size(); node-- > 0;) {
+            for (const NodeId argument : m_syntax.nodes[node].arguments)
+                isNeeded[static_cast<std::size_t>(argument)] =
+                    isNeeded[static_cast<std::size_t>(argument)] || isNeeded[node];
+        }
+        return isNeeded;
+    }
+
+    StepId stepOf(const Node& node)
+    {
+        if (node.kind == Node::Kind::Number)
+            return numberStep(node.number);
+        if (node.kind == Node::Kind::Parameter)
+            return numberStep(m_parameters[static_cast<std::size_t>(node.parameter)]);
+        Step step;
+        step.function = node.function;
+        for (const NodeId argument : node.arguments)
+            step.arguments.push_back(m_stepOfNode[static_cast<std::size_t>(argument)]);
+        if (node.isConstant)
+            return numberStep(valueOf(step));
+        step.lookAhead = lookAheadOf(step);
+        return add(std::move(step), 0.0);
+    }
+
+    StepId callOf(const Function& function)
+    {
+        Step step;
+        step.function = &function;
+        return add(std::move(step), 0.0);
+    }
+
+    StepId numberStep(double number)
+    {
+        Step step;
+        step.isConstant = true;
+        step.number = number;
+        return add(std::move(step), number);
+    }
+
+    const Step& at(StepId id) const { return m_plan.steps[static_cast<std::size_t>(id)]; }
+
+    /// A function of constants.
+    double valueOf(const Step& step) const
+    {
+        std::vector<Operand> operands;
+        for (const StepId argument : step.arguments)
+            operands.push_back({ &at(argument).number, true });
+        double value = kMissing;
+        step.function->makeKernel()->compute(operands.data(), { BarSeries(), 0, 0, 1 }, &value);
+        return value;
+    }
+
+    std::size_t lookAheadOf(const Step& step) const
+    {
+        std::size_t ahead = 0;
+        for (const StepId argument : step.arguments)
+            ahead = std::max(ahead, at(argument).lookAhead);
+        if (!step.function->lookAheadArgument)
+            return ahead;
+        const Step& bars = at(step.arguments[*step.function->lookAheadArgument]);
+        return bars.isConstant ? std::min(ahead + barsOf(bars.number).value_or(0), kEndless) : kEndless;
+    }
+
+    StepId add(Step step, double number)
+    {
+        StepKey key { step.function ? step.function->name : "", 0, step.arguments };
+        std::memcpy(&key.number, &number, sizeof number);
+        const auto [place, isNew] = m_known.emplace(std::move(key), static_cast<StepId>(m_plan.steps.size()));
+        if (isNew)
+            m_plan.steps.push_back(std::move(step));
+        return place->second;
+    }
+
+    const Syntax& m_syntax;
+    const std::vector<double>& m_parameters;
+    std::vector<StepId> m_stepOfNode;
+    std::map<StepKey, StepId> m_known;
+    Plan m_plan;
+};
+
+} // namespace
+
+Plan buildPlan(const Syntax& syntax, const std::vector<double>& parameters)
+{
+    return Planner(syntax, parameters).run();
+}
+
+} // namespace engine::language

@@ -1,0 +1,37 @@
+#pragma once
+/// @file The steps of a formula, ready to be run.
+
+#include "engine/language/Syntax.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace engine::language {
+
+using StepId = int;
+
+/// One column to compute, or a number.
+struct Step
+{
+    bool isConstant = false;
+    double number = 0.0;                ///< of a constant
+    const Function* function = nullptr; ///< of a column
+    std::vector<StepId> arguments;      ///< earlier steps
+    std::size_t lookAhead = 0;          ///< bars behind a bar that its value depends on, at most kEndless
+};
+
+constexpr std::size_t kEndless = SIZE_MAX / 2;
+
+/// What a formula with given parameters computes: every step once, however often the text says it, and none
+/// that no output needs.
+struct Plan
+{
+    std::vector<Step> steps;
+    std::vector<std::vector<StepId>> outputColumns; ///< by output: Output::columns, and open and close
+                                                    ///< behind a volume
+};
+
+/// @param parameters  one sound number for each of the formula's parameters.
+Plan buildPlan(const Syntax& syntax, const std::vector<double>& parameters);
+
+} // namespace engine::language

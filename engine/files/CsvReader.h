@@ -1,0 +1,55 @@
+#pragma once
+/// @file Reading the columns of a CSV file by name.
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace engine {
+
+/// A text file in memory, read line by line and split at commas. Lines end in LF or CRLF; a UTF-8 byte-order
+/// mark and blank lines are passed over; blanks around a field do not belong to it. Fields are not quoted.
+class CsvReader
+{
+public:
+    explicit CsvReader(const std::string& path);
+
+    /// Reads the header. @return false with failure() set when the file cannot be read or holds nothing.
+    bool readHeader();
+
+    /// Position of a column in the header, names in any case; nothing when there is none.
+    std::optional<std::size_t> find(std::string_view name) const;
+    /// As find, but a missing column is a failure.
+    std::size_t require(std::string_view name);
+
+    /// Goes to the next line that is not blank and splits it. @return false at the end, or after a failure,
+    /// which a line with fewer fields than the header is.
+    bool nextRow();
+
+    /// A field of the current row.
+    std::string_view text(std::size_t column) const { return m_fields[column]; }
+    /// A field read as a finite number with a point; a failure, and 0, when it is none.
+    double number(std::size_t column);
+
+    /// Records a failure of the current line, unless one stands already.
+    void fail(const std::string& reason);
+    bool failed() const { return !m_failure.empty(); }
+    /// "FILE:LINE: reason"; empty while all is well.
+    const std::string& failure() const { return m_failure; }
+
+private:
+    bool nextLine(std::string_view& line);
+    void split(std::string_view line);
+
+    std::string m_path;
+    std::string m_content;
+    std::size_t m_position = 0;
+    std::size_t m_line = 0;
+    std::vector<std::string> m_header;
+    std::vector<std::string_view> m_fields;
+    std::string m_failure;
+};
+
+} // namespace engine

@@ -1,0 +1,118 @@
+#include "engine/kernels/KernelRows.h"
+#include "engine/kernels/Recurrence.h"
+
+namespace engine::language {
+
+namespace {
+
+struct AverageState
+{
+    bool isStarted = false;
+    double average = 0.0;
+};
+
+/// Takes a value into an average. The step form keeps an average of equal values exactly equal, so that no
+/// legend arrow flickers; where the step is too large for a double, the weighted sum of the two still is not.
+double stepped(AverageState& state, double value, double weightOfNew)
+{
+    if (isMissing(value))
+        return kMissing;
+    if (state.isStarted) {
+        const double next = state.average + weightOfNew * (value - state.average);
+        state.average =
+            std::isfinite(next) ? next : weightOfNew * value + (1.0 - weightOfNew) * state.average;
+    } else {
+        state.average = value;
+    }
+    state.isStarted = true;
+    return valueOrMissing(state.average);
+}
+
+/// E = w x + (1 - w) E', starting with the first value.
+class WeightedStep
+{
+public:
+    using State = AverageState;
+
+    double operator()(State& state, std::size_t bar) const { return stepped(state, m_values[bar], m_weight); }
+
+protected:
+    /// @param weight  of the new value, 0 to 1; without a value nothing has an average.
+    WeightedStep(const Operand& values, double weight)
+        : m_values(!isMissing(weight) ? values : Operand { &kMissing, true })
+        , m_weight(weight)
+    {
+    }
+
+private:
+    const Operand m_values;
+    const double m_weight;
+};
+
+class ExponentialStep : public WeightedStep
+{
+public:
+    ExponentialStep(const Operand* arguments, const Work&)
+        : WeightedStep(arguments[0], weightOf(std::trunc(arguments[1][0])))
+    {
+    }
+
+private:
+    static double weightOf(double period) { return period >= 1.0 ? 2.0 / (period + 1.0) : kMissing; }
+};
+
+class SmoothedStep : public WeightedStep
+{
+public:
+    SmoothedStep(const Operand* arguments, const Work&)
+        : WeightedStep(arguments[0], weightOf(std::trunc(arguments[1][0]), std::trunc(arguments[2][0])))
+    {
+    }
+
+private:
+    static double weightOf(double period, double weight)
+    {
+        return weight >= 1.0 && weight <= period ? weight / period : kMissing;
+    }
+};
+
+/// The weight is a series; a bar whose weight is missing or not from 0 to 1 has no average.
+class DynamicStep
+{
+public:
+    using State = AverageState;
+
+    DynamicStep(const Operand* arguments, const Work&)
+        : m_values(arguments[0])
+        , m_weights(arguments[1])
+    {
+    }
+
+    double operator()(State& state, std::size_t bar) const
+    {
+        const double weight = m_weights[bar];
+        return weight >= 0.0 && weight <= 1.0 ? stepped(state, m_values[bar], weight) : kMissing;
+    }
+
+private:
+    const Operand m_values, m_weights;
+};
+
+} // namespace
+
+std::vector<Function> averageFunctions()
+{
+    return {
+        FunctionRow("EMA", "指数移动平均", "exponential moving average, weight 2/(N+1)")
+            .takes("X,N", "sc")
+            .runs<Recurrence<ExponentialStep>>(),
+        FunctionRow("SMA", "移动平均，权重 M/N", "smoothed moving average, weight M/N")
+            .takes("X,N,M", "scc")
+            .runs<Recurrence<SmoothedStep>>(),
+        FunctionRow("DMA", "动态移动平均，权重 A", "moving average of weight A, 0 to 1")
+            .takes("X,A", "ss")
+            .runs<Recurrence<DynamicStep>>(),
+    };
+}
+
+} // namespace engine::language

@@ -1,0 +1,121 @@
+#pragma once
+/// @file What a formula can call, and how a kernel tells of itself.
+
+#include "engine/kernels/Kernel.h"
+#include "host/se/RecordCodes.h"
+
+#include <cstring>
+#include <optional>
+
+namespace engine::language {
+
+/// One thing that a formula can call by name: a series of the bars, a function, or a drawing statement.
+/// Operators are functions too, which cannot be called by name.
+struct Function
+{
+    const char* name = "";          ///< in capitals, or the sign of an operator
+    const char* alias = "";         ///< a second name (O for OPEN); empty for none
+    const char* argumentNames = ""; ///< as the reference shows them: "X,N"
+    /// A letter per argument: s a series, c a constant (a number or a parameter, or arithmetic of them), t a
+    /// text. Arguments beyond the last letter are of its kind.
+    const char* signature = "";
+    int minArguments = 0;
+    int maxArguments = 0;
+    bool isOperator = false;
+    bool isLogical = false;     ///< the value is 1 or 0
+    bool isElementwise = false; ///< a bar of the result depends on nothing but that bar of the arguments
+    /// The argument that says how many bars later a value is read; nothing where no later bar counts.
+    std::optional<std::size_t> lookAheadArgument;
+    /// The optional column of the bars without which there is no value at all; null when there is none.
+    std::vector<double> BarSeries::*neededColumn = nullptr;
+    std::optional<se::DrawType::Code> drawing; ///< of a drawing statement
+    KernelPointer (*makeKernel)() = nullptr;   ///< null for drawings
+    const char* chinese = "";                  ///< one line each; empty for operators
+    const char* english = "";
+};
+
+/// Writes the row of a function part by part. Without arguments it is a series of the bars.
+class FunctionRow
+{
+public:
+    /// @param chinese,english  one line each, for completion and the reference; none for operators.
+    explicit FunctionRow(const char* name, const char* chinese = "", const char* english = "")
+    {
+        m_row.name = name;
+        m_row.chinese = chinese;
+        m_row.english = english;
+    }
+
+    FunctionRow& alias(const char* name)
+    {
+        m_row.alias = name;
+        return *this;
+    }
+
+    /// @param names  "X,N". @param signature  a letter for each, as Function::signature.
+    FunctionRow& takes(const char* names, const char* signature)
+    {
+        m_row.argumentNames = names;
+        m_row.signature = signature;
+        m_row.minArguments = m_row.maxArguments = static_cast<int>(std::strlen(signature));
+        return *this;
+    }
+
+    /// A number of arguments that differs from the length of the signature.
+    FunctionRow& arguments(int min, int max)
+    {
+        m_row.minArguments = min;
+        m_row.maxArguments = max;
+        return *this;
+    }
+
+    FunctionRow& isOperator()
+    {
+        m_row.isOperator = true;
+        return *this;
+    }
+
+    FunctionRow& logical()
+    {
+        m_row.isLogical = true;
+        return *this;
+    }
+
+    FunctionRow& elementwise()
+    {
+        m_row.isElementwise = true;
+        return *this;
+    }
+
+    FunctionRow& looksAheadBy(std::size_t argument)
+    {
+        m_row.lookAheadArgument = argument;
+        return *this;
+    }
+
+    FunctionRow& needs(std::vector<double> BarSeries::*column)
+    {
+        m_row.neededColumn = column;
+        return *this;
+    }
+
+    FunctionRow& draws(se::DrawType::Code drawType)
+    {
+        m_row.drawing = drawType;
+        return *this;
+    }
+
+    template <class Made>
+    FunctionRow& runs()
+    {
+        m_row.makeKernel = []() -> KernelPointer { return std::make_unique<Made>(); };
+        return *this;
+    }
+
+    operator Function() const { return m_row; }
+
+private:
+    Function m_row;
+};
+
+} // namespace engine::language

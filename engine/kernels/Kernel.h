@@ -1,0 +1,57 @@
+#pragma once
+/// @file One step of a formula: columns in, a column out.
+///
+/// Columns hold values and kMissing; there are no infinities. Kernels keep what they need to go on from the
+/// last bar, so that a new bar costs no second look at the past, and compute every bar by the same operations
+/// in the same order however the bars arrive.
+
+#include "engine/series/BarSeries.h"
+#include "engine/series/Series.h"
+
+#include <atomic>
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+namespace engine::language {
+
+/// Whether a condition holds; a missing one does not.
+inline bool isTrue(double condition)
+{
+    return condition != 0.0 && !isMissing(condition);
+}
+
+/// What a kernel reads: a column, or one number for all bars.
+struct Operand
+{
+    const double* values = nullptr;
+    bool isConstant = false;
+
+    double operator[](std::size_t bar) const { return values[isConstant ? 0 : bar]; }
+};
+
+/// Which bars to compute.
+struct Work
+{
+    const BarSeries& bars;
+    std::size_t from;  ///< bars before it stand already; 0, or the `keep` of the call before
+    std::size_t keep;  ///< the state before this bar is to be kept for the next call
+    std::size_t count; ///< one behind the last bar
+    const std::atomic<bool>* cancelledFlag = nullptr;
+
+    bool cancelled() const { return cancelledFlag && cancelledFlag->load(std::memory_order_relaxed); }
+};
+
+/// A function at work. One object belongs to one step of one evaluation.
+class Kernel
+{
+public:
+    virtual ~Kernel() = default;
+
+    /// Fills result[from] to result[count - 1]; what was there before is not read.
+    virtual void compute(const Operand* arguments, const Work& work, double* result) = 0;
+};
+
+using KernelPointer = std::unique_ptr<Kernel>;
+
+} // namespace engine::language

@@ -1,0 +1,49 @@
+#include "engine/kernels/KernelRows.h"
+#include "engine/kernels/Periods.h"
+
+namespace engine::language {
+
+namespace {
+
+/// The value some bars before.
+class ReferenceKernel : public Kernel
+{
+public:
+    void compute(const Operand* arguments, const Work& work, double* result) override
+    {
+        for (std::size_t bar = work.from; bar < work.count; ++bar) {
+            const std::optional<std::size_t> back = barsOf(arguments[1][bar]);
+            result[bar] = back && *back <= bar ? arguments[0][bar - *back] : kMissing;
+        }
+    }
+};
+
+/// The value some bars later.
+class ReferenceAheadKernel : public Kernel
+{
+public:
+    void compute(const Operand* arguments, const Work& work, double* result) override
+    {
+        for (std::size_t bar = work.from; bar < work.count; ++bar) {
+            const std::optional<std::size_t> ahead = barsOf(arguments[1][bar]);
+            result[bar] = ahead && *ahead < work.count - bar ? arguments[0][bar + *ahead] : kMissing;
+        }
+    }
+};
+
+} // namespace
+
+std::vector<Function> referenceFunctions()
+{
+    return {
+        FunctionRow("REF", "X 在 N 根之前的值", "X of N bars before")
+            .takes("X,N", "ss")
+            .runs<ReferenceKernel>(),
+        FunctionRow("REFX", "X 在 N 根之后的值（未来数据）", "X of N bars later (looks into the future)")
+            .takes("X,N", "ss")
+            .looksAheadBy(1)
+            .runs<ReferenceAheadKernel>(),
+    };
+}
+
+} // namespace engine::language

@@ -1,0 +1,56 @@
+#pragma once
+/// @file States of stretches of bars.
+
+#include <cstddef>
+#include <vector>
+
+namespace engine::language {
+
+/// Segment tree: states of all stretches of 1, 2, 4, ... bars that begin at a multiple of their length, so
+/// that any stretch is put together from a few of them, from left to right. What a stretch folds into depends
+/// on its ends alone, not on the bars known behind it.
+template <class Fold>
+class SegmentTree
+{
+public:
+    using State = typename Fold::State;
+
+    /// Takes in bars from a changed one on.
+    /// @param stateOf  state of a single bar.
+    template <class StateOf>
+    void extend(std::size_t from, std::size_t count, StateOf stateOf)
+    {
+        if (m_levels.empty())
+            m_levels.emplace_back();
+        m_levels[0].resize(count);
+        for (std::size_t bar = from; bar < count; ++bar)
+            m_levels[0][bar] = stateOf(bar);
+        for (std::size_t level = 1; count >> level > 0; ++level) {
+            if (m_levels.size() == level)
+                m_levels.emplace_back();
+            const std::vector<State>& below = m_levels[level - 1];
+            m_levels[level].resize(count >> level);
+            for (std::size_t index = from >> level; index < m_levels[level].size(); ++index)
+                m_levels[level][index] = Fold::merged(below[2 * index], below[2 * index + 1]);
+        }
+    }
+
+    /// State of the bars from `begin` to `end` - 1.
+    State fold(std::size_t begin, std::size_t end) const
+    {
+        State state {};
+        while (begin < end) {
+            std::size_t level = 0;
+            while ((begin >> level) % 2 == 0 && begin + (std::size_t(2) << level) <= end)
+                ++level;
+            state = Fold::merged(state, m_levels[level][begin >> level]);
+            begin += std::size_t(1) << level;
+        }
+        return state;
+    }
+
+private:
+    std::vector<std::vector<State>> m_levels;
+};
+
+} // namespace engine::language

@@ -1,0 +1,13 @@
+#pragma once
+/// @file The drawing statements of the language.
+
+#include "engine/kernels/Function.h"
+
+namespace engine::language {
+
+constexpr int kMaxStacked = 16; ///< columns that STACKVOL takes
+
+/// Their rows of the table of functions; they have no kernels.
+std::vector<Function> drawingStatements();
+
+} // namespace engine::language

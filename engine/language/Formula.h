@@ -1,0 +1,86 @@
+#pragma once
+/// @file Formulas as texts.
+///
+/// docs/formulas.md describes the language.
+
+#include "engine/EngineExport.h"
+#include "engine/language/Problem.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace engine {
+
+namespace language {
+struct Syntax;
+}
+
+/// One number that a formula takes.
+struct Parameter
+{
+    std::string name;
+    double value = 0.0;          ///< default
+    double min = 0.0, max = 0.0; ///< both inclusive; other values are moved to the nearer end
+};
+
+/// Limits that keep a hostile text from taking memory or time.
+struct FormulaLimits
+{
+    static constexpr std::size_t kMaxBytes = 1 << 20; ///< of a text
+    static constexpr int kMaxDepth = 200;             ///< parentheses, calls and signs inside one another
+    static constexpr int kMaxOutputs = 100;
+    static constexpr int kMaxParameters = 32;
+    static constexpr int kMaxSteps = 20'000; ///< operations and functions, equal ones counted again
+    static constexpr std::size_t kMaxNumbers = 1 << 29; ///< bars times columns that stand at once: 4 GiB
+};
+
+/// A formula whose text is free of faults. Unchangeable; may be read from any thread.
+class ENGINE_EXPORT Formula
+{
+public:
+    explicit Formula(language::Syntax&& syntax);
+    ~Formula();
+
+    /// In the order of their declaration.
+    const std::vector<Parameter>& parameters() const;
+
+    /// Names of the outputs with every parameter at its default; empty for an output without a name.
+    std::vector<std::string> outputNames() const;
+
+    /// Where the formula is drawn: 2 the main chart itself, 1 over it, 0 in a pane of its own, which is also
+    /// the answer when the text does not say.
+    int kind() const;
+
+    const language::Syntax& syntax() const { return *m_syntax; }
+
+private:
+    std::unique_ptr<const language::Syntax> m_syntax;
+};
+
+/// What came of reading a text: a formula, or at least one problem.
+struct FormulaReading
+{
+    std::shared_ptr<const Formula> formula; ///< null when there are problems
+    std::vector<Problem> problems;          ///< all of them, in the order of the text; at most 200
+};
+
+/// Reads a text. Any bytes may be given. Any thread.
+ENGINE_EXPORT FormulaReading readFormula(std::string_view utf8);
+
+/// A word that the language knows, for completion, colouring and the reference.
+struct KnownWord
+{
+    enum class Kind { BarValue, Function, Drawing, Attribute, Keyword };
+
+    Kind kind = Kind::Function;
+    std::string name;
+    std::string arguments;        ///< "X,N"; empty when there are none
+    std::string chinese, english; ///< one line each
+};
+
+/// Every word that the language knows.
+ENGINE_EXPORT const std::vector<KnownWord>& knownWords();
+
+} // namespace engine

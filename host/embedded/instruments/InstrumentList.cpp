@@ -1,0 +1,61 @@
+#include "host/embedded/InstrumentSetup.h"
+#include "host/embedded/instruments/InstrumentStore.h"
+
+#include <QFile>
+#include <QStringList>
+
+#include <cmath>
+
+namespace TC::embedded {
+
+namespace {
+
+/// A number from 0 to 1 that depends on the text alone.
+double fractionOf(const std::string& text)
+{
+    std::uint64_t hash = 14695981039346656037u;
+    for (const char c : text)
+        hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211u;
+    hash ^= hash >> 29; // neighbouring codes differ in the last characters only
+    hash *= 0xbf58476d1ce4e5b9u;
+    hash ^= hash >> 32;
+    return static_cast<double>(hash % 1'000'003u) / 1'000'002.0;
+}
+
+/// Figures 3015 and 3016 of a stock: synthetic, see InstrumentSetup.h.
+void addSyntheticFigures(ttservice::CInstrumentDetail& instrument)
+{
+    const std::string key = instrument.market + instrument.code;
+    const double total = std::round(2e9 * std::pow(250.0, fractionOf(key + "/total")));
+    const double share = 0.3 + 0.7 * fractionOf(key + "/free float");
+    instrument.figures[kTotalMarketValueField] = total;
+    instrument.figures[kFreeFloatValueField] = std::round(total * share);
+}
+
+} // namespace
+
+std::vector<ttservice::CInstrumentDetail> listedInstruments()
+{
+    QFile file(QStringLiteral(":/instruments.csv"));
+    std::vector<ttservice::CInstrumentDetail> instruments;
+    if (!file.open(QIODevice::ReadOnly))
+        return instruments;
+    file.readLine(); // the header: market, code, name, kind, price tick, list date
+    while (!file.atEnd()) {
+        const QList<QByteArray> fields = file.readLine().trimmed().split(',');
+        if (fields.size() < 5)
+            continue;
+        ttservice::CInstrumentDetail instrument;
+        instrument.market = fields[0].toStdString();
+        instrument.code = fields[1].toStdString();
+        instrument.name = fields[2].toStdString();
+        instrument.kind = fields[3].toStdString();
+        instrument.priceTick = fields[4].toDouble();
+        if (instrument.kind == "stock")
+            addSyntheticFigures(instrument);
+        instruments.push_back(instrument);
+    }
+    return instruments;
+}
+
+} // namespace TC::embedded

@@ -1,0 +1,24 @@
+#pragma once
+/// @file The instruments that the look-up knows.
+
+#include "host/TC/CStockManager.h"
+
+#include <QHash>
+
+namespace TC::embedded {
+
+struct InstrumentTable
+{
+    using Detail = CStockManager::Detail;
+
+    /// Loads the store at the first call.
+    void load();
+    /// Adds an instrument, or replaces the one of the same market and code.
+    void add(const Detail& detail);
+
+    bool loaded = false;
+    QHash<QString, Detail> byKey;
+    QHash<QString, QVector<Detail>> byCode; ///< in the order of markets
+};
+
+} // namespace TC::embedded

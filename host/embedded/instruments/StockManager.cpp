@@ -1,0 +1,140 @@
+#include "host/TC/CStockManager.h"
+
+#include "host/TC/Folders.h"
+#include "host/TC/Instruments.h"
+#include "host/TC/ParserStockDetail.h"
+#include "host/WB/TextConversion.h"
+#include "host/embedded/InstrumentSetup.h"
+#include "host/embedded/instruments/InstrumentStore.h"
+#include "host/embedded/instruments/InstrumentTable.h"
+#include "host/ttservice/StockTypeCenter.h"
+#include "host/utils/CSingletonT.h"
+
+#include <QDir>
+
+#include <algorithm>
+
+namespace {
+
+/// Place of a market in the order in which a bare code is looked for; unknown markets come last.
+int marketRank(const TC::CStockManager::Detail& detail)
+{
+    static const char* const order[] = { "SH", "SZ", "BJ", "SF", "DF", "ZF", "GF", "IF" };
+    const auto found = std::find(std::begin(order), std::end(order), detail->market);
+    return static_cast<int>(found - std::begin(order));
+}
+
+bool isShareOfMainland(const TC::CStockManager::Detail& detail)
+{
+    return detail && detail->kind == "stock"
+        && (detail->market == "SH" || detail->market == "SZ" || detail->market == "BJ");
+}
+
+TC::embedded::InstrumentTable s_instruments;
+
+/// The instruments, loaded at the first call.
+TC::embedded::InstrumentTable& instruments()
+{
+    s_instruments.load();
+    return s_instruments;
+}
+
+} // namespace
+
+namespace TC {
+
+QString ParserStockDetail::key() const
+{
+    return getDetailQsKey(instrument);
+}
+
+void embedded::InstrumentTable::load()
+{
+    if (loaded)
+        return;
+    loaded = true;
+    for (ttservice::CInstrumentDetail& instrument : loadInstrumentStore(instrumentStorePath()))
+        add(std::make_shared<ttservice::CInstrumentDetail>(std::move(instrument)));
+}
+
+void embedded::InstrumentTable::add(const Detail& detail)
+{
+    byKey[getDetailQsKey(detail)] = detail;
+    QVector<Detail>& sameCode = byCode[WB::sToQs(detail->code)];
+    sameCode.erase(std::remove_if(sameCode.begin(), sameCode.end(),
+                                  [&](const Detail& known) { return known->market == detail->market; }),
+                   sameCode.end());
+    const auto place =
+        std::upper_bound(sameCode.begin(), sameCode.end(), detail,
+                         [](const Detail& a, const Detail& b) { return marketRank(a) < marketRank(b); });
+    sameCode.insert(place, detail);
+}
+
+CStockManager::Detail CStockManager::getInstrumentDetail(const QString& keyOrCode) const
+{
+    const embedded::InstrumentTable& known = instruments();
+    if (const Detail byKey = known.byKey.value(keyOrCode))
+        return byKey;
+    const QVector<Detail> sameCode = known.byCode.value(keyOrCode);
+    const auto share = std::find_if(sameCode.begin(), sameCode.end(), isShareOfMainland);
+    if (share != sameCode.end())
+        return *share;
+    return sameCode.isEmpty() ? Detail() : sameCode.first();
+}
+
+CStockManager::Detail CStockManager::getInstrumentDetail(const QString& market, const QString& code) const
+{
+    return instruments().byKey.value(market + code);
+}
+
+bool CStockManager::getMultiStockDetail(const QString& code, QVector<Detail>& details) const
+{
+    details = instruments().byCode.value(code);
+    return !details.isEmpty();
+}
+
+namespace embedded {
+
+void setInstrument(const ttservice::CInstrumentDetail& instrument)
+{
+    instruments().add(std::make_shared<ttservice::CInstrumentDetail>(instrument));
+}
+
+void setInstruments(const QVector<ttservice::CInstrumentDetail>& list)
+{
+    reloadInstruments();
+    s_instruments.loaded = true;
+    for (const ttservice::CInstrumentDetail& instrument : list)
+        instruments().add(std::make_shared<ttservice::CInstrumentDetail>(instrument));
+}
+
+void reloadInstruments()
+{
+    s_instruments = InstrumentTable();
+}
+
+QString instrumentStorePath()
+{
+    return QDir(getUserRootDir()).filePath(QStringLiteral("instruments.sqlite"));
+}
+
+} // namespace embedded
+} // namespace TC
+
+namespace ttservice {
+
+bool StockTypeCenter::isTypedStock(int type, const std::string& market, const std::string& code) const
+{
+    constexpr int aShare = 100003, starMarket = 277, growthMarket = 10006;
+    const auto begins = [&](const char* prefix) { return code.compare(0, 3, prefix) == 0; };
+    switch (type) {
+    case aShare:
+        return isShareOfMainland(utils::CSingletonT<TC::CStockManager>::instance()->getInstrumentDetail(
+            WB::sToQs(market), WB::sToQs(code)));
+    case starMarket: return market == "SH" && begins("688");
+    case growthMarket: return market == "SZ" && (begins("300") || begins("301"));
+    default: return false;
+    }
+}
+
+} // namespace ttservice
