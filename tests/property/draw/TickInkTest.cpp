@@ -8,6 +8,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QPainterPath>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
@@ -35,6 +36,20 @@ void PrintTo(const Surface& surface, std::ostream* out)
     *out << surface.name;
 }
 
+/// A clip whose corners cover a pixel in part, although it rounds to a rectangle; smoothing is off
+/// afterwards.
+void clipSoftly(QPainter& painter, bool cutsAgain)
+{
+    QPainterPath path;
+    path.addRoundedRect(10, 8, 100, 60, 0.4, 0.4);
+    path.addEllipse(20.5, 20.5, 30, 20);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setClipPath(path);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    if (cutsAgain)
+        painter.setClipRect(0, 0, 120, 30, Qt::IntersectClip);
+}
+
 const Surface kSurfaces[] = {
     { "Plain", true, [](QPainter&) {} },
     { "Moved", true, [](QPainter& p) { p.translate(7, -3); } },
@@ -42,6 +57,8 @@ const Surface kSurfaces[] = {
     { "ClippedToARectangle", true, [](QPainter& p) { p.setClipRect(20, 15, 90, 40); } },
     { "ClippedToARegion", true,
       [](QPainter& p) { p.setClipRegion(QRegion(30, 10, 60, 60, QRegion::Ellipse)); } },
+    { "ClippedToASoftPath", false, [](QPainter& p) { clipSoftly(p, false); } },
+    { "ClippedToASoftPathAndARectangle", false, [](QPainter& p) { clipSoftly(p, true); } },
     { "Scaled", false, [](QPainter& p) { p.scale(1.3, 0.7); } },
     { "Rotated", false, [](QPainter& p) { p.rotate(10.0); } },
     { "Antialiased", false, [](QPainter& p) { p.setRenderHint(QPainter::Antialiasing); } },
