@@ -146,12 +146,6 @@ TEST_F(BadStockList, AnArchiveThatStatesAWrongPackedSizeIsRefused)
     EXPECT_EQ(read(test::writeFile(path("b.xlsx"), bytes), false), 0);
 }
 
-TEST_F(BadStockList, AnXlsThatBringsItsLibraryDownGivesNothing)
-{
-    // A damaged copy on which the library crashes; the crash stays in a process of its own.
-    EXPECT_EQ(read(QStringLiteral(TEST_DATA_DIR "/stocklist/crashes_its_reader.xls"), false), 0);
-}
-
 TEST_F(BadStockList, AnArchiveThatUnpacksTooLargeIsRefused)
 {
     EXPECT_EQ(read(test::writeZipBomb(path("bomb.xlsx"), 300), false), 0);
