@@ -1,6 +1,6 @@
 /// @file Import of a basket of 100,000 rows, beside the least that any import must do: unpacking the
-/// sheet and walking over its XML, and reading the text file and splitting it. The counter "ratio" is the time
-/// over that floor within this run.
+/// sheet and walking over its XML, and reading the text file and splitting it. The counter "ratio" is the
+/// time over that floor within this run.
 
 #include "stocklist/CParserStockExeclTable.h"
 
@@ -150,8 +150,8 @@ int main(int argc, char** argv)
     const QTemporaryDir home;
     qputenv("INDICATORUI_HOME", home.path().toUtf8());
     files();
-    benchmark::RegisterBenchmark("import xlsx, 100000 rows x 5 cells / bare walk over its XML", compare, bareWorkbook,
-                                 importWorkbook)
+    benchmark::RegisterBenchmark("import xlsx, 100000 rows x 5 cells / bare walk over its XML", compare,
+                                 bareWorkbook, importWorkbook)
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("read xlsx, 100000 rows x 5 cells / bare walk over its XML", compare,

@@ -9,8 +9,7 @@
 namespace TC::embedded {
 
 /// How the reading of a workbook ended.
-enum class WorkbookOutcome
-{
+enum class WorkbookOutcome {
     Read,              ///< at least one cell
     NoCells,           ///< a sound workbook whose first sheet holds nothing
     NotReady,          ///< the reader was not made ready

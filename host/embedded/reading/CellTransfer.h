@@ -14,8 +14,8 @@ namespace TC::embedded {
 bool sendCells(QIODevice& to, WorkbookOutcome outcome, bool mayBeIncomplete,
                const std::vector<SheetCells::Cell>& cells, const QString& texts);
 
-/// How many bytes the answer that begins with `bytes` has in all; 0 while too few bytes are there to tell, and
-/// -1 for what is no answer of a program of this version.
+/// How many bytes the answer that begins with `bytes` has in all; 0 while too few bytes are there to tell,
+/// and -1 for what is no answer of a program of this version.
 qint64 answerSize(const QByteArray& bytes);
 
 /// Takes a whole answer apart. Nothing in it is trusted.

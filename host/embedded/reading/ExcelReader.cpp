@@ -25,13 +25,12 @@ WorkbookReport readWorkbook(const QString& path, SheetCells& cells)
         const QString reason = info.exists() ? QStringLiteral("不是普通文件") : QStringLiteral("文件不存在");
         return { WorkbookOutcome::CannotOpen, false, reason };
     }
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return { WorkbookOutcome::CannotOpen, false, file.errorString() };
-    if (file.size() == 0)
+    if (info.size() == 0)
         return { WorkbookOutcome::EmptyFile, false, QString() };
-    if (file.size() > kLargestFile)
+    if (info.size() > kLargestFile)
         return { WorkbookOutcome::FileTooLarge, false, QString() };
+    if (QFile file(path); !file.open(QIODevice::ReadOnly))
+        return { WorkbookOutcome::CannotOpen, false, file.errorString() };
     return readInProgram(path, cells);
 }
 

@@ -32,8 +32,7 @@ SheetCells::SheetCells(std::vector<Cell> cells, QString texts)
 
 QString SheetCells::text(int row, int column) const
 {
-    const auto found =
-        std::upper_bound(m_cells.begin(), m_cells.end(), Cell { row, column, 0, 0 }, isBefore);
+    const auto found = std::upper_bound(m_cells.begin(), m_cells.end(), Cell { row, column, 0, 0 }, isBefore);
     if (found == m_cells.begin())
         return QString();
     const Cell& cell = *std::prev(found); // of several the last one written

@@ -47,8 +47,8 @@ QByteArray stylesOf(const QList<QByteArray>& codes)
         formats += "<numFmt numFmtId=\"" + id + "\" formatCode=\"" + codes[i] + "\"/>";
         cells += "<xf numFmtId=\"" + id + "\"/>";
     }
-    return "<numFmts>" + formats + "</numFmts><cellStyleXfs><xf numFmtId=\"14\"/></cellStyleXfs><cellXfs>" + cells
-        + "</cellXfs>";
+    return "<numFmts>" + formats + "</numFmts><cellStyleXfs><xf numFmtId=\"14\"/></cellStyleXfs><cellXfs>"
+        + cells + "</cellXfs>";
 }
 
 } // namespace
@@ -82,12 +82,13 @@ TEST_F(WorkbookParts, AnEmptySharedTextIsAnEmptyCell)
 
 TEST_F(WorkbookParts, FormulasGiveTheirStoredResultsOrNothing)
 {
-    EXPECT_EQ(sheetOf("<row><c><v>1</v></c><c><f>A1</f></c><c><f>A1</f><v></v></c><c t=\"str\"><f>A1</f><v/></c>"
-                      "<c><f t=\"shared\" si=\"0\" ref=\"A1:B2\">A1+1</f><v>2</v></c>"
-                      "<c><f t=\"array\" ref=\"A1:B2\">A1:B2*2</f><v>3</v></c>"
-                      "<c cm=\"1\"><f t=\"array\" ref=\"G1\">_xlfn.UNIQUE(A1)</f><v>4</v></c>"
-                      "<c t=\"b\"><f>1=1</f><v>1</v></c><c t=\"e\"><f>1/0</f><v>#DIV/0!</v></c></row>"),
-              QStringLiteral("1||||2|3|4|TRUE|#DIV/0!"));
+    EXPECT_EQ(
+        sheetOf("<row><c><v>1</v></c><c><f>A1</f></c><c><f>A1</f><v></v></c><c t=\"str\"><f>A1</f><v/></c>"
+                "<c><f t=\"shared\" si=\"0\" ref=\"A1:B2\">A1+1</f><v>2</v></c>"
+                "<c><f t=\"array\" ref=\"A1:B2\">A1:B2*2</f><v>3</v></c>"
+                "<c cm=\"1\"><f t=\"array\" ref=\"G1\">_xlfn.UNIQUE(A1)</f><v>4</v></c>"
+                "<c t=\"b\"><f>1=1</f><v>1</v></c><c t=\"e\"><f>1/0</f><v>#DIV/0!</v></c></row>"),
+        QStringLiteral("1||||2|3|4|TRUE|#DIV/0!"));
     EXPECT_TRUE(isSound());
 }
 
@@ -102,7 +103,8 @@ TEST_F(WorkbookParts, NumbersAreTakenAsTheyAreWritten)
 TEST_F(WorkbookParts, WhatIsNoNumberIsLeftOutAndTold)
 {
     for (const char* text : { "nan", "inf", "-inf", "1e999", "12x", "1,5", "0x10" }) {
-        EXPECT_EQ(sheetOf("<row><c><v>7</v></c><c><v>" + QByteArray(text) + "</v></c></row>"), QStringLiteral("7"))
+        EXPECT_EQ(sheetOf("<row><c><v>7</v></c><c><v>" + QByteArray(text) + "</v></c></row>"),
+                  QStringLiteral("7"))
             << text;
         EXPECT_FALSE(isSound()) << text;
     }
@@ -110,15 +112,17 @@ TEST_F(WorkbookParts, WhatIsNoNumberIsLeftOutAndTold)
 
 TEST_F(WorkbookParts, DatesAreTheNumbersWhoseStyleShowsADate)
 {
-    const QByteArray styles = stylesOf({ "yyyy\\-mm\\-dd", "General", "[h]:mm:ss", "h:mm AM/PM", "0.00E+00",
-                                         "[Red]0;[Blue]-0", "&quot;d&quot;000000", "yyyy&quot;年&quot;m&quot;月&quot;",
-                                         "[$-804]m/d h:mm", "0_d", "mmm", "[&gt;=1]0" });
+    const QByteArray styles =
+        stylesOf({ "yyyy\\-mm\\-dd", "General", "[h]:mm:ss", "h:mm AM/PM", "0.00E+00", "[Red]0;[Blue]-0",
+                   "&quot;d&quot;000000", "yyyy&quot;年&quot;m&quot;月&quot;", "[$-804]m/d h:mm", "0_d",
+                   "mmm", "[&gt;=1]0" });
     QByteArray row = "<row>";
     for (int style = 0; style < 12; ++style)
         row += "<c s=\"" + QByteArray::number(style) + "\"><v>45360.5</v></c>";
-    EXPECT_EQ(sheetOf(row + "</row>", QByteArray(), styles),
-              QStringLiteral("2024-03-09|45360.5|1088652:00:00|1088652:00:00|45360.5|45360.5|45360.5|2024-03-09|"
-                             "2024-03-09 12:00:00|45360.5|2024-03-09|45360.5"));
+    EXPECT_EQ(
+        sheetOf(row + "</row>", QByteArray(), styles),
+        QStringLiteral("2024-03-09|45360.5|1088652:00:00|1088652:00:00|45360.5|45360.5|45360.5|2024-03-09|"
+                       "2024-03-09 12:00:00|45360.5|2024-03-09|45360.5"));
 }
 
 TEST_F(WorkbookParts, DatesCountTheDayThatNeverWasAndEndWithTheYear9999)
@@ -134,17 +138,19 @@ TEST_F(WorkbookParts, DatesCountTheDayThatNeverWasAndEndWithTheYear9999)
 
 TEST_F(WorkbookParts, DatesOf1904CountFromItsFirstDay)
 {
-    Parts parts = soundParts("<row><c s=\"1\"><v>0</v></c><c s=\"1\"><v>43898</v></c><c t=\"d\">"
-                             "<v>2024-03-09T00:00:00Z</v></c><c t=\"d\"><v>2024-03-09T15:30:15.000</v></c></row>",
-                             QByteArray(), stylesOf({ "General", "d/m/yy" }));
+    Parts parts =
+        soundParts("<row><c s=\"1\"><v>0</v></c><c s=\"1\"><v>43898</v></c><c t=\"d\">"
+                   "<v>2024-03-09T00:00:00Z</v></c><c t=\"d\"><v>2024-03-09T15:30:15.000</v></c></row>",
+                   QByteArray(), stylesOf({ "General", "d/m/yy" }));
     parts["xl/workbook.xml"].replace("<workbookPr/>", "<workbookPr date1904=\"true\"/>");
     EXPECT_EQ(sheetOf(parts), QStringLiteral("1904-01-01|2024-03-09|2024-03-09|2024-03-09 15:30:15"));
 }
 
 TEST_F(WorkbookParts, HiddenRowsAndMergedCellsAreReadLikeOthers)
 {
-    Parts parts = soundParts("<row r=\"1\" hidden=\"1\"><c r=\"A1\"><v>1</v></c></row>"
-                             "<row r=\"2\"><c r=\"A2\"><v>2</v></c><c r=\"B2\" s=\"0\"/><c r=\"C2\"><v>3</v></c></row>");
+    Parts parts = soundParts(
+        "<row r=\"1\" hidden=\"1\"><c r=\"A1\"><v>1</v></c></row>"
+        "<row r=\"2\"><c r=\"A2\"><v>2</v></c><c r=\"B2\" s=\"0\"/><c r=\"C2\"><v>3</v></c></row>");
     QByteArray& sheet = parts["xl/worksheets/sheet1.xml"];
     sheet.replace("<sheetData>", "<cols><col min=\"1\" max=\"1\" hidden=\"1\"/></cols><sheetData>");
     sheet.replace("</worksheet>", "<mergeCells><mergeCell ref=\"A2:B2\"/></mergeCells></worksheet>");
@@ -155,9 +161,11 @@ TEST_F(WorkbookParts, TheStrictFormIsReadLikeTheTransitionalOne)
 {
     Parts parts = soundParts("<row><c t=\"s\"><v>0</v></c><c><v>2</v></c></row>", "<si><t>x</t></si>");
     for (QByteArray& part : parts) {
-        part.replace(kTransitional + "officeDocument/2006/relationships", "http://purl.oclc.org/ooxml/"
-                                                                          "officeDocument/relationships");
-        part.replace(kTransitional + "spreadsheetml/2006/main", "http://purl.oclc.org/ooxml/spreadsheetml/main");
+        part.replace(kTransitional + "officeDocument/2006/relationships",
+                     "http://purl.oclc.org/ooxml/"
+                     "officeDocument/relationships");
+        part.replace(kTransitional + "spreadsheetml/2006/main",
+                     "http://purl.oclc.org/ooxml/spreadsheetml/main");
     }
     EXPECT_EQ(sheetOf(parts), QStringLiteral("x|2"));
     EXPECT_TRUE(isSound());
@@ -176,10 +184,10 @@ TEST_F(WorkbookParts, PrefixesOfElementsDoNotMatter)
 TEST_F(WorkbookParts, TargetsAreFoundHoweverTheyAreWritten)
 {
     const Parts sound = soundParts("<row><c><v>1</v></c></row>");
-    for (const char* target : { "/xl/worksheets/sheet1.xml", "../xl/worksheets/sheet1.xml",
-                                "./worksheets//sheet1.xml", "worksheets/../worksheets/sheet1.xml",
-                                "Worksheets/Sheet1.xml", "worksheets%2Fsheet1.xml", "worksheets\\sheet1.xml",
-                                "../../../xl/worksheets/sheet1.xml" }) {
+    for (const char* target :
+         { "/xl/worksheets/sheet1.xml", "../xl/worksheets/sheet1.xml", "./worksheets//sheet1.xml",
+           "worksheets/../worksheets/sheet1.xml", "Worksheets/Sheet1.xml", "worksheets%2Fsheet1.xml",
+           "worksheets\\sheet1.xml", "../../../xl/worksheets/sheet1.xml" }) {
         Parts parts = sound;
         parts["xl/_rels/workbook.xml.rels"].replace("worksheets/sheet1.xml", target);
         EXPECT_EQ(sheetOf(parts), QStringLiteral("1")) << target;
@@ -192,25 +200,30 @@ TEST_F(WorkbookParts, TheFirstSheetOfCellsIsFoundByItsRelationship)
     Parts parts = soundParts("<row><c><v>1</v></c></row>");
     parts["xl/second.xml"] = QByteArray(parts["xl/worksheets/sheet1.xml"]).replace("<v>1", "<v>2");
     parts["xl/_rels/workbook.xml.rels"].replace(
-        "</Relationships>", "<Relationship Id=\"c\" Type=\"x/chartsheet\" Target=\"chart.xml\"/><Relationship "
-                            "Id=\"second\" Type=\"x/worksheet\" Target=\"second.xml\"/></Relationships>");
-    parts["xl/workbook.xml"].replace("<sheets>", "<sheets><sheet r:id=\"c\"/><sheet sheetId=\"9\" state=\"hidden\" "
-                                                 "r:id=\"second\"/>");
+        "</Relationships>",
+        "<Relationship Id=\"c\" Type=\"x/chartsheet\" Target=\"chart.xml\"/><Relationship "
+        "Id=\"second\" Type=\"x/worksheet\" Target=\"second.xml\"/></Relationships>");
+    parts["xl/workbook.xml"].replace("<sheets>",
+                                     "<sheets><sheet r:id=\"c\"/><sheet sheetId=\"9\" state=\"hidden\" "
+                                     "r:id=\"second\"/>");
     EXPECT_EQ(sheetOf(parts), QStringLiteral("2"));
 }
 
 TEST_F(WorkbookParts, EscapedCharactersAreResolved)
 {
-    EXPECT_EQ(sheetOf("<row><c t=\"str\"><v>a_x000A_b</v></c><c t=\"inlineStr\"><is><t>_x005F_x000A__x</t></is></c>"
-                      "<c t=\"str\"><v>_x12_ _xZZZZ_ _x</v></c></row>"),
-              QStringLiteral("a\nb|_x000A__x|_x12_ _xZZZZ_ _x"));
+    EXPECT_EQ(
+        sheetOf("<row><c t=\"str\"><v>a_x000A_b</v></c><c t=\"inlineStr\"><is><t>_x005F_x000A__x</t></is></c>"
+                "<c t=\"str\"><v>_x12_ _xZZZZ_ _x</v></c></row>"),
+        QStringLiteral("a\nb|_x000A__x|_x12_ _xZZZZ_ _x"));
 }
 
 TEST_F(WorkbookParts, RowsAndCellsWithoutPlacesFollowOneAnother)
 {
-    EXPECT_EQ(sheetOf("<row><c><v>1</v></c><c r=\"D1\"><v>2</v></c><c><v>3</v></c></row><row r=\"4\"><c><v>4</v></c>"
-                      "</row><row><c><v>5</v></c></row>"),
-              QStringLiteral("1|||2|3/||||/||||/4||||/5||||"));
+    EXPECT_EQ(
+        sheetOf(
+            "<row><c><v>1</v></c><c r=\"D1\"><v>2</v></c><c><v>3</v></c></row><row r=\"4\"><c><v>4</v></c>"
+            "</row><row><c><v>5</v></c></row>"),
+        QStringLiteral("1|||2|3/||||/||||/4||||/5||||"));
 }
 
 TEST_F(WorkbookParts, TextsInOtherEncodingsOfXmlAreRead)

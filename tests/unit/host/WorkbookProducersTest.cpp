@@ -16,7 +16,8 @@ const QString kFolder = QStringLiteral(TEST_DATA_DIR "/workbooks/");
 QString statedText(const QString& workbook)
 {
     QString text = QString::fromUtf8(test::bytesOf(kFolder + workbook + QStringLiteral(".txt"))).trimmed();
-    return text.replace(QLatin1Char('\n'), QLatin1Char('/')).replace(QLatin1String("\\n"), QLatin1String("\n"));
+    return text.replace(QLatin1Char('\n'), QLatin1Char('/'))
+        .replace(QLatin1String("\\n"), QLatin1String("\n"));
 }
 
 class WorkbookProducers : public testing::TestWithParam<QString>

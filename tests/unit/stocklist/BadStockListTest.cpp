@@ -207,3 +207,14 @@ TEST_F(BadStockList, SixtyMegabytesOfGbkStayWithinTheMemory)
         bytes += "600036,\xD5\xD0\xC9\xCC\xD2\xF8\xD0\xD0,1,0.5,1000000000\r\n";
     EXPECT_EQ(read(test::writeFile(path("gbk.csv"), bytes), true), 200);
 }
+
+TEST_F(BadStockList, AnXlsOfOneEndlessLineStaysWithinTheMemory)
+{
+    QByteArray bytes(54'000'000, 'x');
+    EXPECT_EQ(read(test::writeFile(path("letters.xls"), bytes), false), 0);
+    bytes.fill(',');
+    EXPECT_EQ(read(test::writeFile(path("commas.xls"), bytes + "\n600036\n"), false), 1);
+    for (int i = 0; i < bytes.size(); i += 2)
+        bytes[i] = '1';
+    EXPECT_EQ(read(test::writeFile(path("fields.xls"), bytes), false), 0);
+}

@@ -59,7 +59,8 @@ void CellCollector::setNumber(int row, int column, double number)
         : std::to_chars(digits.data(), end, number, std::chars_format::general, 15);
     std::array<QChar, 32> text;
     const auto length = to - digits.data();
-    std::transform(digits.data(), digits.data() + length, text.begin(), [](char c) { return QLatin1Char(c); });
+    std::transform(digits.data(), digits.data() + length, text.begin(),
+                   [](char c) { return QLatin1Char(c); });
     setText(row, column, QStringView(text.data(), length));
 }
 

@@ -17,7 +17,8 @@ class CellCollector
 {
 public:
     void setText(int row, int column, QStringView text);
-    /// Plain text of a number: 15 digits, no ".0" behind an integral one. What is not finite is noted as lost.
+    /// Plain text of a number: 15 digits, no ".0" behind an integral one. What is not finite is noted as
+    /// lost.
     void setNumber(int row, int column, double number);
     void setBool(int row, int column, bool value);
 

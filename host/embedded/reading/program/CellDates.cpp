@@ -30,7 +30,9 @@ QString dayText(qint64 day, bool is1904)
 
 QString timeText(qint64 seconds)
 {
-    const auto two = [](qint64 number) { return QString::number(number).rightJustified(2, QLatin1Char('0')); };
+    const auto two = [](qint64 number) {
+        return QString::number(number).rightJustified(2, QLatin1Char('0'));
+    };
     return two(seconds / 3'600) + QLatin1Char(':') + two(seconds / 60 % 60) + QLatin1Char(':')
         + two(seconds % 60);
 }
@@ -86,7 +88,8 @@ QString dateText(double days, DateKind kind, bool is1904)
     case DateKind::Time: return timeText(seconds);
     case DateKind::Date: return dayText(static_cast<qint64>(days), is1904);
     default:
-        return dayText(seconds / kSecondsOfDay, is1904) + QLatin1Char(' ') + timeText(seconds % kSecondsOfDay);
+        return dayText(seconds / kSecondsOfDay, is1904) + QLatin1Char(' ')
+            + timeText(seconds % kSecondsOfDay);
     }
 }
 

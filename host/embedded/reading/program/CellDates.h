@@ -6,8 +6,7 @@
 namespace workbook {
 
 /// What a number format shows.
-enum class DateKind
-{
+enum class DateKind {
     None, ///< a plain number, a percentage, ...
     Date,
     Time,

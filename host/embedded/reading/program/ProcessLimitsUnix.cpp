@@ -14,9 +14,13 @@ namespace workbook {
 
 namespace {
 
-/// Address space of this process in bytes; 0 where the system does not tell.
+/// Address space of this process in bytes; 0 where the system does not tell, or where a sanitizer needs room
+/// of its own.
 rlim_t addressSpace()
 {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    return 0;
+#endif
     unsigned long pages = 0;
     if (std::FILE* file = std::fopen("/proc/self/statm", "r")) {
         if (std::fscanf(file, "%lu", &pages) != 1)

@@ -148,8 +148,8 @@ QByteArray CompoundFile::stream(const char* name, bool& isWhole) const
         isWhole = false;
         return QByteArray();
     }
-    const QByteArray bytes = entry->size < m_smallLimit ? smallChain(entry->start, entry->size)
-                                                        : chain(entry->start, entry->size);
+    const QByteArray bytes =
+        entry->size < m_smallLimit ? smallChain(entry->start, entry->size) : chain(entry->start, entry->size);
     isWhole = static_cast<quint32>(bytes.size()) == entry->size;
     return bytes;
 }

@@ -1,5 +1,6 @@
 #pragma once
-/// @file The streams of a compound file, the small file system in which old office programs keep their documents.
+/// @file The streams of a compound file, the small file system in which old office programs keep their
+/// documents.
 
 #include <QByteArray>
 

@@ -11,8 +11,7 @@ namespace workbook {
 /// One record: its kind and its bytes, with those of the records that continue it.
 struct Record
 {
-    enum Kind : quint16
-    {
+    enum Kind : quint16 {
         Formula = 0x0006,
         End = 0x000A,
         DateMode = 0x0022,

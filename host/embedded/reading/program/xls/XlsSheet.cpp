@@ -17,8 +17,8 @@ double doubleOf(quint64 bits)
 double unpacked(quint32 packed)
 {
     constexpr quint32 isInHundredths = 1, isWhole = 2;
-    const double number = packed & isWhole ? static_cast<qint32>(packed) >> 2
-                                           : doubleOf(quint64(packed & ~quint32(3)) << 32);
+    const double number =
+        packed & isWhole ? static_cast<qint32>(packed) >> 2 : doubleOf(quint64(packed & ~quint32(3)) << 32);
     return packed & isInHundredths ? number / 100.0 : number;
 }
 

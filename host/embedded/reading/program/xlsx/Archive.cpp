@@ -79,8 +79,8 @@ Archive::End Archive::read(const QByteArray& part, const Receiver& receiver)
     const auto found = m_parts.constFind(part.toLower());
     if (found == m_parts.constEnd())
         return End::Missing;
-    const std::unique_ptr<zip_file_t, int (*)(zip_file_t*)> file(
-        zip_fopen_index(m_archive.get(), *found, 0), zip_fclose);
+    const std::unique_ptr<zip_file_t, int (*)(zip_file_t*)> file(zip_fopen_index(m_archive.get(), *found, 0),
+                                                                 zip_fclose);
     if (!file)
         return End::Damaged;
     std::array<char, 64 * 1024> buffer;

@@ -18,8 +18,7 @@ namespace workbook {
 class Archive
 {
 public:
-    enum class End
-    {
+    enum class End {
         Whole,   ///< all bytes came, and their checksum is right
         Missing, ///< no such part
         Damaged, ///< some bytes may have come

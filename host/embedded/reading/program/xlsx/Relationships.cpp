@@ -78,8 +78,8 @@ const Relationship* Relationships::withId(std::string_view id) const
 
 const Relationship* Relationships::ofKind(std::string_view kind) const
 {
-    const auto found =
-        std::find_if(m_list.begin(), m_list.end(), [&](const Relationship& r) { return isSame(r.kind, kind); });
+    const auto found = std::find_if(m_list.begin(), m_list.end(),
+                                    [&](const Relationship& r) { return isSame(r.kind, kind); });
     return found == m_list.end() ? nullptr : &*found;
 }
 

@@ -11,7 +11,7 @@ namespace workbook {
 struct Relationship
 {
     QByteArray id;
-    QByteArray kind;   ///< last word of the type, the same in the transitional and the strict form: "worksheet"
+    QByteArray kind; ///< last word of the type, the same in the transitional and the strict form: "worksheet"
     QByteArray target; ///< name of the part, from the root, without a leading "/"
 };
 

@@ -24,8 +24,8 @@ public:
 private:
     std::string m_utf8;
     QString m_text;
-    int m_depth = 0;    ///< elements open below the text's own
-    int m_hidden = 0;   ///< depth of the outermost element whose texts do not count; 0 for none
+    int m_depth = 0;     ///< elements open below the text's own
+    int m_hidden = 0;    ///< depth of the outermost element whose texts do not count; 0 for none
     bool m_isIn = false; ///< within a t that counts
 };
 

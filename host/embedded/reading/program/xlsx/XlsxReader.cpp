@@ -32,8 +32,11 @@ Outcome otherKind(const Archive& archive)
 {
     if (archive.holds("xl/workbook.bin") || archive.holds("content.xml"))
         return Outcome::OtherKind;
-    return archive.holds("[Content_Types].xml") || archive.holds("_rels/.rels") ? Outcome::Read
-                                                                                 : Outcome::UnknownKind;
+    for (const char* part : { "[Content_Types].xml", "_rels/.rels", "xl/workbook.xml" }) {
+        if (archive.holds(part))
+            return Outcome::Read;
+    }
+    return Outcome::UnknownKind;
 }
 
 /// The part of the first sheet that holds cells; sheets of charts alone are passed over. Empty, with a loss

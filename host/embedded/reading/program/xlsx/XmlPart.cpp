@@ -91,7 +91,7 @@ std::string_view XmlAttributes::prefixedValue(std::string_view name) const
 Archive::End readXml(Archive& archive, const QByteArray& part, XmlReceiver& receiver)
 {
     const std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser(XML_ParserCreate(nullptr),
-                                                                          XML_ParserFree);
+                                                                         XML_ParserFree);
     if (!parser)
         throw std::bad_alloc();
     Reading reading { receiver, parser.get() };
