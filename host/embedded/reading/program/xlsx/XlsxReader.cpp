@@ -45,7 +45,7 @@ QByteArray firstSheet(const WorkbookPart& book, const Relationships& ways, CellC
 {
     for (const std::string& id : book.sheets) {
         const Relationship* const way = ways.withId(id);
-        if (!way) {
+        if (!way || way->target.isEmpty()) {
             cells.noteLoss(); // what follows is not the first sheet
             return QByteArray();
         }
