@@ -79,7 +79,7 @@ TEST_F(WorkbookDamage, NoDamagedXlsxLosesACellWithoutAWord)
         const QByteArray sound = test::bytesOf(kFolder + QString::fromUtf8(name));
         outcomeOf(sound);
         const QString sheet = test::sheetText(m_reader);
-        for (const unsigned seed : test::seedsFor("damaged_xlsx", 60)) {
+        for (const unsigned seed : test::seedsFor("damaged_xlsx", 40)) {
             const WorkbookOutcome outcome = outcomeOf(damaged(sound, seed));
             const bool isTold = outcome != WorkbookOutcome::Read || lastWorkbookReport().mayBeIncomplete;
             EXPECT_TRUE(isTold || test::sheetText(m_reader) == sheet) << name << " seed " << seed;
@@ -92,7 +92,7 @@ TEST_F(WorkbookDamage, NoDamagedXlsBringsItsReaderDown)
 {
     for (const char* name : { "xlwt.xls", "sheetjs.xls", "gnumeric.xls", "gnumeric_95.xls" }) {
         const QByteArray sound = test::bytesOf(kFolder + QString::fromUtf8(name));
-        for (const unsigned seed : test::seedsFor("damaged_xls", 60))
+        for (const unsigned seed : test::seedsFor("damaged_xls", 40))
             EXPECT_NE(outcomeOf(damaged(sound, seed)), WorkbookOutcome::ProgramFailed)
                 << name << " seed " << seed;
     }

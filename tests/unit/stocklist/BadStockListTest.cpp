@@ -17,7 +17,7 @@ using TC::ParserStockDetail;
 namespace {
 
 constexpr long kMostMiB = 512;
-constexpr int kDamagedCopies = test::measuresMemory() ? 600 : 100; // sanitizers make forks slow
+constexpr int kDamagedCopies = test::measuresMemory() ? 200 : 50; // each starts a program
 
 /// Lists that no reader may stumble over; each is read in a child process with a time limit.
 class BadStockList : public testing::Test
@@ -216,5 +216,5 @@ TEST_F(BadStockList, AnXlsOfOneEndlessLineStaysWithinTheMemory)
     EXPECT_EQ(read(test::writeFile(path("commas.xls"), bytes + "\n600036\n"), false), 1);
     for (int i = 0; i < bytes.size(); i += 2)
         bytes[i] = '1';
-    EXPECT_EQ(read(test::writeFile(path("fields.xls"), bytes), false), 0);
+    EXPECT_EQ(read(test::writeFile(path("fields.xls"), bytes), false), 1); // 1 is looked up as 000001
 }
