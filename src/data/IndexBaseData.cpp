@@ -13,9 +13,9 @@
 
 namespace TC {
 
-namespace {
-
 using namespace detail;
+
+namespace {
 
 constexpr int kMainChartKind = 2;
 

@@ -12,9 +12,9 @@
 
 namespace TC {
 
-namespace {
-
 using namespace detail;
+
+namespace {
 
 /// Appends a cell. Deliberate: other column types write nothing, not even the comma.
 void appendCell(std::string& text, const ColumnView& column, int bar)
@@ -25,9 +25,9 @@ void appendCell(std::string& text, const ColumnView& column, int bar)
         return;
     }
     const std::optional<double> value = column.raw(bar);
-    if (!value)
+    if (!value || !column.type())
         return;
-    switch (column.type()) {
+    switch (*column.type()) {
     case se::ColumnType::Number: text += ','; return appendFixed4(text, *value);
     case se::ColumnType::Integer:
     case se::ColumnType::Flag: text += ','; return appendGeneral6(text, *value);

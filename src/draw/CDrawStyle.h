@@ -243,7 +243,7 @@ public:
                   RPCFormulaResultCache& cache, int startIndex, int endIndex, int outputIndex, int xOffset,
                   int barCount);
 
-    // Legend (title/TitleText.cpp, title/TitleArrow.cpp, title/TitlePainting.cpp)
+    // Legend (title/LegendText.cpp, title/LegendArrow.cpp, title/LegendPainting.cpp)
 
     /// Pieces of one formula's legend at a bar, each with the output that it shows (-1 for an overlaid
     /// instrument's piece), in display order.

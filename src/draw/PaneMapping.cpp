@@ -4,11 +4,13 @@
 
 namespace TC {
 
+using namespace detail;
+
 SlotLayout lineSlots(const QRect& rect, int startIndex, int endIndex, int barCount, int xOffset,
                      bool fullWidth, bool alignByIndex)
 {
-    const detail::BarWindow bars { startIndex, endIndex, barCount, fullWidth };
-    return alignByIndex ? detail::alignedByIndex(bars, rect) : detail::rightAligned(bars, rect, xOffset);
+    const BarWindow bars { startIndex, endIndex, barCount, fullWidth };
+    return alignByIndex ? alignedByIndex(bars, rect) : rightAligned(bars, rect, xOffset);
 }
 
 } // namespace TC

@@ -54,13 +54,13 @@ struct SlotLayout
     {
         if (!(width > 0.0) || std::isinf(width))
             return firstBar;
-        int bar = toPixel(std::floor((column + 1.0 - origin - shift) / width) + firstBar);
-        // The quotient may round to either side of a slot's edge.
-        if (bar < INT_MAX && x(bar + 1) <= column)
-            ++bar;
-        while (bar > INT_MIN && x(bar) > column)
-            --bar;
-        return bar;
+        // Truncation toward zero: column 0 holds what lies up to a pixel left of it as well.
+        const double edge = column < 0 ? column : column + 1.0;
+        const int bar = toPixel(std::floor((edge - origin - shift) / width) + firstBar);
+        // The quotient may fall on an edge, or round to its other side.
+        if (bar > INT_MIN && x(bar) > column)
+            return bar - 1;
+        return bar < INT_MAX && x(bar + 1) <= column ? bar + 1 : bar;
     }
 };
 
@@ -83,7 +83,8 @@ struct ValueScale
 /// right of their column.
 inline SlotLayout candleSlots(const QRect& rect, int startIndex, int barCount)
 {
-    return { startIndex, rect.width() / static_cast<double>(barCount), static_cast<double>(rect.left()), 0.0 };
+    return { startIndex, rect.width() / static_cast<double>(barCount), static_cast<double>(rect.left()),
+             0.0 };
 }
 
 /// Slots of drawSimpleLine, which its points stand on unless they are limited to the pane's right edge;

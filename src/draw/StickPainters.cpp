@@ -42,8 +42,10 @@ void CDrawStyle::drawColorStick(QPainter* painter, QRect& rect, RPCFormulaResult
     if (!hasPixel(scale.at(0.0)))
         return;
     const int zeroRow = scale.row(0.0);
-    const QPen rise = linePen(WB::skinColor(realtimeColours ? kRealtimeStickColor : kRiseColor), 1.0, penStyle);
-    const QPen fall = linePen(WB::skinColor(realtimeColours ? kRealtimeStickColor : kFallColor), 1.0, penStyle);
+    const QPen rise =
+        linePen(WB::skinColor(realtimeColours ? kRealtimeStickColor : kRiseColor), 1.0, penStyle);
+    const QPen fall =
+        linePen(WB::skinColor(realtimeColours ? kRealtimeStickColor : kFallColor), 1.0, penStyle);
 
     forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
         // Deliberate: any finite number has a stick here, the missing marker as well.

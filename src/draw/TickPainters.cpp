@@ -92,7 +92,8 @@ public:
         , m_pens(painter)
         , m_lines(painter, m_pens, run.rect.bottom())
         , m_run(run)
-        , m_layout { run.bars.first, slotWidth(run.rect, run.bars.divisor()), run.rect.left(), 0, run.halfWidth }
+        , m_layout { run.bars.first, slotWidth(run.rect, run.bars.divisor()), run.rect.left(), 0,
+                     run.halfWidth }
         , m_scale(volumeScale(run.rect, run.range))
     {
     }

@@ -180,17 +180,17 @@ bool CDrawStyle::calcMaxMin(double& max, double& min, int startIndex, int endInd
 
 int dataToYAxis(double value, int top, int bottom, double max, double min)
 {
-    if (detail::isEqual(max, min)) {
-        if (value - min > detail::kTolerance)
+    if (isEqual(max, min)) {
+        if (value - min > kTolerance)
             return top;
-        if (max - value <= detail::kTolerance)
+        if (max - value <= kTolerance)
             return static_cast<int>((static_cast<long long>(top) + 1 + bottom) / 2);
         return bottom;
     }
     const double lowest = std::min(max, min), highest = std::max(max, min);
     const double height = static_cast<double>(static_cast<long long>(bottom) - top);
     const double rows = height * (value - lowest) / (highest - lowest);
-    return detail::saturatedSum(bottom, -static_cast<long long>(detail::toPixel(rows)));
+    return saturatedSum(bottom, -static_cast<long long>(toPixel(rows)));
 }
 
 } // namespace TC

@@ -69,7 +69,8 @@ public:
         const int* type = elementAt(result.columnType, column);
         m_values = series ? elementAt(result.numberSeries, *series) : nullptr;
         m_texts = series ? elementAt(result.textSeries, *series) : nullptr;
-        m_type = type ? *type : kNoType;
+        if (type)
+            m_type = *type;
     }
 
     /// The column has numbers.
@@ -78,15 +79,15 @@ public:
     const std::vector<double>* values() const { return m_values; }
     /// The whole text series; null when the column has none.
     const std::vector<std::string>* texts() const { return m_texts; }
-    /// Type code of the column; below every code there is when the records state none.
-    int type() const { return m_type; }
+    /// Type code of the column; empty when the records state none.
+    std::optional<int> type() const { return m_type; }
     int size() const
     {
         return m_values ? static_cast<int>(std::min<std::size_t>(m_values->size(), INT_MAX)) : 0;
     }
 
     /// Numbers of an ordinary type.
-    bool isPlainNumber() const { return m_values && m_type != kNoType && isNumberType(m_type); }
+    bool isPlainNumber() const { return m_values && m_type && isNumberType(*m_type); }
     bool isFlag() const { return m_values && m_type == se::ColumnType::Flag; }
     bool isText() const { return m_type == se::ColumnType::Text; }
 
@@ -122,13 +123,14 @@ public:
     }
 
 private:
-    static constexpr int kNoType = INT_MIN;
-
-    static bool isNumberType(int type) { return type < se::ColumnType::Flag || type == se::ColumnType::Plain; }
+    static bool isNumberType(int type)
+    {
+        return type < se::ColumnType::Flag || type == se::ColumnType::Plain;
+    }
 
     const std::vector<double>* m_values = nullptr;
     const std::vector<std::string>* m_texts = nullptr;
-    int m_type = kNoType;
+    std::optional<int> m_type;
 };
 
 /// Read-only view of one output of a formula; the records must outlive it.

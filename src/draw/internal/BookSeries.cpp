@@ -18,7 +18,7 @@ constexpr SidePositions kSide1 { { 1, 7, 11, 15, 19 }, { 5, 9, 13, 17, 21 } };
 constexpr SidePositions kSide2 { { 0, 8, 12, 16, 20 }, { 6, 10, 14, 18, 22 } };
 constexpr std::size_t kBookSeriesCount = 23;
 
-constexpr double kLeastDepth = 1e-5;   ///< volume behind the best levels from which on a trade has a book
+constexpr double kLeastDepth = 1e-5; ///< volume behind the best levels from which on a trade has a book
 
 } // namespace
 

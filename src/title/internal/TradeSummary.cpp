@@ -1,8 +1,11 @@
 /// @file The user's own trading as legend texts.
 
+#include "title/internal/TradeSummary.h"
+
 #include "draw/internal/Pens.h"
 #include "host/WB/NumberFormat.h"
-#include "title/internal/TitleRows.h"
+#include "title/internal/LegendRows.h"
+#include "title/internal/TextWidths.h"
 
 namespace TC::detail {
 
@@ -53,7 +56,7 @@ QColor signColor(double value, const char* riseKey)
     return WB::skinColor(value < -kTolerance ? kSummaryFallColor : kLabelColor);
 }
 
-void writeAmounts(SummaryWriter& writer, const TitleTrading& trading)
+void writeAmounts(SummaryWriter& writer, const TradeSummary& trading)
 {
     const QString bracket = QStringLiteral("[");
     if (!isZero(trading.totalBuyAmount) || !isZero(trading.totalSellAmount)) {
@@ -89,7 +92,7 @@ void writeVolume(SummaryWriter& writer, int volume, double averagePrice, double 
     writer.add(WB::formatPriceDoubleNumber(averagePrice, priceTick / 10.0), WB::skinColor(color));
 }
 
-void writeVolumes(SummaryWriter& writer, const TitleTrading& trading, double priceTick)
+void writeVolumes(SummaryWriter& writer, const TradeSummary& trading, double priceTick)
 {
     if (trading.buyVolume != 0) {
         writer.open(QStringLiteral(" [买量:"));
@@ -105,16 +108,17 @@ void writeVolumes(SummaryWriter& writer, const TitleTrading& trading, double pri
     writer.close();
 }
 
-void writeAccounts(SummaryWriter& writer, const TitleTrading& trading)
+void writeAccounts(SummaryWriter& writer, const TradeSummary& trading)
 {
     for (int account = 0; account < trading.accounts.size(); ++account) {
         writer.label(account == 0 ? QStringLiteral(" [账号:") : QStringLiteral(" 账号:"));
-        writer.add(trading.accounts.at(account), WB::skinColor("ic_clr_realtime_title_account_position_text"));
+        writer.add(trading.accounts.at(account),
+                   WB::skinColor("ic_clr_realtime_title_account_position_text"));
         if (account < trading.positions.size() && account < trading.positionFlags.size()) {
             writer.label(QStringLiteral(" 持仓:"));
-            writer.add(
-                QString::number(trading.positions.at(account)),
-                WB::skinColor(trading.positionFlags.at(account) != 0 ? kSummaryRiseColor : kSummaryFallColor));
+            writer.add(QString::number(trading.positions.at(account)),
+                       WB::skinColor(trading.positionFlags.at(account) != 0 ? kSummaryRiseColor
+                                                                            : kSummaryFallColor));
         }
     }
     if (!trading.accounts.isEmpty())
@@ -123,7 +127,7 @@ void writeAccounts(SummaryWriter& writer, const TitleTrading& trading)
 
 } // namespace
 
-QVector<ArrowColorTextData> summaryTexts(const TitleTrading& trading, double priceTick)
+QVector<ArrowColorTextData> summaryTexts(const TradeSummary& trading, double priceTick)
 {
     SummaryWriter writer;
     writeAmounts(writer, trading);
@@ -134,7 +138,24 @@ QVector<ArrowColorTextData> summaryTexts(const TitleTrading& trading, double pri
 
 int summaryTextWidth(const QString& text)
 {
-    return saturatedSum(WB::CSimpleText::getSize(text, QString::fromLatin1(kTitleFont)).width(), kTitleGap);
+    return saturatedSum(textWidth(text, WB::skinFont(kTitleFont)), kLegendGap);
+}
+
+TradeSummary fitSummary(TradeSummary trading, const QRect& area, int x, double priceTick)
+{
+    const auto fits = [&] {
+        long long end = x;
+        for (const ArrowColorTextData& text : summaryTexts(trading, priceTick))
+            end += summaryTextWidth(text.text);
+        return end <= area.right() + 1LL && kSummaryTop + kLegendRowHeight <= area.height();
+    };
+    while (!fits() && !trading.accounts.isEmpty())
+        trading.accounts.removeLast();
+    if (!fits())
+        trading.buyVolume = trading.sellVolume = 0;
+    if (!fits())
+        trading = TradeSummary();
+    return trading;
 }
 
 } // namespace TC::detail
