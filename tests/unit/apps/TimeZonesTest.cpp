@@ -68,7 +68,7 @@ QByteArray exported(const char* zone, const QByteArray& bars)
                   { QStringLiteral("--bars"), file.fileName(), QStringLiteral("-o"),
                     folder.filePath(QStringLiteral("out.png")), QStringLiteral("--pane"),
                     QStringLiteral("KLINE"), QStringLiteral("--export"), answer.fileName(),
-                    QStringLiteral("--export-time") });
+                    QStringLiteral("--with-time") });
     EXPECT_TRUE(process.waitForFinished(60'000));
     if (process.exitCode() != 0 || !answer.open(QIODevice::ReadOnly))
         return process.readAllStandardError();
