@@ -1,5 +1,6 @@
 #include "apps/chart/OpenedBars.h"
 
+#include "apps/base/FileNames.h"
 #include "apps/chart/PriceTick.h"
 #include "engine/files/BarFile.h"
 #include "engine/files/TickFile.h"
@@ -30,28 +31,33 @@ Instrument instrumentOf(const QString& path, const QString& chosen, const std::v
     return instrument;
 }
 
-} // namespace
-
-QString openBarsFile(const QString& path, const QString& key, OpenedBars& opened)
+/// What the engine says of a file, whose name may hold any bytes.
+base::Failure failureOf(const std::string& text)
 {
-    std::string failure;
-    std::optional<engine::BarSeries> bars = engine::readBars(path.toStdString(), failure);
-    if (!bars)
-        return QString::fromStdString(failure);
-    opened.instrument = instrumentOf(path, key, bars->close);
-    opened.bars = std::make_shared<const engine::BarSeries>(std::move(*bars));
-    return QString();
+    return { base::nameFromBytes(QByteArray::fromStdString(text)) };
 }
 
-QString openTicksFile(const QString& path, const QString& key, OpenedTicks& opened)
+} // namespace
+
+base::Result<OpenedBars> openBarsFile(const QString& path, const QString& key)
 {
     std::string failure;
-    std::optional<engine::TickSeries> ticks = engine::readTicks(path.toStdString(), failure);
+    std::optional<engine::BarSeries> bars = engine::readBars(base::bytesOfName(path).toStdString(), failure);
+    if (!bars)
+        return failureOf(failure);
+    return OpenedBars { instrumentOf(path, key, bars->close),
+                        std::make_shared<const engine::BarSeries>(std::move(*bars)) };
+}
+
+base::Result<OpenedTicks> openTicksFile(const QString& path, const QString& key)
+{
+    std::string failure;
+    std::optional<engine::TickSeries> ticks =
+        engine::readTicks(base::bytesOfName(path).toStdString(), failure);
     if (!ticks)
-        return QString::fromStdString(failure);
-    opened.instrument = instrumentOf(path, key, ticks->price);
-    opened.ticks = std::make_shared<const engine::TickSeries>(std::move(*ticks));
-    return QString();
+        return failureOf(failure);
+    return OpenedTicks { instrumentOf(path, key, ticks->price),
+                         std::make_shared<const engine::TickSeries>(std::move(*ticks)) };
 }
 
 } // namespace chart

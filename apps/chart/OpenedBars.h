@@ -1,6 +1,7 @@
 #pragma once
 /// @file A data file with the instrument that it belongs to.
 
+#include "apps/base/Result.h"
 #include "engine/series/BarSeries.h"
 #include "engine/series/TickSeries.h"
 
@@ -31,13 +32,13 @@ struct OpenedTicks
 };
 
 /// Reads a bars file.
+/// @param path  any name; see base::nameFromBytes.
 /// @param key  key of the instrument ("SH600000"); empty: the file's base name. An instrument that the
 ///        database does not know is made up from it, with the price tick that the prices suggest.
-/// @param[out] opened  written only on success.
-/// @return empty on success, else one line "FILE:LINE: reason".
-QString openBarsFile(const QString& path, const QString& key, OpenedBars& opened);
+/// @return on failure one line "FILE:LINE: reason".
+base::Result<OpenedBars> openBarsFile(const QString& path, const QString& key = QString());
 
 /// Reads a trades file; otherwise as openBarsFile.
-QString openTicksFile(const QString& path, const QString& key, OpenedTicks& opened);
+base::Result<OpenedTicks> openTicksFile(const QString& path, const QString& key = QString());
 
 } // namespace chart

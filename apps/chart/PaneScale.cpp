@@ -14,6 +14,8 @@ namespace chart {
 namespace {
 
 constexpr double kAir = 0.06; // share of the range that is left free above and below
+/// Axes end here, so that their extent is a number; what lies beyond is drawn outside the pane.
+constexpr double kGreatest = 1e307;
 
 bool hasVolume(const PaneContent& pane)
 {
@@ -61,6 +63,8 @@ QPair<double, double> visibleRange(const PaneContent& pane, const BarView& view)
     }
     if (!counted)
         return { 1.0, 0.0 };
+    highest = std::clamp(highest, -kGreatest, kGreatest);
+    lowest = std::clamp(lowest, -kGreatest, kGreatest);
     if (hasVolume(pane))
         return { highest > 0.0 ? highest * (1.0 + kAir) : 1.0, 0.0 };
     const double extent = highest - lowest;
@@ -86,7 +90,8 @@ std::vector<AxisMark> valueMarks(const QPair<double, double>& range, int height,
 
 int rowOf(double value, const QPair<double, double>& range, int height)
 {
-    return TC::valueScale(QRect(0, 0, 1, height), range).row(value);
+    constexpr int limit = 1'000'000'000; // far outside any pane, and a pixel that Qt can still reckon with
+    return std::clamp(TC::valueScale(QRect(0, 0, 1, height), range).row(value), -limit, limit);
 }
 
 double valueAt(int row, const QPair<double, double>& range, int height)

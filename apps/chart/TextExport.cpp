@@ -1,7 +1,5 @@
 #include "apps/chart/TextExport.h"
 
-#include <QSaveFile>
-
 namespace chart {
 
 std::string exportText(TC::IndexBaseData& data, const QString& formula, bool withTime)
@@ -22,15 +20,6 @@ std::string exportText(TC::IndexBaseData& data, const QString& formula, bool wit
         return std::string();
     return formula.isEmpty() ? data.getResultTxtStr(results, metas, withTime)
                              : data.getResultTxtStr(results.front(), metas.front(), withTime);
-}
-
-QString writeText(const QString& path, const std::string& text)
-{
-    QSaveFile file(path);
-    const auto size = static_cast<qint64>(text.size());
-    if (!file.open(QIODevice::WriteOnly) || file.write(text.data(), size) != size || !file.commit())
-        return QStringLiteral("%1: %2").arg(path, file.errorString());
-    return QString();
 }
 
 } // namespace chart

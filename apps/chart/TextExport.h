@@ -1,5 +1,5 @@
 #pragma once
-/// @file A pane's results as text, and text as a file.
+/// @file A pane's results as text.
 
 #include "data/IndexBaseData.h"
 
@@ -12,9 +12,5 @@ namespace chart {
 /// Comma-separated text of a pane's results: of one formula, or of all of them side by side in display order
 /// when `formula` is empty. Formulas whose results have not arrived are left out; empty when none is there.
 std::string exportText(TC::IndexBaseData& data, const QString& formula, bool withTime);
-
-/// Writes a file whole or not at all; an old file stays when anything fails.
-/// @return empty on success, else one line that names the file and the reason.
-QString writeText(const QString& path, const std::string& text);
 
 } // namespace chart

@@ -4,7 +4,6 @@
 #include "apps/client/PanelIds.h"
 #include "apps/client/basket/BasketPanel.h"
 #include "host/embedded/EmbeddedHost.h"
-#include "host/se/LoadConfig.h"
 
 #include <QActionGroup>
 #include <QFileDialog>
@@ -30,13 +29,13 @@ void MainWindow::buildFileMenu()
         [this] {
             const QString path = chooseFile(this, QStringLiteral("打开K线"));
             if (!path.isEmpty())
-                openBars(path);
+                static_cast<void>(openBars(path)); // a failure is shown
         },
         QKeySequence::Open);
     menu->addAction(QStringLiteral("打开分笔…"), this, [this] {
         const QString path = chooseFile(this, QStringLiteral("打开分笔"));
         if (!path.isEmpty())
-            openTicks(path);
+            static_cast<void>(openTicks(path));
     });
     menu->addAction(QStringLiteral("导入股票列表…"), this, [this] {
         const QString path =
@@ -56,7 +55,7 @@ void MainWindow::buildViewMenu()
     QMenu* skinMenu = menu->addMenu(QStringLiteral("皮肤"));
     const QStringList names = TC::embedded::skinNames();
     for (const QString& name : names) {
-        QAction* action = skinMenu->addAction(name, this, [this, name] {
+        QAction* action = skinMenu->addAction(menuText(name), this, [this, name] {
             const QString failure = TC::embedded::loadSkin(name);
             if (!failure.isEmpty())
                 slotShowMessage(failure);
@@ -93,7 +92,7 @@ void MainWindow::buildViewMenu()
         arrangements->addSeparator();
         const QStringList stored = m_docks.names();
         for (const QString& name : stored) {
-            arrangements->addAction(name, this, [this, name] {
+            arrangements->addAction(menuText(name), this, [this, name] {
                 const QString failure = m_docks.apply(name);
                 if (!failure.isEmpty())
                     slotShowMessage(failure);
@@ -108,7 +107,7 @@ void MainWindow::buildOverlayMenu()
     menu->addAction(QStringLiteral("叠加品种…"), this, [this] {
         const QString path = chooseFile(this, QStringLiteral("叠加品种"));
         if (!path.isEmpty())
-            overlayBars(path);
+            static_cast<void>(overlayBars(path));
     });
     menu->addAction(QStringLiteral("清除叠加"), this, &MainWindow::clearOverlays);
 }
@@ -122,13 +121,14 @@ void MainWindow::buildToolsMenu()
     menu->addSeparator();
     menu->addAction(QStringLiteral("公式编辑器…"), this, [this] { showFormulaEditor(QString()); });
     menu->addAction(QStringLiteral("备份公式"), this, [this] {
-        backUpFormulas();
-        slotShowMessage(QStringLiteral("公式已备份"));
+        base::Result<bool> made = backUpFormulas();
+        slotShowMessage(!made.isGood() ? QStringLiteral("备份失败：%1").arg(made.reason())
+                            : *made    ? QStringLiteral("公式已备份")
+                                       : QStringLiteral("没有需要备份的改动，未做新备份"));
     });
     menu->addAction(QStringLiteral("恢复公式…"), this,
                     [this] { showRestoreDialog(RestoreDialog::Occasion::Menu); });
-    menu->addAction(QStringLiteral("重新载入公式"), this,
-                    [] { se::loadConfig("root", "configFormula", ""); });
+    menu->addAction(QStringLiteral("重新载入公式"), this, &MainWindow::reloadFormulas);
 }
 
 } // namespace client

@@ -1,5 +1,7 @@
 #include "apps/client/MainWindow.h"
 
+#include "apps/base/FileNames.h"
+#include "apps/base/WholeFile.h"
 #include "apps/chart/OpenedBars.h"
 #include "apps/client/PanelIds.h"
 #include "apps/client/basket/BasketPanel.h"
@@ -11,11 +13,14 @@
 #include "apps/client/lists/FormulaList.h"
 #include "apps/client/lists/InstrumentList.h"
 #include "apps/client/lists/MessageList.h"
+#include "host/TC/Folders.h"
 #include "host/TC/Instruments.h"
 #include "host/embedded/EmbeddedHost.h"
 #include "host/utils/CSingletonT.h"
 #include "recovery/CRecoveryVersionManager.h"
 
+#include <QCloseEvent>
+#include <QFile>
 #include <QFileInfo>
 #include <QSplitter>
 #include <QStatusBar>
@@ -73,11 +78,44 @@ MainWindow::~MainWindow()
 
 void MainWindow::startRun()
 {
+    tell(m_oneClient.enter());
+    tell(m_docks.restore(m_oneClient.isFirst()));
+    if (m_oneClient.isFirst()) {
+        base::removeUnfinishedFiles(TC::getConfigDir());
+        base::removeUnfinishedFiles(TC::getUserRootDir());
+        tell(mendInterruptedRestore());
+    }
     // A formula that the file now lacks stays on its pane, empty, until the user closes it.
     TC::embedded::setReloadReceiver(
         [this](const std::string&, const std::string&, const std::string&) { followFormulas(); });
+    reloadFormulas();
+    if (!m_oneClient.isFirst())
+        return;
     if (utils::CSingletonT<TC::CRecoveryVersionManager>::instance()->init() && !formulaVersions().empty())
         showRestoreDialog(RestoreDialog::Occasion::FailedRun);
+}
+
+void MainWindow::tell(const QString& text)
+{
+    if (!text.isEmpty())
+        slotShowMessage(text);
+}
+
+void MainWindow::tellFormulaProblems(const QStringList& problems)
+{
+    if (problems.isEmpty())
+        return;
+    const QString others =
+        problems.size() > 1 ? QStringLiteral("（另有 %1 处）").arg(problems.size() - 1) : QString();
+    slotShowMessage(QStringLiteral("公式文件有误，有误的公式未载入：%1%2").arg(problems.front(), others));
+}
+
+void MainWindow::reloadFormulas()
+{
+    tellFormulaProblems(TC::embedded::loadFormulas());
+    followFormulas();
+    if (!QFile::exists(liveFormulasPath()) && !formulaVersions().empty())
+        slotShowMessage(QStringLiteral("没有公式文件；可用“工具”菜单的“恢复公式…”取回备份"));
 }
 
 void MainWindow::showRestoreDialog(RestoreDialog::Occasion occasion)
@@ -152,57 +190,55 @@ void MainWindow::buildPanels()
     connect(m_chart->state(), &ChartState::sigBarsChanged, this, &MainWindow::refreshDemoAccount);
 }
 
-QString MainWindow::openBars(const QString& path)
+base::Failure MainWindow::told(const base::Failure& failure)
 {
-    chart::OpenedBars opened;
-    const QString failure = chart::openBarsFile(path, QString(), opened);
-    if (!failure.isEmpty()) {
-        slotShowMessage(failure);
-        return failure;
-    }
-    m_instruments->listFolder(QFileInfo(path).absolutePath());
-    clearOverlays();
-    m_chart->state()->setBars(opened.instrument, opened.bars);
-    slotShowMessage(QStringLiteral("已打开 %1 %2（%3 根K线）")
-                        .arg(TC::getDetailQsKey(opened.instrument), TC::getDetailQsName(opened.instrument))
-                        .arg(opened.bars->size()));
-    return QString();
+    slotShowMessage(failure.reason);
+    return failure;
 }
 
-QString MainWindow::openTicks(const QString& path)
+base::Result<void> MainWindow::openBars(const QString& path)
 {
-    chart::OpenedTicks opened;
-    const QString failure = chart::openTicksFile(path, QString(), opened);
-    if (!failure.isEmpty()) {
-        slotShowMessage(failure);
-        return failure;
-    }
-    m_ticks->setTicks(opened);
+    base::Result<chart::OpenedBars> opened = chart::openBarsFile(path);
+    if (!opened.isGood())
+        return told(opened.failure());
+    m_instruments->listFolder(QFileInfo(path).absolutePath());
+    clearOverlays();
+    m_chart->state()->setBars(opened->instrument, opened->bars);
+    slotShowMessage(QStringLiteral("已打开 %1 %2（%3 根K线）")
+                        .arg(TC::getDetailQsKey(opened->instrument), TC::getDetailQsName(opened->instrument),
+                             QString::number(opened->bars->size())));
+    return {};
+}
+
+base::Result<void> MainWindow::openTicks(const QString& path)
+{
+    base::Result<chart::OpenedTicks> opened = chart::openTicksFile(path);
+    if (!opened.isGood())
+        return told(opened.failure());
+    m_ticks->setTicks(*opened);
     if (ads::CDockWidget* dock = m_docks.dock(kTickPanel)) {
         dock->toggleView(true);
         dock->setAsCurrentTab();
     }
-    slotShowMessage(QStringLiteral("已打开 %1（%2 笔）")
-                        .arg(TC::getDetailQsName(opened.instrument))
-                        .arg(opened.ticks->size()));
-    return QString();
+    slotShowMessage(
+        QStringLiteral("已打开 %1（%2 笔）")
+            .arg(TC::getDetailQsName(opened->instrument), QString::number(opened->ticks->size())));
+    return {};
 }
 
-QString MainWindow::overlayBars(const QString& path)
+base::Result<void> MainWindow::overlayBars(const QString& path)
 {
-    chart::OpenedBars opened;
-    const QString failure =
-        m_chart->state()->bars() ? chart::openBarsFile(path, QString(), opened) : QStringLiteral("先打开K线");
-    if (!failure.isEmpty()) {
-        slotShowMessage(failure);
-        return failure;
-    }
-    m_overlays.push_back({ opened.instrument,
+    if (!m_chart->state()->bars())
+        return told({ QStringLiteral("先打开K线") });
+    base::Result<chart::OpenedBars> opened = chart::openBarsFile(path);
+    if (!opened.isGood())
+        return told(opened.failure());
+    m_overlays.push_back({ opened->instrument,
                            std::make_shared<const engine::BarSeries>(
-                               alignedTo(m_chart->state()->bars()->timeMs, *opened.bars)) });
+                               alignedTo(m_chart->state()->bars()->timeMs, *opened->bars)) });
     m_chart->panes().front()->setOverlays(m_overlays);
-    slotShowMessage(QStringLiteral("已叠加 %1").arg(TC::getDetailQsName(opened.instrument)));
-    return QString();
+    slotShowMessage(QStringLiteral("已叠加 %1").arg(TC::getDetailQsName(opened->instrument)));
+    return {};
 }
 
 void MainWindow::clearOverlays()
@@ -229,8 +265,9 @@ void MainWindow::refreshDemoAccount()
 
 void MainWindow::slotShowMessage(const QString& text)
 {
-    m_messages->slotShow(text);
-    statusBar()->showMessage(text, kStatusDuration);
+    const QString line = base::printable(text);
+    m_messages->slotShow(line);
+    statusBar()->showMessage(line, kStatusDuration);
 }
 
 void MainWindow::showEvent(QShowEvent* event)
@@ -240,19 +277,30 @@ void MainWindow::showEvent(QShowEvent* event)
         return;
     m_restored = true;
     QTimer::singleShot(0, this, [this] { // once the window stands
-        const QString message = m_docks.restore();
-        if (!message.isEmpty())
-            slotShowMessage(message);
         startRun();
     });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    utils::CSingletonT<TC::CRecoveryVersionManager>::instance()->quit();
-    const QString failure = m_docks.save();
-    if (!failure.isEmpty())
-        slotShowMessage(failure);
+    if (m_editor && !m_editor->leave()) {
+        event->ignore();
+        return;
+    }
+    if (m_oneClient.isFirst()) {
+        utils::CSingletonT<TC::CRecoveryVersionManager>::instance()->quit();
+        const QString failure = m_docks.save();
+        if (!failure.isEmpty() && !m_isCloseConfirmed) {
+            slotShowMessage(failure);
+            m_isCloseConfirmed =
+                isConfirmed(this, failure + QStringLiteral("\n仍然退出？"), QStringLiteral("退出"));
+            if (!m_isCloseConfirmed) {
+                event->ignore();
+                return;
+            }
+        }
+    }
+    m_oneClient.leave();
     QMainWindow::closeEvent(event);
 }
 

@@ -1,7 +1,10 @@
 #pragma once
 /// @file The reference client's window.
 
+#include "apps/base/Result.h"
 #include "apps/client/ApplicationLook.h"
+#include "apps/client/OneClient.h"
+#include "apps/client/PlainTexts.h"
 #include "apps/client/chart/FormulaSource.h"
 #include "apps/client/chart/PaneData.h"
 #include "apps/client/docking/DockArrangement.h"
@@ -30,12 +33,12 @@ public:
     MainWindow();
     ~MainWindow() override;
 
-    /// Opens a bars file. @return empty on success, else one line with the reason, which is shown as well.
-    QString openBars(const QString& path);
+    /// Opens a bars file. A failure is shown as well.
+    base::Result<void> openBars(const QString& path);
     /// Opens a trades file on the tick page; as openBars.
-    QString openTicks(const QString& path);
+    base::Result<void> openTicks(const QString& path);
     /// Lays the prices of a bars file over the chart; as openBars.
-    QString overlayBars(const QString& path);
+    base::Result<void> overlayBars(const QString& path);
     void clearOverlays();
     /// Shows invented trades and accounts in the main legend, or none.
     void setDemoAccount(bool on);
@@ -59,15 +62,25 @@ private:
     void buildOverlayMenu();
     void buildToolsMenu();
     void refreshDemoAccount();
-    /// Starts the mark of a running client; offers a restore when the previous run did not end in order.
+    /// Shows a failure and hands it on.
+    base::Failure told(const base::Failure& failure);
+    /// Restores the arrangement, mends what the previous run left unfinished, starts the mark of a running
+    /// client, and offers a restore of the formulas when the previous run did not end in order.
     void startRun();
+    /// Shows a message where there is one.
+    void tell(const QString& text);
+    /// Says what is wrong with the user's formulas, if anything.
+    void tellFormulaProblems(const QStringList& problems);
+    void reloadFormulas();
     void showRestoreDialog(RestoreDialog::Occasion occasion);
     /// @param formula  what to open by its display name; empty: what the editor shows anyway.
     void showFormulaEditor(const QString& formula);
     /// The formulas have changed: lists and panes follow.
     void followFormulas();
 
+    PlainTexts m_plainTexts;
     ApplicationLook m_look; ///< first: widgets are made in its colours
+    OneClient m_oneClient;
     FormulaSource m_source;
     PanelPool m_pool;
     DockArrangement m_docks;
@@ -81,6 +94,7 @@ private:
     std::vector<PaneData::Overlay> m_overlays;
     bool m_demoAccount = false;
     bool m_restored = false;
+    bool m_isCloseConfirmed = false; ///< although the arrangement could not be saved
 };
 
 } // namespace client

@@ -1,17 +1,27 @@
 /// @file indicatorui-client: the reference chart client.
 
+#include "apps/base/FileNames.h"
+#include "apps/base/MemoryShortage.h"
 #include "apps/client/MainWindow.h"
 
 #include <QApplication>
 
-int main(int argc, char** argv)
+namespace {
+
+int run(int argc, char** argv)
 {
-    QApplication application(argc, argv);
+    QApplication application(argc, argv); // takes the arguments that are its own
     QApplication::setApplicationDisplayName(QStringLiteral("Indicator UI"));
     client::MainWindow window;
     window.show();
-    const QStringList arguments = application.arguments().mid(1);
-    for (const QString& path : arguments)
-        window.openBars(path);
+    for (int i = 1; i < argc; ++i)
+        static_cast<void>(window.openBars(base::nameFromBytes(argv[i]))); // a failure is shown
     return application.exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    return base::runWithinMemory("indicatorui-client", run, argc, argv);
 }

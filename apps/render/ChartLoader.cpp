@@ -54,73 +54,88 @@ std::vector<QStringList> usualPanes(const QString& formula)
     }
 }
 
-QString loadBars(const Options& options, LoadedChart& chart)
+/// The formula of a file, made known; no name without a file.
+base::Result<QString> ownFormula(const QString& file)
 {
-    QString formula;
-    if (!options.formula.isEmpty()) {
-        const QStringList problems = openFormulaFile(options.formula, formula);
-        if (!problems.isEmpty())
-            return problems.front();
-    }
-    chart::OpenedBars opened;
-    const QString failure = chart::openBarsFile(options.bars, options.instrument, opened);
-    if (!failure.isEmpty())
-        return failure;
-    chart.picture.instrument = opened.instrument;
-    chart.picture.times = opened.bars->timeMs;
-    const TC::EFormulaPeriod period = chart::barPeriod(opened.bars->timeMs);
-    chart.picture.periodName = TC::getCycleName(TC::getPeriodIndex(period));
-    for (const QStringList& names : options.panes.empty() ? usualPanes(formula) : options.panes) {
-        addPane(chart);
-        for (const QString& name : names) {
-            std::optional<engine::FormulaRecords> records = chart::computeNamed(name, *opened.bars);
-            if (!records)
-                return QStringLiteral("--pane: unknown formula \"%1\"; known are %2")
-                    .arg(name, TC::embedded::formulaNames().join(QStringLiteral(", ")));
-            addFormula(chart, name, std::move(*records));
-        }
-        finishPane(chart, false);
-        chart.picture.panes.back().content.periodSeconds = period;
-    }
-    return QString();
+    QString name;
+    const QStringList problems = file.isEmpty() ? QStringList() : openFormulaFile(file, name);
+    if (!problems.isEmpty())
+        return base::Failure { problems.front() };
+    return name;
 }
 
-QString loadTicks(const Options& options, LoadedChart& chart)
+/// Computes the formulas of one pane more.
+base::Result<void> loadPane(const QStringList& names, const engine::BarSeries& bars, LoadedChart& chart)
 {
-    chart::OpenedTicks opened;
-    const QString failure = chart::openTicksFile(options.ticks, options.instrument, opened);
-    if (!failure.isEmpty())
-        return failure;
-    chart.picture.instrument = opened.instrument;
-    chart.picture.times = opened.ticks->timeMs;
+    addPane(chart);
+    for (const QString& name : names) {
+        std::optional<engine::FormulaRecords> records = chart::computeNamed(name, bars);
+        if (!records)
+            return base::Failure { QStringLiteral("--pane: unknown formula \"%1\"; known are %2")
+                                       .arg(name, TC::embedded::formulaNames().join(QStringLiteral(", "))) };
+        addFormula(chart, name, std::move(*records));
+    }
+    finishPane(chart, false);
+    return {};
+}
+
+base::Result<void> loadBars(const Options& options, LoadedChart& chart)
+{
+    base::Result<QString> formula = ownFormula(options.formula);
+    if (!formula.isGood())
+        return formula.failure();
+    base::Result<chart::OpenedBars> opened = chart::openBarsFile(options.bars, options.instrument);
+    if (!opened.isGood())
+        return opened.failure();
+    chart.picture.instrument = opened->instrument;
+    chart.picture.times = opened->bars->timeMs;
+    const TC::EFormulaPeriod period = chart::barPeriod(opened->bars->timeMs);
+    chart.picture.periodName = TC::getCycleName(TC::getPeriodIndex(period));
+    for (const QStringList& names : options.panes.empty() ? usualPanes(*formula) : options.panes) {
+        base::Result<void> loaded = loadPane(names, *opened->bars, chart);
+        if (!loaded.isGood())
+            return loaded;
+        chart.picture.panes.back().content.periodSeconds = period;
+    }
+    return {};
+}
+
+base::Result<void> loadTicks(const Options& options, LoadedChart& chart)
+{
+    base::Result<chart::OpenedTicks> opened = chart::openTicksFile(options.ticks, options.instrument);
+    if (!opened.isGood())
+        return opened.failure();
+    chart.picture.instrument = opened->instrument;
+    chart.picture.times = opened->ticks->timeMs;
     chart.picture.periodName = TC::getCycleName(TC::getPeriodIndex(TC::EFormulaPeriod_Tick));
     chart::registerTickFormulas();
-    engine::TickRecords records = engine::computeTicks(*opened.ticks);
+    engine::TickRecords records = engine::computeTicks(*opened->ticks);
     addPane(chart);
     addFormula(chart, QString::fromLatin1(chart::kTickPrices), std::move(records.prices));
     finishPane(chart, false);
     addPane(chart);
     addFormula(chart, QString::fromLatin1(chart::kTickVolumes), std::move(records.volumes));
     finishPane(chart, options.bookRule);
-    return QString();
+    return {};
 }
 
 } // namespace
 
-QString loadChart(const Options& options, LoadedChart& chart)
+base::Result<LoadedChart> loadChart(const Options& options)
 {
-    const QString failure = options.ticks.isEmpty() ? loadBars(options, chart) : loadTicks(options, chart);
-    if (!failure.isEmpty())
-        return failure;
+    LoadedChart chart;
+    const base::Result<void> loaded =
+        options.ticks.isEmpty() ? loadBars(options, chart) : loadTicks(options, chart);
+    if (!loaded.isGood())
+        return loaded.failure();
     const int total = static_cast<int>(chart.picture.times.size());
     if (options.from >= total)
-        return QStringLiteral("--from %1: %2 has only %3 bars")
-            .arg(options.from)
-            .arg(options.bars + options.ticks)
-            .arg(total);
+        return base::Failure { QStringLiteral("--from %1: %2 has only %3 bars")
+                                   .arg(QString::number(options.from), options.bars + options.ticks,
+                                        QString::number(total)) };
     chart.picture.first = options.from >= 0 ? options.from : std::max(0, total - options.count);
     chart.picture.last = std::min(total - chart.picture.first, options.count) + chart.picture.first - 1;
-    return QString();
+    return base::Result<LoadedChart>(std::move(chart));
 }
 
 } // namespace render

@@ -17,8 +17,7 @@ struct LoadedChart
 };
 
 /// Reads the bars or trades and computes every formula of every pane.
-/// @param[out] chart  complete only on success.
-/// @return empty on success, else one line that names the file or argument and what is wrong.
-QString loadChart(const Options& options, LoadedChart& chart);
+/// @return on failure one line that names the file or argument and what is wrong.
+base::Result<LoadedChart> loadChart(const Options& options);
 
 } // namespace render

@@ -1,146 +1,221 @@
 #include "apps/render/Options.h"
 
+#include <QCommandLineParser>
 #include <QFileInfo>
 #include <QRegularExpression>
-
-#include <functional>
-#include <map>
 
 namespace render {
 
 namespace {
 
-using Apply = std::function<QString(const QString&)>;
+constexpr int kMostPixels = 16384; // device pixels a side; both sides make a picture of 1 GiB
 
-QString wholeNumber(const QString& text, int least, int greatest, int& number)
+QString text(const char* latin1)
 {
-    bool ok = false;
-    const int value = text.toInt(&ok);
-    if (!ok || value < least || value > greatest)
-        return QStringLiteral("is not a whole number from %1 to %2").arg(least).arg(greatest);
-    number = value;
-    return QString();
+    return QString::fromLatin1(latin1);
 }
 
-QString readSize(const QString& text, QSize& size)
+/// The renderer's options. An option that is given twice counts as it stands last, but for --pane.
+class CommandLine
+{
+public:
+    CommandLine();
+
+    /// Whether every argument is a known option with its value; else wrong() tells.
+    bool parse(const QStringList& arguments)
+    {
+        return m_parser.parse(QStringList(QString()) + arguments) && m_parser.positionalArguments().isEmpty();
+    }
+    QString wrong() const;
+
+    bool has(const char* name) const { return m_parser.isSet(text(name)); }
+    QString value(const char* name) const { return m_parser.value(text(name)); }
+    QStringList values(const char* name) const { return m_parser.values(text(name)); }
+    QString help() const { return m_parser.helpText(); }
+
+private:
+    void add(const char* name, const char* value, const char* description);
+
+    QCommandLineParser m_parser;
+};
+
+CommandLine::CommandLine()
+{
+    m_parser.setApplicationDescription(
+        text("A chart of a bars or trades file as a picture or as text, without a display."));
+    add("bars", "FILE.csv", "bars to draw; or");
+    add("ticks", "FILE.csv", "trades to draw");
+    add("instrument", "KEY", "instrument key such as SH600000 (default: the file's base name)");
+    add("pane", "NAME,...", "formulas of one pane; repeat for more panes (default: KLINE,MA / VOL / MACD)");
+    add("formula", "FILE.txt", "draw the formula of this text, under the file's base name");
+    add("check", "FILE.txt", "say what is wrong with the text of a formula, and draw nothing");
+    add("from", "N", "first bar, counted from 0 (default: the last bars)");
+    add("count", "N", "number of bars (default: 250)");
+    add("size", "WxH", "size in pixels (default: 1600x900)");
+    add("dpr", "R", "device pixels per pixel (default: 1)");
+    add("skin", "NAME|FILE", "dark, light, colorblind, or a skin file");
+    add("book", "", "colour tick volume by the order book");
+    add("export", "FILE.csv", "write the first pane's formulas as text");
+    add("export-one", "NAME", "with --export: this formula alone");
+    add("with-time", "", "with --export: the time of day behind the date");
+    m_parser.addOption({ { text("o"), text("output") },
+                         text("where to paint the picture: .png, .svg or .pdf"),
+                         text("FILE") });
+    m_parser.addOption({ { text("h"), text("help") }, text("show this text") });
+}
+
+void CommandLine::add(const char* name, const char* value, const char* description)
+{
+    m_parser.addOption({ text(name), text(description), text(value) });
+}
+
+QString CommandLine::wrong() const
+{
+    if (!m_parser.unknownOptionNames().isEmpty()) {
+        const QString name = m_parser.unknownOptionNames().constFirst();
+        return QStringLiteral("unknown argument %1%2; see --help")
+            .arg(name.size() > 1 ? QStringLiteral("--") : QStringLiteral("-"), name);
+    }
+    if (!m_parser.positionalArguments().isEmpty())
+        return QStringLiteral("unknown argument %1; see --help")
+            .arg(m_parser.positionalArguments().constFirst());
+    return QStringLiteral("%1 See --help.").arg(m_parser.errorText());
+}
+
+/// What is wrong with the value of an option.
+base::Failure wrongValue(const char* option, const QString& value, const QString& reason)
+{
+    return { QStringLiteral("--%1: \"%2\" %3").arg(text(option), value, reason) };
+}
+
+base::Result<int> wholeNumber(const CommandLine& line, const char* option, int least, int usual)
+{
+    if (!line.has(option))
+        return usual;
+    constexpr int greatest = 1 << 30;
+    bool isNumber = false;
+    const int value = line.value(option).toInt(&isNumber);
+    if (isNumber && value >= least && value <= greatest)
+        return value;
+    return wrongValue(option, line.value(option),
+                      QStringLiteral("is not a whole number from %1 to %2").arg(least).arg(greatest));
+}
+
+base::Result<QSize> sizeOf(const CommandLine& line, QSize usual)
 {
     static const QRegularExpression form(QStringLiteral("^([0-9]{2,5})x([0-9]{2,5})$"));
-    const QRegularExpressionMatch match = form.match(text);
-    const QSize read(match.captured(1).toInt(), match.captured(2).toInt());
-    if (!match.hasMatch() || read.width() > 16384 || read.height() > 16384)
-        return QStringLiteral("is not a size such as 1600x900, at most 16384 a side");
-    size = read;
-    return QString();
+    if (!line.has("size"))
+        return usual;
+    const QRegularExpressionMatch match = form.match(line.value("size"));
+    const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
+    if (!match.hasMatch() || size.width() > kMostPixels || size.height() > kMostPixels)
+        return wrongValue(
+            "size", line.value("size"),
+            QStringLiteral("is not a size such as 1600x900, at most %1 a side").arg(kMostPixels));
+    return size;
 }
 
-QString readRatio(const QString& text, double& ratio)
+base::Result<double> ratioOf(const CommandLine& line, double usual)
 {
-    bool ok = false;
-    const double value = text.toDouble(&ok);
-    if (!ok || !(value >= 0.5 && value <= 4.0))
-        return QStringLiteral("is not a ratio from 0.5 to 4");
-    ratio = value;
-    return QString();
+    if (!line.has("dpr"))
+        return usual;
+    bool isNumber = false;
+    const double ratio = line.value("dpr").toDouble(&isNumber);
+    if (isNumber && ratio >= 0.5 && ratio <= 4.0)
+        return ratio;
+    return wrongValue("dpr", line.value("dpr"), QStringLiteral("is not a ratio from 0.5 to 4"));
 }
 
-QString readOutput(const QString& text, QString& output)
+/// Reads the values that are numbers.
+base::Result<void> readNumbers(const CommandLine& line, Options& options)
 {
-    const QString suffix = QFileInfo(text).suffix().toLower();
-    if (suffix != QLatin1String("png") && suffix != QLatin1String("svg") && suffix != QLatin1String("pdf"))
-        return QStringLiteral("does not end in .png, .svg or .pdf");
-    output = text;
-    return QString();
+    base::Result<int> from = wholeNumber(line, "from", 0, options.from);
+    base::Result<int> count = wholeNumber(line, "count", 2, options.count);
+    base::Result<QSize> size = sizeOf(line, options.size);
+    base::Result<double> ratio = ratioOf(line, options.dpr);
+    for (const base::Failure& failure :
+         { from.failure(), count.failure(), size.failure(), ratio.failure() }) {
+        if (!failure.reason.isEmpty())
+            return failure;
+    }
+    options.from = *from;
+    options.count = *count;
+    options.size = *size;
+    options.dpr = *ratio;
+    const QSize device = options.size * options.dpr;
+    if (device.width() > kMostPixels || device.height() > kMostPixels)
+        return base::Failure { QStringLiteral(
+                                   "--size %1x%2 at --dpr %3 makes %4x%5 device pixels, more than %6 "
+                                   "a side")
+                                   .arg(options.size.width())
+                                   .arg(options.size.height())
+                                   .arg(options.dpr)
+                                   .arg(device.width())
+                                   .arg(device.height())
+                                   .arg(kMostPixels) };
+    return {};
 }
 
-/// What a complete command line still needs.
-QString missing(const Options& options)
+/// What a command line still needs whose values are all right.
+base::Result<void> judge(const Options& options)
 {
+    const QString suffix = QFileInfo(options.output).suffix().toLower();
+    if (!options.output.isEmpty() && suffix != text("png") && suffix != text("svg") && suffix != text("pdf"))
+        return wrongValue("output", options.output, QStringLiteral("does not end in .png, .svg or .pdf"));
     if (!options.check.isEmpty())
-        return QString();
+        return {};
     if (options.bars.isEmpty() == options.ticks.isEmpty())
-        return QStringLiteral("exactly one of --bars FILE.csv and --ticks FILE.csv is needed; see --help");
+        return base::Failure { QStringLiteral(
+            "exactly one of --bars FILE.csv and --ticks FILE.csv is needed; see --help") };
     if (options.output.isEmpty() && options.exportTo.isEmpty())
-        return QStringLiteral("-o OUT.png is missing; see --help");
+        return base::Failure { QStringLiteral("-o OUT.png is missing; see --help") };
     if (options.exportTo.isEmpty() && (options.withTime || !options.exportOne.isEmpty()))
-        return QStringLiteral("--with-time and --export-one go with --export OUT.csv");
-    return QString();
+        return base::Failure { QStringLiteral("--with-time and --export-one go with --export OUT.csv") };
+    return {};
 }
 
 } // namespace
 
 QString usage()
 {
-    return QStringLiteral(
-        "indicatorui-render --bars FILE.csv|--ticks FILE.csv [options] -o OUT.png|OUT.svg|OUT.pdf\n"
-        "  --instrument KEY    instrument key such as SH600000 (default: the file's base name)\n"
-        "  --pane NAME,...     formulas of one pane; repeat for more panes\n"
-        "                      (default: KLINE,MA / VOL / MACD)\n"
-        "  --formula FILE.txt  draw the formula of this text, under the file's base name\n"
-        "  --check FILE.txt    say what is wrong with the text of a formula, and draw nothing\n"
-        "  --from N            first bar, counted from 0 (default: the last bars)\n"
-        "  --count N           number of bars (default: 250)\n"
-        "  --size WxH          size in pixels (default: 1600x900)\n"
-        "  --dpr R             device pixels per pixel (default: 1)\n"
-        "  --skin NAME|FILE    dark, light, colorblind, or a skin file\n"
-        "  --book              colour tick volume by the order book\n"
-        "  --export FILE.csv   write the first pane's formulas as text\n"
-        "  --export-one NAME   with --export: this formula alone\n"
-        "  --with-time         with --export: the time of day behind the date\n"
-        "  -o, --output FILE   where to paint the picture\n");
+    return CommandLine().help();
 }
 
-QString parseArguments(const QStringList& arguments, Options& options)
+base::Result<Options> readOptions(const QStringList& arguments)
 {
-    const auto keep = [](QString& target) {
-        return [&target](const QString& text) {
-            target = text;
-            return QString();
-        };
+    CommandLine line;
+    if (!line.parse(arguments))
+        return base::Failure { line.wrong() };
+    Options options;
+    options.help = line.has("help");
+    if (options.help)
+        return options;
+    const std::pair<const char*, QString*> texts[] = {
+        { "bars", &options.bars },
+        { "ticks", &options.ticks },
+        { "instrument", &options.instrument },
+        { "formula", &options.formula },
+        { "check", &options.check },
+        { "skin", &options.skin },
+        { "output", &options.output },
+        { "export", &options.exportTo },
+        { "export-one", &options.exportOne },
     };
-    const std::map<QString, Apply> known = {
-        { QStringLiteral("--bars"), keep(options.bars) },
-        { QStringLiteral("--ticks"), keep(options.ticks) },
-        { QStringLiteral("--export"), keep(options.exportTo) },
-        { QStringLiteral("--export-one"), keep(options.exportOne) },
-        { QStringLiteral("--formula"), keep(options.formula) },
-        { QStringLiteral("--check"), keep(options.check) },
-        { QStringLiteral("--instrument"), keep(options.instrument) },
-        { QStringLiteral("--skin"), keep(options.skin) },
-        { QStringLiteral("--pane"),
-          [&](const QString& text) {
-              options.panes.push_back(text.split(QLatin1Char(','), Qt::SkipEmptyParts));
-              return options.panes.back().isEmpty() ? QStringLiteral("names no formula") : QString();
-          } },
-        { QStringLiteral("--from"),
-          [&](const QString& text) { return wholeNumber(text, 0, 1 << 30, options.from); } },
-        { QStringLiteral("--count"),
-          [&](const QString& text) { return wholeNumber(text, 2, 1 << 30, options.count); } },
-        { QStringLiteral("--size"), [&](const QString& text) { return readSize(text, options.size); } },
-        { QStringLiteral("--dpr"), [&](const QString& text) { return readRatio(text, options.dpr); } },
-        { QStringLiteral("-o"), [&](const QString& text) { return readOutput(text, options.output); } },
-        { QStringLiteral("--output"), [&](const QString& text) { return readOutput(text, options.output); } },
-    };
-    const std::map<QString, bool*> switches = { { QStringLiteral("--help"), &options.help },
-                                                { QStringLiteral("-h"), &options.help },
-                                                { QStringLiteral("--book"), &options.bookRule },
-                                                { QStringLiteral("--with-time"), &options.withTime } };
-    for (int i = 0; i < arguments.size(); ++i) {
-        const auto on = switches.find(arguments[i]);
-        if (on != switches.end()) {
-            *on->second = true;
-            continue;
-        }
-        const auto option = known.find(arguments[i]);
-        if (option == known.end())
-            return QStringLiteral("unknown argument %1; see --help").arg(arguments[i]);
-        if (i + 1 == arguments.size())
-            return QStringLiteral("%1 needs a value").arg(arguments[i]);
-        const QString failure = option->second(arguments[i + 1]);
-        if (!failure.isEmpty())
-            return QStringLiteral("%1: \"%2\" %3").arg(arguments[i], arguments[i + 1], failure);
-        ++i;
+    for (const auto& [name, target] : texts)
+        *target = line.value(name);
+    options.bookRule = line.has("book");
+    options.withTime = line.has("with-time");
+    const QStringList panes = line.values("pane");
+    for (const QString& pane : panes) {
+        options.panes.push_back(pane.split(QLatin1Char(','), Qt::SkipEmptyParts));
+        if (options.panes.back().isEmpty())
+            return wrongValue("pane", pane, QStringLiteral("names no formula"));
     }
-    return options.help ? QString() : missing(options);
+    for (const base::Result<void>& step : { readNumbers(line, options), judge(options) }) {
+        if (!step.isGood())
+            return step.failure();
+    }
+    return options;
 }
 
 } // namespace render

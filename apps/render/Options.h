@@ -1,6 +1,8 @@
 #pragma once
 /// @file The renderer's command line.
 
+#include "apps/base/Result.h"
+
 #include <QSize>
 #include <QString>
 #include <QStringList>
@@ -9,7 +11,7 @@
 
 namespace render {
 
-/// What to draw and where to.
+/// What to draw and where to. Names of files may be made of any bytes; see base::nameFromBytes.
 struct Options
 {
     QString bars;          ///< CSV file of price bars; or
@@ -29,15 +31,14 @@ struct Options
     QString exportTo;         ///< text of the first pane's formulas, .csv
     QString exportOne;        ///< name of the one formula to export; empty: all, side by side
     bool withTime = false;    ///< exported rows carry the time of day
-    bool help = false;
+    bool help = false;        ///< nothing else counts then
 };
 
 /// Text of --help.
 QString usage();
 
 /// Reads the arguments (without the program's name).
-/// @param[out] options  defaults where an option is not given.
-/// @return empty on success, else one line that names the argument and what is wrong with it.
-QString parseArguments(const QStringList& arguments, Options& options);
+/// @return defaults where an option is not given; or one line that names the argument and what is wrong.
+base::Result<Options> readOptions(const QStringList& arguments);
 
 } // namespace render

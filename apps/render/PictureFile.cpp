@@ -1,11 +1,12 @@
 #include "apps/render/PictureFile.h"
 
+#include "apps/base/WholeFile.h"
+
 #include <QBuffer>
 #include <QFileInfo>
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QSvgGenerator>
 
 namespace render {
@@ -14,19 +15,28 @@ namespace {
 
 using Paint = std::function<void(QPainter&)>;
 
+/// Paints on a device. @return whether the device took it.
+bool paintOn(QPaintDevice& device, const Paint& paint)
+{
+    QPainter painter;
+    if (!painter.begin(&device))
+        return false;
+    paint(painter);
+    return painter.end();
+}
+
+/// Each of these answers no bytes when the picture cannot be made.
 QByteArray asPng(const QSize& size, double dpr, const Paint& paint)
 {
     QImage image(size * dpr, QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return QByteArray();
     image.setDevicePixelRatio(dpr);
     image.fill(Qt::transparent);
-    QPainter painter(&image);
-    paint(painter);
-    painter.end();
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
+    return paintOn(image, paint) && image.save(&buffer, "PNG") ? bytes : QByteArray();
 }
 
 QByteArray asSvg(const QSize& size, const Paint& paint)
@@ -38,10 +48,7 @@ QByteArray asSvg(const QSize& size, const Paint& paint)
     generator.setSize(size);
     generator.setViewBox(QRect(QPoint(0, 0), size));
     generator.setTitle(QStringLiteral("Indicator chart"));
-    QPainter painter(&generator);
-    paint(painter);
-    painter.end();
-    return bytes;
+    return paintOn(generator, paint) ? bytes : QByteArray();
 }
 
 QByteArray asPdf(const QSize& size, const Paint& paint)
@@ -54,24 +61,22 @@ QByteArray asPdf(const QSize& size, const Paint& paint)
     writer.setResolution(dotsPerInch);
     writer.setPageSize(QPageSize(QSizeF(size) * 72.0 / dotsPerInch, QPageSize::Point));
     writer.setPageMargins(QMarginsF(0, 0, 0, 0));
-    QPainter painter(&writer);
-    paint(painter);
-    painter.end();
-    return bytes;
+    return paintOn(writer, paint) ? bytes : QByteArray();
 }
 
 } // namespace
 
-QString writePicture(const QString& path, const QSize& size, double dpr, const Paint& paint)
+base::Result<void> writePicture(const QString& path, const QSize& size, double dpr, const Paint& paint)
 {
     const QString suffix = QFileInfo(path).suffix().toLower();
     const QByteArray bytes = suffix == QLatin1String("svg") ? asSvg(size, paint)
         : suffix == QLatin1String("pdf")                    ? asPdf(size, paint)
                                                             : asPng(size, dpr, paint);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        return QStringLiteral("%1: %2").arg(path, file.errorString());
-    return QString();
+    if (bytes.isEmpty())
+        return base::Failure { QStringLiteral("%1: the picture cannot be made").arg(path) };
+    if (const auto fault = base::writeWholeFile(path, bytes))
+        return base::Failure { fault->english() };
+    return {};
 }
 
 } // namespace render

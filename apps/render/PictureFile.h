@@ -1,6 +1,8 @@
 #pragma once
 /// @file A painted chart as a PNG, SVG or PDF file.
 
+#include "apps/base/Result.h"
+
 #include <QSize>
 #include <QString>
 
@@ -13,8 +15,8 @@ namespace render {
 /// Paints into a file whose suffix chooses the form; the file appears whole or not at all.
 /// @param size  logical pixels.
 /// @param dpr  device pixels per logical pixel; PNG only.
-/// @return empty on success, else one line that names the file and the reason.
-QString writePicture(const QString& path, const QSize& size, double dpr,
-                     const std::function<void(QPainter&)>& paint);
+/// @return on failure one line that names the file and the reason.
+base::Result<void> writePicture(const QString& path, const QSize& size, double dpr,
+                                const std::function<void(QPainter&)>& paint);
 
 } // namespace render

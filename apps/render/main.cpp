@@ -1,5 +1,8 @@
 /// @file indicatorui-render: a chart of a bars file as a picture, without a display.
 
+#include "apps/base/FileNames.h"
+#include "apps/base/MemoryShortage.h"
+#include "apps/base/WholeFile.h"
 #include "apps/chart/TextExport.h"
 #include "apps/render/ChartLoader.h"
 #include "apps/render/FormulaFile.h"
@@ -14,14 +17,17 @@
 
 namespace {
 
-constexpr int kBadInput = 2;
-
 /// Writes the first pane's formulas, or the one that was named, as text.
-QString exportPane(const render::Options& options, chart::PaneResults& pane)
+base::Result<void> exportPane(const render::Options& options, chart::PaneResults& pane)
 {
     if (!options.exportOne.isEmpty() && !pane.getFormulas().contains(options.exportOne))
-        return QStringLiteral("--export-one: the first pane has no formula \"%1\"").arg(options.exportOne);
-    return chart::writeText(options.exportTo, chart::exportText(pane, options.exportOne, options.withTime));
+        return base::Failure {
+            QStringLiteral("--export-one: the first pane has no formula \"%1\"").arg(options.exportOne)
+        };
+    const std::string text = chart::exportText(pane, options.exportOne, options.withTime);
+    if (const auto fault = base::writeWholeFile(options.exportTo, QByteArray::fromStdString(text)))
+        return base::Failure { fault->english() };
+    return {};
 }
 
 /// Prints what is wrong with the text of a formula.
@@ -31,54 +37,59 @@ int checkFormula(const QString& file)
     QString name;
     const QStringList problems = render::openFormulaFile(file, name);
     for (const QString& problem : problems)
-        std::fprintf(stderr, "%s\n", problem.toUtf8().constData());
-    return problems.isEmpty() ? 0 : kBadInput;
+        std::fprintf(stderr, "%s\n", base::printable(problem).toUtf8().constData());
+    return problems.isEmpty() ? 0 : base::kFailed;
 }
 
 /// Does what the options say.
-/// @return empty on success, else one line with the reason.
-QString renderChart(const render::Options& options)
+base::Result<void> renderChart(const render::Options& options)
 {
     if (!options.skin.isEmpty()) {
         const QString failure = TC::embedded::loadSkin(options.skin);
         if (!failure.isEmpty())
-            return failure;
+            return base::Failure { failure };
     }
-    render::LoadedChart chart;
-    const QString failure = render::loadChart(options, chart);
-    if (!failure.isEmpty())
-        return failure;
+    base::Result<render::LoadedChart> chart = render::loadChart(options);
+    if (!chart.isGood())
+        return chart.failure();
     if (!options.exportTo.isEmpty()) {
-        const QString unwritten = exportPane(options, chart.results.front());
-        if (!unwritten.isEmpty() || options.output.isEmpty())
-            return unwritten;
+        const base::Result<void> exported = exportPane(options, chart->results.front());
+        if (!exported.isGood() || options.output.isEmpty())
+            return exported;
     }
     return render::writePicture(options.output, options.size, options.dpr, [&](QPainter& painter) {
-        chart::paintChart(painter, chart.picture, options.size);
+        chart::paintChart(painter, chart->picture, options.size);
     });
+}
+
+int run(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Standard error carries one line of our own or nothing: remarks of the platform are left out.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    QApplication application(argc, argv); // takes the arguments that are its own
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << base::nameFromBytes(argv[i]);
+    base::Result<render::Options> options = render::readOptions(arguments);
+    if (options.isGood() && options->help) {
+        std::fputs(render::usage().toUtf8().constData(), stdout);
+        return 0;
+    }
+    if (options.isGood() && !options->check.isEmpty())
+        return checkFormula(options->check);
+    const base::Result<void> done =
+        options.isGood() ? renderChart(*options) : base::Result<void>(options.failure());
+    if (done.isGood())
+        return 0;
+    std::fprintf(stderr, "indicatorui-render: %s\n", base::printable(done.reason()).toUtf8().constData());
+    return base::kFailed;
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Standard error carries one line of our own or nothing: remarks of the platform are left out.
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    QApplication application(argc, argv);
-    render::Options options;
-    QString failure = render::parseArguments(application.arguments().mid(1), options);
-    if (failure.isEmpty() && options.help) {
-        std::fputs(qPrintable(render::usage()), stdout);
-        return 0;
-    }
-    if (failure.isEmpty() && !options.check.isEmpty())
-        return checkFormula(options.check);
-    if (failure.isEmpty())
-        failure = renderChart(options);
-    if (failure.isEmpty())
-        return 0;
-    std::fprintf(stderr, "indicatorui-render: %s\n", qPrintable(failure));
-    return kBadInput;
+    return base::runWithinMemory("indicatorui-render", run, argc, argv);
 }

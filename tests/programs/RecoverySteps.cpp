@@ -2,11 +2,13 @@
 ///
 /// recovery_steps OPERATION CONFIG_DIR USER_DIR [VERSION]
 ///   backup, restore             stops itself (SIGSTOP) before the operation, so that a tracer takes over
-///   restore-asked               the same for the restore of the client's dialog
+///   backup-asked, restore-asked the same for those of the client's menu and dialog; one line tells what the
+///                               user would be told
 ///   backup-full, restore-full   first puts a disk of 64 KiB over CONFIG_DIR or USER_DIR, seen by this
 ///                               process alone; prints one line "FOLDER/NAME SIZE" per file afterwards
 ///   backup-cut, restore-cut     the same, but no file can grow beyond 64 KiB: writing on fails as on a full
 ///                               disk, without a mount
+/// With RECOVERY_STEPS_RUN_ON in the environment it does not stop itself.
 /// Ends with 77 when the machine does not let it mount that disk or set that limit.
 
 #include "apps/client/recovery/FormulaBackups.h"
@@ -93,18 +95,23 @@ int main(int argc, char** argv)
     TC::embedded::setUserRootDir(userDir);
     TC::CRecoveryVersionManager manager;
     const bool isTraced = !onFullDisk && !cutsFiles;
-    if (isTraced)
+    if (isTraced && !std::getenv("RECOVERY_STEPS_RUN_ON"))
         std::raise(SIGSTOP);
     const QString version = QString::fromUtf8(argc > 4 ? argv[4] : "");
     if (operation == QLatin1String("restore-asked")) {
         client::FormulaVersion chosen;
         chosen.name = version;
-        client::restoreFormulas(chosen);
+        chosen.isOfManager = true;
+        std::puts(client::restoreFormulas(chosen).isGood() ? "restored" : "not restored");
+    } else if (operation == QLatin1String("backup-asked")) {
+        base::Result<bool> made = client::backUpFormulas();
+        std::puts(made.isGood() && *made ? "backed up" : "not backed up");
     } else if (restoring) {
         manager.loadFile(version);
     } else {
         manager.backUp();
     }
+    std::fflush(stdout);
     if (!isTraced) {
         list("backUp", configDir + QStringLiteral("/backUp"));
         list("user", userDir);

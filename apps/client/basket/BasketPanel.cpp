@@ -21,6 +21,8 @@
 #include <QPushButton>
 #include <QtConcurrent>
 
+#include <algorithm>
+
 namespace client {
 
 namespace {
@@ -55,6 +57,7 @@ BasketPanel::BasketPanel(QWidget* parent)
     , m_table(new TC::CParserStockExeclTable(0, this, {}))
     , m_report(new QLabel(this))
 {
+    m_report->setTextFormat(Qt::PlainText);
     setAcceptDrops(true);
     m_report->setWordWrap(true);
     m_report->setText(QStringLiteral("拖入或打开 .csv .txt .xlsx .xls，或按 Ctrl+V 粘贴"));
@@ -126,7 +129,20 @@ void BasketPanel::importFile(const QString& path)
         return;
     }
     if (m_cancelled)
-        *m_cancelled = true;
+        m_waiting << path;
+    else
+        startImport(path);
+}
+
+void BasketPanel::startNext()
+{
+    m_cancelled.reset();
+    if (!m_waiting.isEmpty())
+        startImport(m_waiting.takeFirst());
+}
+
+void BasketPanel::startImport(const QString& path)
+{
     m_cancelled = std::make_shared<std::atomic<bool>>(false);
     const std::shared_ptr<std::atomic<bool>> cancelled = m_cancelled;
     utils::CSingletonT<TC::CStockManager>::instance()->getInstrumentDetail(QString()); // loads on this thread
@@ -144,6 +160,7 @@ void BasketPanel::importFile(const QString& path)
             Q_EMIT sigMessage(QStringLiteral("已取消导入 %1").arg(QFileInfo(path).fileName()));
         else
             add(watcher->result(), QFileInfo(path).fileName());
+        startNext();
         Q_EMIT sigImportEnded();
     });
     watcher->setFuture(QtConcurrent::run([path, cancelled] {
@@ -188,7 +205,8 @@ void BasketPanel::add(Import import, const QString& source)
 void BasketPanel::dragEnterEvent(QDragEnterEvent* event)
 {
     const QList<QUrl> urls = event->mimeData()->urls();
-    if (!urls.isEmpty() && isKnownKind(urls.first().toLocalFile()))
+    const auto isImportable = [](const QUrl& url) { return isKnownKind(url.toLocalFile()); };
+    if (std::any_of(urls.begin(), urls.end(), isImportable))
         event->acceptProposedAction();
 }
 

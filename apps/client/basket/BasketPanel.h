@@ -1,6 +1,7 @@
 #pragma once
 /// @file The basket page: stocks with weights from files and the clipboard.
 
+#include <QStringList>
 #include <QWidget>
 
 #include <atomic>
@@ -26,7 +27,8 @@ public:
 
     TC::CParserStockExeclTable* table() { return m_table; }
 
-    /// Imports a .csv, .txt, .xlsx or .xls file in the background; other files are refused with a message.
+    /// Imports a .csv, .txt, .xlsx or .xls file in the background, after those that are under way; other
+    /// files are refused with a message. Every file ends in one message.
     void importFile(const QString& path);
 
 Q_SIGNALS:
@@ -51,6 +53,10 @@ private:
 
     TC::CParserStockExeclTable* m_table;
     QLabel* m_report;
+    void startImport(const QString& path);
+    void startNext();
+
+    QStringList m_waiting;                          ///< files behind the one that is being read
     std::shared_ptr<std::atomic<bool>> m_cancelled; ///< of the import under way; null without one
 };
 

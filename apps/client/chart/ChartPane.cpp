@@ -1,5 +1,6 @@
 #include "apps/client/chart/ChartPane.h"
 
+#include "apps/client/PlainTexts.h"
 #include "apps/client/chart/PlotWidget.h"
 #include "host/TC/Instruments.h"
 #include "host/TC/UiParams.h"
@@ -165,7 +166,7 @@ void ChartPane::contextMenuEvent(QContextMenuEvent* event)
                    [this] { Q_EMIT sigExportRequested(QString(), true); });
     const QList<QString> formulas = m_data->getFormulas();
     for (const QString& formula : formulas) {
-        QMenu* one = menu.addMenu(formula);
+        QMenu* one = menu.addMenu(menuText(formula));
         one->addAction(QStringLiteral("导出…"), this,
                        [this, formula] { Q_EMIT sigExportRequested(formula, false); });
         one->addAction(QStringLiteral("复制"), this,

@@ -1,5 +1,6 @@
 #include "apps/client/chart/ChartView.h"
 
+#include "apps/base/WholeFile.h"
 #include "apps/chart/ChartMeasures.h"
 #include "apps/chart/TextExport.h"
 #include "apps/client/chart/ChartKeys.h"
@@ -86,8 +87,8 @@ void ChartView::exportPane(ChartPane* pane, const QString& formula, bool toClipb
                                                       QStringLiteral("CSV (*.csv)"));
     if (path.isEmpty())
         return;
-    const QString failure = chart::writeText(path, text);
-    Q_EMIT sigMessage(failure.isEmpty() ? QStringLiteral("已导出 %1").arg(path) : failure);
+    const auto fault = base::writeWholeFile(path, QByteArray::fromStdString(text));
+    Q_EMIT sigMessage(fault ? fault->chinese() : QStringLiteral("已导出 %1").arg(path));
 }
 
 } // namespace client

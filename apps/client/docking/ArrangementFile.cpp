@@ -1,11 +1,12 @@
 #include "apps/client/docking/ArrangementFile.h"
 
+#include "apps/base/WholeFile.h"
+
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 
 #include <optional>
 
@@ -21,15 +22,10 @@ QString text(const char* source)
     return QCoreApplication::translate("ArrangementFile", source);
 }
 
-QString checksum(const QByteArray& state)
-{
-    return QString::fromLatin1(QCryptographicHash::hash(state, QCryptographicHash::Sha256).toHex());
-}
-
 QJsonObject packed(const QByteArray& state)
 {
     return { { QStringLiteral("state"), QString::fromLatin1(state.toBase64()) },
-             { QStringLiteral("sha256"), checksum(state) } };
+             { QStringLiteral("sha256"), checksumOf(state) } };
 }
 
 std::optional<QByteArray> unpacked(const QJsonValue& value)
@@ -38,12 +34,17 @@ std::optional<QByteArray> unpacked(const QJsonValue& value)
     const auto decoded = QByteArray::fromBase64Encoding(
         object.value(QStringLiteral("state")).toString().toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
     if (!decoded || (*decoded).isEmpty()
-        || checksum(*decoded) != object.value(QStringLiteral("sha256")).toString())
+        || checksumOf(*decoded) != object.value(QStringLiteral("sha256")).toString())
         return std::nullopt;
     return *decoded;
 }
 
 } // namespace
+
+QString checksumOf(const QByteArray& state)
+{
+    return QString::fromLatin1(QCryptographicHash::hash(state, QCryptographicHash::Sha256).toHex());
+}
 
 QString ArrangementFile::read(const QString& path)
 {
@@ -86,9 +87,8 @@ QString ArrangementFile::write(const QString& path) const
     if (!window.isEmpty())
         root.insert(QStringLiteral("window"), packed(window));
     const QByteArray bytes = QJsonDocument(root).toJson();
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        return text("面板布局无法保存：%1").arg(file.errorString());
+    if (const auto fault = base::writeWholeFile(path, bytes))
+        return text("面板布局无法保存：%1").arg(fault->chinese());
     return QString();
 }
 

@@ -23,4 +23,7 @@ struct ArrangementFile
     QString write(const QString& path) const;
 };
 
+/// Checksum of a state, as the file keeps it.
+QString checksumOf(const QByteArray& state);
+
 } // namespace client

@@ -1,5 +1,6 @@
 #include "apps/client/docking/DockArrangement.h"
 
+#include "apps/base/WholeFile.h"
 #include "apps/client/docking/ArrangementFile.h"
 #include "apps/client/docking/DockLook.h"
 #include "host/TC/Folders.h"
@@ -10,6 +11,7 @@
 #include <QEvent>
 #include <QFile>
 #include <QMainWindow>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <qtadvanceddocking/DockWidgetTab.h>
@@ -50,6 +52,25 @@ void berth(ads::CDockWidget* dock, TC::IIndexDockableWidget* panel)
 TC::IIndexDockableWidget* panelIn(const ads::CDockWidget* dock)
 {
     return dock->widget()->findChild<TC::IIndexDockableWidget*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+/// Holds the checksum of a state while it is being applied.
+QString markPath()
+{
+    return DockArrangement::filePath() + QStringLiteral(".loading");
+}
+
+/// Where a damaged file is kept; what was kept there before goes.
+QString freshAside(const QString& path)
+{
+    const QString aside = path + QStringLiteral(".damaged");
+    QFile::remove(aside);
+    return aside;
+}
+
+QString otherClient()
+{
+    return DockArrangement::tr("另一个客户端正在运行，布局未保存。");
 }
 
 } // namespace
@@ -128,18 +149,22 @@ QString DockArrangement::filePath()
 
 QString DockArrangement::save()
 {
+    if (!m_mayWrite)
+        return QString();
+    QFile::remove(markPath()); // whatever was applied is survived
     const QByteArray place = m_manager->window()->saveGeometry();
     return ArrangementFile { m_manager->saveState(kStateVersion), m_named, place }.write(filePath());
 }
 
-QString DockArrangement::restore()
+QString DockArrangement::restore(bool mayWrite)
 {
+    m_mayWrite = mayWrite;
     ArrangementFile file;
     QString message = readFile(file);
     const QByteArray last = file.last;
     if (!file.window.isEmpty())
         m_manager->window()->restoreGeometry(file.window); // first: the docks share out its size
-    if (message.isEmpty() && !last.isEmpty() && !applyState(last))
+    if (message.isEmpty() && !last.isEmpty() && !applyWatched(last))
         message = tr("上次的面板布局无法恢复");
     if (!message.isEmpty())
         message += tr("，已使用默认布局。");
@@ -150,6 +175,8 @@ QString DockArrangement::restore()
 
 QString DockArrangement::store(const QString& name)
 {
+    if (!m_mayWrite)
+        return otherClient();
     m_named.insert(name, m_manager->saveState(kStateVersion));
     return save();
 }
@@ -159,11 +186,13 @@ QString DockArrangement::apply(const QString& name)
     const auto stored = m_named.constFind(name);
     if (stored == m_named.constEnd())
         return tr("没有名为“%1”的布局。").arg(name);
-    return applyState(*stored) ? QString() : tr("布局“%1”已损坏，布局未改变。").arg(name);
+    return applyWatched(*stored) ? QString() : tr("布局“%1”已损坏，布局未改变。").arg(name);
 }
 
 QString DockArrangement::forget(const QString& name)
 {
+    if (!m_mayWrite)
+        return otherClient();
     m_named.remove(name);
     return save();
 }
@@ -208,13 +237,44 @@ QString DockArrangement::readFile(ArrangementFile& file)
         return QString();
     const QString message = file.read(path);
     if (!message.isEmpty()) {
-        const QString aside = path + QStringLiteral(".damaged");
-        QFile::remove(aside);
-        QFile::rename(path, aside);
+        if (m_mayWrite)
+            QFile::rename(path, freshAside(path));
         return message;
     }
+    const QString leftOut = leaveOutFatal(file);
     m_named = file.named;
-    return QString();
+    return leftOut;
+}
+
+/// Takes the state out of the content during whose loading the program ended last time.
+QString DockArrangement::leaveOutFatal(ArrangementFile& file)
+{
+    QFile mark(markPath());
+    if (!m_mayWrite || !mark.open(QIODevice::ReadOnly))
+        return QString();
+    const QString fatal = QString::fromLatin1(mark.readAll());
+    mark.close();
+    mark.remove();
+    bool isKnown = false;
+    for (auto entry = file.named.begin(); entry != file.named.end();) {
+        const bool isFatal = checksumOf(entry.value()) == fatal;
+        isKnown = isKnown || isFatal;
+        entry = isFatal ? file.named.erase(entry) : std::next(entry);
+    }
+    const bool isLast = checksumOf(file.last) == fatal;
+    if (isLast)
+        file.last.clear();
+    if (isLast || isKnown)
+        QFile::copy(filePath(), freshAside(filePath()));
+    return isLast ? tr("上次载入面板布局时程序中断") : QString();
+}
+
+bool DockArrangement::applyWatched(const QByteArray& state)
+{
+    // Without a mark the arrangement is applied all the same.
+    if (m_mayWrite && !base::writeWholeFile(markPath(), checksumOf(state).toLatin1()))
+        QTimer::singleShot(0, this, [] { QFile::remove(markPath()); }); // once the docks stand
+    return applyState(state);
 }
 
 } // namespace client

@@ -58,8 +58,11 @@ public:
     /// Writes the file; the one before stays whole until the new one is complete.
     QString save();
     /// Brings back the arrangement of the last save(). Without a file the default one is applied. With a
-    /// damaged file too, the damaged one is kept with ".damaged" behind its name, and there is a message.
-    QString restore();
+    /// damaged file too, the damaged one is kept with ".damaged" behind its name, and there is a message. The
+    /// same becomes of an arrangement that ended the program while it was applied.
+    /// @param mayWrite  false for a client beside another one: nothing is written from then on, save() does
+    ///        nothing and store() and forget() are refused.
+    QString restore(bool mayWrite = true);
 
     /// Names of the stored arrangements in alphabetical order.
     QStringList names() const { return m_named.keys(); }
@@ -74,13 +77,17 @@ private:
     void giveBack(ads::CDockWidget* dock);
     void finishDeletions();
     bool applyState(const QByteArray& state);
+    /// Applies a state of the file: the docking system may not survive one that somebody made up.
+    bool applyWatched(const QByteArray& state);
     QString readFile(ArrangementFile& file);
+    QString leaveOutFatal(ArrangementFile& file);
 
     PanelPool& m_pool;
     QPointer<ads::CDockManager> m_manager;
     std::vector<QPointer<ads::CDockWidget>> m_removed; ///< to be deleted when the event loop runs
     QByteArray m_default;
     QMap<QString, QByteArray> m_named;
+    bool m_mayWrite = true;
 };
 
 } // namespace client

@@ -1,5 +1,6 @@
 #include "apps/client/editor/FormulaEditor.h"
 
+#include "apps/client/PlainTexts.h"
 #include "apps/client/editor/FormulaPreview.h"
 #include "apps/client/editor/FormulaText.h"
 #include "apps/client/recovery/FormulaBackups.h"
@@ -14,7 +15,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalBlocker>
@@ -68,9 +68,14 @@ FormulaEditor::FormulaEditor(QWidget* parent)
 {
     setWindowTitle(QStringLiteral("公式编辑器[*]"));
     resize(1180, 720);
-    m_store.setBeforeChange([] { backUpFormulas(); });
+    m_store.setBeforeChange([]() -> base::Result<void> {
+        const base::Result<bool> kept = backUpFormulas();
+        if (kept.isGood())
+            return {};
+        return base::Failure { QStringLiteral("现用公式备份失败，未作改动：%1").arg(kept.reason()) };
+    });
     m_confirm = [this](const QString& question) {
-        return QMessageBox::question(this, windowTitle(), question) == QMessageBox::Yes;
+        return isConfirmed(this, question, QStringLiteral("确定"));
     };
     buildControls();
     connectControls();
@@ -211,20 +216,32 @@ bool FormulaEditor::check()
     return m_read != nullptr;
 }
 
-QString FormulaEditor::save()
+base::Result<void> FormulaEditor::save()
 {
-    if (!check()) {
-        const QString reason = QStringLiteral("公式有误，未保存。");
-        m_state->setText(reason);
-        return reason;
-    }
+    if (!check())
+        return finish(base::Failure { QStringLiteral("公式有误，未保存。") }, QString());
+    if (!mayReplace())
+        return finish(base::Failure { QStringLiteral("未保存。") }, QString());
     const OwnFormula formula = present();
-    const QString failure = m_store.save(formula, m_stored);
-    if (failure.isEmpty()) {
+    const base::Result<void> saved = m_store.save(formula, m_stored);
+    if (saved.isGood()) {
         m_stored = formula.name;
+        m_opened = formula;
         setModified(false);
     }
-    return finish(failure, QStringLiteral("已保存 %1").arg(formula.shownName()));
+    return finish(saved, QStringLiteral("已保存 %1").arg(formula.shownName()));
+}
+
+bool FormulaEditor::mayReplace()
+{
+    base::Result<std::vector<OwnFormula>> held = m_store.read();
+    if (m_stored.isEmpty() || !held.isGood())
+        return true; // nothing is replaced, or saving will tell
+    const auto found = std::find_if(held->begin(), held->end(),
+                                    [&](const OwnFormula& formula) { return formula.name == m_stored; });
+    if (found == held->end() || *found == m_opened)
+        return true;
+    return m_confirm(QStringLiteral("“%1”在别处被改过，覆盖那里的修改？").arg(m_stored));
 }
 
 void FormulaEditor::startNew()
@@ -239,46 +256,60 @@ void FormulaEditor::duplicateOpen()
 {
     if (m_stored.isEmpty() || !mayLeave())
         return;
-    QString copy;
-    const QString failure = m_store.duplicate(m_stored, copy);
-    finish(failure, QStringLiteral("已复制为 %1").arg(copy));
-    if (failure.isEmpty())
-        edit(copy);
+    base::Result<QString> copy = m_store.duplicate(m_stored);
+    if (!copy.isGood()) {
+        static_cast<void>(finish(copy.failure(), QString()));
+        return;
+    }
+    static_cast<void>(finish({}, QStringLiteral("已复制为 %1").arg(*copy)));
+    setModified(false); // the user was asked
+    edit(*copy);
 }
 
 void FormulaEditor::removeOpen()
 {
     if (m_stored.isEmpty() || !m_confirm(QStringLiteral("删除公式“%1”？删除前会自动备份。").arg(m_stored)))
         return;
-    const QString failure = m_store.remove(m_stored);
-    if (failure.isEmpty()) {
+    const base::Result<void> removed = m_store.remove(m_stored);
+    if (removed.isGood()) {
         setModified(false);
         startNew();
     }
-    finish(failure, QStringLiteral("公式已删除"));
+    static_cast<void>(finish(removed, QStringLiteral("公式已删除")));
+}
+
+bool FormulaEditor::leave()
+{
+    if (!mayLeave())
+        return false;
+    setModified(false);
+    QDialog::reject();
+    return true;
 }
 
 void FormulaEditor::reject()
 {
-    if (!mayLeave())
-        return;
-    setModified(false);
-    QDialog::reject();
+    leave();
 }
 
 void FormulaEditor::list()
 {
-    const QString failure = m_store.read(m_formulas);
-    if (!failure.isEmpty()) {
-        m_formulas.clear();
-        m_state->setText(failure);
-    }
+    base::Result<std::vector<OwnFormula>> held = m_store.read();
+    m_formulas = held.isGood() ? *held : std::vector<OwnFormula>();
+    if (!held.isGood())
+        m_state->setText(held.reason());
     const QSignalBlocker quiet(m_list);
     m_list->clear();
     for (const OwnFormula& formula : m_formulas) {
         m_list->addItem(formula.shownName());
         if (formula.name == m_stored)
             m_list->setCurrentRow(m_list->count() - 1);
+    }
+    // What the file lacks has a row as well: a list without a current row would choose one by itself as soon
+    // as it has the focus, and ask for what is open to be given up.
+    if (m_stored.isEmpty()) {
+        m_list->addItem(QStringLiteral("%1（未保存）").arg(m_name->text()));
+        m_list->setCurrentRow(m_list->count() - 1);
     }
 }
 
@@ -296,6 +327,7 @@ void FormulaEditor::showRow(int row)
 void FormulaEditor::showFormula(const OwnFormula& formula, const QString& stored)
 {
     m_stored = stored;
+    m_opened = formula;
     m_base = formula.base;
     m_name->setText(formula.name);
     m_displayName->setText(formula.displayName);
@@ -400,16 +432,16 @@ OwnFormula FormulaEditor::present() const
     return formula;
 }
 
-QString FormulaEditor::finish(const QString& failure, const QString& success)
+base::Result<void> FormulaEditor::finish(const base::Result<void>& result, const QString& success)
 {
-    m_state->setText(failure.isEmpty() ? success : failure);
-    if (failure.isEmpty()) {
+    m_state->setText(result.isGood() ? success : result.reason());
+    if (result.isGood()) {
         se::loadConfig("root", "configFormula", "");
         list();
         m_duplicate->setEnabled(!m_stored.isEmpty());
         m_remove->setEnabled(!m_stored.isEmpty());
     }
-    return failure;
+    return result;
 }
 
 } // namespace client

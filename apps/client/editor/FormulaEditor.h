@@ -50,8 +50,12 @@ public:
     /// faults.
     bool check();
 
-    /// Saves what is open. @return empty on success, else one sentence, which is shown as well.
-    QString save();
+    /// Saves what is open. A failure is shown as well.
+    base::Result<void> save();
+
+    /// Closes the window, unless there is something unsaved that the user wants to keep.
+    /// @return whether it is closed.
+    bool leave();
 
     void startNew();
     void duplicateOpen();
@@ -74,12 +78,15 @@ private:
     std::vector<double> values() const;
     OwnFormula present() const;
     /// Shows how a change of the file ended, and makes it known.
-    QString finish(const QString& failure, const QString& success);
+    base::Result<void> finish(const base::Result<void>& result, const QString& success);
+    /// Whether the file still holds what was opened, or the user wants it replaced all the same.
+    bool mayReplace();
 
     FormulaStore m_store;
     Confirmation m_confirm;
     std::vector<OwnFormula> m_formulas;            ///< by row of the list
     QString m_stored;                              ///< name in the file of what is open; empty: not there yet
+    OwnFormula m_opened;                           ///< as the file held it when it was opened or saved
     QString m_base;                                ///< of what is open
     std::shared_ptr<const engine::Formula> m_read; ///< of the present text; null when it is faulty
     QMap<QString, double> m_values;                ///< parameters that differ from their default, by name

@@ -8,6 +8,8 @@ namespace client {
 
 namespace {
 
+/// Characters of a line that is still coloured: every piece of colour makes the line's layout slower.
+constexpr int kLongestLine = 4096;
 constexpr int kPlain = 0, kInComment = 1; // states of a line's end
 
 QTextCharFormat colored(const char* onDark, const char* onLight, bool dark)
@@ -60,6 +62,8 @@ void FormulaHighlighter::highlightBlock(const QString& text)
                        "|(?<number>(?:[0-9]+\\.?[0-9]*|\\.[0-9]+)(?:[eE][-+]?[0-9]+)?)|(?<word>[\\w]+)"),
         QRegularExpression::UseUnicodePropertiesOption);
     setCurrentBlockState(kPlain);
+    if (text.size() > kLongestLine)
+        return;
     int at = 0;
     if (previousBlockState() == kInComment) {
         at = endOfComment(text, 0);

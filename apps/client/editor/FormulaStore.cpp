@@ -1,15 +1,18 @@
 #include "apps/client/editor/FormulaStore.h"
 
+#include "apps/base/WholeFile.h"
 #include "engine/Formulas.h"
 
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonValue>
-#include <QSaveFile>
+#include <QLockFile>
 
 namespace client {
 
 namespace {
+
+constexpr int kLongestWaitMs = 2000; // for another client's change
 
 const QString kFormulas = QStringLiteral("formulas");
 const QString kName = QStringLiteral("name");
@@ -92,9 +95,9 @@ OwnFormula formulaOf(const QJsonObject& entry)
     return formula;
 }
 
-QString unknownFormula(const QString& name)
+base::Failure unknownFormula(const QString& name)
 {
-    return QStringLiteral("公式文件里没有“%1”。").arg(name);
+    return { QStringLiteral("公式文件里没有“%1”。").arg(name) };
 }
 
 } // namespace
@@ -104,108 +107,109 @@ FormulaStore::FormulaStore(QString path)
 {
 }
 
-QString FormulaStore::read(std::vector<OwnFormula>& formulas) const
+base::Result<std::vector<OwnFormula>> FormulaStore::read() const
 {
-    Content content;
-    const QString failure = load(content);
-    if (!failure.isEmpty())
-        return failure;
-    formulas.clear();
-    for (const QJsonValue& entry : qAsConst(content.entries)) {
+    base::Result<Content> content = load();
+    if (!content.isGood())
+        return content.failure();
+    std::vector<OwnFormula> formulas;
+    for (const QJsonValue& entry : qAsConst(content->entries)) {
         if (!nameOf(entry).isEmpty())
             formulas.push_back(formulaOf(entry.toObject()));
     }
-    return QString();
+    return formulas;
 }
 
-QString FormulaStore::save(const OwnFormula& formula, const QString& replaced)
+base::Result<void> FormulaStore::save(const OwnFormula& formula, const QString& replaced)
 {
-    Content content;
-    const QString failure = load(content);
-    if (!failure.isEmpty())
-        return failure;
-    if (formula.name.trimmed().isEmpty())
-        return QStringLiteral("公式需要一个名称。");
-    const int place = placeOf(content.entries, replaced);
-    for (const QString& name : { formula.name, formula.shownName() }) {
-        if (isTaken(content.entries, name, place))
-            return QStringLiteral("名称“%1”已被占用。").arg(name);
-    }
-    if (place >= 0)
-        content.entries.replace(place, withFormula(content.entries.at(place).toObject(), formula));
-    else
-        content.entries.append(withFormula(QJsonObject(), formula));
-    return write(content);
+    return change([&](QJsonArray& entries) -> base::Result<void> {
+        if (formula.name.trimmed().isEmpty())
+            return base::Failure { QStringLiteral("公式需要一个名称。") };
+        const int place = placeOf(entries, replaced);
+        for (const QString& name : { formula.name, formula.shownName() }) {
+            if (isTaken(entries, name, place))
+                return base::Failure { QStringLiteral("名称“%1”已被占用。").arg(name) };
+        }
+        if (place >= 0)
+            entries.replace(place, withFormula(entries.at(place).toObject(), formula));
+        else
+            entries.append(withFormula(QJsonObject(), formula));
+        return {};
+    });
 }
 
-QString FormulaStore::duplicate(const QString& name, QString& copy)
+base::Result<QString> FormulaStore::duplicate(const QString& name)
 {
-    Content content;
-    const QString failure = load(content);
-    if (!failure.isEmpty())
-        return failure;
-    const int place = placeOf(content.entries, name);
-    if (place < 0)
-        return unknownFormula(name);
-    QJsonObject entry = content.entries.at(place).toObject();
-    const QString found = freeNameIn(content.entries, name);
-    entry.insert(kName, found);
-    if (entry.contains(kDisplayName))
-        entry.insert(kDisplayName, freeNameIn(content.entries, formulaOf(entry).displayName));
-    content.entries.insert(place + 1, entry);
-    const QString fault = write(content);
-    if (fault.isEmpty())
-        copy = found;
-    return fault;
+    QString copy;
+    const base::Result<void> done = change([&](QJsonArray& entries) -> base::Result<void> {
+        const int place = placeOf(entries, name);
+        if (place < 0)
+            return unknownFormula(name);
+        QJsonObject entry = entries.at(place).toObject();
+        copy = freeNameIn(entries, name);
+        entry.insert(kName, copy);
+        if (entry.contains(kDisplayName))
+            entry.insert(kDisplayName, freeNameIn(entries, formulaOf(entry).displayName));
+        entries.insert(place + 1, entry);
+        return {};
+    });
+    if (!done.isGood())
+        return done.failure();
+    return copy;
 }
 
-QString FormulaStore::remove(const QString& name)
+base::Result<void> FormulaStore::remove(const QString& name)
 {
-    Content content;
-    const QString failure = load(content);
-    if (!failure.isEmpty())
-        return failure;
-    const int place = placeOf(content.entries, name);
-    if (place < 0)
-        return unknownFormula(name);
-    content.entries.removeAt(place);
-    return write(content);
+    return change([&](QJsonArray& entries) -> base::Result<void> {
+        const int place = placeOf(entries, name);
+        if (place < 0)
+            return unknownFormula(name);
+        entries.removeAt(place);
+        return {};
+    });
 }
 
 QString FormulaStore::freeName(const QString& word) const
 {
-    Content content;
-    load(content); // without a readable file there are only the built-in names to avoid
-    return freeNameIn(content.entries, word);
+    base::Result<Content> content = load();
+    // Without a readable file there are only the built-in names to avoid.
+    return freeNameIn(content.isGood() ? content->entries : QJsonArray(), word);
 }
 
-QString FormulaStore::load(Content& content) const
+base::Result<FormulaStore::Content> FormulaStore::load() const
 {
     QFile file(m_path);
     if (!file.exists())
-        return QString();
+        return Content();
     if (!file.open(QIODevice::ReadOnly))
-        return QStringLiteral("公式文件打不开：%1").arg(file.errorString());
+        return base::Failure { QStringLiteral("公式文件打不开：%1").arg(file.errorString()) };
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
     const QJsonValue list = document.object().value(kFormulas);
     if (error.error != QJsonParseError::NoError || !document.isObject()
         || !(list.isArray() || list.isUndefined()))
-        return QStringLiteral("公式文件已损坏，未作改动。可在“工具”菜单里恢复公式。");
-    content = { document.object(), list.toArray() };
-    return QString();
+        return base::Failure { QStringLiteral("公式文件已损坏，未作改动。可在“工具”菜单里恢复公式。") };
+    return Content { document.object(), list.toArray() };
 }
 
-QString FormulaStore::write(Content& content)
+base::Result<void> FormulaStore::change(const Change& change)
 {
-    if (m_beforeChange)
-        m_beforeChange();
-    content.root.insert(kFormulas, content.entries);
-    const QByteArray json = QJsonDocument(content.root).toJson();
-    QSaveFile file(m_path);
-    if (file.open(QIODevice::WriteOnly) && file.write(json) == json.size() && file.commit())
-        return QString();
-    return QStringLiteral("公式文件写不了：%1").arg(file.errorString());
+    QLockFile lock(m_path + QStringLiteral(".lock")); // between the reading and the writing of all clients
+    if (!lock.tryLock(kLongestWaitMs) && lock.error() == QLockFile::LockFailedError)
+        return base::Failure { QStringLiteral("另一个客户端正在改公式文件，未作改动。") };
+    base::Result<Content> content = load();
+    if (!content.isGood())
+        return content.failure();
+    const base::Result<void> changed = change(content->entries);
+    if (!changed.isGood())
+        return changed;
+    const base::Result<void> ready = m_beforeChange ? m_beforeChange() : base::Result<void>();
+    if (!ready.isGood())
+        return ready;
+    content->root.insert(kFormulas, content->entries);
+    if (const auto fault = base::writeWholeFile(m_path, QJsonDocument(content->root).toJson()))
+        return base::Failure { QStringLiteral("公式文件写不了：%1").arg(fault->chinese()) };
+    return {};
 }
 
 } // namespace client

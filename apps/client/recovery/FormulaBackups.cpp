@@ -1,192 +1,205 @@
 #include "apps/client/recovery/FormulaBackups.h"
 
+#include "apps/base/WholeFile.h"
+#include "apps/client/recovery/BackupStore.h"
+#include "apps/client/recovery/ManagerBackups.h"
 #include "host/TC/Folders.h"
 #include "host/se/LoadConfig.h"
-#include "host/utils/CSingletonT.h"
-#include "recovery/CRecoveryVersionManager.h"
 
-#include <QCoreApplication>
 #include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
-#include <QThread>
+#include <QStringList>
+
+#include <algorithm>
 
 namespace client {
 
 namespace {
 
-using Recovery = utils::CSingletonT<TC::CRecoveryVersionManager>;
-
-constexpr int kListedAtMost = 10; // from here on each backup discards the oldest version
-
-QString timestampFormat()
+/// What a restore is about to put in place, and what stood there, until it is done.
+struct RestoreNote
 {
-    return QStringLiteral("yyyy-MM-dd hh#mm#ss");
-}
-
-QString backupPath(const QString& name)
-{
-    return TC::getConfigDir() + QStringLiteral("/backUp/") + name;
-}
-
-QString livePath(const QString& name)
-{
-    return TC::getUserRootDir() + QLatin1Char('/') + name;
-}
-
-QString formulasPath()
-{
-    return livePath(QStringLiteral("configFormula"));
-}
-
-QString scriptsPath()
-{
-    return livePath(QStringLiteral("lua"));
-}
-
-QString timestampOf(const QString& version)
-{
-    return version.section(QLatin1Char('_'), -1);
-}
-
-QString scriptsName(const QString& version)
-{
-    return QStringLiteral("lua_") + timestampOf(version);
-}
-
-qint64 bytesOf(const QString& path)
-{
-    const QFileInfo file(path);
-    return file.isFile() ? file.size() : -1;
-}
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool holds(const QString& path, const QByteArray& content)
-{
-    return bytesOf(path) >= 0 && contentOf(path) == content;
-}
-
-/// A live file as it is at construction.
-class LiveFile
-{
-public:
-    explicit LiveFile(const QString& path)
-        : m_path(path)
-        , m_existed(bytesOf(path) >= 0)
-        , m_content(contentOf(path))
-    {
-    }
-
-    /// Brings the file back to what it was; one that was missing goes.
-    void putBack() const
-    {
-        if (!m_existed) {
-            QFile::remove(m_path);
-            return;
-        }
-        QSaveFile file(m_path);
-        if (file.open(QIODevice::WriteOnly) && file.write(m_content) == m_content.size())
-            file.commit();
-    }
-
-private:
-    QString m_path;
-    bool m_existed;
-    QByteArray m_content;
+    FormulaFiles before, wanted;
 };
 
-/// Waits until no backup carries the present second, a second and a half at most.
-void awaitFreeSecond()
+BackupStore store()
 {
-    const auto taken = [] {
-        const QString stamp = QDateTime::currentDateTime().toString(timestampFormat());
-        return QFile::exists(backupPath(QStringLiteral("configFormula_") + stamp))
-            || QFile::exists(backupPath(QStringLiteral("lua_") + stamp));
-    };
-    constexpr int longestWaitMs = 1500, stepMs = 20;
-    for (int waited = 0; taken() && waited < longestWaitMs; waited += stepMs)
-        QThread::msleep(stepMs);
+    return BackupStore(TC::getConfigDir() + QStringLiteral("/formulaBackups"));
+}
+
+QString notePath(const char* part)
+{
+    return TC::getConfigDir() + QStringLiteral("/restore-") + QString::fromLatin1(part);
+}
+
+/// The wanted files are noted last: a restore counts as begun when they are there.
+base::Result<void> writeNote(const RestoreNote& note)
+{
+    if (const auto fault = base::writeWholeFile(notePath("before"), packed(note.before)))
+        return base::Failure { fault->chinese() };
+    if (const auto fault = base::writeWholeFile(notePath("wanted"), packed(note.wanted)))
+        return base::Failure { fault->chinese() };
+    return {};
+}
+
+bool removeNote()
+{
+    const bool removed = !QFile::exists(notePath("wanted")) || QFile::remove(notePath("wanted"));
+    QFile::remove(notePath("before"));
+    return removed;
+}
+
+std::optional<FormulaFiles> readNote(const char* part)
+{
+    base::Result<std::optional<QByteArray>> bytes = readOptional(notePath(part));
+    return bytes.isGood() && *bytes ? unpacked(**bytes) : std::nullopt;
+}
+
+qint64 bytesOf(const std::optional<QByteArray>& content)
+{
+    return content ? content->size() : -1;
+}
+
+FormulaVersion versionOf(const QString& name, bool isOfManager, const QDateTime& made,
+                         const FormulaFiles& files)
+{
+    return { name, isOfManager, made, bytesOf(files.formulas), bytesOf(files.scripts) };
+}
+
+void reload()
+{
+    se::loadConfig("root", "configFormula", "");
+}
+
+/// What a live file is now, beside what it was and was to become.
+QString stateOf(const std::optional<QByteArray>& now, const std::optional<QByteArray>& before,
+                const std::optional<QByteArray>& wanted)
+{
+    return now == before ? QStringLiteral("未改变")
+        : now == wanted  ? QStringLiteral("已是所选版本")
+                         : QStringLiteral("内容不明");
+}
+
+/// Says how the live files stand after a restore that failed.
+QString stateText(const RestoreNote& note)
+{
+    base::Result<FormulaFiles> now = readLiveFiles();
+    if (!now.isGood())
+        return QStringLiteral("现用文件读不了（%1）").arg(now.reason());
+    return QStringLiteral("公式%1，脚本%2")
+        .arg(stateOf(now->formulas, note.before.formulas, note.wanted.formulas),
+             stateOf(now->scripts, note.before.scripts, note.wanted.scripts));
+}
+
+/// Whether a live file is as an unfinished restore can have left it.
+bool isOfRestore(const std::optional<QByteArray>& now, const std::optional<QByteArray>& before,
+                 const std::optional<QByteArray>& wanted)
+{
+    return now == before || (wanted && now == wanted);
 }
 
 } // namespace
 
 std::vector<FormulaVersion> formulaVersions()
 {
-    Recovery::release();
     std::vector<FormulaVersion> versions;
-    for (const QString& name : Recovery::instance()->getDataList()) {
-        FormulaVersion version;
-        version.name = name;
-        version.made = QDateTime::fromString(timestampOf(name), timestampFormat());
-        if (!version.made.isValid())
-            version.made = QFileInfo(backupPath(name)).lastModified();
-        version.formulaBytes = bytesOf(backupPath(name));
-        version.scriptBytes = bytesOf(backupPath(scriptsName(name)));
-        versions.push_back(version);
+    std::vector<FormulaFiles> held;
+    const BackupStore backups = store();
+    for (const StoredBackup& backup : backups.list()) {
+        const FormulaFiles files = backups.read(backup.name).value_or(FormulaFiles());
+        versions.push_back(versionOf(backup.name, false, backup.made, files));
+        held.push_back(files);
+    }
+    const QStringList others = managerVersions();
+    for (const QString& name : others) {
+        const FormulaFiles files = managerFiles(name);
+        if (std::find(held.begin(), held.end(), files) == held.end())
+            versions.push_back(versionOf(name, true, managerTime(name), files));
     }
     return versions;
 }
 
-void backUpFormulas()
+FormulaFiles filesOf(const FormulaVersion& version)
 {
-    QFile::remove(backupPath(QStringLiteral("configFormula")));
-    QFile::remove(backupPath(QStringLiteral("lua")));
-    awaitFreeSecond();
-    Recovery::release();
-    Recovery::instance()->backUp();
+    return version.isOfManager ? managerFiles(version.name)
+                               : store().read(version.name).value_or(FormulaFiles());
 }
 
-QString restoreFormulas(const FormulaVersion& version)
+FormulaFiles liveFiles()
 {
-    if (bytesOf(backupPath(version.name)) < 0)
-        return QCoreApplication::translate("FormulaBackups", "备份文件已不存在，公式未改变。");
+    base::Result<FormulaFiles> files = readLiveFiles();
+    return files.isGood() ? *files : FormulaFiles();
+}
 
-    const LiveFile formulas(formulasPath()), scripts(scriptsPath());
-    QFile::remove(livePath(version.name));
-    QFile::remove(livePath(scriptsName(version.name)));
-    Recovery::instance()->loadFile(version.name);
+base::Result<bool> backUpFormulas()
+{
+    base::Result<FormulaFiles> live = readLiveFiles();
+    if (!live.isGood())
+        return live.failure();
+    if (live->isEmpty())
+        return false;
+    // What the manager's next backup discards is taken over first.
+    const QString leaving = managerNextToGo();
+    const bool isTakenOver = leaving.isEmpty() || store().holds(managerFiles(leaving))
+        || store().add(managerFiles(leaving), managerTime(leaving)).isGood();
+    base::Result<bool> made = store().add(*live, QDateTime::currentDateTime());
+    if (isTakenOver && made.isGood() && *made)
+        letManagerBackUp();
+    return made;
+}
 
-    const bool hasScripts = bytesOf(backupPath(scriptsName(version.name))) >= 0;
-    const bool done = holds(formulasPath(), formulasOf(version))
-        && (!hasScripts || holds(scriptsPath(), scriptsOf(version)));
-    if (done && hasScripts)
+base::Result<void> restoreFormulas(const FormulaVersion& version)
+{
+    const FormulaFiles wanted = filesOf(version); // now: the backup below may push the version out
+    if (!wanted.formulas)
+        return base::Failure { QStringLiteral("备份文件已不存在或已损坏，公式未改变。") };
+    base::Result<bool> kept = backUpFormulas();
+    base::Result<FormulaFiles> before = readLiveFiles();
+    if (!kept.isGood() || !before.isGood())
+        return base::Failure { QStringLiteral("现用公式备份失败，未恢复：%1")
+                                   .arg(kept.isGood() ? before.reason() : kept.reason()) };
+    const RestoreNote note { *before, wanted };
+    base::Result<void> noted = writeNote(note);
+    if (!noted.isGood()) {
+        removeNote();
+        return base::Failure { QStringLiteral("未恢复：%1").arg(noted.reason()) };
+    }
+    const base::Result<void> written = writeLiveFiles(wanted);
+    if (!written.isGood())
+        static_cast<void>(writeLiveFiles(*before)); // stateText() tells how that ended
+    const bool isNoteGone = removeNote();
+    reload();
+    if (written.isGood())
+        return {};
+    QString text = QStringLiteral("恢复失败：%1。%2。").arg(written.reason(), stateText(note));
+    if (!isNoteGone)
+        text += QStringLiteral("下次启动时会再试。");
+    return base::Failure { text };
+}
+
+QString mendInterruptedRestore()
+{
+    const std::optional<FormulaFiles> before = readNote("before"), wanted = readNote("wanted");
+    if (!before || !wanted) {
+        removeNote();
         return QString();
-    if (!done)
-        formulas.putBack();
-    scripts.putBack();
-    se::loadConfig("root", "configFormula", ""); // the engine took over what was there before putBack()
-    return done ? QString() : QCoreApplication::translate("FormulaBackups", "恢复失败，公式未改变。");
-}
-
-bool isNextToGo(const FormulaVersion& version)
-{
-    const QList<QString> listed = Recovery::instance()->getDataList();
-    return listed.size() >= kListedAtMost && listed.constLast() == version.name;
-}
-
-QByteArray liveFormulas()
-{
-    return contentOf(formulasPath());
-}
-
-QByteArray liveScripts()
-{
-    return contentOf(scriptsPath());
-}
-
-QByteArray formulasOf(const FormulaVersion& version)
-{
-    return contentOf(backupPath(version.name));
-}
-
-QByteArray scriptsOf(const FormulaVersion& version)
-{
-    return contentOf(backupPath(scriptsName(version.name)));
+    }
+    base::Result<FormulaFiles> now = readLiveFiles();
+    if (!now.isGood())
+        return QStringLiteral("上次的公式恢复被中断，现用文件读不了：%1").arg(now.reason());
+    const bool isDone =
+        now->formulas == wanted->formulas && (!wanted->scripts || now->scripts == wanted->scripts);
+    const bool isUntouched = isOfRestore(now->formulas, before->formulas, wanted->formulas)
+        && isOfRestore(now->scripts, before->scripts, wanted->scripts);
+    if (isDone || !isUntouched) { // done, or changed since: what is in use stays
+        removeNote();
+        return QString();
+    }
+    const base::Result<void> written = writeLiveFiles(*wanted);
+    if (!written.isGood())
+        return QStringLiteral("上次的公式恢复被中断，这次也没有完成：%1").arg(written.reason());
+    removeNote();
+    reload();
+    return QStringLiteral("上次的公式恢复被中断，现已完成；恢复前的公式在备份中。");
 }
 
 } // namespace client

@@ -1,7 +1,8 @@
 #pragma once
-/// @file The client's way to the backups of the formulas.
+/// @file The client's way to the backups of the formulas: its own store, and what the recovery manager keeps.
 
-#include <QByteArray>
+#include "apps/client/recovery/FormulaFiles.h"
+
 #include <QDateTime>
 #include <QString>
 
@@ -12,32 +13,38 @@ namespace client {
 /// A backup of formulas and scripts.
 struct FormulaVersion
 {
-    QString name;             ///< as TC::CRecoveryVersionManager lists it
+    QString name;             ///< of the store's file, or as TC::CRecoveryVersionManager lists it
+    bool isOfManager = false; ///< made by TC::CRecoveryVersionManager
     QDateTime made;           ///< by its name; by the file's time when the name tells none
-    qint64 formulaBytes = -1; ///< -1: the file is missing
-    qint64 scriptBytes = -1;  ///< -1: the file is missing
+    qint64 formulaBytes = -1; ///< -1: missing
+    qint64 scriptBytes = -1;  ///< -1: missing
 };
 
-/// The versions there are now, newest first. The recovery manager lists what it found at its construction,
-/// so it is made anew here: nobody may hold a pointer to it.
+/// The versions there are now: the store's, newest first, then those of the recovery manager that hold
+/// something else. The manager lists what it found at its construction, so it is made anew here: nobody may
+/// hold a pointer to it.
 std::vector<FormulaVersion> formulaVersions();
 
-/// Makes a backup of the live files. Staging files that an interrupted or colliding backup left, which
-/// would block this one, are removed. Waits for the next second when this one has a backup already.
-void backUpFormulas();
+/// Content of a version; nothing where it has no such file or cannot be read.
+FormulaFiles filesOf(const FormulaVersion& version);
 
-/// Puts a version in place of the live files. What a restore that was interrupted left behind, and would
-/// stop this one, is removed.
-/// @return empty on success; else what went wrong, for the user, and the live files are as before.
-QString restoreFormulas(const FormulaVersion& version);
+/// Content of the live files, as far as they can be read.
+FormulaFiles liveFiles();
 
-/// Whether a backup made now would discard this version.
-bool isNextToGo(const FormulaVersion& version);
+/// Makes a backup of the live files in the store. The recovery manager makes its own as well, where it can
+/// and as long as that costs no version that the store does not hold.
+/// @return whether there is a new backup: none is made of what the newest one holds, and of nothing. On
+/// failure there is none, and the reason is for the user.
+base::Result<bool> backUpFormulas();
 
-/// Content of the live files and of a version's; empty when a file is missing.
-QByteArray liveFormulas();
-QByteArray liveScripts();
-QByteArray formulasOf(const FormulaVersion& version);
-QByteArray scriptsOf(const FormulaVersion& version);
+/// Backs the live files up, puts a version in their place and makes the engine reload them. Killed at any
+/// point, it leaves each live file old or restored, the old ones in a backup, and a note by which
+/// mendInterruptedRestore() finishes it.
+/// @return what went wrong, for the user, and what the live files are now.
+base::Result<void> restoreFormulas(const FormulaVersion& version);
+
+/// To be called at the start: finishes a restore that was interrupted.
+/// @return what was found and done, for the user; empty when there is nothing to tell.
+QString mendInterruptedRestore();
 
 } // namespace client

@@ -1,5 +1,6 @@
 #include "apps/client/recovery/RestoreDialog.h"
 
+#include "apps/client/PlainTexts.h"
 #include "apps/client/recovery/LineDiff.h"
 
 #include <QDialogButtonBox>
@@ -7,7 +8,6 @@
 #include <QJsonDocument>
 #include <QLabel>
 #include <QLocale>
-#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSplitter>
@@ -113,6 +113,8 @@ RestoreDialog::RestoreDialog(Occasion occasion, QWidget* parent)
     , m_preview(new QPlainTextEdit)
     , m_summary(new QLabel)
 {
+    m_summary->setWordWrap(true);
+    m_summary->setObjectName(QStringLiteral("summary"));
     setWindowTitle(tr("恢复公式"));
     auto* introduction = new QLabel(occasion == Occasion::FailedRun
                                         ? tr("上次运行没有正常结束。如果公式受损，可以恢复到以前的版本。")
@@ -154,13 +156,7 @@ RestoreDialog::RestoreDialog(Occasion occasion, QWidget* parent)
     layout->addWidget(buttons);
     resize(880, 520);
 
-    m_confirm = [this](const QString& text) {
-        QMessageBox box(QMessageBox::Question, windowTitle(), text, QMessageBox::NoButton, this);
-        const QPushButton* agreed = box.addButton(tr("恢复"), QMessageBox::AcceptRole);
-        box.setDefaultButton(box.addButton(tr("取消"), QMessageBox::RejectRole));
-        box.exec();
-        return box.clickedButton() == agreed;
-    };
+    m_confirm = [this](const QString& text) { return isConfirmed(this, text, tr("恢复")); };
     connect(m_list, &QTreeWidget::currentItemChanged, this, &RestoreDialog::showChosen);
     connect(buttons, &QDialogButtonBox::accepted, this, &RestoreDialog::restoreChosen);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -193,15 +189,13 @@ void RestoreDialog::restoreChosen()
     const FormulaVersion wanted = *version;
     if (!m_confirm(question(wanted)))
         return;
-    if (!isNextToGo(wanted))
-        backUpFormulas();
-    const QString failure = restoreFormulas(wanted);
-    if (!failure.isEmpty()) {
+    const base::Result<void> done = restoreFormulas(wanted);
+    if (!done.isGood()) {
         refresh();
-        m_summary->setText(failure);
+        m_summary->setText(done.reason());
         return;
     }
-    Q_EMIT restored(wanted.name);
+    Q_EMIT restored(dateText(wanted.made));
     accept();
 }
 
@@ -221,14 +215,17 @@ void RestoreDialog::showChosen()
     if (!version)
         return;
     if (version->formulaBytes < 0) {
-        m_summary->setText(tr("这个版本的公式文件缺失，无法恢复。"));
+        m_summary->setText(tr("这个版本的公式文件缺失或已损坏，无法恢复。"));
         return;
     }
     QTextCursor cursor(m_preview->document());
     cursor.beginEditBlock();
-    int changes = writeDiff(cursor, palette(), tr("公式"), liveFormulas(), formulasOf(*version));
-    if (version->scriptBytes >= 0)
-        changes += writeDiff(cursor, palette(), tr("脚本"), liveScripts(), scriptsOf(*version));
+    const FormulaFiles live = liveFiles(), kept = filesOf(*version);
+    int changes = writeDiff(cursor, palette(), tr("公式"), live.formulas.value_or(QByteArray()),
+                            kept.formulas.value_or(QByteArray()));
+    if (kept.scripts)
+        changes +=
+            writeDiff(cursor, palette(), tr("脚本"), live.scripts.value_or(QByteArray()), *kept.scripts);
     cursor.endEditBlock();
     m_preview->moveCursor(QTextCursor::Start);
     m_summary->setText(changes == 0 ? tr("与现用公式相同。")
@@ -237,8 +234,7 @@ void RestoreDialog::showChosen()
 
 QString RestoreDialog::question(const FormulaVersion& version) const
 {
-    QString text = tr("恢复到 %1 的版本？").arg(dateText(version.made));
-    text += isNextToGo(version) ? tr("\n这是最早的版本，现用公式不会先备份。") : tr("\n现用公式会先备份。");
+    QString text = tr("恢复到 %1 的版本？\n现用公式会先备份。").arg(dateText(version.made));
     if (version.scriptBytes < 0)
         text += tr("\n这个版本没有脚本备份，现用脚本不变。");
     return text;

@@ -42,7 +42,8 @@ public:
     void restoreChosen();
 
 Q_SIGNALS:
-    void restored(const QString& version);
+    /// @param made  when the version was made, as a text.
+    void restored(const QString& made);
 
 private:
     const FormulaVersion* chosen() const;

@@ -1,9 +1,11 @@
 /// @file Reading and changing the file of the user's formulas.
 
 #include "apps/client/editor/FormulaStore.h"
+#include "tests/support/SmallFiles.h"
 
 #include <QFile>
 #include <QJsonDocument>
+#include <QLockFile>
 #include <QTemporaryDir>
 #include "tests/support/Trace.h"
 
@@ -54,16 +56,17 @@ protected:
 
 TEST_F(FormulaStoreTest, MissingFileHoldsNoFormulas)
 {
-    std::vector<OwnFormula> formulas { formula("OLD", "") };
-    EXPECT_EQ(m_store.read(formulas), QString());
-    EXPECT_TRUE(formulas.empty());
+    auto formulas = m_store.read();
+    ASSERT_TRUE(formulas.isGood());
+    EXPECT_TRUE(formulas->empty());
 }
 
 TEST_F(FormulaStoreTest, ReadsNamesTextsBasesAndParameters)
 {
     write(kFile);
-    std::vector<OwnFormula> formulas;
-    ASSERT_EQ(m_store.read(formulas), QString());
+    auto read = m_store.read();
+    ASSERT_EQ(read.reason(), QString());
+    const std::vector<OwnFormula> formulas = *read;
     ASSERT_EQ(formulas.size(), 2u);
     EXPECT_EQ(formulas[0].shownName(), QStringLiteral("第一"));
     EXPECT_EQ(formulas[0].source, QStringLiteral("A:CLOSE;"));
@@ -74,7 +77,7 @@ TEST_F(FormulaStoreTest, ReadsNamesTextsBasesAndParameters)
 
 TEST_F(FormulaStoreTest, SaveMakesTheFileThatWasMissing)
 {
-    EXPECT_EQ(m_store.save(formula("NEW", "A:OPEN;")), QString());
+    EXPECT_EQ(m_store.save(formula("NEW", "A:OPEN;")).reason(), QString());
     ASSERT_EQ(entries().size(), 1);
     EXPECT_EQ(text(0, "name"), QStringLiteral("NEW"));
     EXPECT_EQ(text(0, "source"), QStringLiteral("A:OPEN;"));
@@ -83,7 +86,7 @@ TEST_F(FormulaStoreTest, SaveMakesTheFileThatWasMissing)
 TEST_F(FormulaStoreTest, SaveAddsBehindTheOthers)
 {
     write(kFile);
-    EXPECT_EQ(m_store.save(formula("NEW", "A:OPEN;")), QString());
+    EXPECT_EQ(m_store.save(formula("NEW", "A:OPEN;")).reason(), QString());
     ASSERT_EQ(entries().size(), 4);
     EXPECT_EQ(text(0, "name"), QStringLiteral("FIRST"));
     EXPECT_EQ(text(3, "name"), QStringLiteral("NEW"));
@@ -92,7 +95,7 @@ TEST_F(FormulaStoreTest, SaveAddsBehindTheOthers)
 TEST_F(FormulaStoreTest, SaveReplacesInPlaceAndKeepsColoursAndKind)
 {
     write(kFile);
-    EXPECT_EQ(m_store.save(formula("RENAMED", "A:OPEN;"), QStringLiteral("FIRST")), QString());
+    EXPECT_EQ(m_store.save(formula("RENAMED", "A:OPEN;"), QStringLiteral("FIRST")).reason(), QString());
     ASSERT_EQ(entries().size(), 3);
     EXPECT_EQ(text(0, "name"), QStringLiteral("RENAMED"));
     EXPECT_EQ(text(0, "source"), QStringLiteral("A:OPEN;"));
@@ -104,7 +107,7 @@ TEST_F(FormulaStoreTest, SaveReplacesInPlaceAndKeepsColoursAndKind)
 TEST_F(FormulaStoreTest, SaveKeepsForeignKeysAndEntriesThatAreWrong)
 {
     write(kFile);
-    EXPECT_EQ(m_store.save(formula("NEW", "A:OPEN;")), QString());
+    EXPECT_EQ(m_store.save(formula("NEW", "A:OPEN;")).reason(), QString());
     EXPECT_EQ(root().value(QStringLiteral("owner")).toString(), QStringLiteral("li"));
     EXPECT_EQ(root().value(QStringLiteral("version")).toInt(), 7);
     EXPECT_EQ(entries().at(2).toString(), QStringLiteral("no formula"));
@@ -114,7 +117,7 @@ TEST_F(FormulaStoreTest, TakenAndEmptyNamesAreRefused)
 {
     write(kFile);
     for (const char* name : { "SECOND", "第一", "MACD", "" }) {
-        EXPECT_NE(m_store.save(formula(name, "A:OPEN;")), QString()) << name;
+        EXPECT_FALSE(m_store.save(formula(name, "A:OPEN;")).isGood()) << name;
         EXPECT_EQ(content(), kFile) << name;
     }
 }
@@ -122,10 +125,10 @@ TEST_F(FormulaStoreTest, TakenAndEmptyNamesAreRefused)
 TEST_F(FormulaStoreTest, DuplicateFindsFreeNamesAndStandsBehindItsModel)
 {
     write(kFile);
-    ASSERT_EQ(m_store.save(formula("FIRST2", "A:OPEN;")), QString());
-    QString copy;
-    EXPECT_EQ(m_store.duplicate(QStringLiteral("FIRST"), copy), QString());
-    EXPECT_EQ(copy, QStringLiteral("FIRST3"));
+    ASSERT_EQ(m_store.save(formula("FIRST2", "A:OPEN;")).reason(), QString());
+    auto copy = m_store.duplicate(QStringLiteral("FIRST"));
+    ASSERT_EQ(copy.reason(), QString());
+    EXPECT_EQ(*copy, QStringLiteral("FIRST3"));
     EXPECT_EQ(text(1, "name"), QStringLiteral("FIRST3"));
     EXPECT_EQ(text(1, "displayName"), QStringLiteral("第一2"));
     EXPECT_EQ(text(1, "source"), QStringLiteral("A:CLOSE;"));
@@ -140,10 +143,10 @@ TEST_F(FormulaStoreTest, FreeNameAvoidsBuiltInFormulas)
 TEST_F(FormulaStoreTest, RemoveTakesOneEntryOut)
 {
     write(kFile);
-    EXPECT_EQ(m_store.remove(QStringLiteral("FIRST")), QString());
+    EXPECT_EQ(m_store.remove(QStringLiteral("FIRST")).reason(), QString());
     ASSERT_EQ(entries().size(), 2);
     EXPECT_EQ(text(0, "name"), QStringLiteral("SECOND"));
-    EXPECT_NE(m_store.remove(QStringLiteral("FIRST")), QString());
+    EXPECT_FALSE(m_store.remove(QStringLiteral("FIRST")).isGood());
 }
 
 TEST_F(FormulaStoreTest, DamagedFileIsRefusedAndLeftAsItIs)
@@ -152,13 +155,14 @@ TEST_F(FormulaStoreTest, DamagedFileIsRefusedAndLeftAsItIs)
                                        QByteArray("{\"formulas\": 3}") }) {
         write(damaged);
         int changes = 0;
-        m_store.setBeforeChange([&] { ++changes; });
-        std::vector<OwnFormula> formulas;
-        QString copy;
-        EXPECT_NE(m_store.read(formulas), QString());
-        EXPECT_NE(m_store.save(formula("NEW", "A:OPEN;")), QString());
-        EXPECT_NE(m_store.duplicate(QStringLiteral("FIRST"), copy), QString());
-        EXPECT_NE(m_store.remove(QStringLiteral("FIRST")), QString());
+        m_store.setBeforeChange([&] {
+            ++changes;
+            return base::Result<void>();
+        });
+        EXPECT_FALSE(m_store.read().isGood());
+        EXPECT_FALSE(m_store.save(formula("NEW", "A:OPEN;")).isGood());
+        EXPECT_FALSE(m_store.duplicate(QStringLiteral("FIRST")).isGood());
+        EXPECT_FALSE(m_store.remove(QStringLiteral("FIRST")).isGood());
         EXPECT_EQ(content(), damaged);
         EXPECT_EQ(changes, 0);
     }
@@ -168,10 +172,46 @@ TEST_F(FormulaStoreTest, IsToldBeforeTheFileChanges)
 {
     write(kFile);
     QByteArray seen;
-    m_store.setBeforeChange([&] { seen = content(); });
-    EXPECT_EQ(m_store.remove(QStringLiteral("FIRST")), QString());
+    m_store.setBeforeChange([&] {
+        seen = content();
+        return base::Result<void>();
+    });
+    EXPECT_EQ(m_store.remove(QStringLiteral("FIRST")).reason(), QString());
     EXPECT_EQ(seen, kFile);
     EXPECT_NE(content(), kFile);
+}
+
+TEST_F(FormulaStoreTest, DoesNotGoOnWithoutTheBackupThatWasPromised)
+{
+    write(kFile);
+    m_store.setBeforeChange([]() -> base::Result<void> { return base::Failure { QStringLiteral("full") }; });
+    EXPECT_EQ(m_store.remove(QStringLiteral("FIRST")).reason(), QStringLiteral("full"));
+    EXPECT_EQ(m_store.save(formula("NEW", "A:OPEN;")).reason(), QStringLiteral("full"));
+    EXPECT_FALSE(m_store.duplicate(QStringLiteral("FIRST")).isGood());
+    EXPECT_EQ(content(), kFile);
+}
+
+TEST_F(FormulaStoreTest, KeepsTheFileOnAFullDiskAndSaysSo)
+{
+    write(kFile);
+    QString reason;
+    {
+        const test::SmallFiles disk(0);
+        reason = m_store.save(formula("NEW", "A:OPEN;")).reason();
+    }
+    EXPECT_TRUE(reason.contains(QStringLiteral("未写入，原内容不变"))) << reason.toStdString();
+    EXPECT_EQ(content(), kFile);
+}
+
+TEST_F(FormulaStoreTest, WaitsForTheChangeOfAnotherClientAndGivesUpInTheEnd)
+{
+    write(kFile);
+    QLockFile other(path() + QStringLiteral(".lock"));
+    ASSERT_TRUE(other.tryLock());
+    EXPECT_TRUE(m_store.remove(QStringLiteral("FIRST")).reason().contains(QStringLiteral("另一个客户端")));
+    EXPECT_EQ(content(), kFile);
+    other.unlock();
+    EXPECT_TRUE(m_store.remove(QStringLiteral("FIRST")).isGood());
 }
 
 } // namespace

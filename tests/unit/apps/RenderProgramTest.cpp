@@ -1,13 +1,24 @@
 /// @file The renderer as its users call it: as a program.
 
+#include "apps/base/FileNames.h"
+#include "apps/base/WholeFile.h"
+#include "tests/support/ChildRun.h"
+#include "tests/support/RecoveryFolders.h"
 #include "tests/support/Trace.h"
 
 #include <QFile>
 #include <QImage>
+#include <QMap>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <cerrno>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -20,9 +31,13 @@ struct Outcome
 class RenderProgram : public testing::Test
 {
 protected:
-    Outcome run(QStringList arguments)
+    Outcome run(QStringList arguments, const QMap<QString, QString>& environment = {})
     {
         QProcess process;
+        QProcessEnvironment all = QProcessEnvironment::systemEnvironment();
+        for (auto entry = environment.begin(); entry != environment.end(); ++entry)
+            all.insert(entry.key(), entry.value());
+        process.setProcessEnvironment(all);
         process.start(QStringLiteral(RENDER_PROGRAM), arguments);
         EXPECT_TRUE(process.waitForFinished(60'000));
         return { process.exitCode(), QString::fromUtf8(process.readAllStandardError()).trimmed() };
@@ -115,6 +130,152 @@ TEST_F(RenderProgram, NamesThePeriodOfTheBars)
         ASSERT_TRUE(picture.open(QIODevice::ReadOnly));
         EXPECT_TRUE(picture.readAll().contains(period)) << period;
     }
+}
+
+TEST_F(RenderProgram, LeavesTurnoverOutOfEveryBundledFileWhichHasNone)
+{
+    for (const char* name : { "SH000001.csv", "SH600030.csv", "SH510050.csv", "SFCU00.csv", "DFM00.csv" }) {
+        const Outcome result = run({ QStringLiteral("--bars"), sample(name), QStringLiteral("--export"),
+                                     path("out.csv"), QStringLiteral("-o"), path("out.svg") });
+        ASSERT_EQ(result.exitCode, 0) << result.error.toStdString();
+        const QStringList lines =
+            QString::fromUtf8(test::RecoveryFolders::contentOf(path("out.csv"))).split(QLatin1Char('\n'));
+        const QString heading = lines.first();
+        EXPECT_TRUE(heading.startsWith(QStringLiteral("时间,开,高,低,收,成交量,涨跌,涨跌百分比,振幅,"))
+                    && heading.endsWith(QStringLiteral(",MA5,MA10,MA20,MA60")))
+            << name << ": " << heading.toStdString();
+        EXPECT_FALSE(lines.at(lines.size() - 2).contains(QStringLiteral("nan"))) << name;
+        const QString picture = QString::fromUtf8(test::RecoveryFolders::contentOf(path("out.svg")));
+        EXPECT_TRUE(picture.contains(QStringLiteral("MA60"))) << name;
+        EXPECT_FALSE(picture.contains(QStringLiteral("成交额"))) << name;
+        EXPECT_FALSE(picture.contains(QStringLiteral("非法值"))) << name;
+    }
+}
+
+TEST_F(RenderProgram, KeepsTheOldOrTheNewExportWhicheverCallFails)
+{
+    const auto exportTo = [&](const QMap<QString, QString>& environment) {
+        return run(
+            { QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--export"), path("out.csv") },
+            environment);
+    };
+    ASSERT_EQ(exportTo({}).exitCode, 0);
+    const QByteArray whole = test::RecoveryFolders::contentOf(path("out.csv"));
+    bool done = false;
+    for (int call = 1; !done; ++call) {
+        ASSERT_LT(call, 50);
+        test::RecoveryFolders::write(path("out.csv"), "old");
+        const Outcome result =
+            exportTo({ { QStringLiteral("LD_PRELOAD"), QStringLiteral(FAILING_CALLS) },
+                       { QStringLiteral("ASAN_OPTIONS"), QStringLiteral("verify_asan_link_order=0") },
+                       { QStringLiteral("FAILING_FOLDER"), m_folder.path() },
+                       { QStringLiteral("FAILING_CALL"), QString::number(call) },
+                       { QStringLiteral("FAILING_ERROR"), QString::number(ENOSPC) } });
+        done = result.exitCode == 0;
+        const QByteArray left = test::RecoveryFolders::contentOf(path("out.csv"));
+        const bool isNew = done || result.error.endsWith(QLatin1String("the file is written"));
+        EXPECT_TRUE(isNew || result.error.endsWith(QLatin1String("nothing was written")))
+            << call << " " << result.error.toStdString();
+        EXPECT_TRUE(left == (isNew ? whole : QByteArray("old"))) << call << ": " << left.size() << " bytes";
+        EXPECT_EQ(test::RecoveryFolders::namesIn(m_folder.path()), QStringList(QStringLiteral("out.csv")))
+            << call;
+    }
+}
+
+TEST_F(RenderProgram, NeverWritesIntoAPipeOrADevice)
+{
+    ASSERT_EQ(::mkfifo(path("pipe.csv").toUtf8().constData(), 0600), 0);
+    for (const QString& place : { path("pipe.csv"), QStringLiteral("/dev/null") }) {
+        const Outcome result =
+            run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--export"), place });
+        expectRefused(result, "not an ordinary file");
+    }
+    struct stat state;
+    ASSERT_EQ(::stat(path("pipe.csv").toUtf8().constData(), &state), 0);
+    EXPECT_TRUE(S_ISFIFO(state.st_mode));
+}
+
+TEST_F(RenderProgram, RefusesPicturesBeyondAGibibyte)
+{
+    const auto sized = [&](const char* size, const char* ratio) {
+        return run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--size"),
+                     QString::fromLatin1(size), QStringLiteral("--dpr"), QString::fromLatin1(ratio),
+                     QStringLiteral("-o"), path("out.png") });
+    };
+    expectRefused(sized("9000x9000", "4"), "36000x36000 device pixels");
+    expectRefused(sized("16384x16384", "4"), "65536x65536 device pixels");
+    expectRefused(sized("16384x20", "1.01"), "device pixels");
+    EXPECT_EQ(sized("4000x300", "4").exitCode, 0);
+}
+
+TEST_F(RenderProgram, EndsInOneLineWhenMemoryGivesOut)
+{
+    if (!test::measuresMemory())
+        GTEST_SKIP() << "sanitizers need several times as much";
+    QProcess process; // 700 MB do not hold a picture of a gibibyte
+    process.start(QStringLiteral("/bin/sh"),
+                  { QStringLiteral("-c"), QStringLiteral("ulimit -v 700000; exec \"$@\""),
+                    QStringLiteral("sh"), QStringLiteral(RENDER_PROGRAM), QStringLiteral("--bars"),
+                    sample("DFM00.csv"), QStringLiteral("--size"), QStringLiteral("16384x16384"),
+                    QStringLiteral("-o"), path("out.png") });
+    ASSERT_TRUE(process.waitForFinished(60'000));
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    expectRefused({ process.exitCode(), QString::fromUtf8(process.readAllStandardError()).trimmed() },
+                  "indicatorui-render: ");
+}
+
+TEST_F(RenderProgram, DrawsOrRefusesBarsAtTheEndOfTheNumbers)
+{
+    for (const char* rows :
+         { "2024-01-02,1e308,1.7e308,-1.7e308,1e308,1e308\n2024-01-03,-1e308,1e308,-1e308,1,1e308\n",
+           "2024-01-02,1.7976931348623157e308,1.7976931348623157e308,1,1,5\n2024-01-03,1,2,1,2,0\n",
+           "2024-01-02,1e-320,1e-320,1e-320,1e-320,1e-320\n2024-01-03,0,0,0,0,0\n" }) {
+        const Outcome result = runOn(QByteArray(kHeader) + rows);
+        EXPECT_TRUE(result.exitCode == 0 || result.exitCode == 2) << result.error.toStdString();
+        EXPECT_EQ(QFile::remove(path("out.png")), result.exitCode == 0);
+        EXPECT_FALSE(result.error.contains(QLatin1Char('\n')));
+    }
+}
+
+TEST_F(RenderProgram, OpensFilesWhoseNamesAreMadeOfAnyBytes)
+{
+    const QByteArray folder = m_folder.path().toUtf8();
+    QByteArray bars = folder + "/SH\xFF\n600030.csv", formula = folder + "/\xC3(.txt",
+               picture = folder + "/\xFE.png", missing = folder + "/a\nb\xFF\x1B[31m.csv";
+    ASSERT_FALSE(base::writeWholeFile(base::nameFromBytes(bars),
+                                      test::RecoveryFolders::contentOf(sample("DFM00.csv"))));
+    ASSERT_FALSE(base::writeWholeFile(base::nameFromBytes(formula), "LINE:CLOSE;"));
+    const auto exitCodeOf = [](std::vector<QByteArray> words) {
+        std::vector<char*> arguments;
+        for (QByteArray& word : words)
+            arguments.push_back(word.data());
+        arguments.push_back(nullptr);
+        return test::runInChild(
+                   [&] {
+                       ::execv(RENDER_PROGRAM, arguments.data());
+                       return 99;
+                   },
+                   60)
+            .answer;
+    };
+    EXPECT_EQ(exitCodeOf({ "render", "--bars", bars, "--formula", formula, "-o", picture }), 0);
+    struct stat state;
+    EXPECT_EQ(::stat(picture.constData(), &state), 0);
+    EXPECT_EQ(exitCodeOf({ "render", "--bars", missing, "-o", picture }), 2);
+}
+
+TEST_F(RenderProgram, EscapesControlCharactersSoThatAMessageIsOneLine)
+{
+    const Outcome result =
+        run({ QStringLiteral("--bars"), path("a\nb\x1B[31m.csv"), QStringLiteral("-o"), path("out.png") });
+    expectRefused(result, "a\\nb\\x1b[31m.csv");
+}
+
+TEST_F(RenderProgram, RefusesAFormulaWithoutEnd)
+{
+    const Outcome result = run({ QStringLiteral("--check"), QStringLiteral("/dev/zero") });
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_FALSE(result.error.contains(QLatin1Char('\n'))) << result.error.toStdString();
 }
 
 TEST_F(RenderProgram, RefusesAMissingFile)

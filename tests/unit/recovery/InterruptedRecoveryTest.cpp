@@ -7,9 +7,11 @@
 #include "tests/support/Trace.h"
 
 #include <QProcess>
+#include <QProcessEnvironment>
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <set>
 #include <string>
 #include <vector>
@@ -171,7 +173,16 @@ TEST(KilledRestore, LeavesEachLiveFileOldOrRestoredOrMissingButNeverCutShort)
                                 "restored, missing", "restored, missing staged", "restored, restored" }));
 }
 
-TEST(KilledRestore, OfTheClientIsMendedByTheNextOneAtWhateverStepItDied)
+/// Formulas of all versions that the restore dialog would list.
+QList<QByteArray> listedFormulas()
+{
+    QList<QByteArray> listed;
+    for (const client::FormulaVersion& version : client::formulaVersions())
+        listed << client::filesOf(version).formulas.value_or(QByteArray());
+    return listed;
+}
+
+TEST(KilledRestore, OfTheClientLosesNothingAndIsFinishedByTheNextStart)
 {
     std::set<std::string> outcomes;
     const QString version = RecoveryFolders::formulaBackup(0);
@@ -180,28 +191,113 @@ TEST(KilledRestore, OfTheClientIsMendedByTheNextOneAtWhateverStepItDied)
         [&](const RecoveryFolders& folders) {
             folders.setLive("live formulas", "live scripts");
             folders.addBackups(1);
-            // What an earlier restore left when it died.
-            RecoveryFolders::write(folders.userDir() + QLatin1Char('/') + version, "leftover");
         },
         [&](const RecoveryFolders& folders) {
-            outcomes.insert(folders.live(kFormulas).toStdString() + ", "
-                            + folders.live(kScripts).toStdString());
-            const std::vector<client::FormulaVersion> offered = client::formulaVersions();
-            ASSERT_EQ(offered.size(), 1U);
-            EXPECT_EQ(client::restoreFormulas(offered.front()), QString());
-            EXPECT_EQ(folders.live(kFormulas), "formulas 0");
-            EXPECT_EQ(folders.live(kScripts), "scripts 0");
-            EXPECT_FALSE(folders.live().contains(version));
-            EXPECT_EQ(folders.backup(version), "formulas 0");
+            // Each live file is the old or the restored one at any moment.
+            const QByteArray formulas = folders.live(kFormulas), scripts = folders.live(kScripts);
+            EXPECT_TRUE(formulas == "live formulas" || formulas == "formulas 0") << formulas.constData();
+            EXPECT_TRUE(scripts == "live scripts" || scripts == "scripts 0") << scripts.constData();
+            outcomes.insert((formulas + ", " + scripts).toStdString());
+            const QString told = client::mendInterruptedRestore();
+            const bool isRestored = folders.live(kFormulas) == "formulas 0";
+            EXPECT_EQ(folders.live(kScripts), isRestored ? "scripts 0" : "live scripts");
+            EXPECT_TRUE(isRestored || told.isEmpty()) << told.toStdString();
+            EXPECT_TRUE(!isRestored || listedFormulas().contains("live formulas"));
+            EXPECT_TRUE(listedFormulas().contains("formulas 0"));
+            EXPECT_EQ(client::mendInterruptedRestore(), QString());
         });
     if (kills < 0)
         GTEST_SKIP() << "this machine does not let one process trace another";
     EXPECT_GT(kills, 10);
-    EXPECT_EQ(
-        outcomes,
-        std::set<std::string>({ "live formulas, live scripts", "<none>, live scripts",
-                                "formulas 0, live scripts", "formulas 0, <none>", "formulas 0, scripts 0" }));
+    EXPECT_EQ(outcomes,
+              std::set<std::string>(
+                  { "live formulas, live scripts", "formulas 0, live scripts", "formulas 0, scripts 0" }));
 }
+
+TEST(KilledBackup, OfTheClientLosesNothing)
+{
+    const int kills = killAtEveryCall(
+        "backup-asked", QString(),
+        [](const RecoveryFolders& folders) {
+            folders.setLive("live formulas", "live scripts");
+            folders.addBackups(10);
+        },
+        [](const RecoveryFolders& folders) {
+            EXPECT_EQ(folders.live(kFormulas), "live formulas");
+            EXPECT_EQ(folders.live(kScripts), "live scripts");
+            const QList<QByteArray> listed = listedFormulas();
+            for (int number = 0; number < 10; ++number)
+                EXPECT_TRUE(listed.contains("formulas " + QByteArray::number(number))) << number;
+        });
+    if (kills < 0)
+        GTEST_SKIP() << "this machine does not let one process trace another";
+    EXPECT_GT(kills, 10);
+}
+
+constexpr int kCallsTried = 24; // more than a backup or a restore makes in one folder
+
+/// One call after another fails, and the program goes on.
+class FailingRecovery : public testing::TestWithParam<int>
+{
+protected:
+    /// What the operation tells when its call number `call` on the files of a folder fails.
+    static QString run(const char* operation, const RecoveryFolders& folders, const QString& folder, int call)
+    {
+        const QStringList words = command(operation, folders, RecoveryFolders::formulaBackup(0));
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("LD_PRELOAD"), QStringLiteral(FAILING_CALLS));
+        environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("verify_asan_link_order=0"));
+        environment.insert(QStringLiteral("FAILING_FOLDER"), folder);
+        environment.insert(QStringLiteral("FAILING_CALL"), QString::number(call));
+        environment.insert(QStringLiteral("FAILING_ERROR"), QString::number(GetParam()));
+        environment.insert(QStringLiteral("RECOVERY_STEPS_RUN_ON"), QStringLiteral("1"));
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(words.first(), words.mid(1));
+        EXPECT_TRUE(process.waitForFinished());
+        EXPECT_EQ(process.exitCode(), 0);
+        return QString::fromUtf8(process.readAllStandardOutput()).section(QLatin1Char('\n'), 0, 0);
+    }
+};
+
+TEST_P(FailingRecovery, BackupClaimsOnlyWhatHappened)
+{
+    int failures = 0;
+    for (int call = 1; call <= kCallsTried; ++call) {
+        RecoveryFolders folders;
+        folders.setLive("live formulas", "live scripts");
+        folders.addBackups(10);
+        const QString told = run("backup-asked", folders, folders.configDir(), call);
+        const QList<QByteArray> listed = listedFormulas();
+        EXPECT_TRUE(told != QStringLiteral("backed up") || listed.contains("live formulas")) << call;
+        for (int number = 0; number < 10; ++number)
+            EXPECT_TRUE(listed.contains("formulas " + QByteArray::number(number))) << call << ": " << number;
+        failures += told == QStringLiteral("not backed up");
+    }
+    EXPECT_GT(failures, 2);
+}
+
+TEST_P(FailingRecovery, RestoreClaimsOnlyWhatHappenedAndLosesNothing)
+{
+    int failures = 0;
+    for (const bool inUserFolder : { true, false }) {
+        for (int call = 1; call <= kCallsTried; ++call) {
+            RecoveryFolders folders;
+            folders.setLive("live formulas", "live scripts");
+            folders.addBackups(1);
+            const QString told =
+                run("restore-asked", folders, inUserFolder ? folders.userDir() : folders.configDir(), call);
+            const QByteArray formulas = folders.live(kFormulas), scripts = folders.live(kScripts);
+            const bool isRestored = formulas == "formulas 0" && scripts == "scripts 0";
+            EXPECT_EQ(told == QStringLiteral("restored"), isRestored) << call << " " << inUserFolder;
+            EXPECT_TRUE(formulas == "live formulas" || listedFormulas().contains("live formulas")) << call;
+            failures += !isRestored;
+        }
+    }
+    EXPECT_GT(failures, 4);
+}
+
+INSTANTIATE_TEST_SUITE_P(With, FailingRecovery, testing::Values(ENOSPC, EIO));
 
 /// A disk without room for the file, or files that cannot grow as far, which fails at the same call.
 class FullDisk : public testing::TestWithParam<const char*>

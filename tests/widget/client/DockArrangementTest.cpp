@@ -1,6 +1,7 @@
 #include "apps/client/docking/DockArrangement.h"
 
 #include "host/embedded/EmbeddedHost.h"
+#include "tests/support/ChildRun.h"
 #include "tests/support/Trace.h"
 
 #include <QAbstractButton>
@@ -19,6 +20,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <memory>
 
 namespace {
@@ -366,6 +368,57 @@ TEST_F(DockArrangementTest, StateThatTheDockingSystemRefusesFallsBackToTheDefaul
     client.settle();
     EXPECT_TRUE(isDefault(client));
     EXPECT_FALSE(client.dock(kTicks)->isClosed());
+}
+
+TEST_F(DockArrangementTest, ArrangementThatEndedTheProgramIsLeftOutAtTheNextStart)
+{
+    saveOtherArrangement();
+    const test::ChildEnd end = test::runInChild(
+        [] {
+            Client client;
+            QObject::connect(client.docks->manager(), &ads::CDockManager::restoringState,
+                             [] { std::_Exit(7); });
+            client.docks->restore();
+            return 0;
+        },
+        60);
+    ASSERT_EQ(end.answer, 7);
+    Client client;
+    client.dock(kTicks)->setFloating();
+    EXPECT_EQ(client.docks->restore(), QStringLiteral("上次载入面板布局时程序中断，已使用默认布局。"));
+    client.settle();
+    EXPECT_TRUE(isDefault(client));
+    EXPECT_NE(contentOf(client::DockArrangement::filePath() + QStringLiteral(".damaged")), "<none>");
+    EXPECT_EQ(client.docks->save(), QString());
+
+    Client third;
+    EXPECT_EQ(third.docks->restore(), QString()); // the default arrangement, which was saved
+}
+
+TEST_F(DockArrangementTest, ArrangementThatWasSurvivedLeavesNoMark)
+{
+    saveOtherArrangement();
+    for (int start = 0; start < 2; ++start) {
+        Client client;
+        EXPECT_EQ(client.docks->restore(), QString());
+        client.settle();
+        EXPECT_FALSE(QFile::exists(client::DockArrangement::filePath() + QStringLiteral(".loading")));
+    }
+}
+
+TEST_F(DockArrangementTest, ClientBesideAnotherOneWritesNothing)
+{
+    saveOtherArrangement();
+    const QByteArray before = contentOf(client::DockArrangement::filePath());
+    Client client;
+    EXPECT_EQ(client.docks->restore(false), QString());
+    client.settle();
+    EXPECT_TRUE(client.dock(kTicks)->isInFloatingContainer());
+    client.docks->applyDefault();
+    client.settle();
+    EXPECT_EQ(client.docks->save(), QString());
+    EXPECT_FALSE(client.docks->store(QStringLiteral("mine")).isEmpty());
+    EXPECT_EQ(contentOf(client::DockArrangement::filePath()), before);
 }
 
 TEST_F(DockArrangementTest, FileReplacedByAFolderGivesMessages)

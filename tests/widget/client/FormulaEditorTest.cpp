@@ -6,10 +6,12 @@
 #include "host/TC/CFormulaOperateManager.h"
 #include "host/embedded/EmbeddedHost.h"
 #include "host/utils/CSingletonT.h"
+#include "tests/support/ChildRun.h"
 #include "tests/support/RecoveryFolders.h"
 #include "tests/support/Trace.h"
 
 #include <QAction>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -118,7 +120,7 @@ TEST_F(FormulaEditorTest, FaultAtTheEndUnderlinesTheLastCharacter)
 TEST_F(FormulaEditorTest, FaultyTextCannotBeSaved)
 {
     text()->setPlainText(QStringLiteral("LINE:CLOZE;"));
-    EXPECT_NE(m_editor->save(), QString()); // before the pause after the key press is over
+    EXPECT_FALSE(m_editor->save().isGood()); // before the pause after the key press is over
     EXPECT_FALSE(part<QPushButton>("save")->isEnabled());
     EXPECT_EQ(file(), kFile);
     EXPECT_TRUE(backups().isEmpty());
@@ -135,7 +137,7 @@ TEST_F(FormulaEditorTest, SaveMakesTheFormulaKnownAfterABackup)
     m_editor->startNew();
     part<QLineEdit>("name")->setText(QStringLiteral("FRESH"));
     text()->setPlainText(QStringLiteral("LINE:CLOSE;"));
-    EXPECT_EQ(m_editor->save(), QString());
+    EXPECT_EQ(m_editor->save().reason(), QString());
     EXPECT_TRUE(isKnown("FRESH"));
     EXPECT_EQ(backedUpBefore, kFile);
     EXPECT_EQ(part<QListWidget>("formulas")->count(), 3);
@@ -145,7 +147,7 @@ TEST_F(FormulaEditorTest, ParameterIsMovedIntoItsRangeAndSaved)
 {
     part<QTableWidget>("parameters")->item(0, 4)->setText(QStringLiteral("1000"));
     EXPECT_EQ(part<QTableWidget>("parameters")->item(0, 4)->text(), QStringLiteral("100"));
-    EXPECT_EQ(m_editor->save(), QString());
+    EXPECT_EQ(m_editor->save().reason(), QString());
     const auto recipe = TC::embedded::resolveFormula(QStringLiteral("我的线"));
     ASSERT_TRUE(recipe);
     EXPECT_EQ(recipe->parameters, QVector<double> { 100 });
@@ -156,7 +158,7 @@ TEST_F(FormulaEditorTest, FormulaOnABaseKeepsItsTextAndTakesParameters)
     m_editor->edit(QStringLiteral("SHORTMA"));
     EXPECT_TRUE(text()->isReadOnly());
     part<QTableWidget>("parameters")->item(1, 4)->setText(QStringLiteral("8"));
-    EXPECT_EQ(m_editor->save(), QString());
+    EXPECT_EQ(m_editor->save().reason(), QString());
     const auto recipe = TC::embedded::resolveFormula(QStringLiteral("SHORTMA"));
     ASSERT_TRUE(recipe);
     EXPECT_EQ(recipe->base, QStringLiteral("MA"));
@@ -167,7 +169,7 @@ TEST_F(FormulaEditorTest, BuiltInFormulaIsEditedAsACopy)
 {
     m_editor->edit(QStringLiteral("KDJ"));
     EXPECT_EQ(name(), QStringLiteral("KDJ2"));
-    EXPECT_EQ(m_editor->save(), QString());
+    EXPECT_EQ(m_editor->save().reason(), QString());
     EXPECT_TRUE(isKnown("KDJ2"));
     EXPECT_TRUE(TC::embedded::resolveFormula(QStringLiteral("KDJ2"))->base.isEmpty());
 }
@@ -235,16 +237,75 @@ TEST_F(FormulaEditorTest, PictureShowsTheFormulaOverTheBars)
 {
     auto* preview = m_editor->findChild<client::FormulaPreview*>();
     EXPECT_FALSE(preview->hasPicture());
-    chart::OpenedBars opened;
-    ASSERT_EQ(chart::openBarsFile(QStringLiteral(SAMPLES_DIR "/bars/SH600030.csv"), QString(), opened),
-              QString());
-    m_editor->setBars(opened.instrument, opened.bars);
+    auto opened = chart::openBarsFile(QStringLiteral(SAMPLES_DIR "/bars/SH600030.csv"));
+    ASSERT_TRUE(opened.isGood());
+    m_editor->setBars(opened->instrument, opened->bars);
     EXPECT_TRUE(preview->hasPicture());
     m_editor->show();
     const QImage before = preview->grab().toImage();
     text()->setPlainText(QStringLiteral("LINE:VOL;"));
     EXPECT_TRUE(m_editor->check());
     EXPECT_NE(preview->grab().toImage(), before);
+}
+
+TEST_F(FormulaEditorTest, AsksOnceWhetherADraftIsGivenUpHoweverTheFocusWanders)
+{
+    m_editor->show();
+    m_editor->activateWindow();
+    m_editor->edit(QStringLiteral("MA"));
+    m_answer = false;
+    auto* formulas = part<QListWidget>("formulas");
+    for (int round = 0; round < 3; ++round) {
+        formulas->setFocus();
+        QTest::qWait(5);
+        text()->setFocus();
+        QTest::qWait(5);
+    }
+    EXPECT_EQ(m_questions, 0); // nobody chose another formula
+    formulas->setCurrentRow(0);
+    QTest::qWait(20);
+    EXPECT_EQ(m_questions, 1);
+    EXPECT_EQ(name(), QStringLiteral("MA2"));
+    formulas->setFocus();
+    QTest::qWait(20);
+    EXPECT_EQ(m_questions, 1);
+}
+
+TEST_F(FormulaEditorTest, AsksBeforeItReplacesWhatAnotherClientChanged)
+{
+    setLive(QByteArray(kFile).replace("MA(CLOSE,N)", "MA(OPEN,N)"), "scripts");
+    text()->setPlainText(QStringLiteral("LINE:HIGH;"));
+    m_answer = false;
+    EXPECT_FALSE(m_editor->save().isGood());
+    EXPECT_EQ(m_questions, 1);
+    EXPECT_TRUE(file().contains("MA(OPEN,N)"));
+    m_answer = true;
+    EXPECT_TRUE(m_editor->save().isGood());
+    EXPECT_TRUE(file().contains("LINE:HIGH"));
+    EXPECT_TRUE(m_editor->save().isGood()); // its own change is none of another client
+    EXPECT_EQ(m_questions, 2);
+}
+
+TEST_F(FormulaEditorTest, DoesNotSaveWhenTheBackupFails)
+{
+    write(configDir() + QStringLiteral("/formulaBackups"), "no folder");
+    text()->setPlainText(QStringLiteral("LINE:HIGH;"));
+    EXPECT_TRUE(m_editor->save().reason().startsWith(QStringLiteral("现用公式备份失败，未作改动")));
+    EXPECT_EQ(file(), kFile);
+    EXPECT_TRUE(m_editor->isWindowModified());
+}
+
+TEST_F(FormulaEditorTest, LineOfAMegabyteIsTakenInSeconds)
+{
+    m_editor->show();
+    QElapsedTimer clock;
+    clock.start();
+    text()->setPlainText(QStringLiteral("LINE:") + QStringLiteral("MA(CLOSE,5)+").repeated(87'000)
+                         + QStringLiteral("1;"));
+    QTest::qWait(400); // the pause, and the look at the text
+    QTest::keyClick(text(), Qt::Key_A);
+    QTest::qWait(1);
+    EXPECT_LT(clock.elapsed(), test::measuresMemory() ? 10'000 : 60'000);
 }
 
 TEST_F(FormulaEditorTest, OpensFromTheToolsMenu)

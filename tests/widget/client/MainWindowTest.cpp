@@ -53,7 +53,7 @@ protected:
     /// Opens the bundled share and waits for the results of all panes.
     void openShare()
     {
-        ASSERT_EQ(m_window->openBars(sample("bars/SH600030.csv")), QString());
+        ASSERT_TRUE(m_window->openBars(sample("bars/SH600030.csv")).isGood());
         for (client::ChartPane* pane : panes())
             ASSERT_TRUE(QTest::qWaitFor(
                 [&] { return pane->data()->getData().size() == pane->data()->getFormulaSize(); }));
@@ -83,8 +83,8 @@ TEST_F(ClientWindow, ShowsWhatIsWrongWithAFileAndKeepsTheChart)
 {
     openShare();
     const int bars = chart()->state()->barTotal();
-    EXPECT_TRUE(m_window->openBars(sample("README.md")).contains(QStringLiteral("README.md")));
-    EXPECT_TRUE(m_window->openBars(sample("none.csv")).contains(QStringLiteral("none.csv")));
+    EXPECT_TRUE(m_window->openBars(sample("README.md")).reason().contains(QStringLiteral("README.md")));
+    EXPECT_TRUE(m_window->openBars(sample("none.csv")).reason().contains(QStringLiteral("none.csv")));
     EXPECT_EQ(chart()->state()->barTotal(), bars);
 }
 
@@ -195,7 +195,7 @@ TEST_F(ClientWindow, DropsTheResultOfASupersededRequest)
 TEST_F(ClientWindow, OverlaysAnotherInstrumentOnTheSameAxis)
 {
     openShare();
-    ASSERT_EQ(m_window->overlayBars(sample("bars/SH510050.csv")), QString());
+    ASSERT_TRUE(m_window->overlayBars(sample("bars/SH510050.csv")).isGood());
     client::PaneData* data = panes()[0]->data();
     ASSERT_TRUE(QTest::qWaitFor([&] { return data->getData().size() == 3; }));
     const chart::PaneContent content = data->content();
@@ -259,7 +259,7 @@ TEST_F(ClientWindow, GivesEveryListAndTableTheColoursOfAnotherSkin)
 TEST_F(ClientWindow, OverlaidCandlesHaveTheSkinsColourInPaneAndLegend)
 {
     openShare();
-    ASSERT_EQ(m_window->overlayBars(sample("bars/SH510050.csv")), QString());
+    ASSERT_TRUE(m_window->overlayBars(sample("bars/SH510050.csv")).isGood());
     client::PaneData* data = panes()[0]->data();
     ASSERT_TRUE(QTest::qWaitFor([&] { return data->getData().size() == 3; }));
     const auto color = [&] { return data->content().formulas.back().records->meta.color.front(); };
@@ -302,15 +302,16 @@ TEST_F(ClientWindow, FollowsTheUsersFormulas)
 
 TEST_F(ClientWindow, OpensTradesOnTheTickPage)
 {
-    ASSERT_EQ(m_window->openTicks(sample("ticks/VALE3-2025-04-07.csv")), QString());
+    ASSERT_TRUE(m_window->openTicks(sample("ticks/VALE3-2025-04-07.csv")).isGood());
     EXPECT_EQ(m_window->ticks()->state()->barTotal(), 7478);
     const QImage byPrice = m_window->ticks()->grab().toImage();
-    ASSERT_EQ(m_window->openTicks(sample("ticks/SYNTHETIC-five-levels.csv")), QString());
+    ASSERT_TRUE(m_window->openTicks(sample("ticks/SYNTHETIC-five-levels.csv")).isGood());
     EXPECT_NE(m_window->ticks()->grab().toImage(), byPrice);
     EXPECT_FALSE(m_window->ticks()->followsBook());
     m_window->ticks()->setFollowsBook(true);
     EXPECT_TRUE(m_window->ticks()->followsBook());
-    EXPECT_TRUE(m_window->openTicks(sample("bars/DFM00.csv")).contains(QStringLiteral("DFM00.csv:1:")));
+    EXPECT_TRUE(
+        m_window->openTicks(sample("bars/DFM00.csv")).reason().contains(QStringLiteral("DFM00.csv:1:")));
 }
 
 TEST_F(ClientWindow, ImportsAStockListAndSaysWhatItFound)

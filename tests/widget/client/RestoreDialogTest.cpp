@@ -2,6 +2,7 @@
 
 #include "host/embedded/EmbeddedHost.h"
 #include "tests/support/RecoveryFolders.h"
+#include "tests/support/SmallFiles.h"
 #include "tests/support/Trace.h"
 
 #include <QDir>
@@ -43,6 +44,10 @@ protected:
     {
         return dialog.findChild<QPushButton*>(QStringLiteral("restore"));
     }
+    static QString summary(const RestoreDialog& dialog)
+    {
+        return dialog.findChild<QLabel*>(QStringLiteral("summary"))->text();
+    }
     static void choose(const RestoreDialog& dialog, int row)
     {
         list(dialog)->setCurrentItem(list(dialog)->topLevelItem(row));
@@ -77,7 +82,7 @@ TEST_F(RestoreDialogTest, ListsVersionsNewestFirstWithDateAndSizes)
 TEST_F(RestoreDialogTest, ListsBackupsOfThisRunToo)
 {
     setLive("formulas", "scripts");
-    client::backUpFormulas();
+    ASSERT_TRUE(client::backUpFormulas().isGood());
     RestoreDialog dialog(RestoreDialog::Occasion::Menu);
     EXPECT_EQ(list(dialog)->topLevelItemCount(), 1);
 }
@@ -131,7 +136,7 @@ TEST_F(RestoreDialogTest, ConfirmedRestoreBacksUpTheLiveFilesFirst)
     EXPECT_EQ(backup(newBackups().at(0)), "live formulas");
     EXPECT_EQ(backup(newBackups().at(1)), "live scripts");
     ASSERT_EQ(restored.size(), 1);
-    EXPECT_EQ(restored.at(0).at(0).toString(), formulaBackup(0));
+    EXPECT_EQ(restored.at(0).at(0).toString(), QStringLiteral("2024-03-01 09:30:00"));
     EXPECT_EQ(dialog.result(), int(QDialog::Accepted));
     EXPECT_EQ(reloads, 1);
 }
@@ -152,18 +157,24 @@ TEST_F(RestoreDialogTest, DeclinedRestoreChangesNothing)
     EXPECT_EQ(dialog.result(), 0);
 }
 
-TEST_F(RestoreDialogTest, OldestOfTenIsRestoredInsteadOfDiscarded)
+TEST_F(RestoreDialogTest, OldestOfTenIsRestoredAfterABackupAndStaysListed)
 {
     addBackups(10);
     setLive("live formulas", "live scripts");
     RestoreDialog dialog(RestoreDialog::Occasion::Menu);
     dialog.setConfirmation(
-        [](const QString& question) { return question.contains(QStringLiteral("不会先备份")); });
+        [](const QString& question) { return question.contains(QStringLiteral("会先备份")); });
     choose(dialog, 9);
     dialog.restoreChosen();
     EXPECT_EQ(live(kFormulas), "formulas 0");
     EXPECT_EQ(live(kScripts), "scripts 0");
-    EXPECT_EQ(backups().size(), 20);
+    QList<QByteArray> listed;
+    for (const client::FormulaVersion& version : client::formulaVersions())
+        listed << client::filesOf(version).formulas.value_or(QByteArray());
+    for (int number = 0; number < 10; ++number)
+        EXPECT_TRUE(listed.contains("formulas " + QByteArray::number(number))) << number;
+    EXPECT_TRUE(listed.contains("live formulas"));
+    EXPECT_EQ(listed.size(), 11);
 }
 
 TEST_F(RestoreDialogTest, VersionWithoutScriptsLeavesTheLiveOnes)
@@ -203,47 +214,91 @@ TEST_F(RestoreDialogTest, VersionThatVanishedMeanwhileCostsNothing)
     EXPECT_EQ(dialog.result(), 0);
 }
 
-TEST_F(RestoreDialogTest, LeftoverOfABrokenRestoreDoesNotStopTheNextOne)
+TEST_F(RestoreDialogTest, FailedRestoreSaysWhatTheLiveFilesAreNow)
 {
     prepare();
-    write(userDir() + QLatin1Char('/') + formulaBackup(1), "leftover");
-    RestoreDialog dialog(RestoreDialog::Occasion::FailedRun);
-    dialog.setConfirmation([](const QString&) { return true; });
-    dialog.restoreChosen();
-    EXPECT_EQ(live(kFormulas), "formulas 1");
-    EXPECT_EQ(RecoveryFolders::live(), QStringList({ kFormulas, kScripts }));
-}
-
-TEST_F(RestoreDialogTest, FailedRestorePutsTheLiveFilesBack)
-{
-    prepare();
-    // A folder in the way of the copy of the scripts.
-    QDir().mkpath(userDir() + QLatin1Char('/') + scriptBackup(1) + QStringLiteral("/inner"));
+    QFile::remove(userDir() + QLatin1Char('/') + kScripts);
+    QDir().mkpath(userDir() + QLatin1Char('/') + kScripts); // no scripts can be written, nor read
     RestoreDialog dialog(RestoreDialog::Occasion::Menu);
     dialog.setConfirmation([](const QString&) { return true; });
     dialog.restoreChosen();
     EXPECT_EQ(live(kFormulas), "live formulas");
-    EXPECT_EQ(live(kScripts), "live scripts");
     EXPECT_EQ(dialog.result(), 0);
+    EXPECT_TRUE(summary(dialog).startsWith(QStringLiteral("现用公式备份失败，未恢复：")))
+        << summary(dialog).toStdString();
 }
 
-TEST_F(RestoreDialogTest, BackupsInOneSecondDoNotCollide)
+TEST_F(RestoreDialogTest, RestoreOnAFullDiskChangesNothingAndClaimsNothing)
 {
-    setLive("first", "one");
-    client::backUpFormulas();
-    setLive("second", "two");
-    client::backUpFormulas();
-    EXPECT_EQ(backups().size(), 4);
+    prepare();
+    RestoreDialog dialog(RestoreDialog::Occasion::Menu);
+    dialog.setConfirmation([](const QString&) { return true; });
+    {
+        const test::SmallFiles disk(0);
+        dialog.restoreChosen();
+    }
+    EXPECT_EQ(live(kFormulas), "live formulas");
+    EXPECT_EQ(live(kScripts), "live scripts");
+    EXPECT_EQ(dialog.result(), 0);
+    EXPECT_TRUE(summary(dialog).contains(QStringLiteral("未恢复"))) << summary(dialog).toStdString();
+}
+
+TEST_F(RestoreDialogTest, BackupsInOneSecondDoNotCollideAndNobodyWaits)
+{
+    for (const char* formulas : { "first", "second", "third" }) {
+        setLive(formulas, "scripts");
+        base::Result<bool> made = client::backUpFormulas();
+        ASSERT_TRUE(made.isGood() && *made);
+    }
+    const std::vector<client::FormulaVersion> versions = client::formulaVersions();
+    ASSERT_EQ(versions.size(), 3u);
+    EXPECT_EQ(client::filesOf(versions[0]).formulas, QByteArray("third"));
+    EXPECT_EQ(client::filesOf(versions[2]).formulas, QByteArray("first"));
     EXPECT_FALSE(backups().contains(kFormulas));
 }
 
-TEST_F(RestoreDialogTest, LeftoverOfABrokenBackupDoesNotStopTheNextOne)
+TEST_F(RestoreDialogTest, WhatTheNewestBackupHoldsIsNotBackedUpAgain)
+{
+    setLive("formulas", "scripts");
+    ASSERT_TRUE(*client::backUpFormulas());
+    base::Result<bool> again = client::backUpFormulas();
+    ASSERT_TRUE(again.isGood());
+    EXPECT_FALSE(*again);
+    EXPECT_EQ(client::formulaVersions().size(), 1u);
+}
+
+TEST_F(RestoreDialogTest, BackupFolderThatIsAFileIsTold)
+{
+    setLive("formulas", "scripts");
+    write(configDir() + QStringLiteral("/formulaBackups"), "no folder");
+    EXPECT_FALSE(client::backUpFormulas().isGood());
+    RestoreDialog dialog(RestoreDialog::Occasion::Menu);
+    EXPECT_EQ(list(dialog)->topLevelItemCount(), 0);
+}
+
+TEST_F(RestoreDialogTest, LeftoverOfABrokenBackupDoesNotStopTheManagersNextOne)
 {
     setLive("live", "scripts");
     addBackup(kFormulas, "leftover", QDateTime::currentDateTime());
-    client::backUpFormulas();
+    ASSERT_TRUE(client::backUpFormulas().isGood());
     ASSERT_EQ(backups().size(), 2);
     EXPECT_EQ(backup(backups().at(0)), "live");
+}
+
+TEST_F(RestoreDialogTest, DamagedBackupIsListedButCannotBeRestored)
+{
+    setLive("formulas", "scripts");
+    ASSERT_TRUE(client::backUpFormulas().isGood());
+    const QString folder = configDir() + QStringLiteral("/formulaBackups/");
+    const QString name = namesIn(folder).value(0);
+    QByteArray content = contentOf(folder + name);
+    content.replace("Z", "Y");
+    write(folder + name, content);
+    const std::vector<client::FormulaVersion> versions = client::formulaVersions();
+    ASSERT_GE(versions.size(), 1u);
+    EXPECT_EQ(versions[0].formulaBytes, -1);
+    EXPECT_FALSE(client::restoreFormulas(versions[0]).isGood());
+    EXPECT_EQ(live(kFormulas), "formulas");
 }
 
 } // namespace

@@ -1,0 +1,20 @@
+#include "apps/client/OneClient.h"
+
+#include "host/TC/Folders.h"
+
+namespace client {
+
+QString OneClient::enter()
+{
+    m_lock = std::make_unique<QLockFile>(TC::getConfigDir() + QStringLiteral("/client.lock"));
+    m_lock->setStaleLockTime(0); // however long the other one runs; one that is dead holds nothing
+    m_isFirst = m_lock->tryLock(0) || m_lock->error() != QLockFile::LockFailedError;
+    if (m_isFirst)
+        return QString();
+    qint64 process = 0;
+    QString machine, program;
+    m_lock->getLockInfo(&process, &machine, &program);
+    return QStringLiteral("另一个客户端正在运行（进程 %1）：本窗口的面板布局不会保存。").arg(process);
+}
+
+} // namespace client

@@ -1,0 +1,123 @@
+#include "apps/base/FileNames.h"
+#include "apps/base/WholeFile.h"
+#include "tests/support/RecoveryFolders.h"
+#include "tests/support/SmallFiles.h"
+#include "tests/support/Trace.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+using base::WriteFault;
+using base::writeWholeFile;
+
+class WholeFile : public testing::Test
+{
+protected:
+    static QByteArray contentOf(const QString& file) { return test::RecoveryFolders::contentOf(file); }
+    QStringList names() const { return test::RecoveryFolders::namesIn(folder.path()); }
+
+    QTemporaryDir folder;
+    QString path = folder.filePath(QStringLiteral("out.csv"));
+};
+
+TEST_F(WholeFile, HoldsTheBytesAsTheyAre)
+{
+    EXPECT_FALSE(writeWholeFile(path, "时间,a\n"));
+    EXPECT_EQ(contentOf(path), QByteArray("时间,a\n"));
+}
+
+TEST_F(WholeFile, ReplacesAnOlderOneAndKeepsItsPermissions)
+{
+    ASSERT_FALSE(writeWholeFile(path, "a long first text"));
+    ASSERT_EQ(::chmod(path.toUtf8().constData(), 0640), 0);
+    EXPECT_FALSE(writeWholeFile(path, "second"));
+    EXPECT_EQ(contentOf(path), QByteArray("second"));
+    struct stat state;
+    ASSERT_EQ(::stat(path.toUtf8().constData(), &state), 0);
+    EXPECT_EQ(state.st_mode & 07777, mode_t(0640));
+    EXPECT_EQ(names(), QStringList(QStringLiteral("out.csv")));
+}
+
+TEST_F(WholeFile, NamesThePathThatLeadsNowhere)
+{
+    const QString nowhere = folder.filePath(QStringLiteral("none/out.csv"));
+    const auto fault = writeWholeFile(nowhere, "x");
+    ASSERT_TRUE(fault);
+    EXPECT_TRUE(fault->english().contains(nowhere));
+    EXPECT_TRUE(fault->chinese().contains(nowhere));
+}
+
+/// Small contents fit into buffers, whose flush fails long after the writing.
+TEST_F(WholeFile, StaysAsItWasOnAFullDiskHoweverSmallTheContent)
+{
+    ASSERT_FALSE(writeWholeFile(path, "first"));
+    for (int size : { 1, 100, 4096, 16 * 1024, 1 << 20 }) {
+        const test::SmallFiles disk(0);
+        const auto fault = writeWholeFile(path, QByteArray(size, 'x'));
+        ASSERT_TRUE(fault) << size;
+        EXPECT_EQ(fault->left, WriteFault::OldContent);
+        EXPECT_FALSE(fault->english().contains(QLatin1Char('\n')));
+        EXPECT_EQ(contentOf(path), QByteArray("first")) << size;
+        EXPECT_EQ(names(), QStringList(QStringLiteral("out.csv")));
+    }
+}
+
+TEST_F(WholeFile, NeverTakesThePlaceOfWhatIsNoOrdinaryFile)
+{
+    const QByteArray pipe = path.toUtf8() + ".pipe";
+    ASSERT_EQ(::mkfifo(pipe.constData(), 0600), 0);
+    EXPECT_TRUE(writeWholeFile(QString::fromUtf8(pipe), "x"));
+    struct stat state;
+    ASSERT_EQ(::stat(pipe.constData(), &state), 0);
+    EXPECT_TRUE(S_ISFIFO(state.st_mode));
+    EXPECT_TRUE(writeWholeFile(QStringLiteral("/dev/null"), "x"));
+    ASSERT_EQ(::stat("/dev/null", &state), 0);
+    EXPECT_TRUE(S_ISCHR(state.st_mode));
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("inner")));
+    EXPECT_TRUE(writeWholeFile(folder.filePath(QStringLiteral("inner")), "x"));
+}
+
+TEST_F(WholeFile, IsWrittenWhereALinkLeads)
+{
+    const QString link = folder.filePath(QStringLiteral("link"));
+    ASSERT_FALSE(writeWholeFile(path, "first"));
+    ASSERT_TRUE(QFile::link(path, link));
+    EXPECT_FALSE(writeWholeFile(link, "second"));
+    EXPECT_EQ(contentOf(path), QByteArray("second"));
+    ASSERT_TRUE(QFile::remove(path));
+    EXPECT_TRUE(writeWholeFile(link, "third")); // leads nowhere now
+}
+
+TEST_F(WholeFile, MayHaveANameOfAnyBytes)
+{
+    const QByteArray bytes = folder.path().toUtf8() + "/\xFF\xC3(\xE4\xB8\n\t\xED\xB0\x80 名.csv";
+    const QString name = base::nameFromBytes(bytes);
+    EXPECT_EQ(base::bytesOfName(name), bytes);
+    EXPECT_FALSE(writeWholeFile(name, "x"));
+    struct stat state;
+    EXPECT_EQ(::stat(bytes.constData(), &state), 0);
+    const int file = base::openForReading(name);
+    EXPECT_GE(file, 0);
+    ::close(file);
+    const QString shown = base::printable(name);
+    EXPECT_TRUE(shown.endsWith(QStringLiteral("/\\xff\\xc3(\\xe4\\xb8\\n\\t\\xed\\xb0\\x80 名.csv")))
+        << shown.toStdString();
+}
+
+TEST_F(WholeFile, LeftoversOfAnEndedProgramAreRemovedAndNothingElse)
+{
+    for (const char* name : { ".indicatorui-aB3xYz", ".indicatorui-rc", "out.csv" })
+        test::RecoveryFolders::write(folder.filePath(QString::fromLatin1(name)), "x");
+    base::removeUnfinishedFiles(folder.path());
+    EXPECT_EQ(names(), (QStringList { QStringLiteral(".indicatorui-rc"), QStringLiteral("out.csv") }));
+}
+
+} // namespace
