@@ -121,7 +121,7 @@ void CDrawStyle::drawSimpleLine(QPainter* painter, QRect& rect, RPCFormulaResult
     const LineSource<LineRows> source {
         cache.result, values, bars, layout, rect.right(), rows, factor, false
     };
-    const Polyline line = LineTrace(source).trace(hidesInnerPoints(*painter, pen));
+    const Polyline line = LineTrace(source).trace(keptPoints(*painter, pen));
     if (line.isEmpty())
         return;
 
@@ -150,7 +150,7 @@ void CDrawStyle::drawSegmentLine(QPainter* painter, QRect& rect, RPCFormulaResul
 
     // A missing number breaks the line, an invalid bar does not.
     const LineSource<LineRows> source { cache.result, values, bars, layout, INT_MAX, rows, 1.0, true };
-    const Polyline line = LineTrace(source).trace(hidesInnerPoints(*painter, pen));
+    const Polyline line = LineTrace(source).trace(keptPoints(*painter, pen));
     if (!line.isEmpty())
         strokeLine(painter, line, pen);
 }

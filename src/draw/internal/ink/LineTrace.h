@@ -37,17 +37,19 @@ public:
     {
     }
 
-    /// @param leavesOut  of points that share a pixel column only those that show; see hidesInnerPoints.
-    Polyline trace(bool leavesOut)
+    /// @param kept  of points that share a pixel column.
+    Polyline trace(KeptPoints kept)
     {
-        const bool byColumn = leavesOut && m_columns.areDense() && m_source.rows.isMonotone()
+        const bool byColumn = kept != KeptPoints::All && m_columns.areDense() && m_source.rows.isMonotone()
             && std::isfinite(m_source.factor) && m_source.factor != 0.0;
         for (int bar = std::max(m_source.bars.first, 0); bar < m_end;) {
             const int next = byColumn ? m_columns.endOf(bar) : m_end;
-            if (byColumn && !hidesValues(bar, next))
-                addColumn(bar, next);
-            else
+            if (!byColumn || hidesValues(bar, next))
                 addBars(bar, next);
+            else if (kept == KeptPoints::Turns)
+                addTurns(bar, next);
+            else
+                addEnds(bar, next);
             bar = next;
         }
         return std::move(m_line);
@@ -108,7 +110,7 @@ private:
     }
 
     /// The points of one column that show: how the line comes in, how far it reaches, how it leaves.
-    void addColumn(int first, int end)
+    void addTurns(int first, int end)
     {
         const int x = m_columns.x(first);
         int bar = first, rows[3] = {}, count = 0;
@@ -134,6 +136,21 @@ private:
             addReach(x, tail < middle ? scan(bar, tail) : joined(inner, scan(middle, tail)));
         while (count > 0)
             m_line.to(QPoint(x, rows[--count]));
+    }
+
+    void addEnds(int first, int end)
+    {
+        const int x = m_columns.x(first);
+        std::optional<int> row;
+        while (first < end && !(row = rowAt(first)))
+            ++first;
+        if (!row)
+            return;
+        m_line.to(QPoint(x, *row));
+        addReach(x, scan(first, end));
+        while (!(row = rowAt(end - 1)))
+            --end;
+        m_line.to(QPoint(x, *row));
     }
 
     static Extremes joined(const Extremes& a, const Extremes& b)

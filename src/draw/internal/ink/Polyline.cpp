@@ -17,16 +17,17 @@ QPainterPath Polyline::path() const
     return path;
 }
 
-bool hidesInnerPoints(QPainter& painter, const QPen& pen)
+KeptPoints keptPoints(QPainter& painter, const QPen& pen)
 {
     const QTransform toDevice = painter.deviceTransform();
     if (!isRaster(painter) || isAntialiased(painter) || pen.style() != Qt::SolidLine
         || toDevice.type() > QTransform::TxScale || pen.widthF() < 1.0)
-        return false;
+        return KeptPoints::All;
     const double narrowest = pen.widthF() * std::min(std::abs(toDevice.m11()), std::abs(toDevice.m22()));
-    if (narrowest > 1.0)
-        return true; // one filled outline: every pixel is painted once, however often the line passes
-    return isOnWholePixels(painter) && isOpaque(pen.color()) && hidesBeneath(painter);
+    if (narrowest > 1.0) // one filled outline: every pixel is painted once, however often the line passes
+        return pen.widthF() == 2.0 && isOnWholePixels(painter) ? KeptPoints::Reach : KeptPoints::Turns;
+    const bool hides = isOnWholePixels(painter) && isOpaque(pen.color()) && hidesBeneath(painter);
+    return hides ? KeptPoints::Turns : KeptPoints::All;
 }
 
 void strokeLine(QPainter* painter, const Polyline& line, const QPen& pen)

@@ -55,10 +55,18 @@ private:
     bool m_isDown = false;
 };
 
-/// Whether points of a line that share a pixel column may be left out, except the column's first two, its
-/// lowest, its highest and its last three: no pixel of the stroke then changes. True on the raster engine for
-/// solid lines without smoothing; lines of one device pixel also ask that ink hides what lies beneath.
-bool hidesInnerPoints(QPainter& painter, const QPen& pen);
+/// Which points of a line that share a pixel column suffice for every pixel of its stroke.
+enum class KeptPoints
+{
+    All,
+    Turns, ///< the column's first two, its lowest, its highest and its last three
+    Reach, ///< the column's first, its lowest, its highest and its last
+};
+
+/// Points may be left out on the raster engine, of solid lines without smoothing; lines of one device pixel
+/// also ask that ink hides what lies beneath. Narrow lines carry the direction of the pen around corners and
+/// wider ones show the joints of steps, so that only lines two pixels wide come out with the reach alone.
+KeptPoints keptPoints(QPainter& painter, const QPen& pen);
 
 /// Strokes a line. Opaque lines of one pixel are stored into the surface where there is one.
 void strokeLine(QPainter* painter, const Polyline& line, const QPen& pen);

@@ -184,12 +184,12 @@ void ThinLine::stroke(const QPoint& from, const QPoint& to, bool capBegin, bool 
     m_direction = steps.direction;
     m_isAligned = isAligned;
     m_last = steps.isBackward ? low : high;
+    steps.end = std::max(steps.end, steps.first + 1); // never less than one pixel
     plot(steps);
 }
 
-void ThinLine::plot(Steps steps)
+void ThinLine::plot(const Steps& steps)
 {
-    steps.end = std::max(steps.end, steps.first + 1); // never less than one pixel
     if (steps.isSteep) {
         plotSteep(steps);
         return;

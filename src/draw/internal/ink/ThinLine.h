@@ -57,7 +57,7 @@ private:
     bool cut(double& a1, double& b1, double& a2, double& b2, double lowest, double highest);
     bool stepsOf(const Segment& segment, bool capBegin, bool capEnd, bool joins, Steps& steps) const;
     static QPoint pixel(const Steps& steps, int place);
-    void plot(Steps steps);
+    void plot(const Steps& steps);
     void plotSteep(const Steps& steps);
     void run(int x, int top, int bottom);
     void storeRun();
