@@ -107,6 +107,10 @@ void Ink::outline(const QRect& rect)
     }
     if (left == right && top == bottom)
         return; // Qt draws no outline around nothing
+    if (left == right) {
+        m_runs->add(left, top, bottom, m_word);
+        return;
+    }
     const Surface& pixels = surface();
     pixels.fill(left, top, right, top, m_word);
     pixels.fill(left, bottom, right, bottom, m_word);
@@ -124,7 +128,9 @@ void Ink::fill(const QRect& rect, const QColor& color)
     const int x2 = std::max(rect.x(), rect.x() + rect.width()) - 1;
     const int y1 = std::min(rect.y(), rect.y() + rect.height());
     const int y2 = std::max(rect.y(), rect.y() + rect.height()) - 1;
-    if (x1 <= x2 && y1 <= y2)
+    if (x1 == x2 && y1 <= y2)
+        m_runs->add(x1, y1, y2, Surface::word(color));
+    else if (x1 <= x2 && y1 <= y2)
         surface().fill(x1, y1, x2, y2, Surface::word(color));
 }
 

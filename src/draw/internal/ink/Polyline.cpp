@@ -39,7 +39,9 @@ void strokeLine(QPainter* painter, const Polyline& line, const QPen& pen)
             return;
         }
     }
-    const DeviceClip clip(painter);
+    std::optional<DeviceClip> clip;
+    if (pen.widthF() <= 1.0) // wider lines are filled outlines, which it does not speed up
+        clip.emplace(painter);
     painter->strokePath(line.path(), pen);
 }
 

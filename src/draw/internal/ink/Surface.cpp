@@ -173,4 +173,18 @@ void Surface::fillRows(int left, int top, int bottom, const quint32* words, int 
         std::copy_n(first, area.x2 - area.x1 + 1, reinterpret_cast<quint32*>(row) + area.x1);
 }
 
+bool Surface::storeSlope(int first, int end, int across, int slope, bool isSteep, quint32 word) const
+{
+    const int last = across + (end - 1 - first) * slope;
+    const QPoint low(first, std::min(across, last) >> 16), high(end - 1, std::max(across, last) >> 16);
+    if (!m_clip.contains(isSteep ? low.transposed() : low) || !m_clip.contains(isSteep ? high.transposed() : high))
+        return false;
+    for (int place = first; place < end; ++place, across += slope) {
+        const int other = across >> 16;
+        uchar* row = m_bits + (isSteep ? place : other) * m_stride;
+        reinterpret_cast<quint32*>(row)[isSteep ? other : place] = word;
+    }
+    return true;
+}
+
 } // namespace TC::detail

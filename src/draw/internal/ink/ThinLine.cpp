@@ -190,6 +190,10 @@ void ThinLine::stroke(const QPoint& from, const QPoint& to, bool capBegin, bool 
 
 void ThinLine::plot(const Steps& steps)
 {
+    constexpr int slanted = 65536 / 8; // runs of fewer than eight pixels: finding them costs more than they save
+    if (std::abs(steps.slope) > slanted
+        && m_surface.storeSlope(steps.first, steps.end, steps.across, steps.slope, steps.isSteep, m_word))
+        return;
     if (steps.isSteep) {
         plotSteep(steps);
         return;

@@ -22,9 +22,13 @@ public:
     /// A run of painter coordinates, both rows included, `top` not below `bottom`.
     void add(int x, int top, int bottom, quint32 word)
     {
-        if (m_count > 0 && x == m_left + m_count - 1 && top <= lastBottom() && bottom >= lastBottom()) {
-            addBehind(top, bottom, word);
-            return;
+        if (m_count > 0 && x == m_left + m_count - 1 && top <= lastBottom()) {
+            if (bottom >= lastBottom()) {
+                addBehind(top, bottom, word);
+                return;
+            }
+            if (top >= m_steps.back().row && word == m_steps.back().word)
+                return; // nothing new
         }
         if (m_count == kMost || (m_count > 0 && x != m_left + m_count))
             store();
