@@ -119,8 +119,9 @@ void CDrawStyle::drawVolStick(QPainter* painter, QRect& rect, RPCFormulaResultCa
     const long long lowestTop = std::min(rect.bottom() - 2LL, thinLines ? INT_MAX : rect.height() - 2LL);
     const bool hides = (thinLines || layout.bodyWidth() == 1) && isOpaque(riseColor) && isOpaque(fallColor)
         && hidesBeneath(*painter);
-    const StandingValues sticks { *volumes.values(), *opens.values(), *closes.values(),
-                                  scale,             saturatedSum(0, lowestTop), hides };
+    const StandingValues sticks { *volumes.values(),          *opens.values(),
+                                  *closes.values(),           scale,
+                                  saturatedSum(0, lowestTop), hides };
     forEachShownStick(cache.result, bars, layout, sticks, drawBar);
 }
 

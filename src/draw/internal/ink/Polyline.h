@@ -56,8 +56,7 @@ private:
 };
 
 /// Which points of a line that share a pixel column suffice for every pixel of its stroke.
-enum class KeptPoints
-{
+enum class KeptPoints {
     All,
     Turns, ///< the column's first two, its lowest, its highest and its last three
     Reach, ///< the column's first, its lowest, its highest and its last

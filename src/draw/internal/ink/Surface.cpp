@@ -177,7 +177,8 @@ bool Surface::storeSlope(int first, int end, int across, int slope, bool isSteep
 {
     const int last = across + (end - 1 - first) * slope;
     const QPoint low(first, std::min(across, last) >> 16), high(end - 1, std::max(across, last) >> 16);
-    if (!m_clip.contains(isSteep ? low.transposed() : low) || !m_clip.contains(isSteep ? high.transposed() : high))
+    if (!m_clip.contains(isSteep ? low.transposed() : low)
+        || !m_clip.contains(isSteep ? high.transposed() : high))
         return false;
     for (int place = first; place < end; ++place, across += slope) {
         const int other = across >> 16;

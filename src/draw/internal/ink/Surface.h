@@ -61,8 +61,8 @@ public:
     /// Stores the same words, one per column from `left` on, into every row from `top` to `bottom`.
     void fillRows(int left, int top, int bottom, const quint32* words, int count) const;
 
-    /// Stores one pixel for each place on a line's longer axis, device coordinates: the rows from `first` on where
-    /// the line is steep, else the columns.
+    /// Stores one pixel for each place on a line's longer axis, device coordinates: the rows from `first` on
+    /// where the line is steep, else the columns.
     /// @param end  exclusive.
     /// @param across  of the first pixel on the other axis, in 1/65536 of a pixel; `slope` is its change.
     /// @return false, and nothing stored, where one of them lies outside the clip.

@@ -62,8 +62,7 @@ void UprightRuns::storeColumns(const Rows& swept) const
 void UprightRuns::sweep(const Rows& rows)
 {
     if (m_steps.size() > static_cast<std::size_t>(m_count))
-        std::sort(m_steps.begin(), m_steps.end(),
-                  [](const Step& a, const Step& b) { return a.row < b.row; });
+        std::sort(m_steps.begin(), m_steps.end(), [](const Step& a, const Step& b) { return a.row < b.row; });
     std::array<quint32, kMost> words {};
     int row = rows.top; // next one to store
     for (const Step& step : m_steps) {
