@@ -1,5 +1,7 @@
 # Includes point one way: host <- data <- draw <- title; stocklist, dock and recovery use host only; the
-# library never includes host/embedded, engine or apps. Prints every line that does otherwise.
+# library never includes host/embedded, engine or apps. Within the engine no arrow runs back up either: series <-
+# records; series, calendar <- files; kernels <- language <- evaluation <- the top. Prints every line that does
+# otherwise.
 
 # Folder of the library -> folders that its files may include from.
 set(allowed_data "data|host")
@@ -20,7 +22,7 @@ function(check_file file folder allowed)
         if(NOT known)
             continue()
         endif()
-        if(NOT target MATCHES "^(${allowed})/" OR target MATCHES "^host/embedded/")
+        if(NOT target MATCHES "^(${allowed})(/|$)" OR target MATCHES "^host/embedded/")
             file(RELATIVE_PATH shown ${ROOT} ${file})
             message("${shown}: ${folder} must not include \"${target}\"")
             math(EXPR offences "${offences} + 1")
@@ -43,9 +45,25 @@ foreach(file IN LISTS files)
     check_file(${file} host "host")
 endforeach()
 
+# Folder of the engine -> folders of the engine that its files may include from.
+set(engine_series "series")
+set(engine_records "records|series")
+set(engine_calendar "calendar")
+set(engine_files "files|calendar|series")
+set(engine_kernels "kernels|calendar|series")
+set(engine_language "language|kernels|series")
+set(engine_evaluation "evaluation|language|kernels|records|series")
 file(GLOB_RECURSE files ${ROOT}/engine/*.h ${ROOT}/engine/*.cpp)
 foreach(file IN LISTS files)
-    check_file(${file} engine "engine|host")
+    cmake_path(RELATIVE_PATH file BASE_DIRECTORY ${ROOT}/engine OUTPUT_VARIABLE inside)
+    cmake_path(GET inside PARENT_PATH folder)
+    if(folder STREQUAL "")
+        check_file(${file} engine "engine|host")
+    elseif(engine_${folder})
+        check_file(${file} engine/${folder} "engine/(${engine_${folder}})|engine/EngineExport.h|host")
+    else()
+        message(FATAL_ERROR "engine/${folder}: say in CheckIncludes.cmake what it may include")
+    endif()
 endforeach()
 
 file(GLOB_RECURSE files ${ROOT}/host/embedded/*.h ${ROOT}/host/embedded/*.cpp)

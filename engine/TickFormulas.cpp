@@ -18,13 +18,25 @@ constexpr BookSeries kAskSeries { { 1, 7, 11, 15, 19 }, { 5, 9, 13, 17, 21 } };
 constexpr BookSeries kBidSeries { { 0, 8, 12, 16, 20 }, { 6, 10, 14, 18, 22 } };
 constexpr std::size_t kSeriesWithoutDepth = 5, kSeriesWithDepth = 23;
 
-/// One entry per trade, `missing` for everything that is no value.
-Series cleaned(const Series& values, std::size_t count, double missing = kMissing)
+/// One entry per trade, the marker, or zero for volumes of the book, where a value is missing.
+Series cleaned(const Series& values, std::size_t count, double whenMissing = kMissingMarker)
 {
-    Series clean(count, missing);
+    Series clean(count, whenMissing);
     for (std::size_t trade = 0; trade < std::min(count, values.size()); ++trade)
-        clean[trade] = isValue(values[trade]) ? values[trade] : missing;
+        clean[trade] = isMissing(valueOrMissing(values[trade])) ? whenMissing : values[trade];
     return clean;
+}
+
+/// Price times volume, where there are both.
+Series turnoverOf(const Series& prices, const Series& volumes)
+{
+    Series turnover(prices.size(), kMissingMarker);
+    for (std::size_t trade = 0; trade < prices.size(); ++trade) {
+        const double product = valueOrMissing(prices[trade]) * valueOrMissing(volumes[trade]);
+        if (!isMissing(valueOrMissing(product)))
+            turnover[trade] = product;
+    }
+    return turnover;
 }
 
 void putSide(std::vector<Series>& table, const BookSide& side, const BookSeries& places, std::size_t count)
@@ -59,8 +71,7 @@ FormulaRecords volumesOf(const TickSeries& ticks)
     table[BestAsk] = cleaned(ticks.ask.price[0], count);
     table[Volume] = cleaned(ticks.volume, count);
     table[Price] = cleaned(ticks.price, count);
-    table[Turnover] =
-        combine(table[Price], table[Volume], [](double price, double volume) { return price * volume; });
+    table[Turnover] = turnoverOf(table[Price], table[Volume]);
     if (ticks.hasDepth()) {
         putSide(table, ticks.ask, kAskSeries, count);
         putSide(table, ticks.bid, kBidSeries, count);

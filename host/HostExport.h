@@ -1,7 +1,7 @@
 #pragma once
 /// @file Linkage of the client platform's classes and functions.
 ///
-/// The embedded default defines INDICATORHOST_BUILD while it is compiled; everybody else imports.
+/// The library behind the seam defines INDICATORHOST_BUILD while it is compiled; everybody else imports.
 
 #if defined(_WIN32)
 #if defined(INDICATORHOST_BUILD)
@@ -9,8 +9,6 @@
 #else
 #define INDICATORHOST_EXPORT __declspec(dllimport)
 #endif
-#define INDICATORHOST_TEMPLATE
 #else
 #define INDICATORHOST_EXPORT __attribute__((visibility("default")))
-#define INDICATORHOST_TEMPLATE __attribute__((visibility("default")))
 #endif

@@ -1,5 +1,6 @@
 #include "apps/chart/FormulaPainting.h"
 
+#include "data/RecordReading.h"
 #include "draw/CDrawStyle.h"
 #include "host/se/RecordCodes.h"
 
@@ -22,20 +23,10 @@ Qt::PenStyle penStyle(const se::RPCFormulaMetaResult& meta, std::size_t output)
 }
 
 /// Close of the bar before the shown ones, for volume bars whose first bar is unchanged.
-double previousClose(const TC::RPCFormulaResultCache& cache, std::size_t output, int first)
+double closeBefore(const TC::RPCFormulaResultCache& cache, int output, int first)
 {
-    const auto& columns = cache.meta.outputColumns[output];
-    if (first < 1 || columns.size() < 3)
-        return 0.0;
-    const auto column = static_cast<std::size_t>(columns[2]);
-    if (column >= cache.result.columnSeries.size())
-        return 0.0;
-    const auto series = static_cast<std::size_t>(cache.result.columnSeries[column]);
-    if (series >= cache.result.numberSeries.size())
-        return 0.0;
-    const auto& closes = cache.result.numberSeries[series];
-    const auto bar = static_cast<std::size_t>(first - 1);
-    return bar < closes.size() ? closes[bar] : 0.0;
+    constexpr int close = 2; // third column of a volume output
+    return TC::recordedNumber(cache, output, close, first - 1).value_or(0.0);
 }
 
 void paintOutput(QPainter& painter, TC::CDrawStyle& style, const PaneContent& pane,
@@ -100,7 +91,7 @@ void paintOutput(QPainter& painter, TC::CDrawStyle& style, const PaneContent& pa
         break;
     case DrawType::Volume:
         style.drawVolStick(&painter, rect, cache, range, output, first, last, half, false, fullWidth,
-                           barCount, previousClose(cache, index, first), false);
+                           barCount, closeBefore(cache, output, first), false);
         break;
     case DrawType::StickLine:
         style.drawStickKline(&painter, rect, range, cache, first, last, output, half, fullWidth, barCount);

@@ -1,6 +1,7 @@
 #include "apps/chart/PaneScale.h"
 
 #include "draw/CDrawStyle.h"
+#include "draw/PaneMapping.h"
 #include "host/se/RecordCodes.h"
 
 #include <QRect>
@@ -89,14 +90,12 @@ std::vector<AxisMark> valueMarks(const QPair<double, double>& range, int height,
 
 int rowOf(double value, const QPair<double, double>& range, int height)
 {
-    const double row = height - 1 - (value - range.second) * (height / (range.first - range.second));
-    constexpr double limit = 1e9; // far outside any pane, and a pixel that Qt can still reckon with
-    return std::isnan(row) ? 0 : static_cast<int>(std::clamp(row, -limit, limit));
+    return TC::valueScale(QRect(0, 0, 1, height), range).row(value);
 }
 
 double valueAt(int row, const QPair<double, double>& range, int height)
 {
-    return range.second + (height - 1 - row) * (range.first - range.second) / height;
+    return TC::valueScale(QRect(0, 0, 1, height), range).valueAt(row);
 }
 
 QString valueText(double value, const PaneContent& pane, double step)

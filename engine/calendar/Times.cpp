@@ -1,19 +1,26 @@
 #include "engine/calendar/Times.h"
 
+#include "host/utils/LocalZone.h"
+
 #include <algorithm>
 #include <charconv>
-#include <ctime>
 
 namespace engine {
 
 namespace {
 
-/// Takes a number of least to most digits off the front of `text`.
-bool takeNumber(std::string_view& text, std::size_t least, std::size_t most, int& number)
+utils::CivilDate dateOf(const CivilTime& time)
 {
-    const auto [end, error] = std::from_chars(text.data(), text.data() + std::min(most, text.size()), number);
+    return { time.year, time.month, time.day };
+}
+
+/// Takes a number of minDigits to maxDigits digits off the front of `text`.
+bool takeNumber(std::string_view& text, std::size_t minDigits, std::size_t maxDigits, int& number)
+{
+    const auto [end, error] =
+        std::from_chars(text.data(), text.data() + std::min(maxDigits, text.size()), number);
     const auto digits = static_cast<std::size_t>(end - text.data());
-    if (error != std::errc() || digits < least || text.front() == '-')
+    if (error != std::errc() || digits < minDigits || text.front() == '-')
         return false;
     text.remove_prefix(digits);
     return true;
@@ -42,26 +49,12 @@ bool takeFraction(std::string_view& text, int& thousandths)
     return digits > 0;
 }
 
-bool isLeapYear(int year)
+/// Whether the calendar has the date: the 30th of February is the 1st or 2nd of March.
+bool exists(const utils::CivilDate& date)
 {
-    return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-}
-
-int daysInMonth(int year, int month)
-{
-    static constexpr int days[] = { 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31 };
-    return month == 2 && isLeapYear(year) ? 29 : days[month - 1];
-}
-
-/// Days from 1970-01-01 to a date of the Gregorian calendar. Years are counted from March, so that the leap
-/// day is the last of its year.
-std::int64_t daysSinceEpoch(const CivilTime& date)
-{
-    const int year = date.month > 2 ? date.year : date.year - 1;
-    const int monthFromMarch = (date.month + 9) % 12;
-    const int dayOfYear = (153 * monthFromMarch + 2) / 5 + date.day - 1;
-    constexpr std::int64_t daysToEpoch = 719'468; // from 0000-03-01
-    return 365LL * year + year / 4 - year / 100 + year / 400 + dayOfYear - daysToEpoch;
+    if (date.year < 1 || date.month < 1 || date.month > 12 || date.day < 1 || date.day > 31)
+        return false;
+    return utils::civilFromDays(utils::daysFromCivil(date)).day == date.day;
 }
 
 } // namespace
@@ -74,8 +67,7 @@ bool readDate(std::string_view text, CivilTime& time)
     if (!takeMark(text, mark) || !takeNumber(text, 1, 2, time.month) || !takeMark(text, mark)
         || !takeNumber(text, 1, 2, time.day) || !text.empty())
         return false;
-    return time.year >= 1 && time.month >= 1 && time.month <= 12 && time.day >= 1
-        && time.day <= daysInMonth(time.year, time.month);
+    return exists(dateOf(time));
 }
 
 bool readTimeOfDay(std::string_view text, CivilTime& time)
@@ -95,25 +87,15 @@ bool readTimeOfDay(std::string_view text, CivilTime& time)
 std::int64_t utcMs(const CivilTime& time)
 {
     const std::int64_t seconds =
-        ((daysSinceEpoch(time) * 24 + time.hour) * 60 + time.minute) * 60 + time.second;
+        ((utils::daysFromCivil(dateOf(time)) * 24 + time.hour) * 60 + time.minute) * 60 + time.second;
     return seconds * 1000 + time.millisecond;
 }
 
 std::optional<std::int64_t> localMs(const CivilTime& time)
 {
-    std::tm local {};
-    local.tm_year = time.year - 1900;
-    local.tm_mon = time.month - 1;
-    local.tm_mday = time.day;
-    local.tm_hour = time.hour;
-    local.tm_min = time.minute;
-    local.tm_sec = time.second;
-    local.tm_isdst = -1;
-    local.tm_wday = -1; // stays as it is when the conversion fails; -1 alone is a time of its own
-    const std::time_t seconds = std::mktime(&local);
-    if (seconds == -1 && local.tm_wday == -1)
-        return std::nullopt;
-    return static_cast<std::int64_t>(seconds) * 1000 + time.millisecond;
+    const std::optional<std::int64_t> seconds =
+        utils::secondsFromLocal(dateOf(time), time.hour, time.minute, time.second);
+    return seconds ? std::optional(*seconds * 1000 + time.millisecond) : std::nullopt;
 }
 
 } // namespace engine

@@ -14,14 +14,13 @@ using namespace language;
 namespace {
 
 /// A complete list of parameters, every one within its range.
-std::vector<double> soundParameters(const std::vector<Parameter>& asked, const std::vector<double>& given)
+std::vector<double> clampedParameters(const std::vector<Parameter>& asked, const std::vector<double>& given)
 {
     std::vector<double> sound;
     for (std::size_t index = 0; index < asked.size(); ++index) {
         const Parameter& parameter = asked[index];
-        const bool isGiven = index < given.size() && !std::isnan(given[index]);
-        sound.push_back(
-            std::clamp(isGiven ? given[index] : parameter.value, parameter.least, parameter.greatest));
+        const bool isGiven = index < given.size() && !isMissing(given[index]);
+        sound.push_back(std::clamp(isGiven ? given[index] : parameter.value, parameter.min, parameter.max));
     }
     return sound;
 }
@@ -34,19 +33,19 @@ class FormulaEvaluation::Worker
 public:
     Worker(std::shared_ptr<const Formula> formula, const std::vector<double>& parameters, Mode mode)
         : m_formula(std::move(formula))
-        , m_parameters(soundParameters(m_formula->parameters(), parameters))
-        , m_plan(planOf(m_formula->syntax(), m_parameters))
+        , m_parameters(clampedParameters(m_formula->parameters(), parameters))
+        , m_plan(buildPlan(m_formula->syntax(), m_parameters))
         , m_mode(mode)
         , m_columns(m_plan)
         , m_lastReader(lastReaders())
-        , m_mostColumns(mostColumns())
+        , m_maxColumns(maxColumns())
     {
         begin(BarSeries());
     }
 
     bool update(const BarSeries& bars, const std::atomic<bool>* cancelled)
     {
-        if (m_mostColumns * bars.size() > FormulaLimits::kMostNumbers)
+        if (m_maxColumns * bars.size() > FormulaLimits::kMaxNumbers)
             return cancel();
         const bool hasSameColumns =
             m_hasAmount == !bars.amount.empty() && m_hasOpenInterest == !bars.openInterest.empty();
@@ -133,7 +132,7 @@ private:
     }
 
     /// How many columns stand at once, those of the records included.
-    std::size_t mostColumns() const
+    std::size_t maxColumns() const
     {
         std::size_t standing = 0, most = 0;
         for (std::size_t step = 0; step < m_plan.steps.size(); ++step) {
@@ -161,7 +160,7 @@ private:
     const Mode m_mode;
     Columns m_columns;
     const std::vector<StepId> m_lastReader;
-    const std::size_t m_mostColumns;
+    const std::size_t m_maxColumns;
     std::vector<KernelPointer> m_kernels; ///< by step; null for numbers
     std::optional<OutputRecords> m_records;
     bool m_hasAmount = false, m_hasOpenInterest = false;

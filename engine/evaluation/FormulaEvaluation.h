@@ -22,7 +22,7 @@ public:
     enum class Mode { Once, Follow };
 
     /// @param parameters  in the order of the formula's. Missing ones and NaN take their default, others are
-    ///        moved into [least, greatest]; further ones are ignored.
+    ///        moved into [min, max]; further ones are ignored.
     FormulaEvaluation(std::shared_ptr<const Formula> formula, const std::vector<double>& parameters = {},
                       Mode mode = Mode::Follow);
     ~FormulaEvaluation();
@@ -31,7 +31,7 @@ public:
     /// changed, and any number may have followed. Fewer bars than before are computed from the beginning.
     /// @param bars  vectors may be shorter than the times: missing past their end.
     /// @param cancelled  when it turns true the computation ends early; may be null.
-    /// @return false when cancelled, or when the columns would take more than FormulaLimits::kMostNumbers
+    /// @return false when cancelled, or when the columns would take more than FormulaLimits::kMaxNumbers
     ///         numbers; the next call then begins from the beginning.
     bool update(const BarSeries& bars, const std::atomic<bool>* cancelled = nullptr);
 

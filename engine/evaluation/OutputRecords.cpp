@@ -24,21 +24,21 @@ std::string joined(const std::vector<std::string>& parts)
 /// A value with a fixed number of decimals; the legend's word for a missing one.
 std::string decimalText(double value, int decimals)
 {
-    if (!hasValue(value))
+    if (isMissing(value))
         return "非法值";
     std::string text(static_cast<std::size_t>(std::snprintf(nullptr, 0, "%.*f", decimals, value)), '\0');
     std::snprintf(text.data(), text.size() + 1, "%.*f", decimals, value);
     return text;
 }
 
-double inRecord(double value, Missing missing)
+double inRecord(double value, WhenMissing whenMissing)
 {
-    if (hasValue(value))
+    if (!isMissing(value))
         return value;
-    switch (missing) {
-    case Missing::Marker: return kMissing;
-    case Missing::Zero: return 0.0;
-    case Missing::Gap: break;
+    switch (whenMissing) {
+    case WhenMissing::Marker: return kMissingMarker;
+    case WhenMissing::Zero: return 0.0;
+    case WhenMissing::Missing: break;
     }
     return value;
 }
@@ -55,16 +55,6 @@ std::string recordName(const Output& output, std::size_t index, const std::vecto
 }
 
 } // namespace
-
-std::string shownName(const Output& output, const std::vector<double>& parameters)
-{
-    if (!output.nameParameter)
-        return output.name;
-    const double number = std::trunc(parameters[static_cast<std::size_t>(*output.nameParameter)]);
-    char text[400]; // the longest double has 309 digits
-    std::snprintf(text, sizeof text, "%.0f", number);
-    return output.name + text;
-}
 
 OutputRecords::OutputRecords(const Syntax& syntax, const Plan& plan, const std::vector<double>& parameters,
                              const BarSeries& bars)
@@ -112,13 +102,13 @@ void OutputRecords::describeLine(const Output& output, const std::vector<StepId>
         return;
     }
     const bool isLine = output.drawType == se::DrawType::Line || output.drawType == se::DrawType::SegmentLine;
-    addColumn(values, isLine && output.isDrawn ? Missing::Marker : Missing::Gap,
+    addColumn(values, isLine && output.isDrawn ? WhenMissing::Marker : WhenMissing::Missing,
               output.isDrawn ? Axis::Yes : Axis::No);
     if (output.drawType == se::DrawType::BoolLine)
         m_builder.flags();
     if (output.drawType == se::DrawType::Volume) {
-        addColumn(columns[1], Missing::Gap, Axis::No);
-        addColumn(columns[2], Missing::Gap, Axis::No);
+        addColumn(columns[1], WhenMissing::Missing, Axis::No);
+        addColumn(columns[2], WhenMissing::Missing, Axis::No);
     }
     const bool isLogical = !step.isConstant && step.function->isLogical;
     if (output.decimals == 0)
@@ -131,36 +121,36 @@ void OutputRecords::describeDrawing(const Output& output, const std::vector<Step
 {
     const auto addAll = [&](std::size_t from, Axis axis) {
         for (std::size_t column = from; column < columns.size(); ++column)
-            addColumn(columns[column], Missing::Gap, axis);
+            addColumn(columns[column], WhenMissing::Missing, axis);
     };
     const StepId condition = columns.front();
     // Places where nothing is drawn must not widen the value axis.
     const auto addPlace = [&](std::size_t column) {
-        addColumn(columns[column], Missing::Gap, Axis::Yes, condition);
+        addColumn(columns[column], WhenMissing::Missing, Axis::Yes, condition);
     };
     switch (output.drawType) {
     case se::DrawType::Candle:
     case se::DrawType::StackedVolume: addAll(0, Axis::Yes); return;
     case se::DrawType::VertLine:
-        addColumn(condition, Missing::Zero, Axis::No);
+        addColumn(condition, WhenMissing::Zero, Axis::No);
         for (std::size_t column = 1; column < columns.size(); ++column)
             addPlace(column);
         return;
     case se::DrawType::StickLine:
-        addColumn(condition, Missing::Zero, Axis::No);
+        addColumn(condition, WhenMissing::Zero, Axis::No);
         addPlace(1);
         addPlace(2);
         addAll(3, Axis::No);
         return;
     case se::DrawType::FixedText:
-        addColumn(condition, Missing::Zero, Axis::No);
+        addColumn(condition, WhenMissing::Zero, Axis::No);
         addAll(1, Axis::No);
         addText(condition, true, output.text);
         return;
     case se::DrawType::Text:
     case se::DrawType::Number:
     case se::DrawType::Icon:
-        addColumn(condition, Missing::Zero, Axis::No);
+        addColumn(condition, WhenMissing::Zero, Axis::No);
         addPlace(1);
         addAll(2, Axis::No);
         if (output.drawType == se::DrawType::Text)
@@ -170,12 +160,12 @@ void OutputRecords::describeDrawing(const Output& output, const std::vector<Step
     }
 }
 
-void OutputRecords::addColumn(StepId step, Missing missing, Axis axis, StepId condition)
+void OutputRecords::addColumn(StepId step, WhenMissing whenMissing, Axis axis, StepId condition)
 {
-    const auto [known, isNew] = m_known.emplace(std::make_tuple(step, missing, condition), 0);
+    const auto [known, isNew] = m_known.emplace(std::make_tuple(step, whenMissing, condition), 0);
     if (isNew) {
         known->second = m_builder.series({});
-        m_numbers.push_back({ step, missing, condition, static_cast<std::size_t>(known->second) });
+        m_numbers.push_back({ step, whenMissing, condition, static_cast<std::size_t>(known->second) });
     }
     m_builder.column(known->second, axis);
 }
@@ -248,9 +238,9 @@ void OutputRecords::fillOnce(const BarSeries& bars, Columns& columns)
             continue;
         }
         series = std::move(columns[link.step]);
-        if (link.missing != Missing::Gap)
+        if (link.whenMissing != WhenMissing::Missing)
             std::transform(series.begin(), series.end(), series.begin(),
-                           [&](double value) { return inRecord(value, link.missing); });
+                           [&](double value) { return inRecord(value, link.whenMissing); });
     }
 }
 
@@ -258,7 +248,7 @@ void OutputRecords::fillBars(const BarSeries& bars, std::size_t from)
 {
     se::RPCFormulaResult& result = m_records.result;
     const auto hasPrice = [](const std::vector<double>& prices, std::size_t bar) {
-        return bar < prices.size() && hasValue(finiteOrNone(prices[bar]));
+        return bar < prices.size() && !isMissing(valueOrMissing(prices[bar]));
     };
     result.barTimes.resize(bars.size());
     result.barValid.resize(bars.size());
@@ -277,13 +267,13 @@ void OutputRecords::fillNumbers(const NumberLink& link, std::size_t count, std::
     const Operand values = columns.operand(link.step);
     if (link.condition == kAlways) {
         for (std::size_t bar = firstChanged(link.step, from); bar < count; ++bar)
-            series[bar] = inRecord(values[bar], link.missing);
+            series[bar] = inRecord(values[bar], link.whenMissing);
         return;
     }
     const Operand condition = columns.operand(link.condition);
     const std::size_t first = std::min(firstChanged(link.step, from), firstChanged(link.condition, from));
     for (std::size_t bar = first; bar < count; ++bar)
-        series[bar] = inRecord(isTrue(condition[bar]) ? values[bar] : kNoValue, link.missing);
+        series[bar] = inRecord(isTrue(condition[bar]) ? values[bar] : kMissing, link.whenMissing);
 }
 
 void OutputRecords::fillTexts(std::size_t count, std::size_t from, const Columns& columns)

@@ -14,10 +14,10 @@
 namespace engine::language {
 
 /// What stands in a record where a column has no value.
-enum class Missing {
-    Marker, ///< DBL_MAX, which lines know
-    Gap,    ///< NaN, which nothing draws
-    Zero    ///< for conditions: not true
+enum class WhenMissing {
+    Marker,  ///< kMissingMarker, which lines know
+    Missing, ///< kMissing, which nothing draws
+    Zero     ///< for conditions: not true
 };
 
 /// The computed steps of a formula.
@@ -66,7 +66,7 @@ private:
     struct NumberLink
     {
         StepId step;
-        Missing missing;
+        WhenMissing whenMissing;
         StepId condition; ///< where it does not hold there is no value; kAlways: it always holds
         std::size_t series;
     };
@@ -92,7 +92,7 @@ private:
 
     void describeLine(const Output& output, const std::vector<StepId>& columns);
     void describeDrawing(const Output& output, const std::vector<StepId>& columns);
-    void addColumn(StepId step, Missing missing, Axis axis, StepId condition = kAlways);
+    void addColumn(StepId step, WhenMissing whenMissing, Axis axis, StepId condition = kAlways);
     void addText(StepId condition, bool isEverywhere, const std::string& text);
     void addLegendText(StepId values, int decimals);
     void addStackedColors(const Output& output);
@@ -111,12 +111,9 @@ private:
     std::vector<NumberLink> m_numbers;
     std::vector<TextLink> m_texts;
     std::vector<DecimalsLink> m_decimals;
-    std::map<std::tuple<StepId, Missing, StepId>, int> m_known;
+    std::map<std::tuple<StepId, WhenMissing, StepId>, int> m_known;
     std::vector<const Output*> m_described; ///< by output of the records
 };
-
-/// The name of an output with the whole part of its parameter: MA#N is MA5.
-std::string shownName(const Output& output, const std::vector<double>& parameters);
 
 /// Lengthens a column, with room for later bars when it has grown before.
 void makeRoom(Series& series, std::size_t count);

@@ -109,7 +109,7 @@ private:
         std::vector<Operand> operands;
         for (const StepId argument : step.arguments)
             operands.push_back({ &at(argument).number, true });
-        double value = kNoValue;
+        double value = kMissing;
         step.function->makeKernel()->compute(operands.data(), { BarSeries(), 0, 0, 1 }, &value);
         return value;
     }
@@ -144,7 +144,7 @@ private:
 
 } // namespace
 
-Plan planOf(const Syntax& syntax, const std::vector<double>& parameters)
+Plan buildPlan(const Syntax& syntax, const std::vector<double>& parameters)
 {
     return Planner(syntax, parameters).run();
 }

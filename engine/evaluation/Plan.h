@@ -32,6 +32,6 @@ struct Plan
 };
 
 /// @param parameters  one sound number for each of the formula's parameters.
-Plan planOf(const Syntax& syntax, const std::vector<double>& parameters);
+Plan buildPlan(const Syntax& syntax, const std::vector<double>& parameters);
 
 } // namespace engine::language

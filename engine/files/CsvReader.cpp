@@ -72,7 +72,7 @@ bool CsvReader::readHeader()
         fail("the file is empty");
         return false;
     }
-    cut(line);
+    split(line);
     for (const std::string_view field : m_fields)
         m_header.push_back(lowerCase(field));
     return true;
@@ -101,7 +101,7 @@ bool CsvReader::nextRow()
     std::string_view line;
     if (failed() || !nextLine(line))
         return false;
-    cut(line);
+    split(line);
     if (m_fields.size() < m_header.size()) {
         fail("the row has " + std::to_string(m_fields.size()) + " fields instead of "
              + std::to_string(m_header.size()));
@@ -147,7 +147,7 @@ bool CsvReader::nextLine(std::string_view& line)
     return false;
 }
 
-void CsvReader::cut(std::string_view line)
+void CsvReader::split(std::string_view line)
 {
     m_fields.clear();
     for (std::size_t start = 0; start <= line.size();) {

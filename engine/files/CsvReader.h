@@ -9,7 +9,7 @@
 
 namespace engine {
 
-/// A text file in memory, read line by line and cut at commas. Lines end in LF or CRLF; a UTF-8 byte-order
+/// A text file in memory, read line by line and split at commas. Lines end in LF or CRLF; a UTF-8 byte-order
 /// mark and blank lines are passed over; blanks around a field do not belong to it. Fields are not quoted.
 class CsvReader
 {
@@ -24,7 +24,7 @@ public:
     /// As find, but a missing column is a failure.
     std::size_t require(std::string_view name);
 
-    /// Goes to the next line that is not blank and cuts it. @return false at the end, or after a failure,
+    /// Goes to the next line that is not blank and splits it. @return false at the end, or after a failure,
     /// which a line with fewer fields than the header is.
     bool nextRow();
 
@@ -41,7 +41,7 @@ public:
 
 private:
     bool nextLine(std::string_view& line);
-    void cut(std::string_view line);
+    void split(std::string_view line);
 
     std::string m_path;
     std::string m_content;

@@ -26,15 +26,15 @@ public:
         , m_price(csv.require("price"))
         , m_volume(csv.require("volume"))
     {
-        addLevel("bid1", m_ticks.bid.price[0], kMissing);
-        addLevel("ask1", m_ticks.ask.price[0], kMissing);
+        addLevel("bid1", m_ticks.bid.price[0], kMissingMarker);
+        addLevel("ask1", m_ticks.ask.price[0], kMissingMarker);
         if (!hasAnyDepth())
             return;
         for (std::size_t level = 0; level < kBookLevels; ++level) {
             const std::string number = std::to_string(level + 1);
             if (level > 0) {
-                addLevel("bid" + number, m_ticks.bid.price[level], kMissing);
-                addLevel("ask" + number, m_ticks.ask.price[level], kMissing);
+                addLevel("bid" + number, m_ticks.bid.price[level], kMissingMarker);
+                addLevel("ask" + number, m_ticks.ask.price[level], kMissingMarker);
             }
             addLevel("bidvol" + number, m_ticks.bid.volume[level], 0.0);
             addLevel("askvol" + number, m_ticks.ask.volume[level], 0.0);

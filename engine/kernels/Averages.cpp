@@ -15,8 +15,8 @@ struct AverageState
 /// legend arrow flickers; where the step is too large for a double, the weighted sum of the two still is not.
 double stepped(AverageState& state, double value, double weightOfNew)
 {
-    if (!hasValue(value))
-        return kNoValue;
+    if (isMissing(value))
+        return kMissing;
     if (state.isStarted) {
         const double next = state.average + weightOfNew * (value - state.average);
         state.average =
@@ -25,7 +25,7 @@ double stepped(AverageState& state, double value, double weightOfNew)
         state.average = value;
     }
     state.isStarted = true;
-    return finiteOrNone(state.average);
+    return valueOrMissing(state.average);
 }
 
 /// E = w x + (1 - w) E', starting with the first value.
@@ -39,7 +39,7 @@ public:
 protected:
     /// @param weight  of the new value, 0 to 1; without a value nothing has an average.
     WeightedStep(const Operand& values, double weight)
-        : m_values(hasValue(weight) ? values : Operand { &kNoValue, true })
+        : m_values(!isMissing(weight) ? values : Operand { &kMissing, true })
         , m_weight(weight)
     {
     }
@@ -58,7 +58,7 @@ public:
     }
 
 private:
-    static double weightOf(double period) { return period >= 1.0 ? 2.0 / (period + 1.0) : kNoValue; }
+    static double weightOf(double period) { return period >= 1.0 ? 2.0 / (period + 1.0) : kMissing; }
 };
 
 class SmoothedStep : public WeightedStep
@@ -72,7 +72,7 @@ public:
 private:
     static double weightOf(double period, double weight)
     {
-        return weight >= 1.0 && weight <= period ? weight / period : kNoValue;
+        return weight >= 1.0 && weight <= period ? weight / period : kMissing;
     }
 };
 
@@ -91,7 +91,7 @@ public:
     double operator()(State& state, std::size_t bar) const
     {
         const double weight = m_weights[bar];
-        return weight >= 0.0 && weight <= 1.0 ? stepped(state, m_values[bar], weight) : kNoValue;
+        return weight >= 0.0 && weight <= 1.0 ? stepped(state, m_values[bar], weight) : kMissing;
     }
 
 private:

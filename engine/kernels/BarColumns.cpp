@@ -10,7 +10,7 @@ namespace {
 /// A value of a column that may be shorter than the times.
 double valueAt(const std::vector<double>& column, std::size_t bar)
 {
-    return bar < column.size() ? finiteOrNone(column[bar]) : kNoValue;
+    return bar < column.size() ? valueOrMissing(column[bar]) : kMissing;
 }
 
 template <std::vector<double> BarSeries::*Column>
@@ -22,8 +22,8 @@ public:
         const std::vector<double>& column = work.bars.*Column;
         const std::size_t given = std::min(work.count, column.size());
         for (std::size_t bar = work.from; bar < given; ++bar)
-            result[bar] = finiteOrNone(column[bar]);
-        std::fill(result + std::max(given, work.from), result + work.count, kNoValue);
+            result[bar] = valueOrMissing(column[bar]);
+        std::fill(result + std::max(given, work.from), result + work.count, kMissing);
     }
 };
 
@@ -36,11 +36,11 @@ public:
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar) {
             const double high = valueAt(work.bars.high, bar), low = valueAt(work.bars.low, bar);
-            const double before = bar == 0 ? kNoValue : valueAt(work.bars.close, bar - 1);
+            const double before = bar == 0 ? kMissing : valueAt(work.bars.close, bar - 1);
             double range = high - low;
-            if (hasValue(range) && hasValue(before))
+            if (!isMissing(range) && !isMissing(before))
                 range = std::max({ range, std::abs(high - before), std::abs(low - before) });
-            result[bar] = finiteOrNone(range);
+            result[bar] = valueOrMissing(range);
         }
     }
 };
@@ -74,7 +74,7 @@ public:
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar) {
             const std::optional<CivilTime> time = m_clock.local(work.bars.timeMs[bar]);
-            result[bar] = time ? Part(*time) : kNoValue;
+            result[bar] = time ? Part(*time) : kMissing;
         }
     }
 

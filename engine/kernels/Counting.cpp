@@ -12,7 +12,7 @@ struct Since
     bool hasHappened = false;
     double bars = 0.0;
 
-    double answer() const { return hasHappened ? bars : kNoValue; }
+    double answer() const { return hasHappened ? bars : kMissing; }
     void happen()
     {
         hasHappened = true;
@@ -77,9 +77,9 @@ public:
 
     double operator()(State& counted, std::size_t bar) const
     {
-        if (counted > 0.0 || hasValue(m_values[bar]))
+        if (counted > 0.0 || !isMissing(m_values[bar]))
             ++counted;
-        return counted > 0.0 ? counted : kNoValue;
+        return counted > 0.0 ? counted : kMissing;
     }
 
 private:
@@ -130,7 +130,7 @@ public:
     double operator()(State& side, std::size_t bar) const
     {
         const double first = m_first[bar], second = m_second[bar];
-        if (!hasValue(first) || !hasValue(second) || first == second)
+        if (isMissing(first) || isMissing(second) || first == second)
             return 0.0;
         const double before = side;
         side = first > second ? 1.0 : -1.0;
@@ -157,7 +157,7 @@ public:
     double operator()(State& below, std::size_t bar) const
     {
         if (!(m_bars >= 1.0))
-            return kNoValue;
+            return kMissing;
         const double first = m_first[bar], second = m_second[bar];
         const bool isCrossing = first > second && below >= m_bars;
         below = first < second ? below + 1.0 : 0.0;

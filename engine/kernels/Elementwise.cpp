@@ -16,7 +16,7 @@ public:
     void compute(const Operand* arguments, const Work& work, double* result) override
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar)
-            result[bar] = finiteOrNone(Operation()(arguments[0][bar]));
+            result[bar] = valueOrMissing(Operation()(arguments[0][bar]));
     }
 };
 
@@ -29,7 +29,7 @@ public:
         const double* left = arguments[0].values;
         const double* right = arguments[1].values;
         if (arguments[0].isConstant && arguments[1].isConstant)
-            std::fill(result + work.from, result + work.count, finiteOrNone(Operation()(*left, *right)));
+            std::fill(result + work.from, result + work.count, valueOrMissing(Operation()(*left, *right)));
         else if (arguments[0].isConstant)
             run(
                 work, result, [left = *left](std::size_t) { return left; },
@@ -49,7 +49,7 @@ private:
     static void run(const Work& work, double* result, Left left, Right right)
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar)
-            result[bar] = finiteOrNone(Operation()(left(bar), right(bar)));
+            result[bar] = valueOrMissing(Operation()(left(bar), right(bar)));
     }
 };
 
@@ -60,14 +60,15 @@ public:
     void compute(const Operand* arguments, const Work& work, double* result) override
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar)
-            result[bar] = finiteOrNone(Operation()(arguments[0][bar], arguments[1][bar], arguments[2][bar]));
+            result[bar] =
+                valueOrMissing(Operation()(arguments[0][bar], arguments[1][bar], arguments[2][bar]));
     }
 };
 
 /// 1 or 0; missing when one of two numbers is.
 double logical(double a, double b, bool holds)
 {
-    return hasValue(a) && hasValue(b) ? static_cast<double>(holds) : kNoValue;
+    return !isMissing(a) && !isMissing(b) ? static_cast<double>(holds) : kMissing;
 }
 
 struct Add
@@ -130,27 +131,27 @@ struct If
 {
     double operator()(double condition, double then, double otherwise) const
     {
-        if (!hasValue(condition))
-            return kNoValue;
+        if (isMissing(condition))
+            return kMissing;
         return condition != 0.0 ? then : otherwise;
     }
 };
 struct IsNull
 {
-    double operator()(double a) const { return hasValue(a) ? 0.0 : 1.0; }
+    double operator()(double a) const { return !isMissing(a) ? 0.0 : 1.0; }
 };
 struct Max
 {
     double operator()(double a, double b) const
     {
-        return hasValue(a) && hasValue(b) ? std::max(a, b) : kNoValue;
+        return !isMissing(a) && !isMissing(b) ? std::max(a, b) : kMissing;
     }
 };
 struct Min
 {
     double operator()(double a, double b) const
     {
-        return hasValue(a) && hasValue(b) ? std::min(a, b) : kNoValue;
+        return !isMissing(a) && !isMissing(b) ? std::min(a, b) : kMissing;
     }
 };
 struct Abs
@@ -161,7 +162,7 @@ struct Sign
 {
     double operator()(double a) const
     {
-        return hasValue(a) ? static_cast<double>((a > 0.0) - (a < 0.0)) : kNoValue;
+        return !isMissing(a) ? static_cast<double>((a > 0.0) - (a < 0.0)) : kMissing;
     }
 };
 struct IntegerPart
@@ -180,7 +181,8 @@ struct Power
 {
     double operator()(double a, double b) const
     {
-        return hasValue(a) && hasValue(b) ? std::pow(a, b) : kNoValue; // pow(1, NaN) and pow(NaN, 0) are 1
+        return !isMissing(a) && !isMissing(b) ? std::pow(a, b)
+                                              : kMissing; // pow(1, NaN) and pow(NaN, 0) are 1
     }
 };
 struct SquareRoot
@@ -231,7 +233,7 @@ class NullKernel : public Kernel
 public:
     void compute(const Operand*, const Work& work, double* result) override
     {
-        std::fill(result + work.from, result + work.count, kNoValue);
+        std::fill(result + work.from, result + work.count, kMissing);
     }
 };
 

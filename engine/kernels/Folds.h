@@ -15,30 +15,31 @@
 
 namespace engine::language {
 
-/// A sum together with its own rounding error (two-sum: D. E. Knuth, "The Art of Computer Programming", vol.
-/// 2, 4.2.2), so that it does not depend on the order of the terms: an average over equal closes stays equal
-/// from bar to bar, and no legend arrow flickers.
-struct CarefulSum
+/// Compensated summation (A. Neumaier, 1974): a sum together with its own rounding error, which the two-sum
+/// of D. E. Knuth ("The Art of Computer Programming", vol. 2, 4.2.2) gives without a branch, so that it does
+/// not depend on the order of the terms: an average over equal closes stays equal from bar to bar, and no
+/// legend arrow flickers.
+struct CompensatedSum
 {
     double sum = 0.0, error = 0.0;
 
     double total() const { return sum + error; }
 
-    static CarefulSum merged(const CarefulSum& a, const CarefulSum& b)
+    static CompensatedSum merged(const CompensatedSum& a, const CompensatedSum& b)
     {
         const double sum = a.sum + b.sum;
         const double partOfB = sum - a.sum;
-        const double lost = (a.sum - (sum - partOfB)) + (b.sum - partOfB);
-        return { sum, a.error + b.error + lost };
+        const double roundedOff = (a.sum - (sum - partOfB)) + (b.sum - partOfB);
+        return { sum, a.error + b.error + roundedOff };
     }
 };
 
 struct SumFold
 {
-    using State = CarefulSum;
+    using State = CompensatedSum;
 
     static State of(double value, std::size_t) { return { value, 0.0 }; }
-    static State merged(const State& a, const State& b) { return CarefulSum::merged(a, b); }
+    static State merged(const State& a, const State& b) { return CompensatedSum::merged(a, b); }
     static double answer(const State& window, double, std::size_t) { return window.total(); }
 };
 
@@ -53,16 +54,17 @@ struct WeightedMeanFold
     struct State
     {
         double bars = 0.0;
-        CarefulSum plain, weighted;
+        CompensatedSum plain, weighted;
     };
 
     static State of(double value, std::size_t) { return { 1.0, { value, 0.0 }, { value, 0.0 } }; }
 
     static State merged(const State& a, const State& b)
     {
-        const CarefulSum moved { a.bars * b.plain.sum, a.bars * b.plain.error }; // the later bars weigh more
-        return { a.bars + b.bars, CarefulSum::merged(a.plain, b.plain),
-                 CarefulSum::merged(a.weighted, CarefulSum::merged(b.weighted, moved)) };
+        const CompensatedSum moved { a.bars * b.plain.sum,
+                                     a.bars * b.plain.error }; // the later bars weigh more
+        return { a.bars + b.bars, CompensatedSum::merged(a.plain, b.plain),
+                 CompensatedSum::merged(a.weighted, CompensatedSum::merged(b.weighted, moved)) };
     }
 
     static double answer(const State& window, double length, std::size_t)
@@ -71,13 +73,13 @@ struct WeightedMeanFold
     }
 };
 
-/// The best value and its bar; of equal ones the last.
+/// The highest or lowest value and its bar; of equal ones the last.
 template <class IsBetter>
-struct BestFold
+struct ExtremeFold
 {
     struct State
     {
-        double value = kNoValue;
+        double value = kMissing;
         std::size_t bar = 0;
     };
 
@@ -85,8 +87,8 @@ struct BestFold
 
     static State merged(const State& a, const State& b)
     {
-        if (!hasValue(a.value) || !hasValue(b.value))
-            return hasValue(a.value) ? a : b;
+        if (isMissing(a.value) || isMissing(b.value))
+            return !isMissing(a.value) ? a : b;
         return IsBetter()(a.value, b.value) ? a : b;
     }
 
@@ -94,9 +96,9 @@ struct BestFold
 };
 
 template <class IsBetter>
-struct BestBarsFold : BestFold<IsBetter>
+struct BarsSinceExtremeFold : ExtremeFold<IsBetter>
 {
-    static double answer(const typename BestFold<IsBetter>::State& window, double, std::size_t bar)
+    static double answer(const typename ExtremeFold<IsBetter>::State& window, double, std::size_t bar)
     {
         return static_cast<double>(bar - window.bar);
     }

@@ -1,38 +1,24 @@
 #pragma once
 /// @file One step of a formula: columns in, a column out.
 ///
-/// Inside the evaluator a missing value is NaN, so that arithmetic carries it along by itself; there are no
-/// infinities. Kernels keep what they need to go on from the last bar, so that a new bar costs no second look
-/// at the past, and compute every bar by the same operations in the same order however the bars arrive.
+/// Columns hold values and kMissing; there are no infinities. Kernels keep what they need to go on from the
+/// last bar, so that a new bar costs no second look at the past, and compute every bar by the same operations
+/// in the same order however the bars arrive.
 
 #include "engine/series/BarSeries.h"
+#include "engine/series/Series.h"
 
 #include <atomic>
-#include <cmath>
 #include <cstddef>
-#include <limits>
 #include <memory>
 #include <vector>
 
 namespace engine::language {
 
-constexpr double kNoValue = std::numeric_limits<double>::quiet_NaN();
-
-inline bool hasValue(double number)
-{
-    return number == number;
-}
-
-/// The number, or no value where it is not finite or the marker for a missing one.
-inline double finiteOrNone(double number)
-{
-    return std::abs(number) < std::numeric_limits<double>::max() ? number : kNoValue;
-}
-
 /// Whether a condition holds; a missing one does not.
 inline bool isTrue(double condition)
 {
-    return condition != 0.0 && hasValue(condition);
+    return condition != 0.0 && !isMissing(condition);
 }
 
 /// What a kernel reads: a column, or one number for all bars.

@@ -35,8 +35,8 @@ public:
     {
         const double high = at(m_bars.high, bar), low = at(m_bars.low, bar), close = at(m_bars.close, bar);
         const bool isUsable = m_start > 0 && m_step > 0.0 && m_limit > 0.0;
-        if (!isUsable || !hasValue(high) || !hasValue(low) || !hasValue(close))
-            return kNoValue;
+        if (!isUsable || isMissing(high) || isMissing(low) || isMissing(close))
+            return kMissing;
         const bool isFirst = state.seen == 0;
         if (state.seen < m_start)
             begin(state, high, low, close);
@@ -46,13 +46,13 @@ public:
         state.lows[1] = isFirst ? low : state.lows[0];
         state.highs[0] = high;
         state.lows[0] = low;
-        return state.seen < m_start ? kNoValue : finiteOrNone(state.stop);
+        return state.seen < m_start ? kMissing : valueOrMissing(state.stop);
     }
 
 private:
     static double at(const std::vector<double>& column, std::size_t bar)
     {
-        return bar < column.size() ? finiteOrNone(column[bar]) : kNoValue;
+        return bar < column.size() ? valueOrMissing(column[bar]) : kMissing;
     }
 
     void begin(State& state, double high, double low, double close) const

@@ -13,7 +13,7 @@ public:
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar) {
             const std::optional<std::size_t> back = barsOf(arguments[1][bar]);
-            result[bar] = back && *back <= bar ? arguments[0][bar - *back] : kNoValue;
+            result[bar] = back && *back <= bar ? arguments[0][bar - *back] : kMissing;
         }
     }
 };
@@ -26,7 +26,7 @@ public:
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar) {
             const std::optional<std::size_t> ahead = barsOf(arguments[1][bar]);
-            result[bar] = ahead && *ahead < work.count - bar ? arguments[0][bar + *ahead] : kNoValue;
+            result[bar] = ahead && *ahead < work.count - bar ? arguments[0][bar + *ahead] : kMissing;
         }
     }
 };

@@ -2,7 +2,7 @@
 /// @file Functions over the last bars.
 
 #include "engine/kernels/Periods.h"
-#include "engine/kernels/StretchTree.h"
+#include "engine/kernels/SegmentTree.h"
 
 #include <algorithm>
 #include <vector>
@@ -17,8 +17,8 @@ enum class Window {
 };
 
 /// Folds the window of N bars that ends at each bar. With a constant N, bars are cut into blocks of N, and a
-/// window is the tail of one block and the head of the next: three merges a bar whatever N. Where N is a
-/// series, a tree of stretches answers.
+/// window is the tail of one block and the head of the next: three merges a bar whatever N (M. van Herk,
+/// 1992; J. Gil and M. Werman, 1993). Where N is a series, a segment tree answers.
 template <class Fold, Window kWindow>
 class WindowKernel : public Kernel
 {
@@ -36,7 +36,7 @@ public:
         else if (length && kWindow != Window::Whole)
             computeAll(values, work, result);
         else
-            std::fill(result + work.from, result + work.count, kNoValue);
+            std::fill(result + work.from, result + work.count, kMissing);
     }
 
 private:
@@ -44,16 +44,16 @@ private:
 
     static constexpr bool kTakesGaps = kWindow == Window::Conditions;
 
-    static bool isThere(double value) { return kTakesGaps || hasValue(value); }
+    static bool isThere(double value) { return kTakesGaps || !isMissing(value); }
 
     static State stateOf(double value, std::size_t bar)
     {
-        return Fold::of(kTakesGaps || hasValue(value) ? value : 0.0, bar);
+        return Fold::of(kTakesGaps || !isMissing(value) ? value : 0.0, bar);
     }
 
     static double answer(const State& window, std::size_t length, std::size_t bar)
     {
-        return finiteOrNone(Fold::answer(window, static_cast<double>(length), bar));
+        return valueOrMissing(Fold::answer(window, static_cast<double>(length), bar));
     }
 
     /// tails[k] becomes the state of the last k bars before `end`.
@@ -85,7 +85,7 @@ private:
             if (present >= length)
                 result[bar] = answer(Fold::merged(tails[length - 1 - inBlock], head), length, bar);
             else
-                result[bar] = kTakesGaps ? answer(head, length, bar) : kNoValue;
+                result[bar] = kTakesGaps ? answer(head, length, bar) : kMissing;
         }
     }
 
@@ -107,7 +107,7 @@ private:
                 m_kept = state;
             if (isThere(values[bar]))
                 state = Fold::merged(state, stateOf(values[bar], bar));
-            result[bar] = isThere(values[bar]) ? answer(state, bar + 1, bar) : kNoValue;
+            result[bar] = isThere(values[bar]) ? answer(state, bar + 1, bar) : kMissing;
         }
         if (work.keep >= work.count)
             m_kept = state;
@@ -124,7 +124,7 @@ private:
             const std::size_t asked = barsOf(lengths[bar]).value_or(0);
             const std::size_t length = kTakesGaps ? std::min(asked, bar + 1) : asked;
             const bool isWhole = length > 0 && length <= present;
-            result[bar] = isWhole ? answer(m_tree.fold(bar + 1 - length, bar + 1), asked, bar) : kNoValue;
+            result[bar] = isWhole ? answer(m_tree.fold(bar + 1 - length, bar + 1), asked, bar) : kMissing;
         }
         if (work.keep >= work.count)
             m_keptPresent = present;
@@ -132,7 +132,7 @@ private:
 
     State m_kept {};               ///< of all values before the bar to be kept
     std::size_t m_keptPresent = 0; ///< bars in a row before it that are there
-    StretchTree<Fold> m_tree;
+    SegmentTree<Fold> m_tree;
 };
 
 } // namespace engine::language

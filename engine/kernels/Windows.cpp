@@ -73,14 +73,14 @@ public:
     {
         m_mean.compute(arguments, work, result);
         for (std::size_t bar = work.from; bar < work.count && !work.cancelled(); ++bar) {
-            if (!hasValue(result[bar]))
+            if (isMissing(result[bar]))
                 continue;
             const std::size_t length = *barsOf(arguments[1][bar]); // a mean has a length
-            CarefulSum distances;
+            CompensatedSum distances;
             for (std::size_t other = bar + 1 - length; other <= bar; ++other)
                 distances =
-                    CarefulSum::merged(distances, { std::abs(arguments[0][other] - result[bar]), 0.0 });
-            result[bar] = finiteOrNone(distances.total() / static_cast<double>(length));
+                    CompensatedSum::merged(distances, { std::abs(arguments[0][other] - result[bar]), 0.0 });
+            result[bar] = valueOrMissing(distances.total() / static_cast<double>(length));
         }
     }
 
@@ -121,14 +121,14 @@ std::vector<Function> windowFunctions()
         window<MeanFold>("MA", "简单移动平均", "simple moving average"),
         window<WeightedMeanFold>("WMA", "加权移动平均，权重 1 至 N", "moving average weighted 1 to N"),
         windowOrAll<SumFold>("SUM", "N 根之和，N 为 0 时全部累加", "sum of N bars; N=0: of all so far"),
-        windowOrAll<BestFold<IsHigher>>("HHV", "N 根内最大值，N 为 0 时为历史",
-                                        "greatest of N bars; N=0: of all so far"),
-        windowOrAll<BestFold<IsLower>>("LLV", "N 根内最小值，N 为 0 时为历史",
-                                       "least of N bars; N=0: of all so far"),
-        windowOrAll<BestBarsFold<IsHigher>>("HHVBARS", "N 根内最大值到现在的根数",
-                                            "bars since the greatest of N bars"),
-        windowOrAll<BestBarsFold<IsLower>>("LLVBARS", "N 根内最小值到现在的根数",
-                                           "bars since the least of N bars"),
+        windowOrAll<ExtremeFold<IsHigher>>("HHV", "N 根内最大值，N 为 0 时为历史",
+                                           "greatest of N bars; N=0: of all so far"),
+        windowOrAll<ExtremeFold<IsLower>>("LLV", "N 根内最小值，N 为 0 时为历史",
+                                          "least of N bars; N=0: of all so far"),
+        windowOrAll<BarsSinceExtremeFold<IsHigher>>("HHVBARS", "N 根内最大值到现在的根数",
+                                                    "bars since the greatest of N bars"),
+        windowOrAll<BarsSinceExtremeFold<IsLower>>("LLVBARS", "N 根内最小值到现在的根数",
+                                                   "bars since the least of N bars"),
         window<SampleDeviationFold>("STD", "样本标准差", "sample standard deviation"),
         window<PopulationDeviationFold>("STDP", "总体标准差", "population standard deviation"),
         window<SampleVarianceFold>("VAR", "样本方差", "sample variance"),

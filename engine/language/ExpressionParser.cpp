@@ -41,14 +41,14 @@ std::optional<BinaryOperator> binaryOperator(const Token& token)
 }
 
 /// Counts how deep the reader is for as long as it lives.
-class Descent
+class DepthGuard
 {
 public:
-    explicit Descent(int& depth)
+    explicit DepthGuard(int& depth)
         : m_depth(++depth)
     {
     }
-    ~Descent() { --m_depth; }
+    ~DepthGuard() { --m_depth; }
 
 private:
     int& m_depth;
@@ -61,7 +61,7 @@ NodeId ExpressionParser::read()
     const Token start = m_reader.current();
     const NodeId value = readLevel(kOr);
     if (value != kBroken && m_syntax[value].kind == Node::Kind::Text) {
-        m_reader.complain(start, "此处应为数值，不能是文字", "expected a number, not a text");
+        m_reader.report(start, "此处应为数值，不能是文字", "expected a number, not a text");
         return kBroken;
     }
     return value;
@@ -71,7 +71,7 @@ NodeId ExpressionParser::readLevel(int level)
 {
     NodeId left = readPrefixed();
     bool wasCompared = false;
-    while (!m_reader.isLost()) {
+    while (!m_reader.hasFailed()) {
         const std::optional<BinaryOperator> found = binaryOperator(m_reader.current());
         if (!found || found->level < level)
             break;
@@ -84,23 +84,23 @@ NodeId ExpressionParser::readLevel(int level)
         wasCompared = found->level == kComparison;
         for (const NodeId side : { left, right }) {
             if (side != kBroken && m_syntax[side].kind == Node::Kind::Text) {
-                m_reader.complain(sign, "文字不能参加运算", "texts take no part in calculations");
+                m_reader.report(sign, "文字不能参加运算", "texts take no part in calculations");
                 left = kBroken;
             }
         }
         left = left == kBroken || right == kBroken ? kBroken
                                                    : callNode(operatorOf(found->function), { left, right });
     }
-    return m_reader.isLost() ? kBroken : left;
+    return m_reader.hasFailed() ? kBroken : left;
 }
 
 /// A minus sign or NOT before an operand. NOT directly before a parenthesis takes what stands in it alone.
 NodeId ExpressionParser::readPrefixed()
 {
-    const Descent descent(m_depth);
-    if (m_depth > FormulaLimits::kDeepest) {
-        m_reader.complain(m_reader.current(), "嵌套太深", "nested too deeply");
-        m_reader.giveUp();
+    const DepthGuard guard(m_depth);
+    if (m_depth > FormulaLimits::kMaxDepth) {
+        m_reader.report(m_reader.current(), "嵌套太深", "nested too deeply");
+        m_reader.fail();
         return kBroken;
     }
     const Token sign = m_reader.current();
@@ -113,7 +113,7 @@ NodeId ExpressionParser::readPrefixed()
     if (operand == kBroken)
         return kBroken;
     if (m_syntax[operand].kind == Node::Kind::Text) {
-        m_reader.complain(sign, "文字不能参加运算", "texts take no part in calculations");
+        m_reader.report(sign, "文字不能参加运算", "texts take no part in calculations");
         return kBroken;
     }
     if (sign.is("+"))
@@ -140,9 +140,9 @@ NodeId ExpressionParser::readPrimary()
     }
     m_reader.take();
     const NodeId inside = readLevel(kOr);
-    if (!m_reader.isLost())
+    if (!m_reader.hasFailed())
         m_reader.expectSign(")");
-    return m_reader.isLost() ? kBroken : inside;
+    return m_reader.hasFailed() ? kBroken : inside;
 }
 
 NodeId ExpressionParser::readName()
@@ -161,18 +161,17 @@ NodeId ExpressionParser::readName()
     }
     if (const std::optional<NodeId> value = m_scope.value(name.key)) {
         if (*value == kNoNumber)
-            m_reader.complain(name, "绘图没有数值", "a drawing has no value");
+            m_reader.report(name, "绘图没有数值", "a drawing has no value");
         return std::max(*value, kBroken);
     }
     if (function) {
-        m_reader.complain(name,
-                          std::string("此处应为 ") + function->name + "(" + function->argumentNames + ")",
-                          std::string("expected ") + function->name + "(" + function->argumentNames + ")");
+        m_reader.report(name, std::string("此处应为 ") + function->name + "(" + function->argumentNames + ")",
+                        std::string("expected ") + function->name + "(" + function->argumentNames + ")");
         return kBroken;
     }
     const std::string nearest = m_scope.nearest(name.key, false);
-    m_reader.complain(name, "没有这个名字" + (nearest.empty() ? "" : "，是不是 " + nearest),
-                      "unknown name" + (nearest.empty() ? "" : ", did you mean " + nearest));
+    m_reader.report(name, "没有这个名字" + (nearest.empty() ? "" : "，是不是 " + nearest),
+                    "unknown name" + (nearest.empty() ? "" : ", did you mean " + nearest));
     return kBroken;
 }
 
@@ -180,17 +179,17 @@ NodeId ExpressionParser::readCall(const Token& name)
 {
     std::vector<Token> starts;
     const std::vector<NodeId> arguments = readArguments(starts);
-    if (m_reader.isLost())
+    if (m_reader.hasFailed())
         return kBroken;
     const Function* function = findFunction(name.key);
     if (!function) {
         const std::string nearest = m_scope.nearest(name.key, true);
-        m_reader.complain(name, "没有这个函数" + (nearest.empty() ? "" : "，是不是 " + nearest),
-                          "unknown function" + (nearest.empty() ? "" : ", did you mean " + nearest));
+        m_reader.report(name, "没有这个函数" + (nearest.empty() ? "" : "，是不是 " + nearest),
+                        "unknown function" + (nearest.empty() ? "" : ", did you mean " + nearest));
         return kBroken;
     }
     if (function->drawing) {
-        m_reader.complain(name, "绘图函数只能单独成句", "a drawing stands in a statement of its own");
+        m_reader.report(name, "绘图函数只能单独成句", "a drawing stands in a statement of its own");
         return kBroken;
     }
     return fits(name, *function, arguments, starts) ? callNode(*function, arguments) : kBroken;
@@ -207,7 +206,7 @@ std::vector<NodeId> ExpressionParser::readArguments(std::vector<Token>& starts)
     while (true) {
         starts.push_back(m_reader.current());
         arguments.push_back(readLevel(kOr));
-        if (m_reader.isLost())
+        if (m_reader.hasFailed())
             return arguments;
         if (!m_reader.current().is(","))
             break;
@@ -227,7 +226,7 @@ bool ExpressionParser::fits(const Token& name, const Function& function, const s
     const auto given = static_cast<int>(arguments.size());
     if (given < function.minArguments || given > function.maxArguments) {
         const std::string form = std::string(function.name) + "(" + function.argumentNames + ")";
-        m_reader.complain(name, "参数个数不对，应为 " + form, "wrong number of arguments, expected " + form);
+        m_reader.report(name, "参数个数不对，应为 " + form, "wrong number of arguments, expected " + form);
         return false;
     }
     const std::string signature = function.signature;
@@ -241,12 +240,12 @@ bool ExpressionParser::fits(const Token& name, const Function& function, const s
         const Node& argument = m_syntax[arguments[index]];
         const bool isText = argument.kind == Node::Kind::Text;
         if (isText != (kind == 't')) {
-            m_reader.complain(starts[index], isText ? "此处应为数值，不能是文字" : "此处应为单引号里的文字",
-                              isText ? "expected a number, not a text" : "expected a text in single quotes");
+            m_reader.report(starts[index], isText ? "此处应为数值，不能是文字" : "此处应为单引号里的文字",
+                            isText ? "expected a number, not a text" : "expected a text in single quotes");
             isFit = false;
         } else if (kind == 'c' && !argument.isConstant) {
-            m_reader.complain(starts[index], "此处应为数字或参数，不能随 K 线变化",
-                              "expected a number or a parameter, which does not change from bar to bar");
+            m_reader.report(starts[index], "此处应为数字或参数，不能随 K 线变化",
+                            "expected a number or a parameter, which does not change from bar to bar");
             isFit = false;
         }
     }
@@ -267,7 +266,7 @@ void ExpressionParser::readDrawing(Output& output)
     const Function& function = *findFunction(name.key);
     std::vector<Token> starts;
     const std::vector<NodeId> arguments = readArguments(starts);
-    if (m_reader.isLost() || !fits(name, function, arguments, starts))
+    if (m_reader.hasFailed() || !fits(name, function, arguments, starts))
         return;
     output.isDrawing = true;
     output.drawType = *function.drawing;
@@ -303,9 +302,9 @@ NodeId ExpressionParser::callNode(const Function& function, const std::vector<No
 
 NodeId ExpressionParser::add(Node node)
 {
-    if (m_syntax.nodes.size() >= FormulaLimits::kMostSteps) {
-        m_reader.complain(m_reader.current(), "公式太长", "the formula is too long");
-        m_reader.giveUp();
+    if (m_syntax.nodes.size() >= FormulaLimits::kMaxSteps) {
+        m_reader.report(m_reader.current(), "公式太长", "the formula is too long");
+        m_reader.fail();
         return kBroken;
     }
     m_syntax.nodes.push_back(std::move(node));

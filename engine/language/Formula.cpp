@@ -1,8 +1,8 @@
 #include "engine/language/Formula.h"
 
 #include "engine/language/Attributes.h"
-#include "engine/evaluation/OutputRecords.h"
 #include "engine/language/Parser.h"
+#include "engine/language/Syntax.h"
 
 namespace engine {
 
@@ -37,11 +37,11 @@ int Formula::kind() const
 FormulaReading readFormula(std::string_view utf8)
 {
     language::Problems problems;
-    if (utf8.size() > FormulaLimits::kMostBytes) {
+    if (utf8.size() > FormulaLimits::kMaxBytes) {
         problems.add({}, {}, "公式超过 1 MB", "the formula is longer than a megabyte");
         return { nullptr, problems.sorted() };
     }
-    const std::vector<language::Token> tokens = language::tokensOf(utf8, problems);
+    const std::vector<language::Token> tokens = language::tokenize(utf8, problems);
     language::Syntax syntax = language::parse(tokens, problems);
     if (!problems.empty())
         return { nullptr, problems.sorted() };

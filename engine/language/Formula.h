@@ -21,19 +21,19 @@ struct Syntax;
 struct Parameter
 {
     std::string name;
-    double value = 0.0;                 ///< default
-    double least = 0.0, greatest = 0.0; ///< both inclusive; other values are moved to the nearer end
+    double value = 0.0;          ///< default
+    double min = 0.0, max = 0.0; ///< both inclusive; other values are moved to the nearer end
 };
 
 /// Limits that keep a hostile text from taking memory or time.
 struct FormulaLimits
 {
-    static constexpr std::size_t kMostBytes = 1 << 20; ///< of a text
-    static constexpr int kDeepest = 200;               ///< parentheses, calls and signs inside one another
-    static constexpr int kMostOutputs = 100;
-    static constexpr int kMostParameters = 32;
-    static constexpr int kMostSteps = 20'000; ///< operations and functions, equal ones counted again
-    static constexpr std::size_t kMostNumbers = 1 << 29; ///< bars times columns that stand at once: 4 GiB
+    static constexpr std::size_t kMaxBytes = 1 << 20; ///< of a text
+    static constexpr int kMaxDepth = 200;             ///< parentheses, calls and signs inside one another
+    static constexpr int kMaxOutputs = 100;
+    static constexpr int kMaxParameters = 32;
+    static constexpr int kMaxSteps = 20'000; ///< operations and functions, equal ones counted again
+    static constexpr std::size_t kMaxNumbers = 1 << 29; ///< bars times columns that stand at once: 4 GiB
 };
 
 /// A formula whose text is free of faults. Unchangeable; may be read from any thread.

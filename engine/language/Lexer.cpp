@@ -208,8 +208,7 @@ private:
             m_cursor.advance();
         const std::string text = m_cursor.textSince(inside);
         if (m_cursor.atEnd() || m_cursor.character() == U'\n')
-            complain("文字没有结束，缺少右单引号",
-                     "the text has no end on its line, expected a single quote");
+            report("文字没有结束，缺少右单引号", "the text has no end on its line, expected a single quote");
         else
             m_cursor.advance();
         add(TokenKind::Text, text);
@@ -240,7 +239,7 @@ private:
         double number = 0.0;
         const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
         if (read.ec != std::errc() || read.ptr != text.data() + text.size() || !std::isfinite(number)) {
-            complain("不是可以使用的数字", "this is no number that can be used");
+            report("不是可以使用的数字", "this is no number that can be used");
             number = 0.0;
         }
         add(TokenKind::Number, text);
@@ -283,8 +282,8 @@ private:
             if (m_cursor.character() != sign.character)
                 continue;
             m_cursor.advance();
-            complain(std::string("全角符号，请改用半角 ") + sign.plain,
-                     std::string("a full-width sign, expected ") + sign.plain);
+            report(std::string("全角符号，请改用半角 ") + sign.plain,
+                   std::string("a full-width sign, expected ") + sign.plain);
             add(TokenKind::Sign, sign.plain);
             return;
         }
@@ -305,9 +304,9 @@ private:
             m_cursor.advance();
         } while (isForeign());
         if (isCharacter)
-            complain("公式里不能使用的符号", "a character that formulas do not use");
+            report("公式里不能使用的符号", "a character that formulas do not use");
         else
-            complain("不是 UTF-8 编码的文字", "these bytes are no UTF-8");
+            report("不是 UTF-8 编码的文字", "these bytes are no UTF-8");
     }
 
     bool isKnownSign() const
@@ -324,7 +323,7 @@ private:
         return place;
     }
 
-    void complain(const std::string& chinese, const std::string& english)
+    void report(const std::string& chinese, const std::string& english)
     {
         m_problems.add(m_cursor.since(m_start, m_passedAtStart), m_cursor.textSince(m_start), chinese,
                        english);
@@ -349,7 +348,7 @@ private:
 
 } // namespace
 
-std::vector<Token> tokensOf(std::string_view text, Problems& problems)
+std::vector<Token> tokenize(std::string_view text, Problems& problems)
 {
     return Lexer(text, problems).run();
 }

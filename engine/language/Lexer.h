@@ -34,7 +34,7 @@ struct Token
 /// is the end of the text. Whatever belongs to no token is reported and passed over; full-width punctuation
 /// is reported and read as its plain counterpart.
 /// @param text  UTF-8; bytes that are none are reported.
-std::vector<Token> tokensOf(std::string_view text, Problems& problems);
+std::vector<Token> tokenize(std::string_view text, Problems& problems);
 
 /// The text with ASCII letters in capitals.
 std::string inCapitals(std::string_view text);

@@ -59,7 +59,7 @@ void NearestName::consider(const std::string& candidate)
 {
     const std::u32string characters = charactersOf(candidate);
     const std::size_t longer = std::max(characters.size(), m_name.size());
-    if (longer - std::min(characters.size(), m_name.size()) >= m_fewest)
+    if (longer - std::min(characters.size(), m_name.size()) > m_fewest)
         return;
     const std::size_t changes = distance(m_name, characters);
     const bool isEarlier = changes == m_fewest && !m_best.empty() && candidate < m_best;

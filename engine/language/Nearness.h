@@ -5,7 +5,8 @@
 
 namespace engine::language {
 
-/// Keeps the candidate that needs the fewest changes to become a given name.
+/// Keeps the candidate that needs the fewest changes to become a given name; of equal ones the first by the
+/// alphabet, whatever the order in which they are considered.
 class NearestName
 {
 public:

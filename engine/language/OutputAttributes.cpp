@@ -18,8 +18,8 @@ void OutputAttributes::read()
         return;
     }
     const std::string nearest = nearestAttribute(token.key);
-    m_reader.complain(token, "没有这个属性" + (nearest.empty() ? "" : "，是不是 " + nearest),
-                      "unknown attribute" + (nearest.empty() ? "" : ", did you mean " + nearest));
+    m_reader.report(token, "没有这个属性" + (nearest.empty() ? "" : "，是不是 " + nearest),
+                    "unknown attribute" + (nearest.empty() ? "" : ", did you mean " + nearest));
 }
 
 void OutputAttributes::give(const Token& token, const Attribute& attribute)
@@ -36,8 +36,7 @@ void OutputAttributes::give(const Token& token, const Attribute& attribute)
     case Attribute::Effect::HideInLegend: m_output.isHiddenInLegend = true; break;
     case Attribute::Effect::Position:
         if (!isPlaced)
-            m_reader.complain(token, "只有文字、数字和图标有位置",
-                              "only texts, numbers and icons are placed");
+            m_reader.report(token, "只有文字、数字和图标有位置", "only texts, numbers and icons are placed");
         m_output.position = attribute.value;
         break;
     case Attribute::Effect::Pane: m_paneKind = attribute.value; break;
@@ -47,7 +46,7 @@ void OutputAttributes::give(const Token& token, const Attribute& attribute)
 void OutputAttributes::giveDrawType(const Token& token, int drawType, bool isDrawn)
 {
     if (m_output.isDrawing) {
-        m_reader.complain(token, "绘图函数不能用这个属性", "drawings do not take this attribute");
+        m_reader.report(token, "绘图函数不能用这个属性", "drawings do not take this attribute");
         return;
     }
     m_output.drawType = static_cast<se::DrawType::Code>(drawType);
@@ -57,7 +56,7 @@ void OutputAttributes::giveDrawType(const Token& token, int drawType, bool isDra
 void OutputAttributes::giveColor(const Token& token, int color)
 {
     if (!m_output.colors.empty() && m_output.drawType != se::DrawType::StackedVolume)
-        m_reader.complain(token, "这个输出已经有颜色", "this output has a colour already");
+        m_reader.report(token, "这个输出已经有颜色", "this output has a colour already");
     m_output.colors.push_back(color);
 }
 

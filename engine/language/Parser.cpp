@@ -66,7 +66,7 @@ private:
         do {
             m_reader.take();
             readParameter();
-        } while (!m_reader.isLost() && m_reader.current().is(","));
+        } while (!m_reader.hasFailed() && m_reader.current().is(","));
     }
 
     void readParameter()
@@ -83,15 +83,15 @@ private:
             if (!m_reader.expectSign(before[index]) || !readSignedNumber(numbers[index]))
                 break;
         }
-        if (!m_reader.isLost())
+        if (!m_reader.hasFailed())
             m_reader.expectSign(")");
-        if (!(numbers[1] <= numbers[0] && numbers[0] <= numbers[2]) && !m_reader.isLost())
-            m_reader.complain(name, "缺省值应在最小值和最大值之间",
-                              "the default must lie between the least and the greatest value");
+        if (!(numbers[1] <= numbers[0] && numbers[0] <= numbers[2]) && !m_reader.hasFailed())
+            m_reader.report(name, "缺省值应在最小值和最大值之间",
+                            "the default must lie between the least and the greatest value");
         if (!isFree(name))
             return;
-        if (m_syntax.parameters.size() >= FormulaLimits::kMostParameters) {
-            m_reader.complain(name, "参数太多", "too many parameters");
+        if (m_syntax.parameters.size() >= FormulaLimits::kMaxParameters) {
+            m_reader.report(name, "参数太多", "too many parameters");
             return;
         }
         m_scope.addParameter(name.key, static_cast<int>(m_syntax.parameters.size()));
@@ -112,15 +112,15 @@ private:
         return true;
     }
 
-    /// Whether a name may be given to something; complains when not.
+    /// Whether a name may be given to something; reports it when not.
     bool isFree(const Token& name)
     {
         switch (m_scope.placeOf(name.key)) {
         case Scope::Place::Reserved:
-            m_reader.complain(name, "这个名字由系统使用，请换一个", "the language itself uses this name");
+            m_reader.report(name, "这个名字由系统使用，请换一个", "the language itself uses this name");
             return false;
         case Scope::Place::Taken:
-            m_reader.complain(name, "这个名字已经用过", "this name is taken already");
+            m_reader.report(name, "这个名字已经用过", "this name is taken already");
             return false;
         case Scope::Place::Free: break;
         }
@@ -136,7 +136,7 @@ private:
         const NodeId value = m_expressions.read();
         if (isUsable)
             m_scope.addValue(name.key, value);
-        if (m_reader.current().is(",") && !m_reader.isLost())
+        if (m_reader.current().is(",") && !m_reader.hasFailed())
             m_reader.expected("分号：用 := 定义的值不能有属性",
                               "a semicolon: a hidden value takes no attributes");
     }
@@ -149,7 +149,7 @@ private:
         if (m_reader.current().is("#")) {
             m_reader.take();
             parameter = readNameParameter();
-            if (m_reader.isLost() || !m_reader.expectSign(":"))
+            if (m_reader.hasFailed() || !m_reader.expectSign(":"))
                 return;
         } else {
             m_reader.take();
@@ -166,7 +166,7 @@ private:
         const Token& name = m_reader.take();
         const std::optional<int> parameter = m_scope.parameter(name.key);
         if (!parameter)
-            m_reader.complain(name, "没有这个参数", "there is no such parameter");
+            m_reader.report(name, "没有这个参数", "there is no such parameter");
         return parameter;
     }
 
@@ -180,17 +180,17 @@ private:
         NodeId value = kBroken;
         if (m_expressions.atDrawing()) {
             m_expressions.readDrawing(output);
-            value = m_reader.isLost() ? kBroken : kNoNumber;
+            value = m_reader.hasFailed() ? kBroken : kNoNumber;
         } else {
             value = m_expressions.read();
             output.columns = { value };
         }
         giveName(name, nameParameter, value);
         OutputAttributes attributes(m_reader, output, m_syntax.kind);
-        while (!m_reader.isLost() && m_reader.current().is(","))
+        while (!m_reader.hasFailed() && m_reader.current().is(","))
             attributes.read();
-        if (m_syntax.outputs.size() >= FormulaLimits::kMostOutputs)
-            m_reader.complain(start, "输出太多", "too many outputs");
+        if (m_syntax.outputs.size() >= FormulaLimits::kMaxOutputs)
+            m_reader.report(start, "输出太多", "too many outputs");
         else
             m_syntax.outputs.push_back(std::move(output));
     }
@@ -211,15 +211,15 @@ private:
     /// What can be told only at the end.
     void checkWhole()
     {
-        if (m_reader.hasComplained())
+        if (m_reader.hasReported())
             return;
         if (m_syntax.outputs.empty())
-            m_reader.complain(m_reader.current(), "公式没有输出", "the formula has no output");
+            m_reader.report(m_reader.current(), "公式没有输出", "the formula has no output");
         checkPlacements();
         for (std::size_t index = 0; index + 1 < m_syntax.outputs.size(); ++index) {
             if (m_syntax.outputs[index].drawType == se::DrawType::StackedVolume)
-                m_reader.complain(m_reader.current(), "STACKVOL 应是最后一个输出",
-                                  "STACKVOL must be the last output");
+                m_reader.report(m_reader.current(), "STACKVOL 应是最后一个输出",
+                                "STACKVOL must be the last output");
         }
     }
 
@@ -232,15 +232,15 @@ private:
                 || !output.position)
                 continue;
             if (common && *common != *output.position)
-                m_reader.complain(m_reader.current(), "一个公式的文字和数字只能有同一个 ALIGN",
-                                  "the texts and numbers of a formula share one ALIGN");
+                m_reader.report(m_reader.current(), "一个公式的文字和数字只能有同一个 ALIGN",
+                                "the texts and numbers of a formula share one ALIGN");
             common = output.position;
         }
         const bool iconIsFirst =
             !m_syntax.outputs.empty() && m_syntax.outputs[0].drawType == se::DrawType::Icon;
         if (common && iconIsFirst && m_syntax.outputs[0].position.value_or(0) != *common)
-            m_reader.complain(m_reader.current(), "图标是第一个输出时，文字和数字的 ALIGN 要与它相同",
-                              "texts and numbers share the ALIGN of an icon that is the first output");
+            m_reader.report(m_reader.current(), "图标是第一个输出时，文字和数字的 ALIGN 要与它相同",
+                            "texts and numbers share the ALIGN of an icon that is the first output");
     }
 
     TokenReader m_reader;

@@ -8,20 +8,20 @@
 
 namespace engine::language {
 
-/// Faults in the order in which they were met; at most kMostProblems of them are kept.
+/// Faults in the order in which they were met; at most kMaxProblems of them are kept.
 class Problems
 {
 public:
-    static constexpr std::size_t kMostProblems = 200;
+    static constexpr std::size_t kMaxProblems = 200;
 
     void add(const Place& place, const std::string& found, const std::string& chinese,
              const std::string& english)
     {
-        if (m_problems.size() < kMostProblems)
+        if (m_problems.size() < kMaxProblems)
             m_problems.push_back({ place, found, chinese, english });
     }
 
-    bool isFull() const { return m_problems.size() >= kMostProblems; }
+    bool isFull() const { return m_problems.size() >= kMaxProblems; }
     std::size_t count() const { return m_problems.size(); }
     bool empty() const { return m_problems.empty(); }
 

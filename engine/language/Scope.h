@@ -19,7 +19,7 @@ public:
     Place placeOf(const std::string& key) const;
 
     void addParameter(const std::string& key, int parameter) { m_parameters[key] = parameter; }
-    /// @param node  kBroken: uses of the name are not complained of again; kNoNumber: they are.
+    /// @param node  kBroken: uses of the name are not reported again; kNoNumber: they are.
     void addValue(const std::string& key, NodeId node) { m_values[key] = node; }
 
     std::optional<int> parameter(const std::string& key) const;

@@ -11,7 +11,7 @@
 namespace engine::language {
 
 using NodeId = int;
-constexpr NodeId kBroken = -1;   ///< an expression that has been complained of
+constexpr NodeId kBroken = -1;   ///< an expression whose fault has been reported
 constexpr NodeId kNoNumber = -2; ///< a drawing, which has no value to read
 
 /// A part of an expression. Arguments always stand before the node that takes them.
@@ -46,6 +46,10 @@ struct Output
     std::optional<int> position;
     bool isHiddenInLegend = false;
 };
+
+/// The name of an output with the whole part of its parameter: MA#N is MA5.
+/// @param parameters  one for each that the formula takes.
+std::string shownName(const Output& output, const std::vector<double>& parameters);
 
 /// A whole formula.
 struct Syntax

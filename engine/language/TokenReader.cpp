@@ -2,15 +2,15 @@
 
 namespace engine::language {
 
-void TokenReader::complain(const Token& token, const std::string& chinese, const std::string& english)
+void TokenReader::report(const Token& token, const std::string& chinese, const std::string& english)
 {
     m_problems.add(token.place, token.text, chinese, english);
 }
 
 void TokenReader::expected(const std::string& chinese, const std::string& english)
 {
-    complain(current(), "此处应为" + chinese, "expected " + english);
-    m_isLost = true;
+    report(current(), "此处应为" + chinese, "expected " + english);
+    m_hasFailed = true;
 }
 
 bool TokenReader::expectSign(const char* sign)
@@ -32,7 +32,7 @@ bool TokenReader::beginsStatement() const
 
 void TokenReader::endStatement()
 {
-    if (!m_isLost && !current().is(";") && !atEnd())
+    if (!m_hasFailed && !current().is(";") && !atEnd())
         expected("运算符或分号", "an operator or a semicolon");
     while (!current().is(";") && !atEnd() && !beginsStatement())
         take();

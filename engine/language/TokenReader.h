@@ -1,5 +1,5 @@
 #pragma once
-/// @file Walks over the tokens of a text and complains about them.
+/// @file Walks over the tokens of a text and reports what is wrong with them.
 
 #include "engine/language/Lexer.h"
 
@@ -9,7 +9,7 @@
 
 namespace engine::language {
 
-/// A position among tokens. After a fault of grammar the reader is lost until the next statement.
+/// A position among tokens. After a fault of grammar the reader has failed until the next statement.
 class TokenReader
 {
 public:
@@ -32,22 +32,22 @@ public:
         return taken;
     }
 
-    void beginStatement() { m_isLost = false; }
-    /// Passes over the semicolon behind a statement; whatever else stands there is complained of.
+    void beginStatement() { m_hasFailed = false; }
+    /// Passes over the semicolon behind a statement; whatever else stands there is reported.
     void endStatement();
 
-    bool isLost() const { return m_isLost; }
+    bool hasFailed() const { return m_hasFailed; }
     bool isFull() const { return m_problems.isFull(); }
-    bool hasComplained() const { return !m_problems.empty(); }
+    bool hasReported() const { return !m_problems.empty(); }
 
-    /// Complains of a token; reading goes on.
-    void complain(const Token& token, const std::string& chinese, const std::string& english);
-    /// Complains that something else was expected than the current token; the reader is lost.
+    /// Reports a token; reading goes on.
+    void report(const Token& token, const std::string& chinese, const std::string& english);
+    /// Reports that something else was expected than the current token; the reader has failed.
     void expected(const std::string& chinese, const std::string& english);
-    /// Passes over a sign, or is lost.
+    /// Passes over a sign, or fails.
     bool expectSign(const char* sign);
-    /// Is lost for a reason that has been complained of.
-    void giveUp() { m_isLost = true; }
+    /// Fails for a reason that has been reported.
+    void fail() { m_hasFailed = true; }
 
 private:
     bool beginsStatement() const;
@@ -55,7 +55,7 @@ private:
     const std::vector<Token>& m_tokens;
     Problems& m_problems;
     std::size_t m_position = 0;
-    bool m_isLost = false;
+    bool m_hasFailed = false;
 };
 
 } // namespace engine::language

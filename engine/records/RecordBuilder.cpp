@@ -9,7 +9,7 @@ void RecordBuilder::setBars(const std::vector<std::int64_t>& timeMs, const Serie
     result.barValid.resize(timeMs.size());
     for (std::size_t bar = 0; bar < timeMs.size(); ++bar) {
         result.barTimes[bar].msecs = timeMs[bar];
-        result.barValid[bar] = isValue(price[bar]);
+        result.barValid[bar] = !isMissing(valueOrMissing(price[bar]));
     }
 }
 

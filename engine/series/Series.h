@@ -1,39 +1,30 @@
 #pragma once
-/// @file One number per bar or trade; kMissing, NaN and infinities read as "no value".
+/// @file One number per bar or trade, and what stands where there is none.
 
 #include <cfloat>
-#include <cstddef>
+#include <cmath>
+#include <limits>
 #include <vector>
 
 namespace engine {
 
 using Series = std::vector<double>;
 
-/// What the records hold for a number that does not exist.
-constexpr double kMissing = DBL_MAX;
+/// A missing value while the engine computes: NaN, so that arithmetic carries it along by itself.
+constexpr double kMissing = std::numeric_limits<double>::quiet_NaN();
 
-/// Whether the number is a value: finite and not the marker.
-inline bool isValue(double number)
+/// A missing value in tick series and in the lines of records.
+constexpr double kMissingMarker = DBL_MAX;
+
+inline bool isMissing(double value)
 {
-    return number < DBL_MAX && number > -DBL_MAX;
+    return std::isnan(value);
 }
 
-/// The number itself, or the marker where it is not a value.
+/// The number from outside, or missing where it is not finite or the marker.
 inline double valueOrMissing(double number)
 {
-    return isValue(number) ? number : kMissing;
-}
-
-/// Applies `function` bar by bar; missing where either operand is.
-template <class Function>
-Series combine(const Series& a, const Series& b, Function function)
-{
-    Series combined(a.size(), kMissing);
-    for (std::size_t bar = 0; bar < a.size(); ++bar) {
-        if (isValue(a[bar]) && isValue(b[bar]))
-            combined[bar] = valueOrMissing(function(a[bar], b[bar]));
-    }
-    return combined;
+    return std::abs(number) < kMissingMarker ? number : kMissing;
 }
 
 } // namespace engine

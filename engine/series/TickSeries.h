@@ -14,7 +14,7 @@ constexpr std::size_t kBookLevels = 5;
 /// One side of the order book, per level and trade; level 0 is the best.
 struct BookSide
 {
-    std::array<std::vector<double>, kBookLevels> price; ///< missing (DBL_MAX) where nobody quotes
+    std::array<std::vector<double>, kBookLevels> price; ///< kMissingMarker where nobody quotes
     std::array<std::vector<double>, kBookLevels>
         volume; ///< empty vectors when only the best prices are known
 };

@@ -10,13 +10,8 @@ class INDICATORHOST_EXPORT CAppConfig
 {
 public:
     /// Whether the client is of the given type. Type 3 selects the second visual variant: blue accents
-    /// and left-aligned lines. The embedded default is of no type until TC::embedded::setClientType.
+    /// and left-aligned lines.
     bool isClientType(int type) const;
-
-    void setClientType(int type) { m_clientType = type; }
-
-private:
-    int m_clientType = 0;
 };
 
 } // namespace TC

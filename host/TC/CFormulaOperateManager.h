@@ -8,17 +8,12 @@
 
 #include <QString>
 
-#include <memory>
-
 namespace TC {
 
 /// Look-up of formulas; reached through utils::CSingletonT<CFormulaOperateManager>. GUI thread only.
 class INDICATORHOST_EXPORT CFormulaOperateManager
 {
 public:
-    CFormulaOperateManager();
-    ~CFormulaOperateManager();
-
     /// The formula of a display name; null when there is none.
     boost::shared_ptr<CFormulaDetail> getFormula(const QString& name) const;
     /// The formula of a real name; null when there is none.
@@ -27,13 +22,6 @@ public:
     bool isGroupModelExist(const QString& name) const;
     /// Whether the named formula is a script indicator; false when unknown.
     bool isPythonIndex(const QString& name) const;
-
-    struct Private;
-    /// The manager's own data, for the host that fills it.
-    Private& data() const { return *m_data; }
-
-private:
-    std::unique_ptr<Private> m_data;
 };
 
 } // namespace TC

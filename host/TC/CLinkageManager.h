@@ -6,8 +6,6 @@
 #include <QList>
 #include <QString>
 
-#include <memory>
-
 namespace TC {
 
 /// What one account held in an instrument from one day on.
@@ -45,18 +43,8 @@ struct CPositionNumber
 class INDICATORHOST_EXPORT CLinkageManager
 {
 public:
-    CLinkageManager();
-    ~CLinkageManager();
-
     /// The user's trading in an instrument ("SH600000"); empty when there is none.
     CPositionNumber getPositionNumber(const QString& instrumentKey) const;
-
-    struct Private;
-    /// The manager's own data, for the host that fills it.
-    Private& data() const { return *m_data; }
-
-private:
-    std::unique_ptr<Private> m_data;
 };
 
 } // namespace TC

@@ -15,15 +15,12 @@ class CInstrumentDetail;
 namespace TC {
 
 /// Look-up in the instrument database; reached through utils::CSingletonT<CStockManager>. Texts are compared
-/// exactly: no trimming, no padding, case matters. The first look-up loads the database (GUI thread);
-/// later ones only read and may come from any thread.
+/// exactly: no trimming, no padding, case matters. The first look-up comes from the GUI thread, where the host
+/// may load its database; later ones only read and may come from any thread.
 class INDICATORHOST_EXPORT CStockManager
 {
 public:
     using Detail = std::shared_ptr<ttservice::CInstrumentDetail>;
-
-    CStockManager();
-    ~CStockManager();
 
     /// The instrument of a key ("SH600000") or of a bare code ("600000"). A code that several markets use
     /// gives its A share; without one, the first market of SH, SZ, BJ, SF, DF, ZF, GF, IF. Null when unknown.
@@ -36,13 +33,6 @@ public:
     /// @param[out] details  replaced; empty when the code is unknown.
     /// @return whether any was found.
     bool getMultiStockDetail(const QString& code, QVector<Detail>& details) const;
-
-    struct Private;
-    /// The manager's own data, for the host that fills it.
-    Private& data() const { return *m_data; }
-
-private:
-    std::unique_ptr<Private> m_data;
 };
 
 } // namespace TC

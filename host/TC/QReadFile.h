@@ -15,8 +15,8 @@ namespace TC {
 /// @param path  not changed.
 /// @param[out] lines  replaced; the line behind a last line end counts only when it is not empty.
 /// @param skipEmptyLines  true leaves out lines without a character.
-/// @return whether the file was read. False, with `lines` empty: no plain file, no permission, more than
-///        64 MiB, or more than 2 million lines.
+/// @return whether the file was read. False, with `lines` empty: no plain file, no permission, or larger
+///        than the host reads.
 INDICATORHOST_EXPORT bool QReadFile(QString& path, QList<QString>& lines, bool skipEmptyLines);
 
 } // namespace TC

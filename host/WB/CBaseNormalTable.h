@@ -58,14 +58,13 @@ public:
 
     void uiResourceChanged() override;
 
-    struct Private;
-
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-    Private& data() const { return *m_data; }
 
 private:
-    std::unique_ptr<Private> m_data;
+    friend class CStandardTable; // adds to the same contents
+    struct Contents;
+    std::shared_ptr<Contents> m_contents; ///< the host's own; never shared, but no host must define it
 };
 
 } // namespace WB

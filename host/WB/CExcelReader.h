@@ -10,15 +10,11 @@
 
 namespace WB {
 
-/// Reads the first sheet of a workbook: .xlsx, .xls (97 to 2003), and the common .xls that is really text
-/// with tabs or commas. The content decides, not the file name. Sheets, rows and columns count from 1.
-///
-/// Refused, leaving the reader empty: encrypted and password-protected workbooks, files above 64 MiB,
-/// archives of more than 1,000 entries or 256 MiB unpacked, more than 2 million cells, files of no known
-/// kind. A damaged workbook gives the cells before the damage, or none. Never throws.
+/// Reads the first sheet of a workbook (.xlsx, .xls). Sheets, rows and columns count from 1. A workbook that
+/// the host cannot read, or refuses, leaves the reader empty. Never throws.
 ///
 /// Numbers come as plain text without a format: 1 for a cell shown as 000001, 0.25, no ".0" behind an
-/// integral number. Formula cells give their stored result in .xlsx and nothing in .xls.
+/// integral number. Formula cells give their stored result where the host can read it.
 class INDICATORHOST_EXPORT CExcelReader : public QObject
 {
     Q_OBJECT
@@ -55,7 +51,7 @@ public:
 
 private:
     struct Private;
-    std::unique_ptr<Private> m_data;
+    std::shared_ptr<Private> m_data; ///< the host's own; never shared, but no host must define it
 };
 
 } // namespace WB

@@ -47,7 +47,7 @@ private Q_SLOTS:
 
 private:
     struct Extras;
-    std::unique_ptr<Extras> m_extras;
+    std::shared_ptr<Extras> m_extras; ///< as the contents of the base
 };
 
 } // namespace WB

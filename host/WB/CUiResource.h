@@ -8,8 +8,6 @@
 #include <QPixmap>
 #include <QString>
 
-#include <memory>
-
 namespace WB {
 
 class CUiResourceChangeHandler;
@@ -19,11 +17,6 @@ class CUiResourceChangeHandler;
 class INDICATORHOST_EXPORT CUiResource
 {
 public:
-    CUiResource();
-    ~CUiResource();
-    CUiResource(const CUiResource&) = delete;
-    CUiResource& operator=(const CUiResource&) = delete;
-
     /// The colour of a key; null when the skin has none.
     QColor* getColor(const QString& key) const;
     /// The font of a key; null when the skin has none.
@@ -34,13 +27,6 @@ public:
     /// Registers an object that wants to hear of skin changes; see CUiResourceChangeHandler.
     void addChangeHandler(CUiResourceChangeHandler* handler);
     void removeChangeHandler(CUiResourceChangeHandler* handler);
-
-    struct Private;
-    /// The skin's own data, for the host that fills it.
-    Private& data() const { return *m_data; }
-
-private:
-    std::unique_ptr<Private> m_data;
 };
 
 } // namespace WB

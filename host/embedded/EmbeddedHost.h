@@ -16,7 +16,8 @@
 
 namespace TC::embedded {
 
-/// Returns every part of the embedded host to its defaults, so that no test sees another's state.
+/// Returns every part of the embedded host to its defaults, in a stated order, so that no test sees another's
+/// state: settings, rights, files, formulas, receivers, trading, dialogs, and the skin last.
 INDICATORHOST_EXPORT void reset();
 
 } // namespace TC::embedded

@@ -17,7 +17,7 @@
 #include <string>
 
 namespace engine {
-class Formula;
+class Formula; // engine/language/Formula.h
 }
 
 namespace TC::embedded {
@@ -42,8 +42,11 @@ INDICATORHOST_EXPORT void setTextFormula(const QString& displayName,
 /// Display names of all formulas: the built-in ones, then those that were set and the user's own.
 INDICATORHOST_EXPORT QStringList formulaNames();
 
-/// Forgets every formula, the built-in ones too, until the next reset().
+/// Forgets every formula, the built-in ones too, until restoreFormulas().
 INDICATORHOST_EXPORT void clearFormulas();
+
+/// Returns to the built-in formulas and the user's own, which the next look-up reads.
+INDICATORHOST_EXPORT void restoreFormulas();
 
 /// Reads the user's formulas anew. Those of the last reading are replaced, unless the file cannot be read or
 /// is no JSON at all: then they stay. A file that does not exist holds no formulas. An entry that is wrong is

@@ -3,7 +3,7 @@
 ///
 /// The store is the SQLite file "instruments.sqlite" in TC::getUserRootDir(). It is made on first start from
 /// the instrument list that is compiled into the host (samples/instruments.csv) and loaded whole at the first
-/// look-up. A file that cannot be read is set aside as "instruments.sqlite.bad" and made again; where the
+/// look-up, which comes from the GUI thread. A file that cannot be read is set aside as "instruments.sqlite.bad" and made again; where the
 /// folder cannot be written the list is used without a store.
 ///
 /// The list has no market values, so the store is filled with synthetic ones for stocks: figure 3016 (total

@@ -12,4 +12,7 @@ namespace TC::embedded {
 /// @param path  names from the outermost module inward.
 INDICATORHOST_EXPORT void setModuleRight(const QStringList& path, bool granted);
 
+/// Forgets every right that was set.
+INDICATORHOST_EXPORT void clearModuleRights();
+
 } // namespace TC::embedded

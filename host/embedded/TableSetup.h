@@ -8,8 +8,11 @@
 namespace TC::embedded {
 
 /// Lets WB::getSaveFileName give this answer without a dialog, as if the user had chosen it; an empty text
-/// means that the user cancels. reset() brings the dialog back.
+/// means that the user cancels.
 INDICATORHOST_EXPORT void setSaveDialogAnswer(const QString& path);
+
+/// Brings the dialog back and forgets the last request.
+INDICATORHOST_EXPORT void clearSaveDialogAnswer();
 
 /// What a save dialog was asked to show.
 struct SaveDialogRequest
@@ -17,7 +20,7 @@ struct SaveDialogRequest
     QString title, folder, filter;
 };
 
-/// The last request since reset(); empty texts when there was none.
+/// The last request since clearSaveDialogAnswer(); empty texts when there was none.
 INDICATORHOST_EXPORT SaveDialogRequest lastSaveDialogRequest();
 
 } // namespace TC::embedded

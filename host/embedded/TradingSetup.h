@@ -6,7 +6,8 @@
 
 namespace TC::embedded {
 
-/// Moves the replay to another day (milliseconds since 1970-01-01 UTC); 0, the default, ends it.
+/// Moves the replay to another day (milliseconds since 1970-01-01 UTC) and tells everybody by
+/// CReplayManager::sigTradeDateChanged; the same day again tells nobody. 0, the default, ends it.
 INDICATORHOST_EXPORT void setReplayDate(long long msecs);
 
 /// What CLinkageManager::getPositionNumber answers for an instrument ("SH600000").

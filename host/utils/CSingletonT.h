@@ -6,40 +6,58 @@
 #include <atomic>
 #include <memory>
 #include <mutex>
+#include <typeinfo>
 
 namespace utils {
 
-/// Holder of the one object of class T. Visible across shared libraries, so that every library of the
-/// process sees the same object.
+/// Where the one object of a class is kept.
+struct SingletonPlace
+{
+    std::atomic<void*> object { nullptr };
+    std::shared_ptr<void> owner;
+    std::mutex creation; ///< held while the object is made
+};
+
+/// The place of a class, the same for every library of the process: the host library keeps it. Any thread;
+/// valid until the process has ended.
+INDICATORHOST_EXPORT SingletonPlace& singletonPlace(const std::type_info& type);
+
+/// Access to the one object of class T.
 template <class T>
-class INDICATORHOST_TEMPLATE CSingletonT
+class CSingletonT
 {
 public:
     /// The object; the first caller constructs it while others wait without time limit. Any thread.
     static T* instance()
     {
-        if (T* existing = s_object.load(std::memory_order_acquire))
-            return existing;
-        const std::lock_guard<std::mutex> lock(s_creation);
-        if (!s_object.load(std::memory_order_relaxed)) {
-            s_owner = std::make_shared<T>();
-            s_object.store(s_owner.get(), std::memory_order_release);
+        SingletonPlace& its = place();
+        if (void* existing = its.object.load(std::memory_order_acquire))
+            return static_cast<T*>(existing);
+        const std::lock_guard<std::mutex> lock(its.creation);
+        if (!its.object.load(std::memory_order_relaxed)) {
+            const auto made = std::make_shared<T>();
+            its.owner = made;
+            its.object.store(made.get(), std::memory_order_release);
         }
-        return s_object.load(std::memory_order_relaxed);
+        return static_cast<T*>(its.object.load(std::memory_order_relaxed));
     }
 
     /// Destroys the object; the next instance() makes a new one. Takes no lock: the caller makes sure
     /// that nobody uses the object any more.
     static void release()
     {
-        s_object.store(nullptr, std::memory_order_release);
-        s_owner.reset();
+        SingletonPlace& its = place();
+        its.object.store(nullptr, std::memory_order_release);
+        its.owner.reset();
     }
 
 private:
-    inline static std::atomic<T*> s_object { nullptr };
-    inline static std::shared_ptr<T> s_owner;
-    inline static std::mutex s_creation;
+    /// Asked of the host once by each library; the answer is the same for all of them.
+    static SingletonPlace& place()
+    {
+        static SingletonPlace& asked = singletonPlace(typeid(T));
+        return asked;
+    }
 };
 
 } // namespace utils

@@ -1,6 +1,6 @@
 #include "data/IndexBaseData.h"
 
-#include "data/internal/ElementAt.h"
+#include "data/internal/RecordViews.h"
 #include "host/TC/CFormulaHistoryDataManager.h"
 #include "host/TC/CFormulaOperateManager.h"
 #include "host/WB/TextConversion.h"
@@ -13,45 +13,33 @@
 
 namespace TC {
 
+using namespace detail;
+
 namespace {
 
-using detail::elementAt;
-
 constexpr int kMainChartKind = 2;
-constexpr int kLastDrawType = 37;
 
 CFormulaOperateManager* formulaManager()
 {
     return utils::CSingletonT<CFormulaOperateManager>::instance();
 }
 
-template <std::size_t Count>
-bool isOneOf(int value, const int (&values)[Count])
-{
-    return std::find(std::begin(values), std::end(values), value) != std::end(values);
-}
-
 /// Column that decides whether an output of the draw type needs the axis; null when nothing decides.
 const int* decidingColumn(int drawType, const std::vector<int>& columns)
 {
-    static const int byFirst[] = { 0, 2, 10, 11, 27, 37 }, bySecond[] = { 13, 19, 26, 28 };
-    if (drawType > kLastDrawType)
-        return nullptr;
-    if (isOneOf(drawType, byFirst))
-        return elementAt(columns, 0);
-    if (isOneOf(drawType, bySecond))
-        return elementAt(columns, 1);
-    return nullptr;
-}
-
-/// Value of an output's first column at the last bar; null when the records have none. Deliberate: the
-/// column's type is not asked for, so that a text column reads the number series of its index.
-const double* lastValue(const se::RPCFormulaResult& result, const std::vector<int>& columns)
-{
-    const int* column = elementAt(columns, 0);
-    const int* series = column ? elementAt(result.columnSeries, *column) : nullptr;
-    const std::vector<double>* values = series ? elementAt(result.numberSeries, *series) : nullptr;
-    return values ? elementAt(*values, static_cast<int>(result.barTimes.size()) - 1) : nullptr;
+    switch (drawType) {
+    case se::DrawType::Line:
+    case se::DrawType::ColorStick:
+    case se::DrawType::PointDot:
+    case se::DrawType::CircleDot:
+    case se::DrawType::Volume:
+    case se::DrawType::BoolLine: return elementAt(columns, 0);
+    case se::DrawType::Text:
+    case se::DrawType::Icon:
+    case se::DrawType::Number:
+    case se::DrawType::StickLine: return elementAt(columns, 1);
+    default: return nullptr;
+    }
 }
 
 /// Adds the back-test figures among the outputs of one formula. Deliberate: missing numbers are passed on,
@@ -60,21 +48,21 @@ void collectFigures(const RPCFormulaResultCache& cache, QMap<QString, double>& f
 {
     static const QStringList names =
         QStringLiteral("年化收益|基准年化收益|最大回撤率|胜率").split(QLatin1Char('|'));
-    static const int withoutFigure[] = { 12, 13, 19, 26, 28, 31, 34, 36 };
     const se::RPCFormulaMetaResult& meta = cache.meta;
-    const int* valid = elementAt(cache.result.barValid, static_cast<int>(cache.result.barTimes.size()) - 1);
-    if (!valid || *valid == 0)
+    const int lastBar = barTotal(cache.result) - 1;
+    if (!isValidBar(cache.result, lastBar))
         return;
     for (int output = 0; output < meta.outputCount; ++output) {
         const int* drawType = elementAt(meta.drawType, output);
-        const std::vector<int>* columns = elementAt(meta.outputColumns, output);
         const std::string* name = elementAt(meta.outputNames, output);
         if (!drawType)
             return; // no later output has one either
-        if (isOneOf(*drawType, withoutFigure) || !columns || !name)
+        if (!hasLegendValue(*drawType) || !name)
             continue;
         const QString shown = WB::sToQs(*name);
-        const double* value = lastValue(cache.result, *columns);
+        // Deliberate: the column's type is not asked for, so that a text column reads the number series of
+        // its index.
+        const std::optional<double> value = OutputView(cache, output).column(0).raw(lastBar);
         if (value && names.contains(shown, Qt::CaseSensitive))
             figures[shown] = *value;
     }

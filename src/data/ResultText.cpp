@@ -2,9 +2,9 @@
 
 #include "data/IndexBaseData.h"
 
-#include "data/internal/ElementAt.h"
 #include "data/internal/LocalClock.h"
 #include "data/internal/NumberText.h"
+#include "data/internal/RecordViews.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -12,54 +12,28 @@
 
 namespace TC {
 
+using namespace detail;
+
 namespace {
 
-using detail::elementAt;
-using detail::LocalClock;
-
-enum ColumnType { Fixed = 0, General = 1, Flag = 2, Text = 3 };
-
-/// The series behind an output with one column, looked up once for all its cells.
-class ExportedColumn
+/// Appends a cell. Deliberate: other column types write nothing, not even the comma.
+void appendCell(std::string& text, const ColumnView& column, int bar)
 {
-public:
-    ExportedColumn(const se::RPCFormulaResult& result, const std::vector<int>& columns)
-    {
-        const int* column = elementAt(columns, 0);
-        const int* series = column ? elementAt(result.columnSeries, *column) : nullptr;
-        const int* type = column ? elementAt(result.columnType, *column) : nullptr;
-        if (!series || !type)
-            return;
-        m_type = *type;
-        if (m_type == Text)
-            m_texts = elementAt(result.textSeries, *series);
-        else
-            m_numbers = elementAt(result.numberSeries, *series);
+    if (column.isText()) {
+        if (const std::string* value = column.text(bar))
+            text.append(1, ',').append(*value);
+        return;
     }
-
-    /// Appends a cell. Deliberate: other column types write nothing, not even the comma.
-    void append(std::string& text, int bar) const
-    {
-        if (m_type == Text) {
-            if (const std::string* value = m_texts ? elementAt(*m_texts, bar) : nullptr)
-                text.append(1, ',').append(*value);
-            return;
-        }
-        const double* value = m_numbers ? elementAt(*m_numbers, bar) : nullptr;
-        if (!value || (m_type != Fixed && m_type != General && m_type != Flag))
-            return;
-        text += ',';
-        if (m_type == Fixed)
-            detail::appendFixed4(text, *value);
-        else
-            detail::appendGeneral6(text, *value);
+    const std::optional<double> value = column.raw(bar);
+    if (!value || !column.type())
+        return;
+    switch (*column.type()) {
+    case se::ColumnType::Number: text += ','; return appendFixed4(text, *value);
+    case se::ColumnType::Integer:
+    case se::ColumnType::Flag: text += ','; return appendGeneral6(text, *value);
+    default: return;
     }
-
-private:
-    int m_type = -1;
-    const std::vector<double>* m_numbers = nullptr;
-    const std::vector<std::string>* m_texts = nullptr;
-};
+}
 
 /// One formula with the columns that it exports.
 struct ExportedFormula
@@ -77,14 +51,14 @@ struct ExportedFormula
             const std::string* name = elementAt(meta.outputNames, output);
             header += ',';
             header += name ? *name : std::string();
-            columns.emplace_back(result, *columnsOfOutput);
+            columns.emplace_back(result, columnsOfOutput->front());
         }
     }
 
     void append(std::string& text, int bar) const
     {
-        for (const ExportedColumn& column : columns)
-            column.append(text, bar);
+        for (const ColumnView& column : columns)
+            appendCell(text, column, bar);
     }
 
     bool isValid(int bar) const
@@ -96,7 +70,7 @@ struct ExportedFormula
     int barCount() const { return static_cast<int>(result.barTimes.size()); }
 
     const se::RPCFormulaResult& result;
-    std::vector<ExportedColumn> columns;
+    std::vector<ColumnView> columns;
     int position = 0; ///< next bar to be matched, for the formulas beside the first
 };
 
@@ -116,7 +90,7 @@ void reserveFor(std::string& text, int rows, std::size_t cells)
 std::string IndexBaseData::getLengthStr(int value, int width)
 {
     std::string text;
-    detail::appendPadded(text, value, width);
+    appendPadded(text, value, width);
     return text;
 }
 
@@ -132,8 +106,9 @@ std::string IndexBaseData::getDataSlide(int output, int bar, se::RPCFormulaResul
                                         se::RPCFormulaMetaResult& meta)
 {
     std::string text;
-    if (const std::vector<int>* columns = elementAt(meta.outputColumns, output))
-        ExportedColumn(result, *columns).append(text, bar);
+    const std::vector<int>* columns = elementAt(meta.outputColumns, output);
+    if (columns && !columns->empty())
+        appendCell(text, ColumnView(result, columns->front()), bar);
     return text;
 }
 

@@ -222,7 +222,7 @@ public:
                              QPair<double, double> range, int outputIndex, int startIndex, int endIndex,
                              int halfWidth, bool asLine, bool fullWidth, int barCount, double);
 
-    // Texts, numbers, icons (TextPainters.cpp)
+    // Texts, numbers, icons (TextPainters.cpp, IconPainter.cpp)
 
     /// A text per bar at a price. Columns: condition, price, text.
     void drawText(QPainter* painter, QRect& rect, RPCFormulaResultCache& cache, QPair<double, double> range,
@@ -243,7 +243,7 @@ public:
                   RPCFormulaResultCache& cache, int startIndex, int endIndex, int outputIndex, int xOffset,
                   int barCount);
 
-    // Legend (title/TitleText.cpp, title/TitlePainting.cpp)
+    // Legend (title/LegendText.cpp, title/LegendArrow.cpp, title/LegendPainting.cpp)
 
     /// Pieces of one formula's legend at a bar, each with the output that it shows (-1 for an overlaid
     /// instrument's piece), in display order.
@@ -308,7 +308,8 @@ public:
     static QList<QColor> m_colorListGradient; ///< fill of drawSimpleLine: top, bottom
 
 private:
-    /// Sets `penStyle` from the output's line-style code; unknown codes and missing entries leave it.
+    /// Sets `penStyle` from the output's line-style code; unknown codes and missing entries leave it. Part
+    /// of the fixed interface: hosts hand each painter its pen style themselves, so nothing here calls it.
     static void getLineStyle(int& penStyle, const se::RPCFormulaMetaResult& meta, int outputIndex);
 };
 

@@ -2,6 +2,7 @@
 
 #include "draw/CDrawStyle.h"
 
+#include "data/internal/RecordViews.h"
 #include "draw/internal/CandleBuilder.h"
 #include "draw/internal/LabelSpot.h"
 #include "draw/internal/Layout.h"
@@ -185,10 +186,10 @@ void CDrawStyle::drawKLine(QPainter* painter, QRect& rect, RPCFormulaResultCache
         return;
 
     // Deliberate: no spare slot and no start offset; candles always begin at the pane's left edge.
-    const SlotLayout layout { startIndex, slotWidth(rect, barCount), static_cast<double>(rect.left()) };
+    const SlotLayout layout = candleSlots(rect, startIndex, barCount);
     const CandleScale rows { rect, range, halfWidth };
-    const QColor riseColor = useOutputColour ? fromPacked(*packed) : skinColor(kRiseColor);
-    const QColor fallColor = useOutputColour ? fromPacked(*packed) : skinColor(kFallColor);
+    const QColor riseColor = useOutputColour ? fromPacked(*packed) : WB::skinColor(kRiseColor);
+    const QColor fallColor = useOutputColour ? fromPacked(*packed) : WB::skinColor(kFallColor);
 
     ViewExtremes extremes;
     std::optional<double> previousClose;
@@ -204,7 +205,7 @@ void CDrawStyle::drawKLine(QPainter* painter, QRect& rect, RPCFormulaResultCache
 
     if (useOutputColour || !extremes.high || !extremes.low)
         return;
-    painter->setPen(skinColor(kHighLowColor));
+    painter->setPen(WB::skinColor(kHighLowColor));
     drawPriceLabel(painter, rows, *extremes.high, precision, highLabelSpot);
     drawPriceLabel(painter, rows, *extremes.low, precision, lowLabelSpot);
 }

@@ -2,7 +2,8 @@
 
 #include "draw/CDrawStyle.h"
 
-#include "draw/internal/LineLayout.h"
+#include "data/internal/RecordViews.h"
+#include "draw/internal/BarLayout.h"
 #include "draw/internal/Pens.h"
 
 #include <QPainter>
@@ -11,9 +12,9 @@
 
 namespace TC {
 
-namespace {
-
 using namespace detail;
+
+namespace {
 
 constexpr int kDotSize = 4;
 
@@ -37,7 +38,7 @@ void drawDots(QPainter* painter, const QRect& rect, const RPCFormulaResultCache&
     if (output.lineWidth() == 0 || !color || !values.exists())
         return;
 
-    const ValueScale scale = spanning(rect, range); // no fallback on a flat range
+    const ValueScale scale = valueScale(rect, range); // no fallback on a flat range
     painter->setPen(linePen(fromPacked(*color), output.lineWidth(), Qt::SolidLine));
     forEachValidBar(cache.result, bars.first, bars.last, [&](int bar) {
         const std::optional<double> value = values.finite(bar); // the missing marker is drawn like a value
@@ -70,7 +71,7 @@ void CDrawStyle::drawCircleDot(QPainter* painter, QRect& rect, RPCFormulaResultC
     if (barCount >= 1) {
         if (alignByIndex)
             start = toPixel(startIndex * width);
-        else if (isSecondVariant())
+        else if (isClientType3())
             start = xOffset; // Deliberate: the offset counts twice, here and below
         else
             start = toPixel(bars.rightShift() * width);

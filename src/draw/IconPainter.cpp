@@ -2,6 +2,7 @@
 
 #include "draw/CDrawStyle.h"
 
+#include "data/internal/RecordViews.h"
 #include "draw/internal/LabelPlacement.h"
 #include "draw/internal/Layout.h"
 #include "draw/internal/Pens.h"
@@ -24,12 +25,12 @@ void CDrawStyle::drawIcon(QPainter* painter, QRect& rect, QString, QPair<double,
         return;
 
     // Deliberate: the skin's colour, not the output's, and the painter keeps pen and brush.
-    painter->setPen(skinColor(kIconColor));
-    painter->setBrush(skinColor(kIconColor));
+    painter->setPen(WB::skinColor(kIconColor));
+    painter->setBrush(WB::skinColor(kIconColor));
     const BarWindow bars { startIndex, endIndex, barCount, false };
     const SlotLayout layout { startIndex, slotWidth(rect, bars.divisor()), static_cast<double>(xOffset),
                               -kIconSize / 2.0 };
-    const ValueScale scale = spanning(rect, range);
+    const ValueScale scale = valueScale(rect, range);
     // Deliberate: a mark past the end of the shapes repeats the shape before it.
     int shape = ellipse;
     forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {

@@ -2,7 +2,8 @@
 
 #include "draw/CDrawStyle.h"
 
-#include "draw/internal/LineLayout.h"
+#include "data/internal/RecordViews.h"
+#include "draw/internal/BarLayout.h"
 #include "draw/internal/Pens.h"
 
 #include <QLinearGradient>
@@ -13,12 +14,17 @@
 
 namespace TC {
 
-namespace {
-
 using namespace detail;
 
-const QColor kAccent(72, 166, 242); // client type 3's blue
+namespace {
+
 constexpr int kWhite = 0xFFFFFF;
+
+/// Client type 3's blue.
+QColor accent(int alpha = 255)
+{
+    return QColor(72, 166, 242, alpha);
+}
 
 /// Row of a value on the painters' own scale; on a flat range every value stands on half the bottom
 /// coordinate. Deliberate: not the centre of the rectangle, which may begin below row 0.
@@ -26,7 +32,7 @@ class LineRows
 {
 public:
     LineRows(const QRect& rect, const QPair<double, double>& range)
-        : m_scale(spanning(rect, range))
+        : m_scale(valueScale(rect, range))
     {
         if (isFlat(range))
             m_flatRow = rect.bottom() / 2;
@@ -66,8 +72,8 @@ private:
 /// Top and bottom colour of the fill under a line: client type 3's own, the skin's pair, or the default.
 QPair<QColor, QColor> fillColors()
 {
-    if (isSecondVariant())
-        return { QColor(72, 166, 242, 102), QColor(31, 33, 38, 0) };
+    if (isClientType3())
+        return { accent(102), QColor(31, 33, 38, 0) };
     const QList<QColor>& gradient = CDrawStyle::m_colorListGradient;
     if (gradient.size() == 2)
         return { gradient[0], gradient[1] };
@@ -96,10 +102,10 @@ void fillBeneath(QPainter* painter, const QRect& rect, const QPainterPath& line)
 Qt::PenStyle vertLineStyle(const OutputView& output, int lineStyle)
 {
     switch (lineStyle) {
-    case 0: return Qt::SolidLine;
-    case 15:
-    case 16:
-    case 17: return static_cast<Qt::PenStyle>(lineStyle - 12);
+    case se::LineStyle::Solid: return Qt::SolidLine;
+    case se::LineStyle::Dot: return Qt::DotLine;
+    case se::LineStyle::DashDot: return Qt::DashDotLine;
+    case se::LineStyle::DashDotDot: return Qt::DashDotDotLine;
     default: return static_cast<Qt::PenStyle>(output.index());
     }
 }
@@ -132,7 +138,7 @@ void CDrawStyle::drawSimpleLine(QPainter* painter, QRect& rect, RPCFormulaResult
 
     if (gradientFill)
         fillBeneath(painter, rect, line.path());
-    const QColor ink = isSecondVariant() && *color == kWhite ? kAccent : fromPacked(*color);
+    const QColor ink = isClientType3() && *color == kWhite ? accent() : fromPacked(*color);
     painter->setBrush(Qt::NoBrush);
     painter->strokePath(line.path(), linePen(ink, output.lineWidth(), penStyle));
 }

@@ -6,6 +6,8 @@
 
 namespace TC {
 
+using namespace detail;
+
 QList<int> CDrawStyle::m_colorList;
 QList<QColor> CDrawStyle::m_colorListGradient;
 
@@ -65,7 +67,7 @@ int CDrawStyle::getIndexOutPutColorKey(int outputIndex, int colourIsSet, int col
 
 void CDrawStyle::getLineStyle(int& penStyle, const se::RPCFormulaMetaResult& meta, int outputIndex)
 {
-    detail::applyLineStyle(penStyle, meta, outputIndex);
+    applyLineStyle(penStyle, meta, outputIndex);
 }
 
 std::string CDrawStyle::colorName(int colour)

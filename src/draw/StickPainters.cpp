@@ -2,8 +2,9 @@
 
 #include "draw/CDrawStyle.h"
 
+#include "data/internal/RecordViews.h"
+#include "draw/internal/BarLayout.h"
 #include "draw/internal/Pens.h"
-#include "draw/internal/StickLayout.h"
 
 #include <QPainter>
 
@@ -18,18 +19,9 @@ SlotLayout colorStickLayout(const QRect& rect, const BarWindow& bars, int xOffse
 {
     const double width = slotWidth(rect, bars.divisor());
     const double start = alignByIndex ? bars.first * width
-        : runsStartAtPaneLeft()       ? xOffset
+        : isClientType3()             ? xOffset // from the pane's left edge
                                       : bars.rightShift() * width + xOffset;
     return { bars.first, width, rect.left() + start };
-}
-
-/// On a flat range the height spans the level itself, as if the axis started at zero.
-ValueScale colorStickScale(const QRect& rect, const QPair<double, double>& range)
-{
-    ValueScale scale = spanning(rect, range);
-    if (isFlat(range))
-        scale.pixelsPerUnit = rect.height() / range.first;
-    return scale;
 }
 
 } // namespace
@@ -46,12 +38,14 @@ void CDrawStyle::drawColorStick(QPainter* painter, QRect& rect, RPCFormulaResult
         return;
 
     const SlotLayout layout = colorStickLayout(rect, bars, xOffset, alignByIndex);
-    const ValueScale scale = colorStickScale(rect, range);
+    const ValueScale scale = spanningOrToMaximum(rect, range);
     if (!hasPixel(scale.at(0.0)))
         return;
     const int zeroRow = scale.row(0.0);
-    const QPen rise = linePen(skinColor(realtimeColours ? kRealtimeStickColor : kRiseColor), 1.0, penStyle);
-    const QPen fall = linePen(skinColor(realtimeColours ? kRealtimeStickColor : kFallColor), 1.0, penStyle);
+    const QPen rise =
+        linePen(WB::skinColor(realtimeColours ? kRealtimeStickColor : kRiseColor), 1.0, penStyle);
+    const QPen fall =
+        linePen(WB::skinColor(realtimeColours ? kRealtimeStickColor : kFallColor), 1.0, penStyle);
 
     forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
         // Deliberate: any finite number has a stick here, the missing marker as well.
@@ -137,7 +131,7 @@ void CDrawStyle::drawStickKline(QPainter* painter, QRect& rect, QPair<double, do
     const double slot = slotWidth(rect, bars.divisor());
     const SlotLayout layout { startIndex, slot, static_cast<double>(rect.left()),
                               static_cast<double>(xOffset) };
-    const ValueScale scale = spanning(rect, range);
+    const ValueScale scale = valueScale(rect, range);
     const QColor color = fromPacked(*packed);
     painter->setPen(linePen(color, output.lineWidth(), Qt::SolidLine));
 

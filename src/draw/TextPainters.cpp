@@ -3,6 +3,7 @@
 
 #include "draw/CDrawStyle.h"
 
+#include "data/internal/RecordViews.h"
 #include "draw/internal/LabelPlacement.h"
 #include "draw/internal/Layout.h"
 #include "draw/internal/Pens.h"
@@ -15,16 +16,15 @@
 
 namespace TC {
 
-namespace {
-
 using namespace detail;
+
+namespace {
 
 /// Position code of every text and number. Deliberate: the first output's, whichever output is painted.
 int textPosition(const se::RPCFormulaMetaResult& meta)
 {
-    constexpr int atPoint = 1;
     const int* code = elementAt(meta.position, 0);
-    return code ? *code : atPoint;
+    return code ? *code : se::Position::AtPoint;
 }
 
 /// Where a run of labels stands. Deliberate: x counts from 0 whatever the pane's left edge is, and runs
@@ -50,18 +50,10 @@ struct LabelLayout
 
 void setTitleFont(QPainter* painter)
 {
+    // Deliberate: without the skin's font the painter keeps its own.
     const auto* skin = utils::CSingletonT<WB::CUiResource>::instance();
     if (const QFont* font = skin->getFont(QString::fromLatin1(kTitleFont)))
         painter->setFont(*font);
-}
-
-/// Scale of texts: on a flat range the height spans the maximum itself, not the range.
-ValueScale textScale(const QRect& rect, const QPair<double, double>& range)
-{
-    ValueScale scale = spanning(rect, range);
-    if (isFlat(range))
-        scale.pixelsPerUnit = isZero(range.first) ? 1.0 : rect.height() / range.first;
-    return scale;
 }
 
 /// Pen of an output's texts; empty where the output is not drawn.
@@ -92,7 +84,7 @@ void CDrawStyle::drawText(QPainter* painter, QRect& rect, RPCFormulaResultCache&
 {
     const OutputView output(cache, outputIndex);
     const ColumnView condition = output.column(0), prices = output.column(1);
-    const std::vector<std::string>* texts = output.texts(2);
+    const std::vector<std::string>* texts = output.column(2).texts();
     // Deliberate: with a fourth column the colour entry counts even where the formula did not set it.
     const bool usesColorEntry = output.columnCount() >= 4;
     const std::optional<QPen> pen = textPen(
@@ -107,7 +99,7 @@ void CDrawStyle::drawText(QPainter* painter, QRect& rect, RPCFormulaResultCache&
     const LabelLayout layout { rect,
                                textPosition(cache.meta),
                                { startIndex, slotWidth(rect, bars.divisor()), static_cast<double>(xOffset) },
-                               textScale(rect, range) };
+                               spanningOrToMaximum(rect, range, 1.0) };
     // Deliberate: a result with fewer bars than slots is walked from its first bar, which then stands left
     // of the pane when the window starts later.
     const int first = barTotal(cache.result) < barCount ? 0 : startIndex;
@@ -128,7 +120,7 @@ void CDrawStyle::drawTextEx(QPainter* painter, QRect& rect, RPCFormulaResultCach
     // Deliberate: the last value of each column by itself; columns of different length are not aligned.
     const auto condition = lastOf(output.column(0)), mode = lastOf(output.column(1));
     const auto across = lastOf(output.column(2)), down = lastOf(output.column(3));
-    const std::vector<std::string>* texts = output.texts(4);
+    const std::vector<std::string>* texts = output.column(4).texts();
     const std::optional<QPen> pen = textPen(output, outputColor(output));
     if (!condition || !isCode(*condition, 1) || !mode || !across || !down || !texts || texts->empty() || !pen
         || isMissing(*across) || isMissing(*down))
@@ -167,7 +159,7 @@ void CDrawStyle::drawNumber(QPainter* painter, QRect& rect, QPair<double, double
     const LabelLayout layout { rect,
                                textPosition(cache.meta),
                                { startIndex, slotWidth(rect, bars.divisor()), static_cast<double>(xOffset) },
-                               spanning(rect, range) };
+                               valueScale(rect, range) };
     forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
         const auto on = condition.raw(bar), asked = decimals.raw(bar);
         // Deliberate: only finite is asked for, so the missing marker becomes the text of invalid numbers.

@@ -2,22 +2,20 @@
 
 #include "draw/CDrawStyle.h"
 
-#include "draw/internal/BookChange.h"
-#include "draw/internal/Layout.h"
+#include "data/internal/RecordViews.h"
+#include "draw/internal/BarLayout.h"
+#include "draw/internal/BookSeries.h"
 #include "draw/internal/TickInk.h"
 #include "draw/internal/TradeDirection.h"
 #include "draw/tickPaintData.h"
-
-#include "host/TC/CAppConfig.h"
-#include "host/utils/CSingletonT.h"
 
 #include <QPainter>
 
 namespace TC {
 
-namespace {
-
 using namespace detail;
+
+namespace {
 
 /// Positions of the reference prices in the number-series table; they belong to no column.
 struct ReferencePositions
@@ -55,21 +53,6 @@ std::vector<tickPaintData> classifiedTrades(const se::RPCFormulaResult& result, 
     return trades;
 }
 
-/// Where the crosses of a run stand.
-struct CrossLayout
-{
-    bool fromPaneLeft = false; ///< false: x counts from 0 whatever the pane's left edge is
-    double left = 0.0;         ///< pixels
-    double slotWidth = 0.0;    ///< fractional pixels
-    double shift = 0.0;        ///< pixels
-
-    double at(std::size_t trade) const
-    {
-        const double x = static_cast<double>(trade) * slotWidth + shift;
-        return fromPaneLeft ? left + x : x;
-    }
-};
-
 /// Row of a price's cross. Deliberate: held 8 pixels below the top edge but not at the bottom, and on a
 /// flat range at half the pane's height whatever its top is.
 std::optional<int> crossRow(const QRect& rect, const QPair<double, double>& range, const ValueScale& scale,
@@ -93,7 +76,7 @@ struct StickRun
 {
     const QRect& rect;
     const RPCFormulaResultCache& cache;
-    double maximum; ///< of the value axis; volumes stand on zero
+    const QPair<double, double>& range;
     int output;
     BarWindow bars;
     int halfWidth; ///< pixels
@@ -109,20 +92,18 @@ public:
         , m_pens(painter)
         , m_lines(painter, m_pens, run.rect.bottom())
         , m_run(run)
-        , m_slotWidth(slotWidth(run.rect, run.bars.divisor()))
-        , m_scale { static_cast<double>(run.rect.bottom()), 0.0, run.rect.height() / run.maximum }
+        , m_layout { run.bars.first, slotWidth(run.rect, run.bars.divisor()), run.rect.left(), 0,
+                     run.halfWidth }
+        , m_scale(volumeScale(run.rect, run.range))
     {
     }
 
     void add(int bar, double volume, bool rise)
     {
-        const double inPane = (static_cast<double>(bar) - m_run.bars.first) * m_slotWidth + m_run.halfWidth;
-        const double middle = m_run.rect.left() + inPane;
-        if (isMissing(volume) || !hasPixel(middle) || !hasPixel(m_scale.at(volume)))
+        if (isMissing(volume) || !hasPixel(m_layout.at(bar)) || !hasPixel(m_scale.at(volume)))
             return;
-        const int x = saturatedSum(toPixel(middle), -static_cast<long long>(m_run.halfWidth));
-        const int y = m_scale.row(volume);
-        const long long width = std::max(2ll * m_run.halfWidth, 1ll);
+        const int x = m_layout.bodyLeft(bar), y = m_scale.row(volume);
+        const long long width = m_layout.bodyWidth();
         // Deliberate: the pane's height less the row, although rows count from the top of the surface:
         // in a pane that does not start at row 0 sticks come out short, the small ones as one-pixel marks.
         const long long height = std::max(static_cast<long long>(m_run.rect.height()) - y, 1ll);
@@ -155,7 +136,7 @@ private:
     DirectionPens m_pens;
     StandingLineInk m_lines;
     const StickRun& m_run;
-    double m_slotWidth; ///< fractional pixels
+    BodyLayout m_layout;
     ValueScale m_scale;
 };
 
@@ -195,21 +176,20 @@ void CDrawStyle::drawTick(QPainter* painter, QRect& rect, QPair<double, double> 
     if (trades.empty())
         return;
 
-    // Deliberate: slots are as many as trades, whatever the pane shows; only client type 3 asks for the
-    // pane's slots and starts at the pane's left edge.
-    const bool isClientType3 = utils::CSingletonT<CAppConfig>::instance()->isClientType(3);
+    // Deliberate: slots are as many as trades, whatever the pane shows, and columns count from 0; only
+    // client type 3 asks for the pane's slots and starts at the pane's left edge.
+    const bool inPane = isClientType3();
     const double tradeCount = static_cast<double>(trades.size());
     const BarWindow bars { startIndex, endIndex, barCount, fullWidth };
-    const double slots = isClientType3 ? std::max(tradeCount, bars.divisor()) : tradeCount;
-    const CrossLayout layout { isClientType3, static_cast<double>(rect.left()), slotWidth(rect, slots),
-                               static_cast<double>(crossSize) };
-    const ValueScale scale = spanning(rect, range);
+    const double slots = inPane ? std::max(tradeCount, bars.divisor()) : tradeCount;
+    const BodyLayout layout { 0, slotWidth(rect, slots), inPane ? rect.left() : 0, crossSize, 0 };
+    const ValueScale scale = valueScale(rect, range);
     const int half = std::max(crossSize / 2, 1);
 
     CrossInk ink(painter, rect, half);
     for (std::size_t trade = 0; trade < trades.size(); ++trade) {
         if (const std::optional<int> row = crossRow(rect, range, scale, trades[trade].price))
-            ink.add(toPixel(layout.at(trade)), *row, trades[trade].rise);
+            ink.add(layout.bodyLeft(static_cast<int>(trade)), *row, trades[trade].rise);
     }
     ink.finish();
 }
@@ -219,7 +199,7 @@ void CDrawStyle::drawTickVolStick(QPainter* painter, QRect& rect, RPCFormulaResu
                                   int halfWidth, bool asLine, bool fullWidth, int barCount, double)
 {
     const BarWindow bars { startIndex, endIndex, barCount, fullWidth };
-    paintSticks(painter, { rect, cache, range.first, outputIndex, bars, halfWidth, asLine },
+    paintSticks(painter, { rect, cache, range, outputIndex, bars, halfWidth, asLine },
                 [](int, double, double, bool rise) { return rise; });
 }
 
@@ -230,7 +210,7 @@ void CDrawStyle::drawTickVolStickNew(QPainter* painter, QRect& rect, RPCFormulaR
 {
     const BarWindow bars { startIndex, endIndex, barCount, fullWidth };
     BookWalk book(cache.result);
-    paintSticks(painter, { rect, cache, range.first, outputIndex, bars, halfWidth, asLine },
+    paintSticks(painter, { rect, cache, range, outputIndex, bars, halfWidth, asLine },
                 [&book](int bar, double volume, double price, bool rise) {
                     return book.rises(bar, volume, price, rise);
                 });

@@ -2,25 +2,19 @@
 
 #include "draw/CDrawStyle.h"
 
+#include "data/internal/RecordViews.h"
 #include "draw/internal/Numbers.h"
-#include "draw/internal/Output.h"
 
 #include <algorithm>
 #include <optional>
 
 namespace TC {
 
-namespace {
-
 using namespace detail;
 
-constexpr int kFlagColumn = 2, kTextColumn = 3, kPlainColumn = 200;
-constexpr int kGatedText = 13, kFixedText = 31, kBoolLine = 37, kStackedVolume = 42;
+namespace {
 
-bool isPlainNumber(int columnType)
-{
-    return columnType < 2 || columnType == kPlainColumn;
-}
+using se::DrawType;
 
 /// Widens the caller's range; the first value replaces it.
 class RangeGatherer
@@ -56,22 +50,15 @@ private:
     bool m_counted = false;
 };
 
-const std::vector<double>* seriesOf(const se::RPCFormulaResult& result, int column)
-{
-    const int* series = elementAt(result.columnSeries, column);
-    return series ? elementAt(result.numberSeries, *series) : nullptr;
-}
-
 bool lacksBars(const se::RPCFormulaResult& result)
 {
     return result.barTimes.empty() || result.columnType.empty() || result.barValid.empty();
 }
 
 /// First bar past the walk: after `endIndex`, the last bar or the end of the column's series.
-int walkEnd(const se::RPCFormulaResult& result, int endIndex, const std::vector<double>* series)
+int walkEnd(const se::RPCFormulaResult& result, int endIndex, const ColumnView& values)
 {
-    const std::size_t length = series ? series->size() : 0;
-    const int total = std::min(barTotal(result), static_cast<int>(std::min<std::size_t>(length, INT_MAX)));
+    const int total = std::min(barTotal(result), values.size());
     return endIndex < total ? endIndex + 1 : total;
 }
 
@@ -79,11 +66,8 @@ int walkEnd(const se::RPCFormulaResult& result, int endIndex, const std::vector<
 double stackedValue(const se::RPCFormulaResult& result, const std::vector<int>& columns, int bar)
 {
     double sum = 0.0;
-    for (int column : columns) {
-        const std::vector<double>* series = seriesOf(result, column);
-        const double* term = series ? elementAt(*series, bar) : nullptr;
-        sum += term ? *term : 0.0;
-    }
+    for (int column : columns)
+        sum += ColumnView(result, column).raw(bar).value_or(0.0);
     return sum;
 }
 
@@ -98,26 +82,21 @@ struct ColumnScan
 
     void scan(int drawType, const std::vector<int>& columns, int column) const
     {
-        const int* type = elementAt(result.columnType, column);
+        const ColumnView values(result, column);
         const int* needsAxis = elementAt(result.columnNeedsAxis, column);
-        if (!type || *type == kTextColumn || !needsAxis || *needsAxis == 0)
+        if (values.isText() || !needsAxis || *needsAxis == 0)
             return;
-        const std::vector<double>* series = seriesOf(result, column);
-        const int end = walkEnd(result, endIndex, series);
-        const std::vector<double>* gate =
-            drawType == kGatedText ? seriesOf(result, columns.front()) : nullptr;
+        const int end = walkEnd(result, endIndex, values);
+        const ColumnView gate(result, columns.front()); // of gated texts
         for (int bar = std::max(startIndex, 0); bar < end; ++bar) {
             if (!isValidBar(result, bar))
                 continue;
-            if (drawType == kGatedText) {
-                const double* condition = gate ? elementAt(*gate, bar) : nullptr;
-                if (!condition || *condition == 0.0)
-                    continue;
-            }
-            if (isPlainNumber(*type))
-                countValue(drawType == kStackedVolume ? stackedValue(result, columns, bar)
-                                                      : (*series)[static_cast<std::size_t>(bar)]);
-            else if (*type == kFlagColumn && drawType == kBoolLine)
+            if (drawType == DrawType::Text && gate.raw(bar).value_or(0.0) == 0.0)
+                continue;
+            if (values.isPlainNumber())
+                countValue(drawType == DrawType::StackedVolume ? stackedValue(result, columns, bar)
+                                                               : *values.raw(bar));
+            else if (values.isFlag() && drawType == DrawType::BoolLine)
                 range.countFlagColumn();
         }
     }
@@ -153,11 +132,11 @@ bool CDrawStyle::calcMaxMin(double& max, double& min, int startIndex, int endInd
         const int drawType = *elementAt(meta.drawType, output);
         const std::vector<int>& columns = *elementAt(meta.outputColumns, output);
         const int* width = elementAt(meta.lineWidth, output);
-        if (!width || *width == 0 || drawType == kFixedText || columns.empty())
+        if (!width || *width == 0 || drawType == DrawType::FixedText || columns.empty())
             continue;
-        const std::size_t visited = drawType == kStackedVolume ? 1
-            : drawType == kGatedText                           ? std::min<std::size_t>(2, columns.size())
-                                                               : columns.size();
+        const std::size_t visited = drawType == DrawType::StackedVolume ? 1
+            : drawType == DrawType::Text ? std::min<std::size_t>(2, columns.size())
+                                         : columns.size();
         for (std::size_t k = 0; k < visited; ++k)
             scan.scan(drawType, columns, columns[k]);
     }
@@ -181,19 +160,17 @@ bool CDrawStyle::calcMaxMin(double& max, double& min, int startIndex, int endInd
     // leaves them out.
     RangeGatherer range(max, min);
     for (int column : *columns) {
-        const int* type = elementAt(result.columnType, column);
-        if (!type || *type == kTextColumn)
+        const ColumnView values(result, column);
+        if (values.isText())
             continue;
-        const std::vector<double>* series = seriesOf(result, column);
-        const int end = walkEnd(result, endIndex, series);
+        const int end = walkEnd(result, endIndex, values);
         for (int bar = std::max(startIndex, 0); bar < end; ++bar) {
             if (!isValidBar(result, bar))
                 continue;
-            const double value = (*series)[static_cast<std::size_t>(bar)];
-            if (isPlainNumber(*type)) {
-                if (std::isfinite(value))
-                    range.count(value);
-            } else if (*type == kFlagColumn && *drawType == kBoolLine) {
+            if (values.isPlainNumber()) {
+                if (const std::optional<double> value = values.finite(bar))
+                    range.count(*value);
+            } else if (values.isFlag() && *drawType == DrawType::BoolLine) {
                 range.countFlagColumn();
             }
         }
@@ -203,17 +180,17 @@ bool CDrawStyle::calcMaxMin(double& max, double& min, int startIndex, int endInd
 
 int dataToYAxis(double value, int top, int bottom, double max, double min)
 {
-    if (detail::isEqual(max, min)) {
-        if (value - min > detail::kTolerance)
+    if (isEqual(max, min)) {
+        if (value - min > kTolerance)
             return top;
-        if (max - value <= detail::kTolerance)
+        if (max - value <= kTolerance)
             return static_cast<int>((static_cast<long long>(top) + 1 + bottom) / 2);
         return bottom;
     }
     const double lowest = std::min(max, min), highest = std::max(max, min);
     const double height = static_cast<double>(static_cast<long long>(bottom) - top);
     const double rows = height * (value - lowest) / (highest - lowest);
-    return detail::saturatedSum(bottom, -static_cast<long long>(detail::toPixel(rows)));
+    return saturatedSum(bottom, -static_cast<long long>(toPixel(rows)));
 }
 
 } // namespace TC

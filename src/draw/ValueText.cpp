@@ -10,17 +10,19 @@
 
 namespace TC {
 
+using namespace detail;
+
 int buildQuoteKey(double price)
 {
     const double key = price > 0.0 ? std::floor(price * 1000.0 + 0.5) : std::ceil(price * 1000.0 - 0.5);
-    return detail::toPixel(key); // the same saturation; NaN gives 0
+    return toPixel(key); // the same saturation; NaN gives 0
 }
 
 int CDrawStyle::priceTick2Precision(double priceTick)
 {
     constexpr int usual = 2, tooMany = 10;
-    constexpr double leastWhole = 1.0 - detail::kTolerance;
-    if (detail::isMissingMarker(priceTick))
+    constexpr double leastWhole = 1.0 - kTolerance;
+    if (isMissingMarker(priceTick))
         return usual;
     if (priceTick >= leastWhole)
         return 0;

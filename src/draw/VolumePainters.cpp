@@ -2,9 +2,10 @@
 
 #include "draw/CDrawStyle.h"
 
+#include "data/internal/RecordViews.h"
+#include "draw/internal/BarLayout.h"
 #include "draw/internal/Pens.h"
 #include "draw/internal/RiseFall.h"
-#include "draw/internal/StickLayout.h"
 
 #include <QPainter>
 
@@ -20,7 +21,7 @@ BodyLayout volumeLayout(const QRect& rect, const BarWindow& bars, int halfWidth,
     int start = 0;
     if (bars.slotCount > 0 && alignByIndex)
         start = toPixel(bars.first * width);
-    else if (bars.slotCount > 0 && !runsStartAtPaneLeft())
+    else if (bars.slotCount > 0 && !isClientType3()) // which starts at the pane's left edge
         start = toPixel(bars.rightShift() * width);
     return { bars.first, width, rect.left(), start, halfWidth };
 }
@@ -32,9 +33,9 @@ BodyLayout stackLayout(const QRect& rect, const BarWindow& bars, int halfWidth, 
     if (bars.slotCount > 0) {
         // Deliberate: aligned by index, the pane's left edge counts here and again in the layout; and
         // client type 3 starts half a body further right.
-        start = alignByIndex        ? toPixel(rect.left() + bars.first * width)
-            : runsStartAtPaneLeft() ? halfWidth
-                                    : toPixel(bars.rightShift() * width);
+        start = alignByIndex  ? toPixel(rect.left() + bars.first * width)
+            : isClientType3() ? halfWidth
+                              : toPixel(bars.rightShift() * width);
     }
     return { bars.first, width, rect.left(), start, halfWidth };
 }
@@ -90,8 +91,8 @@ void CDrawStyle::drawVolStick(QPainter* painter, QRect& rect, RPCFormulaResultCa
 
     const BarWindow bars { startIndex, endIndex, barCount, fullWidth };
     const BodyLayout layout = volumeLayout(rect, bars, halfWidth, alignByIndex);
-    const ValueScale scale = standingOnZero(rect, range);
-    const QColor riseColor = skinColor(kRiseColor), fallColor = skinColor(kFallColor);
+    const ValueScale scale = volumeScale(rect, range);
+    const QColor riseColor = WB::skinColor(kRiseColor), fallColor = WB::skinColor(kFallColor);
 
     forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
         const std::optional<double> volume = volumes.raw(bar), open = opens.raw(bar), close = closes.raw(bar);
@@ -144,7 +145,7 @@ void CDrawStyle::drawStackVolstick(QPainter* painter, QRect& rect, RPCFormulaRes
 
     const BarWindow bars { startIndex, endIndex, barCount, fullWidth };
     const BodyLayout layout = stackLayout(rect, bars, halfWidth, alignByIndex);
-    const ValueScale scale = standingOnZero(rect, range);
+    const ValueScale scale = volumeScale(rect, range);
 
     forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
         if (!hasPixel(layout.at(bar)))

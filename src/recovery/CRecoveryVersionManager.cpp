@@ -25,7 +25,7 @@ QString scriptName()
 
 QString inFolder(const QString& folder, const QString& name)
 {
-    return folder + QDir::separator() + name;
+    return folder + QLatin1Char('/') + name;
 }
 
 QString datedName(const QString& name, const QString& timestamp)

@@ -183,13 +183,13 @@ ParserStockDetail* CParserStockExeclTable::stockOfRow(int row)
     return key.isEmpty() || stock == m_stocks.end() ? nullptr : &stock.value();
 }
 
-bool CParserStockExeclTable::handleEvent(int id, int row, int col, QString text, void* data)
+bool CParserStockExeclTable::handleEvent(int id, int row, int col, QString text, void* block)
 {
     ParserStockDetail* stock = nullptr;
     switch (id) {
     case WB::ETableEvent_CellEdited:
         stock = stockOfRow(row);
-        if (const auto* edit = static_cast<const WB::TableCellEdit*>(data); edit && stock) {
+        if (const auto* edit = static_cast<const WB::TableCellEdit*>(block); edit && stock) {
             // Deliberate: the percentage is stored as it stands, so that an entered 25 shows as 2500.
             if (edit->column == EStockColumn_Absolute)
                 stock->absoluteWeight = edit->text.toDouble();
@@ -205,13 +205,13 @@ bool CParserStockExeclTable::handleEvent(int id, int row, int col, QString text,
         return true;
     case WB::ETableEvent_IntegerEdited:
         stock = m_importing ? nullptr : stockOfRow(row);
-        if (const auto* value = static_cast<const int*>(data); value && stock) {
+        if (const auto* value = static_cast<const int*>(block); value && stock) {
             stock->relativeWeight = *value;
             reCalc();
             Q_EMIT sigChange();
         }
         return true;
-    default: return WB::CStandardTable::handleEvent(id, row, col, text, data);
+    default: return WB::CStandardTable::handleEvent(id, row, col, text, block);
     }
 }
 

@@ -4,10 +4,13 @@
 #include "host/WB/CUiResource.h"
 #include "host/utils/CSingletonT.h"
 #include "title/internal/Pictures.h"
+#include "title/internal/TextWidths.h"
 
 #include <QPainter>
 
 namespace TC {
+
+using namespace detail;
 
 CArrowColorSimpleText::CArrowColorSimpleText()
     : CSimpleText(QString(), QStringLiteral("clr_default"), QStringLiteral("fnt_default"))
@@ -26,9 +29,9 @@ CArrowColorSimpleText::~CArrowColorSimpleText() = default;
 
 void CArrowColorSimpleText::readPictures()
 {
-    m_upArrow = detail::skinPicture(detail::kArrowUpPicture);
-    m_downArrow = detail::skinPicture(detail::kArrowDownPicture);
-    m_arrowWidth = detail::logicalSize(m_upArrow).width();
+    m_upArrow = WB::skinPicture(kArrowUpPicture);
+    m_downArrow = WB::skinPicture(kArrowDownPicture);
+    m_arrowWidth = logicalSize(m_upArrow).width();
 }
 
 ArrowColorTextData CArrowColorSimpleText::buildTextColor(const QString& text, const QColor& color,
@@ -70,7 +73,7 @@ void CArrowColorSimpleText::setGraphType(bool stopAtEdge)
 
 int CArrowColorSimpleText::textWidth(const QString& text) const
 {
-    return getSize(text, m_font ? *m_font : QFont()).width();
+    return detail::textWidth(text, m_font ? *m_font : QFont());
 }
 
 int CArrowColorSimpleText::getWidth() const
@@ -80,7 +83,7 @@ int CArrowColorSimpleText::getWidth() const
     long long width = 0;
     for (const ArrowColorTextData& piece : m_textColorMap)
         width += static_cast<long long>(m_arrowWidth) + textWidth(piece.text) + m_spacing;
-    return detail::saturatedSum(0, width);
+    return saturatedSum(0, width);
 }
 
 const QPixmap* CArrowColorSimpleText::arrowOf(const ArrowColorTextData& piece) const
@@ -109,7 +112,7 @@ QVector<QRect> CArrowColorSimpleText::placeTexts(int x, int y, int width, int li
             penY += lineHeight;
             penX = x + 1LL;
         }
-        places.append(detail::paintableRect(penX, penY, textWide, lineHeight));
+        places.append(paintableRect(penX, penY, textWide, lineHeight));
         penX += static_cast<long long>(m_arrowWidth) + m_spacing + textWide;
     }
     return places;
@@ -134,7 +137,7 @@ void CArrowColorSimpleText::drawText(QPainter* painter, int x, int y, int width,
         // Rows are lower than the line of some fonts: unclipped, no accent or descender is shaved off.
         painter->drawText(place, flags | Qt::TextDontClip | Qt::TextSingleLine, piece->text);
         if (const QPixmap* arrow = arrowOf(*piece)) {
-            const QSize size = detail::logicalSize(arrow);
+            const QSize size = logicalSize(arrow);
             painter->drawPixmap(place.x() + place.width(), place.y() + (lineHeight - size.height()) / 2,
                                 size.width(), size.height(), *arrow);
         }

@@ -4,12 +4,14 @@
 #include "host/TC/CReplayManager.h"
 #include "host/TC/UiParams.h"
 #include "host/WB/CPushButton.h"
+#include "host/WB/StripEvents.h"
 #include "host/ttservice/CInstrumentDetail.h"
 #include "host/ttservice/StockTypeCenter.h"
 #include "host/utils/CSingletonT.h"
 #include "title/internal/Pictures.h"
 #include "title/internal/RowCount.h"
 #include "title/internal/StripLayout.h"
+#include "title/internal/TextWidths.h"
 
 #include <QMouseEvent>
 #include <QTimer>
@@ -18,9 +20,10 @@
 
 namespace TC {
 
+using namespace detail;
+
 namespace {
 
-constexpr int kPressEvent = 188, kDoubleClickEvent = 213;
 constexpr int kRowsShown = 2, kRowsShownOnHover = 5;
 constexpr const char* kCloseImage = "img_index_title_normal_close";
 constexpr const char* kActiveCloseImage = "img_index_title_normal_close_a";
@@ -63,23 +66,24 @@ void CIndexTitleWidget::createUi()
 /// Pictures live in the skin and are void once it changes.
 void CIndexTitleWidget::readPictures()
 {
-    m_upArrow = detail::skinPicture(detail::kArrowUpPicture);
-    m_downArrow = detail::skinPicture(detail::kArrowDownPicture);
+    m_upArrow = WB::skinPicture(kArrowUpPicture);
+    m_downArrow = WB::skinPicture(kArrowDownPicture);
     m_codeIcon = nullptr;
     if (m_viewType != EIndexView_Quote || !m_stock)
         return;
     constexpr int scienceBoard = 277, growthBoard = 10006;
     const auto* types = utils::CSingletonT<ttservice::StockTypeCenter>::instance();
     if (types->isTypedStock(scienceBoard, m_stock->market, m_stock->code))
-        m_codeIcon = detail::skinPicture("img_code_kcb_icon");
+        m_codeIcon = WB::skinPicture("img_code_kcb_icon");
     // Deliberate: market SZ is asked for whatever the instrument's own market is.
     else if (types->isTypedStock(growthBoard, "SZ", m_stock->code))
-        m_codeIcon = detail::skinPicture("img_code_gem_icon");
+        m_codeIcon = WB::skinPicture("img_code_gem_icon");
 }
 
 void CIndexTitleWidget::uiResourceChanged()
 {
     CBaseWidget::uiResourceChanged();
+    forgetTextWidths();
     updateView();
 }
 
@@ -162,7 +166,7 @@ void CIndexTitleWidget::setCloseBtnVisible(bool visible)
 
 void CIndexTitleWidget::highlightTitleWidget(bool on)
 {
-    if (m_closeBtn && m_displayType != EIndexDisplay_Heading && m_viewType != EIndexView_Quote)
+    if (m_closeBtn)
         m_closeBtn->setImageKey(QString::fromLatin1(on ? kActiveCloseImage : kCloseImage));
 }
 
@@ -187,7 +191,7 @@ int CIndexTitleWidget::heightForContent()
     const int formulas = std::max(m_indexData->getFormulaSize(), m_storeys);
     int rows = formulas;
     if (m_displayType != EIndexDisplay_Legend) {
-        rows = std::max(formulas, detail::saturatedSum(formulas, m_storeys - 1LL));
+        rows = std::max(formulas, saturatedSum(formulas, m_storeys - 1LL));
         if (m_subViewType == EIndexView_Module && m_displayType == EIndexDisplay_Heading)
             rows = std::max(rows, 2);
     }
@@ -206,24 +210,22 @@ void CIndexTitleWidget::resetSize()
 int CIndexTitleWidget::getSubStorey(QRect& rect)
 {
     readPictures();
-    detail::TitleRows rows;
+    LegendRows rows;
     if (m_indexData)
-        rows = detail::composeTitleRows(m_indexData->getData(), m_indexId, m_stock, m_addStocks,
-                                        m_displayType == EIndexDisplay_Heading, m_klineParam);
-    const detail::PieceSteps steps { m_leftOffset, detail::logicalSize(m_upArrow).width(),
-                                     detail::logicalSize(m_downArrow).width() };
-    return std::min(detail::countRows(rows, rect, steps), m_showState);
+        rows = composeLegend(m_indexData->getData(), m_indexId, m_stock, m_addStocks,
+                             m_displayType == EIndexDisplay_Heading, m_klineParam);
+    const PieceSteps steps { m_leftOffset, logicalSize(m_upArrow).width(), logicalSize(m_downArrow).width() };
+    return std::min(countRows(rows, rect, steps), m_showState);
 }
 
 void CIndexTitleWidget::updateTitleHeight()
 {
-    const int indent = detail::stripIndent(m_subViewType, m_leftOffset);
+    const int indent = stripIndent(m_subViewType, m_leftOffset);
     // Deliberate: a heading strip keeps its height, however wide its heading is.
     if (m_displayType != EIndexDisplay_Legend)
         return;
     constexpr int reserve = 50;
-    QRect room =
-        detail::paintableRect(indent, 0, static_cast<long long>(width()) - reserve - indent, height());
+    QRect room = paintableRect(indent, 0, static_cast<long long>(width()) - reserve - indent, height());
     const int rows = getSubStorey(room);
     if (rows == m_storeys)
         return;
@@ -234,14 +236,14 @@ void CIndexTitleWidget::updateTitleHeight()
 void CIndexTitleWidget::mousePressEvent(QMouseEvent* event)
 {
     CBaseWidget::mousePressEvent(event);
-    deliverEvent(kPressEvent, QString());
+    deliverEvent(WB::EStripEvent_Pressed, QString());
 }
 
 void CIndexTitleWidget::mouseDoubleClickEvent(QMouseEvent* event)
 {
     CBaseWidget::mouseDoubleClickEvent(event);
     if (m_displayType == EIndexDisplay_Legend && m_viewType < EIndexView_Plain)
-        deliverEvent(kDoubleClickEvent, QString());
+        deliverEvent(WB::EStripEvent_DoubleClicked, QString());
 }
 
 void CIndexTitleWidget::enterEvent(QEvent* event)

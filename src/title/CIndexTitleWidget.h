@@ -4,12 +4,14 @@
 #include "host/TC/Periods.h"
 #include "host/WB/CBaseWidget.h"
 #include "indicatorui_export.h"
+#include "title/ArrowColorTextData.h"
 
 #include <boost/shared_ptr.hpp>
 
 #include <QList>
 #include <QPixmap>
 #include <QString>
+#include <QVector>
 
 #include <memory>
 
@@ -31,7 +33,7 @@ struct CRealtimeUiParam;
 
 namespace detail {
 struct StripLayout;
-struct TitleRows;
+struct LegendRows;
 } // namespace detail
 
 /// A strip of rows of 16 pixels above or inside a pane: the instrument's heading (display type 0), the
@@ -124,7 +126,8 @@ private:
     void makeBuffer();
     void paintDate(QPainter& painter);
     void paintStrip(QPainter& painter);
-    void paintLegend(QPainter& painter, const detail::TitleRows& rows, const detail::StripLayout& layout);
+    QVector<ArrowColorTextData> summaryBehind(int x, const QRect& area) const;
+    void paintRows(QPainter& painter, const detail::LegendRows& rows, const detail::StripLayout& layout);
 
     IndexBaseData* m_indexData; ///< not owned
     EIndexViewType m_viewType;
@@ -145,11 +148,11 @@ private:
     int m_storeys = 1;   ///< rows in use
     int m_showState = 2; ///< most rows that count: 2, or 5 once the pointer has rested
     QTimer* m_hoverTimer = nullptr;
-    QPixmap* m_upArrow = nullptr;   ///< the skin's
-    QPixmap* m_downArrow = nullptr; ///< the skin's
+    const QPixmap* m_upArrow = nullptr;   ///< the skin's
+    const QPixmap* m_downArrow = nullptr; ///< the skin's
     QPixmap m_buffer;
-    QPixmap* m_codeIcon = nullptr; ///< the skin's
-    long long m_tradeDate = 0;     ///< seconds since 1970-01-01 UTC
+    const QPixmap* m_codeIcon = nullptr; ///< the skin's
+    long long m_tradeDate = 0;           ///< seconds since 1970-01-01 UTC
 };
 
 } // namespace TC

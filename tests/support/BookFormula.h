@@ -1,7 +1,7 @@
 #pragma once
 /// @file Records of trades with an order book.
 
-#include "draw/internal/BookChange.h"
+#include "draw/internal/BookSeries.h"
 #include "tests/support/FormulaBuilder.h"
 
 namespace test {

@@ -373,8 +373,8 @@ void FormulaEditor::fillParameters()
     for (std::size_t row = 0; row < asked.size(); ++row) {
         const engine::Parameter& parameter = asked[row];
         const QString texts[ColumnCount] = { QString::fromStdString(parameter.name),
-                                             numberText(parameter.value), numberText(parameter.least),
-                                             numberText(parameter.greatest), numberText(used[row]) };
+                                             numberText(parameter.value), numberText(parameter.min),
+                                             numberText(parameter.max), numberText(used[row]) };
         for (int column = 0; column < ColumnCount; ++column) {
             auto* item = new QTableWidgetItem(texts[column]);
             if (column != ValueColumn)
@@ -411,7 +411,7 @@ std::vector<double> FormulaEditor::values() const
     std::vector<double> all;
     for (const engine::Parameter& parameter : m_read->parameters()) {
         const double value = m_values.value(QString::fromStdString(parameter.name), parameter.value);
-        all.push_back(std::clamp(value, parameter.least, parameter.greatest));
+        all.push_back(std::clamp(value, parameter.min, parameter.max));
     }
     return all;
 }

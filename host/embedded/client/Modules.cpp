@@ -1,5 +1,4 @@
 #include "host/embedded/ModuleSetup.h"
-#include "host/embedded/ResetHooks.h"
 #include "host/luawrapper/LuaModuleCtrl.h"
 
 #include <QMap>
@@ -12,8 +11,6 @@ QMap<QStringList, bool>& rights()
     return known;
 }
 
-const TC::embedded::ResetHook s_resetModules([] { rights().clear(); });
-
 } // namespace
 
 bool luawrapper::LuaModuleCtrl::checkModule(const QStringList& path, bool fallback) const
@@ -24,4 +21,9 @@ bool luawrapper::LuaModuleCtrl::checkModule(const QStringList& path, bool fallba
 void TC::embedded::setModuleRight(const QStringList& path, bool granted)
 {
     rights().insert(path, granted);
+}
+
+void TC::embedded::clearModuleRights()
+{
+    rights().clear();
 }

@@ -1,14 +1,13 @@
 #include "host/TC/CAppConfig.h"
 #include "host/TC/Folders.h"
-#include "host/embedded/ResetHooks.h"
 #include "host/embedded/SettingsSetup.h"
-#include "host/utils/CSingletonT.h"
 
 #include <QDir>
 #include <QStandardPaths>
 
 namespace {
 
+int s_clientType = 0; ///< 0: of no type
 QString s_configDir;
 QString s_userRootDir;
 
@@ -27,19 +26,13 @@ QString folder(const QString& chosen, const QString& name)
     return path;
 }
 
-const TC::embedded::ResetHook s_resetSettings([] {
-    TC::embedded::setClientType(0);
-    s_configDir.clear();
-    s_userRootDir.clear();
-});
-
 } // namespace
 
 namespace TC {
 
 bool CAppConfig::isClientType(int type) const
 {
-    return m_clientType != 0 && m_clientType == type;
+    return s_clientType != 0 && s_clientType == type;
 }
 
 QString getConfigDir()
@@ -56,7 +49,7 @@ namespace embedded {
 
 void setClientType(int type)
 {
-    utils::CSingletonT<CAppConfig>::instance()->setClientType(type);
+    s_clientType = type;
 }
 
 void setConfigDir(const QString& path)

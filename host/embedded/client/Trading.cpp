@@ -1,6 +1,5 @@
 #include "host/TC/CLinkageManager.h"
 #include "host/TC/CReplayManager.h"
-#include "host/embedded/ResetHooks.h"
 #include "host/embedded/TradingSetup.h"
 #include "host/utils/CSingletonT.h"
 
@@ -8,59 +7,42 @@
 
 namespace TC {
 
-struct CLinkageManager::Private
-{
-    QMap<QString, CPositionNumber> positions; ///< by instrument key
-};
+namespace {
 
-CLinkageManager::CLinkageManager()
-    : m_data(std::make_unique<Private>())
+QMap<QString, CPositionNumber>& positionsByKey()
 {
+    static QMap<QString, CPositionNumber> positions;
+    return positions;
 }
 
-CLinkageManager::~CLinkageManager() = default;
+long long s_replayDate = 0; ///< milliseconds since 1970-01-01 UTC
+
+} // namespace
 
 CPositionNumber CLinkageManager::getPositionNumber(const QString& instrumentKey) const
 {
-    return m_data->positions.value(instrumentKey);
-}
-
-CReplayManager::CReplayManager() = default;
-
-CReplayManager::~CReplayManager() = default;
-
-void CReplayManager::setTradeDate(long long msecs)
-{
-    if (m_tradeDate == msecs)
-        return;
-    m_tradeDate = msecs;
-    Q_EMIT sigTradeDateChanged(msecs);
+    return positionsByKey().value(instrumentKey);
 }
 
 namespace embedded {
 
 void setReplayDate(long long msecs)
 {
-    utils::CSingletonT<CReplayManager>::instance()->setTradeDate(msecs);
+    if (s_replayDate == msecs)
+        return;
+    s_replayDate = msecs;
+    Q_EMIT utils::CSingletonT<CReplayManager>::instance()->sigTradeDateChanged(msecs);
 }
 
 void setPositionNumber(const QString& instrumentKey, const CPositionNumber& positions)
 {
-    utils::CSingletonT<CLinkageManager>::instance()->data().positions[instrumentKey] = positions;
+    positionsByKey()[instrumentKey] = positions;
 }
 
 void clearPositions()
 {
-    utils::CSingletonT<CLinkageManager>::instance()->data().positions.clear();
+    positionsByKey().clear();
 }
 
-namespace {
-
-const ResetHook s_resetTrading([] {
-    setReplayDate(0);
-    clearPositions();
-});
-
-} // namespace
 } // namespace embedded
 } // namespace TC

@@ -1,4 +1,4 @@
-#include "host/embedded/formulas/FormulaManagerData.h"
+#include "host/embedded/formulas/KnownFormulas.h"
 #include "host/embedded/skin/JsonPlaces.h"
 
 #include "engine/Formulas.h"
@@ -156,12 +156,12 @@ private:
         for (int index = 0; index < given.size(); ++index) {
             const engine::Parameter& parameter = asked[static_cast<std::size_t>(index)];
             parameters[index] = given.at(index).toDouble(std::nan(""));
-            if (!(parameters[index] >= parameter.least && parameters[index] <= parameter.greatest))
+            if (!(parameters[index] >= parameter.min && parameters[index] <= parameter.max))
                 complain(QStringLiteral("parameters/%1").arg(index),
                          QStringLiteral("the parameter %1 must be a number from %2 to %3")
                              .arg(QString::fromStdString(parameter.name))
-                             .arg(parameter.least)
-                             .arg(parameter.greatest, 0, 'f', 0));
+                             .arg(parameter.min)
+                             .arg(parameter.max, 0, 'f', 0));
         }
         return parameters;
     }

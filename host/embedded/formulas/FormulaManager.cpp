@@ -1,9 +1,9 @@
+#include "host/TC/CFormulaOperateManager.h"
+
 #include "host/TC/Folders.h"
-#include "host/embedded/formulas/FormulaManagerData.h"
 #include "host/embedded/FormulaSetup.h"
-#include "host/embedded/ResetHooks.h"
+#include "host/embedded/formulas/KnownFormulas.h"
 #include "host/se/LoadConfig.h"
-#include "host/utils/CSingletonT.h"
 
 #include "engine/Formulas.h"
 
@@ -21,12 +21,9 @@ using TC::embedded::KnownFormula;
 
 using Formulas = std::vector<KnownFormula>;
 
+Formulas s_formulas;     ///< in the order in which they were added; display names are unique
+bool s_isFilled = false; ///< the built-in and the user's formulas have been added
 TC::embedded::ReloadReceiver s_reloadReceiver;
-
-TC::CFormulaOperateManager::Private& manager()
-{
-    return utils::CSingletonT<TC::CFormulaOperateManager>::instance()->data();
-}
 
 KnownFormula known(const QString& name, const std::shared_ptr<const engine::Formula>& formula,
                    const QString& base, KnownFormula::Origin origin)
@@ -83,18 +80,18 @@ QStringList readUserFormulas(Formulas& formulas)
     return problems;
 }
 
-/// The manager's formulas, with everything that it knows by default.
-Formulas& knownFormulas(TC::CFormulaOperateManager::Private& data)
+/// All formulas, with everything that is known by default.
+Formulas& knownFormulas()
 {
-    if (!data.isFilled) {
-        data.isFilled = true;
+    if (!s_isFilled) {
+        s_isFilled = true;
         for (const engine::BuiltInFormula& builtIn : engine::builtInFormulas()) {
             const QString name = QString::fromStdString(builtIn.name);
-            data.formulas.push_back(known(name, builtIn.formula, name, KnownFormula::BuiltIn));
+            s_formulas.push_back(known(name, builtIn.formula, name, KnownFormula::BuiltIn));
         }
-        readUserFormulas(data.formulas);
+        readUserFormulas(s_formulas);
     }
-    return data.formulas;
+    return s_formulas;
 }
 
 const KnownFormula* findBy(const Formulas& formulas, QString CFormulaDetail::*field, const QString& name)
@@ -110,31 +107,18 @@ boost::shared_ptr<CFormulaDetail> detailOf(const KnownFormula* formula)
     return formula ? formula->detail : nullptr;
 }
 
-const TC::embedded::ResetHook s_resetFormulas([] {
-    manager().formulas.clear();
-    manager().isFilled = false;
-    s_reloadReceiver = nullptr;
-});
-
 } // namespace
 
 namespace TC {
 
-CFormulaOperateManager::CFormulaOperateManager()
-    : m_data(std::make_unique<Private>())
-{
-}
-
-CFormulaOperateManager::~CFormulaOperateManager() = default;
-
 boost::shared_ptr<CFormulaDetail> CFormulaOperateManager::getFormula(const QString& name) const
 {
-    return detailOf(findBy(knownFormulas(*m_data), &CFormulaDetail::displayName, name));
+    return detailOf(findBy(knownFormulas(), &CFormulaDetail::displayName, name));
 }
 
 boost::shared_ptr<CFormulaDetail> CFormulaOperateManager::getFormulaByRealName(const QString& name) const
 {
-    return detailOf(findBy(knownFormulas(*m_data), &CFormulaDetail::realName, name));
+    return detailOf(findBy(knownFormulas(), &CFormulaDetail::realName, name));
 }
 
 bool CFormulaOperateManager::isGroupModelExist(const QString& name) const
@@ -156,36 +140,42 @@ void setFormula(const CFormulaDetail& formula)
     KnownFormula added { boost::make_shared<CFormulaDetail>(formula), {}, KnownFormula::Set };
     if (const engine::BuiltInFormula* builtIn = engine::findBuiltIn(formula.realName.toStdString()))
         added.recipe = { builtIn->formula, formula.realName, formula.numberParams, {} };
-    put(knownFormulas(manager()), std::move(added));
+    put(knownFormulas(), std::move(added));
 }
 
 void setTextFormula(const QString& displayName, const std::shared_ptr<const engine::Formula>& formula)
 {
-    put(knownFormulas(manager()), known(displayName, formula, QString(), KnownFormula::Set));
+    put(knownFormulas(), known(displayName, formula, QString(), KnownFormula::Set));
 }
 
 QStringList formulaNames()
 {
     QStringList names;
-    for (const KnownFormula& formula : knownFormulas(manager()))
+    for (const KnownFormula& formula : knownFormulas())
         names << formula.detail->displayName;
     return names;
 }
 
 void clearFormulas()
 {
-    manager().isFilled = true;
-    manager().formulas.clear();
+    s_isFilled = true;
+    s_formulas.clear();
+}
+
+void restoreFormulas()
+{
+    s_isFilled = false;
+    s_formulas.clear();
 }
 
 QStringList loadFormulas()
 {
-    return readUserFormulas(knownFormulas(manager()));
+    return readUserFormulas(knownFormulas());
 }
 
 std::optional<FormulaRecipe> resolveFormula(const QString& name)
 {
-    const Formulas& formulas = knownFormulas(manager());
+    const Formulas& formulas = knownFormulas();
     const KnownFormula* formula = findBy(formulas, &CFormulaDetail::displayName, name);
     if (!formula)
         formula = findBy(formulas, &CFormulaDetail::realName, name);

@@ -1,13 +1,10 @@
 #include "host/TC/CFormulaHistoryDataManager.h"
 
 #include "host/embedded/BacktestSetup.h"
-#include "host/embedded/ResetHooks.h"
 
 namespace {
 
 TC::embedded::BacktestReceiver s_receiver;
-
-const TC::embedded::ResetHook s_resetReceiver([] { s_receiver = nullptr; });
 
 } // namespace
 

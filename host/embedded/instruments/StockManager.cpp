@@ -6,8 +6,7 @@
 #include "host/WB/TextConversion.h"
 #include "host/embedded/InstrumentSetup.h"
 #include "host/embedded/instruments/InstrumentStore.h"
-#include "host/embedded/ResetHooks.h"
-#include "host/embedded/instruments/StockManagerData.h"
+#include "host/embedded/instruments/InstrumentTable.h"
 #include "host/ttservice/StockTypeCenter.h"
 #include "host/utils/CSingletonT.h"
 
@@ -31,12 +30,14 @@ bool isShareOfMainland(const TC::CStockManager::Detail& detail)
         && (detail->market == "SH" || detail->market == "SZ" || detail->market == "BJ");
 }
 
-TC::CStockManager::Private& instruments()
-{
-    return utils::CSingletonT<TC::CStockManager>::instance()->data();
-}
+TC::embedded::InstrumentTable s_instruments;
 
-const TC::embedded::ResetHook s_resetInstruments([] { TC::embedded::reloadInstruments(); });
+/// The instruments, loaded at the first call.
+TC::embedded::InstrumentTable& instruments()
+{
+    s_instruments.load();
+    return s_instruments;
+}
 
 } // namespace
 
@@ -47,17 +48,16 @@ QString ParserStockDetail::key() const
     return getDetailQsKey(instrument);
 }
 
-void CStockManager::Private::load()
+void embedded::InstrumentTable::load()
 {
     if (loaded)
         return;
     loaded = true;
-    for (ttservice::CInstrumentDetail& instrument :
-         embedded::loadInstrumentStore(embedded::instrumentStorePath()))
+    for (ttservice::CInstrumentDetail& instrument : loadInstrumentStore(instrumentStorePath()))
         add(std::make_shared<ttservice::CInstrumentDetail>(std::move(instrument)));
 }
 
-void CStockManager::Private::add(const Detail& detail)
+void embedded::InstrumentTable::add(const Detail& detail)
 {
     byKey[getDetailQsKey(detail)] = detail;
     QVector<Detail>& sameCode = byCode[WB::sToQs(detail->code)];
@@ -70,19 +70,12 @@ void CStockManager::Private::add(const Detail& detail)
     sameCode.insert(place, detail);
 }
 
-CStockManager::CStockManager()
-    : m_data(std::make_unique<Private>())
-{
-}
-
-CStockManager::~CStockManager() = default;
-
 CStockManager::Detail CStockManager::getInstrumentDetail(const QString& keyOrCode) const
 {
-    m_data->load();
-    if (const Detail byKey = m_data->byKey.value(keyOrCode))
+    const embedded::InstrumentTable& known = instruments();
+    if (const Detail byKey = known.byKey.value(keyOrCode))
         return byKey;
-    const QVector<Detail> sameCode = m_data->byCode.value(keyOrCode);
+    const QVector<Detail> sameCode = known.byCode.value(keyOrCode);
     const auto share = std::find_if(sameCode.begin(), sameCode.end(), isShareOfMainland);
     if (share != sameCode.end())
         return *share;
@@ -91,14 +84,12 @@ CStockManager::Detail CStockManager::getInstrumentDetail(const QString& keyOrCod
 
 CStockManager::Detail CStockManager::getInstrumentDetail(const QString& market, const QString& code) const
 {
-    m_data->load();
-    return m_data->byKey.value(market + code);
+    return instruments().byKey.value(market + code);
 }
 
 bool CStockManager::getMultiStockDetail(const QString& code, QVector<Detail>& details) const
 {
-    m_data->load();
-    details = m_data->byCode.value(code);
+    details = instruments().byCode.value(code);
     return !details.isEmpty();
 }
 
@@ -106,21 +97,20 @@ namespace embedded {
 
 void setInstrument(const ttservice::CInstrumentDetail& instrument)
 {
-    instruments().load();
     instruments().add(std::make_shared<ttservice::CInstrumentDetail>(instrument));
 }
 
 void setInstruments(const QVector<ttservice::CInstrumentDetail>& list)
 {
     reloadInstruments();
-    instruments().loaded = true;
+    s_instruments.loaded = true;
     for (const ttservice::CInstrumentDetail& instrument : list)
         instruments().add(std::make_shared<ttservice::CInstrumentDetail>(instrument));
 }
 
 void reloadInstruments()
 {
-    instruments() = CStockManager::Private();
+    s_instruments = InstrumentTable();
 }
 
 QString instrumentStorePath()

@@ -1,7 +1,6 @@
 #include "host/WB/CExcelReader.h"
 
 #include "host/embedded/ReadingSetup.h"
-#include "host/embedded/ResetHooks.h"
 #include "host/embedded/reading/SheetCells.h"
 #include "host/embedded/reading/TextDecoding.h"
 #include "host/embedded/reading/WorkbookFormats.h"
@@ -15,8 +14,6 @@ namespace {
 
 bool s_excelAvailable = true;
 std::atomic<int> s_readers { 0 };
-
-const TC::embedded::ResetHook s_resetReading([] { TC::embedded::setExcelAvailable(true); });
 
 /// The one sheet that is read, as the client numbers it.
 constexpr int kFirstSheet = 1;
@@ -94,7 +91,7 @@ struct CExcelReader::Private
 
 CExcelReader::CExcelReader(QObject* parent)
     : QObject(parent)
-    , m_data(std::make_unique<Private>())
+    , m_data(std::make_shared<Private>())
 {
     ++s_readers;
 }

@@ -1,29 +1,16 @@
-#include "host/WB/CUiResource.h"
+#include "host/embedded/skin/Skin.h"
 
+#include "host/WB/CUiResource.h"
 #include "host/WB/CUiResourceChangeHandler.h"
-#include "host/embedded/ResetHooks.h"
-#include "host/embedded/skin/SkinData.h"
 #include "host/embedded/SkinSetup.h"
-#include "host/utils/CSingletonT.h"
 
 #include <QDir>
 #include <QFile>
 
 #include <algorithm>
+#include <vector>
 
 namespace {
-
-WB::CUiResource::Private& resources()
-{
-    return utils::CSingletonT<WB::CUiResource>::instance()->data();
-}
-
-void tellHandlers()
-{
-    const auto handlers = resources().handlers;
-    for (WB::CUiResourceChangeHandler* handler : handlers)
-        handler->uiResourceChanged();
-}
 
 template <class Value>
 Value* find(std::map<QString, Value>& map, const QString& key)
@@ -44,43 +31,58 @@ QString readSkin(const QString& nameOrPath, TC::embedded::Skin& skin)
     return TC::embedded::parseSkin(file.readAll(), path, skin);
 }
 
-const TC::embedded::ResetHook s_resetSkin([] { TC::embedded::loadSkin(TC::embedded::skinNames().first()); });
+/// The skin in use; at first the default one.
+TC::embedded::Skin& currentOne()
+{
+    // Deliberate: never destroyed, for widgets that outlive the end of the program's main function.
+    static TC::embedded::Skin& skin = *[] {
+        auto* made = new TC::embedded::Skin;
+        readSkin(TC::embedded::skinNames().first(), *made);
+        return made;
+    }();
+    return skin;
+}
+
+std::vector<WB::CUiResourceChangeHandler*>& changeHandlers()
+{
+    static auto& handlers = *new std::vector<WB::CUiResourceChangeHandler*>; // as long as the skin
+    return handlers;
+}
+
+void tellHandlers()
+{
+    const auto handlers = changeHandlers(); // which may change while they are told
+    for (WB::CUiResourceChangeHandler* handler : handlers)
+        handler->uiResourceChanged();
+}
 
 } // namespace
 
 namespace WB {
 
-CUiResource::CUiResource()
-    : m_data(std::make_unique<Private>())
-{
-    readSkin(TC::embedded::skinNames().first(), m_data->skin);
-}
-
-CUiResource::~CUiResource() = default;
-
 QColor* CUiResource::getColor(const QString& key) const
 {
-    return find(m_data->skin.colors, key);
+    return find(currentOne().colors, key);
 }
 
 QFont* CUiResource::getFont(const QString& key) const
 {
-    return find(m_data->skin.fonts, key);
+    return find(currentOne().fonts, key);
 }
 
 QPixmap* CUiResource::getPixmap(const QString& key) const
 {
-    return find(m_data->skin.pixmaps, key);
+    return find(currentOne().pixmaps, key);
 }
 
 void CUiResource::addChangeHandler(CUiResourceChangeHandler* handler)
 {
-    m_data->handlers.push_back(handler);
+    changeHandlers().push_back(handler);
 }
 
 void CUiResource::removeChangeHandler(CUiResourceChangeHandler* handler)
 {
-    auto& handlers = m_data->handlers;
+    auto& handlers = changeHandlers();
     handlers.erase(std::remove(handlers.begin(), handlers.end(), handler), handlers.end());
 }
 
@@ -95,12 +97,12 @@ QStringList skinNames()
 
 QString currentSkin()
 {
-    return resources().skin.name;
+    return currentOne().name;
 }
 
 QString loadSkin(const QString& nameOrPath)
 {
-    const QString failure = readSkin(nameOrPath, resources().skin);
+    const QString failure = readSkin(nameOrPath, currentOne());
     if (failure.isEmpty())
         tellHandlers();
     return failure;
@@ -108,31 +110,31 @@ QString loadSkin(const QString& nameOrPath)
 
 void clearSkin()
 {
-    resources().skin = Skin();
+    currentOne() = Skin();
     tellHandlers();
 }
 
 void setColor(const QString& key, const QColor& color)
 {
-    resources().skin.colors[key] = color;
+    currentOne().colors[key] = color;
     tellHandlers();
 }
 
 void setFont(const QString& key, const QFont& font)
 {
-    resources().skin.fonts[key] = font;
+    currentOne().fonts[key] = font;
     tellHandlers();
 }
 
 void setPixmap(const QString& key, const QPixmap& pixmap)
 {
-    resources().skin.pixmaps[key] = pixmap;
+    currentOne().pixmaps[key] = pixmap;
     tellHandlers();
 }
 
 void removeSkinKey(const QString& key)
 {
-    Skin& skin = resources().skin;
+    Skin& skin = currentOne();
     skin.colors.erase(key);
     skin.fonts.erase(key);
     skin.pixmaps.erase(key);

@@ -1,4 +1,4 @@
-#include "host/embedded/skin/SkinData.h"
+#include "host/embedded/skin/Skin.h"
 
 #include <QFileInfo>
 #include <QDir>

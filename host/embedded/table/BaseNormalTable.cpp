@@ -4,7 +4,7 @@
 #include "host/WB/CLineEdit.h"
 #include "host/WB/TableEvents.h"
 #include "host/embedded/table/TableColors.h"
-#include "host/embedded/table/TableData.h"
+#include "host/embedded/table/TableContents.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -53,14 +53,14 @@ void setUpView(TC::embedded::TableView& view)
 
 CBaseNormalTable::CBaseNormalTable(int tableId, QWidget* parent, QFlags<EBaseTableMenuFlag> menu)
     : IBaseTable(tableId, parent)
-    , m_data(std::make_unique<Private>())
+    , m_contents(std::make_shared<Contents>())
 {
-    Private& d = *m_data;
+    Contents& d = *m_contents;
     d.flags = menu;
     d.view = new TC::embedded::TableView(this);
     d.view->setModel(&d.model);
     d.delegate = new TC::embedded::TableDelegate(d.model, this, [this](int row, int column, QString text) {
-        const QLineEdit* editor = m_data->delegate->editor(column);
+        const QLineEdit* editor = m_contents->delegate->editor(column);
         if (editor && qobject_cast<const CIntValidator*>(editor->validator())) {
             int value = text.toInt();
             handleEvent(ETableEvent_IntegerEdited, row, column, text, &value);
@@ -80,7 +80,7 @@ CBaseNormalTable::CBaseNormalTable(int tableId, QWidget* parent, QFlags<EBaseTab
         d.menu->addAction(QStringLiteral("删除"), this,
                           [this] { handleEvent(ETableEvent_Delete, -1, -1, QString(), nullptr); });
     connect(d.view, &QWidget::customContextMenuRequested, this, [this](const QPoint& position) {
-        m_data->menu->popup(m_data->view->viewport()->mapToGlobal(position));
+        m_contents->menu->popup(m_contents->view->viewport()->mapToGlobal(position));
     });
 
     d.layout = new QVBoxLayout(this);
@@ -92,88 +92,88 @@ CBaseNormalTable::CBaseNormalTable(int tableId, QWidget* parent, QFlags<EBaseTab
 
 CBaseNormalTable::~CBaseNormalTable()
 {
-    delete m_data->view; // before the model that it shows
+    delete m_contents->view; // before the model that it shows
 }
 
 void CBaseNormalTable::setColumnCount(int count)
 {
-    m_data->model.setColumns(count);
+    m_contents->model.setColumns(count);
 }
 
 int CBaseNormalTable::columnCount() const
 {
-    return m_data->model.columnCount();
+    return m_contents->model.columnCount();
 }
 
 int CBaseNormalTable::columnID(int index) const
 {
-    return m_data->view->horizontalHeader()->logicalIndex(index);
+    return m_contents->view->horizontalHeader()->logicalIndex(index);
 }
 
 void CBaseNormalTable::setColumnHeader(int id, const QString& header)
 {
-    if (auto* column = m_data->model.column(id)) {
+    if (auto* column = m_contents->model.column(id)) {
         column->header = header;
-        m_data->model.columnChanged(id);
+        m_contents->model.columnChanged(id);
     }
 }
 
 QString CBaseNormalTable::columnHeader(int id) const
 {
-    const auto* column = std::as_const(m_data->model).column(id);
+    const auto* column = std::as_const(m_contents->model).column(id);
     return column ? column->header : QString();
 }
 
 void CBaseNormalTable::setColumnWidth(int id, int pixels)
 {
-    if (m_data->model.column(id))
-        m_data->view->setColumnWidth(id, pixels);
+    if (m_contents->model.column(id))
+        m_contents->view->setColumnWidth(id, pixels);
 }
 
 void CBaseNormalTable::setColumnVisible(int id, bool visible)
 {
-    if (m_data->model.column(id))
-        m_data->view->setColumnHidden(id, !visible);
+    if (m_contents->model.column(id))
+        m_contents->view->setColumnHidden(id, !visible);
 }
 
 bool CBaseNormalTable::columnVisible(int id) const
 {
-    return m_data->model.column(id) && !m_data->view->isColumnHidden(id);
+    return m_contents->model.column(id) && !m_contents->view->isColumnHidden(id);
 }
 
 void CBaseNormalTable::setColumnEditable(int id, bool editable)
 {
-    if (auto* column = m_data->model.column(id))
+    if (auto* column = m_contents->model.column(id))
         column->isEditable = editable;
 }
 
 void CBaseNormalTable::setColumnEditor(int id, QWidget* editor)
 {
     auto* line = qobject_cast<QLineEdit*>(editor);
-    if (line && m_data->model.column(id))
-        m_data->delegate->setEditor(id, line);
+    if (line && m_contents->model.column(id))
+        m_contents->delegate->setEditor(id, line);
 }
 
 void CBaseNormalTable::moveColumn(int fromIndex, int toIndex)
 {
     const int count = columnCount();
     if (fromIndex >= 0 && fromIndex < count && toIndex >= 0 && toIndex < count)
-        m_data->view->horizontalHeader()->moveSection(fromIndex, toIndex);
+        m_contents->view->horizontalHeader()->moveSection(fromIndex, toIndex);
 }
 
 void CBaseNormalTable::clearRows()
 {
-    const QModelIndex current = m_data->view->currentIndex();
+    const QModelIndex current = m_contents->view->currentIndex();
     if (current.isValid())
-        m_data->cursor = QPoint(current.column(), current.row());
-    if (m_data->model.rowCount() > 0)
-        m_data->scroll = m_data->view->verticalScrollBar()->value();
-    m_data->model.setRows(0);
+        m_contents->cursor = QPoint(current.column(), current.row());
+    if (m_contents->model.rowCount() > 0)
+        m_contents->scroll = m_contents->view->verticalScrollBar()->value();
+    m_contents->model.setRows(0);
 }
 
 QVector<int> CBaseNormalTable::setRowCount(int count)
 {
-    Private& d = *m_data;
+    Contents& d = *m_contents;
     d.model.setRows(count);
     // A refill leaves the user where he was.
     if (d.cursor.y() >= 0 && d.model.rowCount() > 0) {
@@ -191,101 +191,101 @@ QVector<int> CBaseNormalTable::setRowCount(int count)
 
 int CBaseNormalTable::rowCount() const
 {
-    return m_data->model.rowCount();
+    return m_contents->model.rowCount();
 }
 
 int CBaseNormalTable::rowID(int index) const
 {
-    return m_data->model.idAt(index);
+    return m_contents->model.idAt(index);
 }
 
 void CBaseNormalTable::setCellText(int row, int column, const QString& text)
 {
-    m_data->model.change(row, column, text, false);
+    m_contents->model.change(row, column, text, false);
 }
 
 void CBaseNormalTable::setCellNumber(int row, int column, double value, int precision,
                                      FormatNumberFlags flags)
 {
-    m_data->model.change(row, column,
+    m_contents->model.change(row, column,
                          formatDoubleNumber(value, precision, flags, false, QStringLiteral("非法值")), true);
 }
 
 void CBaseNormalTable::setCellInteger(int row, int column, int value, int width, FormatNumberFlags flags)
 {
-    m_data->model.change(row, column, formatIntNumber(value, width, flags), true);
+    m_contents->model.change(row, column, formatIntNumber(value, width, flags), true);
 }
 
 void CBaseNormalTable::setCellEditable(int row, int column, bool editable)
 {
-    m_data->model.setEditable(row, column, editable);
+    m_contents->model.setEditable(row, column, editable);
 }
 
 bool CBaseNormalTable::cellEditable(int row, int column) const
 {
-    const auto* cell = m_data->model.cell(row, column);
-    return cell && (cell->isEditable || m_data->model.column(column)->isEditable);
+    const auto* cell = m_contents->model.cell(row, column);
+    return cell && (cell->isEditable || m_contents->model.column(column)->isEditable);
 }
 
 QString CBaseNormalTable::cellText(int row, int column) const
 {
-    const auto* cell = m_data->model.cell(row, column);
+    const auto* cell = m_contents->model.cell(row, column);
     return cell ? cell->text : QString();
 }
 
 std::set<int> CBaseNormalTable::selectedRows() const
 {
     std::set<int> rows;
-    const QModelIndexList selected = m_data->view->selectionModel()->selectedRows();
+    const QModelIndexList selected = m_contents->view->selectionModel()->selectedRows();
     for (const QModelIndex& index : selected)
-        rows.insert(m_data->model.idAt(index.row()));
+        rows.insert(m_contents->model.idAt(index.row()));
     return rows;
 }
 
 void CBaseNormalTable::selectRows(const std::set<int>& rows)
 {
-    QItemSelectionModel* selection = m_data->view->selectionModel();
+    QItemSelectionModel* selection = m_contents->view->selectionModel();
     selection->clearSelection();
     for (const int row : rows) {
-        const QModelIndex index = m_data->model.index(m_data->model.placeOf(row), 0);
+        const QModelIndex index = m_contents->model.index(m_contents->model.placeOf(row), 0);
         selection->select(index, QItemSelectionModel::Select | QItemSelectionModel::Rows);
     }
 }
 
 void CBaseNormalTable::setHeaderHeight(int pixels)
 {
-    m_data->view->horizontalHeader()->setFixedHeight(pixels);
+    m_contents->view->horizontalHeader()->setFixedHeight(pixels);
 }
 
 void CBaseNormalTable::setRowHeight(int pixels)
 {
-    m_data->view->verticalHeader()->setDefaultSectionSize(pixels);
+    m_contents->view->verticalHeader()->setDefaultSectionSize(pixels);
 }
 
 QMenu* CBaseNormalTable::contextMenu() const
 {
-    return m_data->menu;
+    return m_contents->menu;
 }
 
-bool CBaseNormalTable::handleEvent(int id, int, int, QString text, void* data)
+bool CBaseNormalTable::handleEvent(int id, int, int, QString text, void* block)
 {
-    return deliverEvent(id, text, data);
+    return deliverEvent(id, text, block);
 }
 
 void CBaseNormalTable::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier && !m_data->view->isEditing())
+    if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier && !m_contents->view->isEditing())
         handleEvent(ETableEvent_Delete, -1, -1, QString(), nullptr);
     else
-        m_data->view->doKey(event);
+        m_contents->view->doKey(event);
 }
 
 void CBaseNormalTable::uiResourceChanged()
 {
     const TC::embedded::TableColors colors(palette());
-    m_data->view->setPalette(colors.applied(palette()));
-    m_data->header->setColors(colors);
-    m_data->model.setMarkColor(colors.mark);
+    m_contents->view->setPalette(colors.applied(palette()));
+    m_contents->header->setColors(colors);
+    m_contents->model.setMarkColor(colors.mark);
     CBaseWidget::uiResourceChanged();
 }
 

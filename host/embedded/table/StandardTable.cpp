@@ -2,7 +2,7 @@
 
 #include "host/WB/CLineEdit.h"
 #include "host/embedded/table/TableColors.h"
-#include "host/embedded/table/TableData.h"
+#include "host/embedded/table/TableContents.h"
 #include "host/embedded/table/TableStatusLine.h"
 
 #include <QHeaderView>
@@ -36,12 +36,12 @@ bool isShown(const IBaseTable& table, int row, int filterColumn, const QString& 
 
 CStandardTable::CStandardTable(int tableId, QWidget* parent, QFlags<EBaseTableMenuFlag> menu)
     : CBaseNormalTable(tableId, parent, menu)
-    , m_extras(std::make_unique<Extras>())
+    , m_extras(std::make_shared<Extras>())
 {
-    QHeaderView* header = data().view->horizontalHeader();
+    QHeaderView* header = m_contents->view->horizontalHeader();
     m_extras->statusLine = new TC::embedded::TableStatusLine(header, this);
-    data().layout->addWidget(m_extras->statusLine);
-    connect(data().view->horizontalScrollBar(), SIGNAL(valueChanged(int)), m_extras->statusLine,
+    m_contents->layout->addWidget(m_extras->statusLine);
+    connect(m_contents->view->horizontalScrollBar(), SIGNAL(valueChanged(int)), m_extras->statusLine,
             SLOT(update()));
     connect(header, SIGNAL(sectionClicked(int)), this, SLOT(slotHeaderClicked(int)));
     header->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -67,9 +67,9 @@ void CStandardTable::setColumnFilter(int column, const QString& text)
         m_extras->filters.remove(column);
     else
         m_extras->filters[column] = text;
-    if (auto* marked = data().model.column(column)) {
+    if (auto* marked = m_contents->model.column(column)) {
         marked->isMarked = !text.isEmpty();
-        data().model.columnChanged(column);
+        m_contents->model.columnChanged(column);
     }
     filterColumn();
 }
@@ -81,12 +81,12 @@ const QMap<int, QString>& CStandardTable::columnFilters() const
 
 void CStandardTable::sortByColumn(int column, Qt::SortOrder order)
 {
-    m_extras->sortColumn = data().model.column(column) ? column : -1;
+    m_extras->sortColumn = m_contents->model.column(column) ? column : -1;
     m_extras->sortOrder = order;
-    QHeaderView* header = data().view->horizontalHeader();
+    QHeaderView* header = m_contents->view->horizontalHeader();
     header->setSortIndicatorShown(m_extras->sortColumn >= 0);
     header->setSortIndicator(m_extras->sortColumn, order);
-    data().model.sortBy(m_extras->sortColumn, order);
+    m_contents->model.sortBy(m_extras->sortColumn, order);
 }
 
 void CStandardTable::setSorting(int column, Qt::SortOrder order)
@@ -113,7 +113,7 @@ void CStandardTable::filterColumn()
         bool shown = true;
         for (auto filter = m_extras->filters.cbegin(); filter != m_extras->filters.cend(); ++filter)
             shown = shown && isShown(*this, rowID(place), filter.key(), filter.value());
-        data().view->setRowHidden(place, !shown);
+        m_contents->view->setRowHidden(place, !shown);
     }
 }
 
@@ -136,11 +136,11 @@ void CStandardTable::slotHeaderClicked(int column)
 
 void CStandardTable::slotHeaderMenu(const QPoint& position)
 {
-    QHeaderView* header = data().view->horizontalHeader();
+    QHeaderView* header = m_contents->view->horizontalHeader();
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const int clicked = header->logicalIndexAt(position);
-    if (data().flags.testFlag(EBaseTableMenu_Filter) && clicked >= 0) {
+    if (m_contents->flags.testFlag(EBaseTableMenu_Filter) && clicked >= 0) {
         auto* field = new CLineEdit(menu);
         field->setPlaceholderText(QStringLiteral("筛选“%1”").arg(columnHeader(clicked)));
         field->setText(m_extras->filters.value(clicked));
@@ -151,7 +151,7 @@ void CStandardTable::slotHeaderMenu(const QPoint& position)
         holder->setDefaultWidget(field);
         menu->addAction(holder);
     }
-    if (data().flags.testFlag(EBaseTableMenu_Columns)) {
+    if (m_contents->flags.testFlag(EBaseTableMenu_Columns)) {
         for (int id = 0; id < columnCount(); ++id) {
             QAction* shown = menu->addAction(columnHeader(id));
             shown->setCheckable(true);

@@ -1,6 +1,5 @@
 #include "host/WB/SaveFileDialog.h"
 
-#include "host/embedded/ResetHooks.h"
 #include "host/embedded/TableSetup.h"
 
 #include <QFileDialog>
@@ -11,11 +10,6 @@ namespace {
 
 std::optional<QString> s_answer;
 TC::embedded::SaveDialogRequest s_request;
-
-const TC::embedded::ResetHook s_resetDialog([] {
-    s_answer.reset();
-    s_request = {};
-});
 
 } // namespace
 
@@ -34,6 +28,12 @@ namespace TC::embedded {
 void setSaveDialogAnswer(const QString& path)
 {
     s_answer = path;
+}
+
+void clearSaveDialogAnswer()
+{
+    s_answer.reset();
+    s_request = {};
 }
 
 SaveDialogRequest lastSaveDialogRequest()

@@ -2,7 +2,6 @@
 /// @file Times as the wall clock shows them.
 
 #include <cstdint>
-#include <ctime>
 #include <optional>
 #include <string>
 
@@ -31,7 +30,6 @@ private:
         std::int64_t offset;  ///< of local time, seconds
     };
 
-    static std::optional<std::tm> lookUp(std::int64_t seconds);
     static std::optional<Moment> momentAt(std::int64_t seconds);
     void enterHour(std::int64_t start);
 

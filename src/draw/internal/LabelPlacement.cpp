@@ -1,17 +1,12 @@
 #include "draw/internal/LabelPlacement.h"
 
+#include "host/se/RecordCodes.h"
+
 namespace TC::detail {
 
 namespace {
 
-enum PositionCode {
-    CentredOnPoint = 0,
-    AtPoint = 1,
-    BesideOrAbovePoint = 2,
-    Middle = 3,
-    Top = 4,
-    Bottom = 5
-};
+using se::Position;
 
 constexpr int kEdgeGap = 3; ///< pixels between a text and the pane's edge
 
@@ -22,16 +17,16 @@ std::optional<QPoint> textPoint(int code, const QRect& pane, QSize text, int x, 
     const int centred = saturatedSum(x, -text.width() / 2);
     switch (code) {
     // Deliberate: the middle counts from row 0, the top and the bottom from the pane's own edges.
-    case Middle: return QPoint(centred, pane.height() / 2 - text.height() / 2);
-    case Top: return QPoint(centred, saturatedSum(pane.top(), kEdgeGap + text.height()));
-    case Bottom: return QPoint(centred, saturatedSum(pane.bottom(), -kEdgeGap));
+    case Position::PaneMiddle: return QPoint(centred, pane.height() / 2 - text.height() / 2);
+    case Position::PaneTop: return QPoint(centred, saturatedSum(pane.top(), kEdgeGap + text.height()));
+    case Position::PaneBottom: return QPoint(centred, saturatedSum(pane.bottom(), -kEdgeGap));
     default: break;
     }
     if (!row)
         return std::nullopt;
     switch (code) {
-    case CentredOnPoint: return QPoint(centred, saturatedSum(*row, -text.height() / 2));
-    case BesideOrAbovePoint: return QPoint(saturatedSum(x, -text.width()), *row);
+    case Position::CentredOnPoint: return QPoint(centred, saturatedSum(*row, -text.height() / 2));
+    case Position::AbovePoint: return QPoint(saturatedSum(x, -text.width()), *row);
     default: return QPoint(x, *row);
     }
 }
@@ -39,13 +34,13 @@ std::optional<QPoint> textPoint(int code, const QRect& pane, QSize text, int x, 
 std::optional<int> iconTop(int code, const QRect& pane, std::optional<int> row)
 {
     switch (code) {
-    case CentredOnPoint: return row ? std::optional<int>(saturatedSum(*row, -kIconSize / 2)) : row;
-    case AtPoint: return row;
-    case BesideOrAbovePoint: return row ? std::optional<int>(saturatedSum(*row, -kIconSize)) : row;
+    case Position::CentredOnPoint: return row ? std::optional<int>(saturatedSum(*row, -kIconSize / 2)) : row;
+    case Position::AtPoint: return row;
+    case Position::AbovePoint: return row ? std::optional<int>(saturatedSum(*row, -kIconSize)) : row;
     // Deliberate: only the top counts from the pane's own edge, and its gap is wider than the bottom's.
-    case Middle: return pane.height() / 2 - kIconSize / 2;
-    case Top: return saturatedSum(pane.top(), 5);
-    case Bottom: return pane.height() - 10;
+    case Position::PaneMiddle: return pane.height() / 2 - kIconSize / 2;
+    case Position::PaneTop: return saturatedSum(pane.top(), 5);
+    case Position::PaneBottom: return pane.height() - 10;
     default: return 0;
     }
 }

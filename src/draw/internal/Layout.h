@@ -1,15 +1,26 @@
 #pragma once
-/// @file Where bars stand across a pane and where values stand down it.
+/// @file What the painters share of a pane's geometry: the window of bars, the answers on a flat range, the
+/// client's variant.
 
+#include "draw/PaneMapping.h"
 #include "draw/internal/Numbers.h"
-#include "draw/internal/Output.h"
+#include "host/TC/CAppConfig.h"
+#include "host/utils/CSingletonT.h"
 
 #include <QPair>
 #include <QRect>
 
 #include <cstdlib>
+#include <optional>
 
 namespace TC::detail {
+
+/// The second visual variant of the client: some painters start their runs at the pane's left edge, or take
+/// its blue.
+inline bool isClientType3()
+{
+    return utils::CSingletonT<CAppConfig>::instance()->isClientType(3);
+}
 
 /// The bars to paint: the arguments that travel together.
 struct BarWindow
@@ -37,53 +48,22 @@ inline double slotWidth(const QRect& rect, double divisor)
     return rect.width() / divisor;
 }
 
-/// Where each bar stands. The terms are added in this order, as each painter states it.
-struct SlotLayout
-{
-    int firstBar = 0;    ///< bar that stands on the origin
-    double width = 0.0;  ///< slot width, fractional pixels
-    double origin = 0.0; ///< pixels: every whole-pixel term that precedes the slots
-    double shift = 0.0;  ///< pixels: the painter's own nudge, added last
-
-    /// Untruncated; NaN when the layout has no place for the bar.
-    double at(int bar) const { return origin + (static_cast<double>(bar) - firstBar) * width + shift; }
-    int x(int bar) const { return toPixel(at(bar)); }
-};
-
-/// Where a value stands; rows grow downward, nothing is clamped.
-struct ValueScale
-{
-    double baseRow = 0.0;       ///< row of `baseValue`, pixels
-    double baseValue = 0.0;     ///< in units of the value axis
-    double pixelsPerUnit = 0.0; ///< infinite or NaN on a flat range
-
-    /// Untruncated; NaN when the value has no row.
-    double at(double value) const { return baseRow - (value - baseValue) * pixelsPerUnit; }
-    int row(double value) const { return toPixel(at(value)); }
-};
-
 /// A (maximum, minimum) pair without extent.
 inline bool isFlat(const QPair<double, double>& range)
 {
     return isEqual(range.first, range.second);
 }
 
-/// The painters' own scale: the minimum on the bottom row. Deliberate: the height, not the height less
-/// one, spans the range, so that the maximum lands one row above the rectangle.
-inline ValueScale spanning(const QRect& rect, const QPair<double, double>& range)
+/// The painters' own scale; on a flat range the height spans the maximum itself, as if the axis started at
+/// zero.
+/// @param atZero  pixels per unit of a flat range on zero; empty: infinite, as the division gives it.
+inline ValueScale spanningOrToMaximum(const QRect& rect, const QPair<double, double>& range,
+                                      std::optional<double> atZero = std::nullopt)
 {
-    return { static_cast<double>(rect.bottom()), range.second, rect.height() / (range.first - range.second) };
-}
-
-/// Bars of the window in order: stops at the result's end, leaves out invalid bars.
-template <class Visit>
-void forEachValidBar(const se::RPCFormulaResult& result, int first, int last, Visit visit)
-{
-    const int end = last < barTotal(result) ? last + 1 : barTotal(result);
-    for (int bar = std::max(first, 0); bar < end; ++bar) {
-        if (isValidBar(result, bar))
-            visit(bar);
-    }
+    ValueScale scale = valueScale(rect, range);
+    if (isFlat(range))
+        scale.pixelsPerUnit = atZero && isZero(range.first) ? *atZero : rect.height() / range.first;
+    return scale;
 }
 
 } // namespace TC::detail

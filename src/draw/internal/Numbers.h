@@ -1,7 +1,8 @@
 #pragma once
-/// @file The one truncation, the one tolerance and the one missing-number test of all painters.
+/// @file The one truncation and the one tolerance of all painters.
 
-#include "data/internal/ElementAt.h"
+#include "data/internal/MissingNumbers.h"
+#include "draw/PaneMapping.h"
 
 #include <QRect>
 
@@ -25,26 +26,9 @@ inline bool isEqual(double a, double b)
     return std::abs(a - b) <= kTolerance;
 }
 
-/// The marker that the engine writes for a missing number.
-inline bool isMissingMarker(double value)
-{
-    return value >= DBL_MAX && !std::isinf(value);
-}
+using TC::toPixel;
 
-/// Not finite, or the missing marker.
-inline bool isMissing(double value)
-{
-    return !(value < DBL_MAX && value >= -DBL_MAX);
-}
-
-/// Pixel of a coordinate: truncated toward zero, saturating at the int limits. A NaN has no pixel;
-/// painters test for it with hasPixel before they draw.
-inline int toPixel(double coordinate)
-{
-    constexpr double lowest = INT_MIN, highest = INT_MAX;
-    return std::isnan(coordinate) ? 0 : static_cast<int>(std::clamp(coordinate, lowest, highest));
-}
-
+/// A NaN has no pixel; painters ask before they draw.
 inline bool hasPixel(double coordinate)
 {
     return !std::isnan(coordinate);

@@ -1,11 +1,9 @@
 #pragma once
 /// @file Pens and colours of the painters.
 
+#include "data/internal/RecordViews.h"
 #include "draw/CDrawStyle.h"
-#include "draw/internal/Output.h"
-
-#include "host/WB/CUiResource.h"
-#include "host/utils/CSingletonT.h"
+#include "host/WB/SkinLookup.h"
 
 #include <QColor>
 #include <QPen>
@@ -18,13 +16,6 @@ constexpr const char* kHighLowColor = "ic_clr_kline_highlow_line";
 constexpr const char* kRealtimeStickColor = "ic_clr_realtime_colorstick";
 constexpr const char* kIconColor = "ic_clr_draw_icon";
 constexpr const char* kTitleFont = "fnt_index_title_text";
-
-/// A skin colour; black where the skin has none.
-inline QColor skinColor(const char* key)
-{
-    const QColor* color = utils::CSingletonT<WB::CUiResource>::instance()->getColor(QString::fromLatin1(key));
-    return color ? *color : QColor(Qt::black);
-}
 
 /// Opaque colour of a 0x00BBGGRR word.
 inline QColor fromPacked(int color)
@@ -50,10 +41,10 @@ inline void applyLineStyle(int& penStyle, const se::RPCFormulaMetaResult& meta, 
     if (!code)
         return;
     switch (*code) {
-    case 0: penStyle = Qt::SolidLine; break;
-    case 15: penStyle = Qt::DotLine; break;
-    case 16: penStyle = Qt::DashDotLine; break;
-    case 17: penStyle = Qt::DashDotDotLine; break;
+    case se::LineStyle::Solid: penStyle = Qt::SolidLine; break;
+    case se::LineStyle::Dot: penStyle = Qt::DotLine; break;
+    case se::LineStyle::DashDot: penStyle = Qt::DashDotLine; break;
+    case se::LineStyle::DashDotDot: penStyle = Qt::DashDotDotLine; break;
     default: break;
     }
 }

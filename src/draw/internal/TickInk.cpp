@@ -23,8 +23,8 @@ bool hidesBeneath(const QPainter& painter)
 
 DirectionPens::DirectionPens(QPainter* painter)
     : m_painter(painter)
-    , m_rise(skinColor(kRiseColor))
-    , m_fall(skinColor(kFallColor))
+    , m_rise(WB::skinColor(kRiseColor))
+    , m_fall(WB::skinColor(kFallColor))
 {
 }
 

@@ -1,5 +1,7 @@
 #include "draw/internal/TradeDirection.h"
 
+#include "data/internal/ElementAt.h"
+
 #include "draw/internal/Numbers.h"
 
 namespace TC::detail {

@@ -1,6 +1,6 @@
 #include "title/internal/AccountPositions.h"
 
-#include "draw/internal/Output.h"
+#include "data/internal/RecordViews.h"
 
 #include <QDateTime>
 
@@ -33,10 +33,10 @@ QString shownBarDate(const QMap<CFormulaKey, RPCFormulaResultCache>& data, const
     return dateText(shown.value().result.barTimes[static_cast<std::size_t>(bar)].msecs);
 }
 
-TitleTrading tradingAt(const CPositionNumber& positions, const QString& barDate)
+TradeSummary tradingAt(const CPositionNumber& positions, const QString& barDate)
 {
     const CTradeSummary& sums = positions.summary;
-    TitleTrading trading;
+    TradeSummary trading;
     trading.totalBuyAmount = sums.totalBuyAmount;
     trading.totalSellAmount = sums.totalSellAmount;
     trading.netBuyAmount = sums.netBuyAmount;

@@ -1,8 +1,13 @@
 #pragma once
 /// @file The user's own trading as of the bar that a legend shows.
 
+#include "data/CFormulaKey.h"
+#include "data/RPCFormulaResultCache.h"
 #include "host/TC/CLinkageManager.h"
-#include "title/internal/TitleRows.h"
+#include "title/internal/TradeSummary.h"
+
+#include <QMap>
+#include <QString>
 
 namespace TC::detail {
 
@@ -13,6 +18,6 @@ QString shownBarDate(const QMap<CFormulaKey, RPCFormulaResultCache>& data, const
 
 /// The trade summary, and each account's latest position of that date or before it; accounts without one
 /// are left out. Dates compare as "yyyyMMdd", so that every bar of a day has the day's positions.
-TitleTrading tradingAt(const CPositionNumber& positions, const QString& barDate);
+TradeSummary tradingAt(const CPositionNumber& positions, const QString& barDate);
 
 } // namespace TC::detail

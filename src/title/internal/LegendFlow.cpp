@@ -2,6 +2,7 @@
 
 #include "draw/internal/Pens.h"
 #include "title/internal/Pictures.h"
+#include "title/internal/TextWidths.h"
 
 namespace TC::detail {
 
@@ -23,11 +24,11 @@ public:
     {
         if (m_x > m_area.left() && needed > room() && needed <= m_area.width()) {
             m_x = m_area.left();
-            m_y += kTitleRowHeight;
+            m_y += kLegendRowHeight;
         }
     }
     long long room() const { return m_area.right() + 1LL - m_x; }
-    bool isBelow() const { return m_y + kTitleRowHeight > m_area.bottom() + 1LL; }
+    bool isBelow() const { return m_y + kLegendRowHeight > m_area.bottom() + 1LL; }
     QPoint position() const
     {
         return QPoint(toPixel(static_cast<double>(m_x)), toPixel(static_cast<double>(m_y)));
@@ -42,8 +43,7 @@ private:
 /// Pixels that show of a piece: its text and the arrow behind it.
 int inkWidth(const ArrowColorTextData& piece)
 {
-    return WB::CSimpleText::getSize(piece.text, QString::fromLatin1(kTitleFont)).width()
-        + arrowWidth(piece.arrowType);
+    return textWidth(piece.text, WB::skinFont(kTitleFont)) + arrowWidth(piece.arrowType);
 }
 
 /// Places the pieces of one object; `follower` pixels must fit behind its first piece.
@@ -53,7 +53,7 @@ void flowObject(const CArrowColorSimpleText& object, int follower, FlowPen& pen,
         CArrowColorSimpleText single(QString::fromLatin1(kTitleFont));
         single.setTextColor(piece.text, piece.color, piece.arrowType);
         const int ink = inkWidth(piece);
-        pen.makeRoom(follower > 0 ? single.getWidth() + static_cast<long long>(kTitleGap) + follower : ink);
+        pen.makeRoom(follower > 0 ? single.getWidth() + static_cast<long long>(kLegendGap) + follower : ink);
         pen.makeRoom(ink);
         if (pen.isBelow())
             return;
@@ -62,18 +62,18 @@ void flowObject(const CArrowColorSimpleText& object, int follower, FlowPen& pen,
             pen.advance(single.getWidth());
         }
     }
-    pen.advance(kTitleGap);
+    pen.advance(kLegendGap);
 }
 
 } // namespace
 
-int titleWidth(const TitleRows& rows)
+int legendWidth(const LegendRows& rows)
 {
     const auto ignore = [](const CArrowColorSimpleText&, int, int) {};
     return forEachObject(rows.second, forEachObject(rows.first, 0, 0, ignore), 0, ignore);
 }
 
-QVector<FlowPiece> flowPieces(const TitleRows& rows, const QRect& area)
+QVector<FlowPiece> flowPieces(const LegendRows& rows, const QRect& area)
 {
     QVector<FlowPiece> placed;
     FlowPen pen(area);

@@ -1,8 +1,7 @@
 #pragma once
 /// @file Pictures of the skin in logical pixels.
 
-#include "host/WB/CUiResource.h"
-#include "host/utils/CSingletonT.h"
+#include "host/WB/SkinLookup.h"
 
 #include <QPixmap>
 #include <QSize>
@@ -11,12 +10,6 @@ namespace TC::detail {
 
 constexpr const char* kArrowUpPicture = "ic_img_arrow_up";
 constexpr const char* kArrowDownPicture = "ic_img_arrow_down";
-
-/// A picture of the skin; null where the skin has none.
-inline QPixmap* skinPicture(const char* key)
-{
-    return utils::CSingletonT<WB::CUiResource>::instance()->getPixmap(QString::fromLatin1(key));
-}
 
 /// Size on the widget: pictures carry more pixels than that for dense screens. Empty for null.
 inline QSize logicalSize(const QPixmap* picture)
@@ -28,8 +21,8 @@ inline QSize logicalSize(const QPixmap* picture)
 inline int arrowWidth(int arrowType)
 {
     switch (arrowType) {
-    case 1: return logicalSize(skinPicture(kArrowUpPicture)).width();
-    case 2: return logicalSize(skinPicture(kArrowDownPicture)).width();
+    case 1: return logicalSize(WB::skinPicture(kArrowUpPicture)).width();
+    case 2: return logicalSize(WB::skinPicture(kArrowDownPicture)).width();
     default: return 0;
     }
 }

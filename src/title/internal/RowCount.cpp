@@ -1,5 +1,8 @@
 #include "title/internal/RowCount.h"
 
+#include "host/WB/SkinLookup.h"
+#include "title/internal/TextWidths.h"
+
 namespace TC::detail {
 
 namespace {
@@ -15,7 +18,7 @@ void forEachStep(const QList<CArrowColorSimpleText>& row, const PieceSteps& step
                                                    : 0;
             // Deliberate: this key names a colour; no font answers to it, so that the application's
             // default font measures.
-            const int text = WB::CSimpleText::getSize(piece.text, QStringLiteral("clr_stock_index")).width();
+            const int text = textWidth(piece.text, WB::skinFont("clr_stock_index"));
             visit(static_cast<long long>(steps.gap) + arrow + text);
         }
     }
@@ -23,7 +26,7 @@ void forEachStep(const QList<CArrowColorSimpleText>& row, const PieceSteps& step
 
 } // namespace
 
-int countRows(const TitleRows& rows, const QRect& rect, const PieceSteps& steps)
+int countRows(const LegendRows& rows, const QRect& rect, const PieceSteps& steps)
 {
     int count = 1;
     // Deliberate: the pen is compared with the rectangle's width, not with its right edge.

@@ -1,7 +1,7 @@
 #pragma once
 /// @file How many rows a legend needs.
 
-#include "title/internal/TitleRows.h"
+#include "title/internal/LegendRows.h"
 
 namespace TC::detail {
 
@@ -14,6 +14,6 @@ struct PieceSteps
 };
 
 /// Rows that the pieces take when they flow from the rectangle's left edge; 1 at least.
-int countRows(const TitleRows& rows, const QRect& rect, const PieceSteps& steps);
+int countRows(const LegendRows& rows, const QRect& rect, const PieceSteps& steps);
 
 } // namespace TC::detail

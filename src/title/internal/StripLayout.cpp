@@ -1,7 +1,6 @@
 #include "title/internal/StripLayout.h"
 
 #include "draw/internal/Numbers.h"
-#include "title/internal/Pictures.h"
 
 #include <algorithm>
 
@@ -12,7 +11,6 @@ namespace {
 constexpr int kColumnPadding = 10; ///< pixels that a heading column is wider than its text
 constexpr int kTextInset = 4;      ///< of them before the text
 constexpr int kIconColumn = 21;    ///< pixels by which an icon moves what stands behind it
-constexpr int kDescent = 2;        ///< pixels of ink below a row of text
 constexpr int kLeastName = 24;     ///< pixels below which no shortened name is shown
 
 /// Pixels kept free at the right end.
@@ -45,9 +43,9 @@ int layOutHeading(const StripContent& content, int x, int rightEdge, StripLayout
 
     if (!content.icon.isEmpty() && !isShortened && x + kIconColumn <= rightEdge) {
         const int top = std::max(0, (height - content.icon.height()) / 2);
-        const int width = std::min(content.icon.width(), kIconColumn - kTitleGap);
+        const int width = std::min(content.icon.width(), kIconColumn - kLegendGap);
         // In the room behind the name's padding, so that it stands closer to the name than to the line.
-        layout.icon = QRect(x - kColumnPadding + kTextInset + kTitleGap, top, width,
+        layout.icon = QRect(x - kColumnPadding + kTextInset + kLegendGap, top, width,
                             std::min(content.icon.height(), height - top));
         x += kIconColumn;
     }
@@ -74,16 +72,16 @@ void placeLegend(const StripContent& content, int x, int rightEdge, StripLayout&
     const bool hasOwnIndent = content.viewType == EIndexView_Module || content.viewType == EIndexView_Quote
         || content.viewType == EIndexView_Replay;
     if (mainChart && !hasOwnIndent)
-        layout.titleOffset = isTallHeading(content) ? x : indent;
+        layout.rowsOffset = isTallHeading(content) ? x : indent;
     else if (!mainChart) // both rows share y 0: the second begins behind the first
-        layout.titleOffset = saturatedSum(x, content.firstRowWidth);
+        layout.rowsOffset = saturatedSum(x, content.firstRowWidth);
 
-    const TitleOrigin origin =
-        titleOrigin(QRect(x, 0, 1, 1), content.viewType, layout.titleOffset, mainChart);
+    const LegendOrigin origin =
+        legendOrigin(QRect(x, 0, 1, 1), content.viewType, layout.rowsOffset, mainChart);
     const int left = std::min(origin.firstX, origin.secondX);
     const bool leavesRoom = origin.secondX < rightEdge && origin.firstX + content.firstRowWidth <= rightEdge;
     const int start = mainChart || !leavesRoom ? left : origin.secondX;
-    layout.titleRect = QRect(x, 0, std::max(0, rightEdge - start), content.size.height());
+    layout.rowsRect = QRect(x, 0, std::max(0, rightEdge - start), content.size.height());
     layout.legend = QRect(QPoint(std::max(0, left), 0), QPoint(rightEdge - 1, content.size.height() - 1));
     if (layout.legend.isEmpty())
         layout.legend = QRect();
@@ -121,91 +119,12 @@ StripLayout layOutStrip(const StripContent& content)
         const int headingEdge = content.size.width() - (content.hasButton ? rightReserve(content) : 0);
         x = layOutHeading(content, x, headingEdge, layout);
         if (!layout.separators.isEmpty())
-            x += kTitleGap;
+            x += kLegendGap;
     } else {
         ++x; // the ink of a first letter may begin left of it
     }
     placeLegend(content, x, rightEdge, layout);
     return layout;
-}
-
-namespace {
-
-/// Grows a region by the rectangles that lie inside an area.
-class WholeRects
-{
-public:
-    explicit WholeRects(const QRect& area)
-        : m_area(area)
-    {
-    }
-
-    /// @param behind  pixels behind the text that belong to it: its arrow.
-    void add(const QRect& text, int behind)
-    {
-        const QRect whole = text.adjusted(0, 0, behind, 0);
-        if (whole.isEmpty() || !isInside(whole))
-            return;
-        // Ink may stand out of a text's advance at either side, and under the row.
-        m_region += whole.adjusted(-1, 0, 1, kDescent);
-    }
-    const QRegion& region() const { return m_region; }
-
-private:
-    bool isInside(const QRect& whole) const
-    {
-        return whole.left() >= m_area.left() && whole.right() <= m_area.right() && whole.top() >= m_area.top()
-            && whole.bottom() <= m_area.bottom();
-    }
-
-    QRect m_area;
-    QRegion m_region;
-};
-
-} // namespace
-
-QRegion wholePieces(const QRect& area, const QRect& titleRect, const TitleRows& rows,
-                    const QVector<ArrowColorTextData>& summary, EIndexViewType viewType, int leftOffset,
-                    bool mainChart)
-{
-    WholeRects whole(area);
-    const auto addRow = [&](const QList<CArrowColorSimpleText>& row, int rowX, int y) {
-        return forEachObject(
-            row, rowX, titleRect.width(), [&](const CArrowColorSimpleText& object, int x, int width) {
-                const QVector<QRect> places = object.placeTexts(x, y, width, kTitleRowHeight);
-                const QVector<ArrowColorTextData> pieces = object.getTextColor();
-                for (int piece = 0; piece < places.size(); ++piece)
-                    whole.add(places.at(piece), arrowWidth(pieces.at(piece).arrowType));
-            });
-    };
-    const TitleOrigin origin = titleOrigin(titleRect, viewType, leftOffset, mainChart);
-    int x = addRow(rows.first, origin.firstX, 0);
-    if (mainChart) {
-        for (const ArrowColorTextData& text : summary) {
-            const int width = summaryTextWidth(text.text);
-            whole.add(paintableRect(x, kSummaryTop, width, kTitleRowHeight), 0);
-            x = saturatedSum(x, width);
-        }
-    }
-    addRow(rows.second, origin.secondX, origin.secondY);
-    return whole.region();
-}
-
-TitleTrading fitTrading(TitleTrading trading, const QRect& area, int x, double priceTick)
-{
-    const auto fits = [&] {
-        long long end = x;
-        for (const ArrowColorTextData& text : summaryTexts(trading, priceTick))
-            end += summaryTextWidth(text.text);
-        return end <= area.right() + 1LL && kSummaryTop + kTitleRowHeight <= area.height();
-    };
-    while (!fits() && !trading.accounts.isEmpty())
-        trading.accounts.removeLast();
-    if (!fits())
-        trading.buyVolume = trading.sellVolume = 0;
-    if (!fits())
-        trading = TitleTrading();
-    return trading;
 }
 
 } // namespace TC::detail

@@ -2,10 +2,10 @@
 /// @file Where everything stands on a legend strip, computed without a painter.
 
 #include "host/TC/Periods.h"
-#include "title/internal/TitleRows.h"
+#include "title/internal/LegendRows.h"
 
+#include <QLine>
 #include <QRect>
-#include <QRegion>
 #include <QSize>
 #include <QVector>
 
@@ -19,7 +19,7 @@ struct StripContent
     EIndexViewType viewType = EIndexView_Module;
     EIndexViewType subViewType = EIndexView_Module;
     int leftOffset = 0;
-    int rowHeight = kTitleRowHeight;
+    int rowHeight = kLegendRowHeight;
     int nameWidth = 0;      ///< of the instrument's name; 0: none
     int periodWidth = 0;    ///< of the wider of period and adjustment name; 0: none
     QSize icon;             ///< instrument-class icon; empty: none
@@ -36,10 +36,10 @@ struct StripLayout
     QRect period;     ///< text of the period
     QRect adjustment; ///< text of the adjustment
     QVector<QLine> separators;
-    QRect legend;        ///< area whose pieces show; nothing is painted outside
-    QRect titleRect;     ///< the rectangle to give to CDrawStyle::drawTitle
-    int titleOffset = 0; ///< the left offset to give to it
-    QRect button;        ///< empty without a button
+    QRect legend;       ///< area whose pieces show; nothing is painted outside
+    QRect rowsRect;     ///< the rectangle to give to CDrawStyle::drawTitle
+    int rowsOffset = 0; ///< the left offset to give to it
+    QRect button;       ///< empty without a button
 };
 
 /// Indent of the strip: the left offset counts in the indented view alone.
@@ -52,15 +52,5 @@ int headingColumnWidth(int textWidth);
 QRect closeButtonRect(int stripWidth);
 
 StripLayout layOutStrip(const StripContent& content);
-
-/// The part of `area` that shows whole legend pieces only: each text with the arrow behind it either lies
-/// inside `area` altogether or is left out. Arguments as for CDrawStyle::drawTitle.
-QRegion wholePieces(const QRect& area, const QRect& titleRect, const TitleRows& rows,
-                    const QVector<ArrowColorTextData>& summary, EIndexViewType viewType, int leftOffset,
-                    bool mainChart);
-
-/// Leaves out what of the trade summary does not fit between `x` and the area's right edge: whole accounts
-/// from the last one on, then the volumes, then everything.
-TitleTrading fitTrading(TitleTrading trading, const QRect& area, int x, double priceTick);
 
 } // namespace TC::detail

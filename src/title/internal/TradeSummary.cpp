@@ -1,8 +1,11 @@
 /// @file The user's own trading as legend texts.
 
+#include "title/internal/TradeSummary.h"
+
 #include "draw/internal/Pens.h"
 #include "host/WB/NumberFormat.h"
-#include "title/internal/TitleRows.h"
+#include "title/internal/LegendRows.h"
+#include "title/internal/TextWidths.h"
 
 namespace TC::detail {
 
@@ -20,7 +23,7 @@ public:
     {
         m_texts.append(CArrowColorSimpleText::buildTextColor(text, color, 0));
     }
-    void label(const QString& text) { add(text, skinColor(kLabelColor)); }
+    void label(const QString& text) { add(text, WB::skinColor(kLabelColor)); }
     void amount(double value, const QColor& color)
     {
         add(WB::formatDoubleNumber(value, 2, utils::EFormatNumber_Large, false, QStringLiteral("非法值")),
@@ -49,19 +52,19 @@ private:
 QColor signColor(double value, const char* riseKey)
 {
     if (value > kTolerance)
-        return skinColor(riseKey);
-    return skinColor(value < -kTolerance ? kSummaryFallColor : kLabelColor);
+        return WB::skinColor(riseKey);
+    return WB::skinColor(value < -kTolerance ? kSummaryFallColor : kLabelColor);
 }
 
-void writeAmounts(SummaryWriter& writer, const TitleTrading& trading)
+void writeAmounts(SummaryWriter& writer, const TradeSummary& trading)
 {
     const QString bracket = QStringLiteral("[");
     if (!isZero(trading.totalBuyAmount) || !isZero(trading.totalSellAmount)) {
         // Deliberate: this label carries its bracket and a blank; the others open with a label of their own.
         writer.open(QStringLiteral(" [总买额:"));
-        writer.amount(trading.totalBuyAmount, skinColor("tc_clr_total_buyamount"));
+        writer.amount(trading.totalBuyAmount, WB::skinColor("tc_clr_total_buyamount"));
         writer.label(QStringLiteral("总卖额:"));
-        writer.amount(trading.totalSellAmount, skinColor("tc_clr_total_sellamount"));
+        writer.amount(trading.totalSellAmount, WB::skinColor("tc_clr_total_sellamount"));
     }
     if (!isZero(trading.netBuyAmount)) {
         writer.open(bracket);
@@ -83,13 +86,13 @@ void writeAmounts(SummaryWriter& writer, const TitleTrading& trading)
 
 void writeVolume(SummaryWriter& writer, int volume, double averagePrice, double priceTick, const char* color)
 {
-    writer.add(QString::number(volume), skinColor(color));
+    writer.add(QString::number(volume), WB::skinColor(color));
     writer.label(QStringLiteral("均价:"));
     // Averages lie between two ticks: one decimal more than prices have.
-    writer.add(WB::formatPriceDoubleNumber(averagePrice, priceTick / 10.0), skinColor(color));
+    writer.add(WB::formatPriceDoubleNumber(averagePrice, priceTick / 10.0), WB::skinColor(color));
 }
 
-void writeVolumes(SummaryWriter& writer, const TitleTrading& trading, double priceTick)
+void writeVolumes(SummaryWriter& writer, const TradeSummary& trading, double priceTick)
 {
     if (trading.buyVolume != 0) {
         writer.open(QStringLiteral(" [买量:"));
@@ -105,16 +108,17 @@ void writeVolumes(SummaryWriter& writer, const TitleTrading& trading, double pri
     writer.close();
 }
 
-void writeAccounts(SummaryWriter& writer, const TitleTrading& trading)
+void writeAccounts(SummaryWriter& writer, const TradeSummary& trading)
 {
     for (int account = 0; account < trading.accounts.size(); ++account) {
         writer.label(account == 0 ? QStringLiteral(" [账号:") : QStringLiteral(" 账号:"));
-        writer.add(trading.accounts.at(account), skinColor("ic_clr_realtime_title_account_position_text"));
+        writer.add(trading.accounts.at(account),
+                   WB::skinColor("ic_clr_realtime_title_account_position_text"));
         if (account < trading.positions.size() && account < trading.positionFlags.size()) {
             writer.label(QStringLiteral(" 持仓:"));
-            writer.add(
-                QString::number(trading.positions.at(account)),
-                skinColor(trading.positionFlags.at(account) != 0 ? kSummaryRiseColor : kSummaryFallColor));
+            writer.add(QString::number(trading.positions.at(account)),
+                       WB::skinColor(trading.positionFlags.at(account) != 0 ? kSummaryRiseColor
+                                                                            : kSummaryFallColor));
         }
     }
     if (!trading.accounts.isEmpty())
@@ -123,7 +127,7 @@ void writeAccounts(SummaryWriter& writer, const TitleTrading& trading)
 
 } // namespace
 
-QVector<ArrowColorTextData> summaryTexts(const TitleTrading& trading, double priceTick)
+QVector<ArrowColorTextData> summaryTexts(const TradeSummary& trading, double priceTick)
 {
     SummaryWriter writer;
     writeAmounts(writer, trading);
@@ -134,7 +138,24 @@ QVector<ArrowColorTextData> summaryTexts(const TitleTrading& trading, double pri
 
 int summaryTextWidth(const QString& text)
 {
-    return saturatedSum(WB::CSimpleText::getSize(text, QString::fromLatin1(kTitleFont)).width(), kTitleGap);
+    return saturatedSum(textWidth(text, WB::skinFont(kTitleFont)), kLegendGap);
+}
+
+TradeSummary fitSummary(TradeSummary trading, const QRect& area, int x, double priceTick)
+{
+    const auto fits = [&] {
+        long long end = x;
+        for (const ArrowColorTextData& text : summaryTexts(trading, priceTick))
+            end += summaryTextWidth(text.text);
+        return end <= area.right() + 1LL && kSummaryTop + kLegendRowHeight <= area.height();
+    };
+    while (!fits() && !trading.accounts.isEmpty())
+        trading.accounts.removeLast();
+    if (!fits())
+        trading.buyVolume = trading.sellVolume = 0;
+    if (!fits())
+        trading = TradeSummary();
+    return trading;
 }
 
 } // namespace TC::detail

@@ -132,7 +132,7 @@ private:
     {
         // columns stacked upon one another must be the last output
         return function.drawing == se::DrawType::StackedVolume ? "VERTLINE(" + expression(2) + ")"
-                                                          : call(function, 2);
+                                                               : call(function, 2);
     }
 
     std::string attributes()

@@ -2,6 +2,8 @@
 
 #include "tests/support/Legend.h"
 #include "tests/support/Seeds.h"
+#include "title/internal/LegendClip.h"
+#include "title/internal/TradeSummary.h"
 
 #include <gtest/gtest.h>
 
@@ -40,10 +42,10 @@ void expectApart(const StripContent& content)
     EXPECT_FALSE(layout.legend.intersects(layout.button));
 
     const bool mainChart = content.displayType == TC::EIndexDisplay_Heading;
-    const TitleOrigin origin = titleOrigin(layout.titleRect, content.viewType, layout.titleOffset, mainChart);
+    const LegendOrigin origin = legendOrigin(layout.rowsRect, content.viewType, layout.rowsOffset, mainChart);
     const int right = layout.legend.right() + 1;
     const auto rowKeepsClear = [&](int x, int y) {
-        const QRect row(x, y, right - x, kTitleRowHeight);
+        const QRect row(x, y, right - x, kLegendRowHeight);
         for (const QRect& part : all) {
             EXPECT_FALSE(x < right && row.intersects(part)) << "row at " << x << "," << y;
         }
@@ -182,58 +184,78 @@ TEST(WholePieces, LeavesOutWhatCrossesTheEdgeWithItsArrow)
     object.setTextColor(QStringLiteral("abc"), Qt::red, 0);
     object.setTextColor(QStringLiteral("def"), Qt::red, 1);
     object.setGraphType(false);
-    TitleRows rows;
+    LegendRows rows;
     rows.first = { object };
     const int first = test::widthOf(QStringLiteral("abc")), second = test::widthOf(QStringLiteral("def"));
     const int end = first + 9 + 3 + second + 9; // with the second piece's arrow
     const auto right = [&](int width) {
-        return wholePieces(QRect(0, 0, width, 16), QRect(0, 0, 5000, 16), rows, {}, TC::EIndexView_Plain, 0,
-                           false)
-            .boundingRect()
-            .right();
+        const LegendOrigin origin = legendOrigin(QRect(0, 0, 5000, 16), TC::EIndexView_Plain, 0, false);
+        return wholePieces(QRect(0, 0, width, 16), rows, origin, 5000, {}).boundingRect().right();
     };
     EXPECT_GE(right(end), end - 1);
     EXPECT_LE(right(end - 1), first + 1);
     EXPECT_EQ(right(first - 1), QRegion().boundingRect().right());
 }
 
+TEST(WholePieces, LeaveRoomForInkOnePixelBesideATextAndTwoBelowIt)
+{
+    TC::CArrowColorSimpleText object(QStringLiteral("fnt_index_title_text"));
+    object.setTextColor(QStringLiteral("abc"), Qt::red, 0);
+    LegendRows rows;
+    rows.first = { object };
+    const LegendOrigin origin = legendOrigin(QRect(20, 0, 500, 32), TC::EIndexView_Plain, 0, true);
+    EXPECT_EQ(wholePieces(QRect(0, 0, 500, 32), rows, origin, 500, {}),
+              QRegion(19, 0, test::widthOf(QStringLiteral("abc")) + 2, 18));
+}
+
+TEST(StripLayout, APlainHeadingStripWithoutIndentStartsItsRowsAtTheirOwnRule)
+{
+    StripContent content = heading(800, TC::EIndexView_Plain, TC::EIndexView_Plain);
+    content.leftOffset = 25; // counts in the indented view alone
+    EXPECT_EQ(layOutStrip(content).rowsOffset, 0);
+    content.subViewType = TC::EIndexView_Indented;
+    EXPECT_EQ(layOutStrip(content).rowsOffset, 25);
+}
+
 TEST(WholePieces, LeavesOutRowsBelowTheStrip)
 {
     TC::CArrowColorSimpleText object(QStringLiteral("fnt_index_title_text"));
     object.setTextColor(QStringLiteral("abc"), Qt::red, 0);
-    TitleRows rows;
+    LegendRows rows;
     rows.second = { object };
     const auto visible = [&](int height) {
-        return !wholePieces(QRect(0, 0, 500, height), QRect(0, 0, 500, height), rows, {},
-                            TC::EIndexView_Plain, 0, true)
-                    .isEmpty();
+        const QRect strip(0, 0, 500, height);
+        const LegendOrigin origin = legendOrigin(strip, TC::EIndexView_Plain, 0, true);
+        return !wholePieces(strip, rows, origin, 500, {}).isEmpty();
     };
     EXPECT_TRUE(visible(32));
     EXPECT_FALSE(visible(31));
 }
 
-TEST(FitTrading, LeavesOutAccountsThenVolumesThenEverything)
+TEST(FitSummary, LeavesOutAccountsThenVolumesThenEverything)
 {
-    TitleTrading trading;
+    TradeSummary trading;
     trading.accounts = QStringList({ QStringLiteral("a"), QStringLiteral("b") });
     trading.profitLoss = 5.0;
     trading.buyVolume = 3;
-    const auto width = [](const TitleTrading& shown) {
+    const auto width = [](const TradeSummary& shown) {
         int sum = 0;
         for (const TC::ArrowColorTextData& text : summaryTexts(shown, 0.01))
             sum += summaryTextWidth(text.text);
         return sum;
     };
-    const auto fitted = [&](int room) { return fitTrading(trading, QRect(0, 0, room, 32), 0, 0.01); };
+    const auto fitted = [&](int room) { return fitSummary(trading, QRect(0, 0, room, 32), 0, 0.01); };
     const int all = width(trading);
+    for (const TC::ArrowColorTextData& text : summaryTexts(trading, 0.01))
+        EXPECT_EQ(text.arrowType, 0) << text.text.toStdString();
     EXPECT_EQ(fitted(all).accounts.size(), 2);
     EXPECT_EQ(fitted(all - 1).accounts.size(), 1);
-    TitleTrading withoutAccounts = trading;
+    TradeSummary withoutAccounts = trading;
     withoutAccounts.accounts.clear();
     EXPECT_EQ(fitted(width(withoutAccounts)).accounts.size(), 0);
     EXPECT_EQ(fitted(width(withoutAccounts)).buyVolume, 3);
     EXPECT_EQ(fitted(width(withoutAccounts) - 1).buyVolume, 0);
     EXPECT_EQ(fitted(width(withoutAccounts) - 1).profitLoss, 5.0);
     EXPECT_EQ(fitted(5).profitLoss, 0.0);
-    EXPECT_TRUE(summaryTexts(fitTrading(trading, QRect(0, 0, all, 17), 0, 0.01), 0.01).isEmpty());
+    EXPECT_TRUE(summaryTexts(fitSummary(trading, QRect(0, 0, all, 17), 0, 0.01), 0.01).isEmpty());
 }

@@ -27,16 +27,6 @@
 
 namespace TC {
 
-struct CFormulaOperateManager::Private
-{
-};
-struct CLinkageManager::Private
-{
-};
-struct CStockManager::Private
-{
-};
-
 bool CAppConfig::isClientType(int) const
 {
     return false;
@@ -46,9 +36,6 @@ void CFormulaHistoryDataManager::updateStrategyBacktestData(const QVector<QStrin
                                                             const QMap<QString, double>&)
 {
 }
-
-CFormulaOperateManager::CFormulaOperateManager() = default;
-CFormulaOperateManager::~CFormulaOperateManager() = default;
 
 boost::shared_ptr<CFormulaDetail> CFormulaOperateManager::getFormula(const QString&) const
 {
@@ -70,19 +57,10 @@ bool CFormulaOperateManager::isPythonIndex(const QString&) const
     return false;
 }
 
-CLinkageManager::CLinkageManager() = default;
-CLinkageManager::~CLinkageManager() = default;
-
 CPositionNumber CLinkageManager::getPositionNumber(const QString&) const
 {
     return {};
 }
-
-CReplayManager::CReplayManager() = default;
-CReplayManager::~CReplayManager() = default;
-
-CStockManager::CStockManager() = default;
-CStockManager::~CStockManager() = default;
 
 CStockManager::Detail CStockManager::getInstrumentDetail(const QString&) const
 {
@@ -195,24 +173,11 @@ bool StockTypeCenter::isTypedStock(int, const std::string&, const std::string&) 
 
 namespace WB {
 
-struct CUiResource::Private
-{
-    QColor magenta { 255, 0, 255 };
-};
-struct CExcelReader::Private
-{
-};
-
 /// Every colour of this host is magenta; it has no fonts and no pictures.
-CUiResource::CUiResource()
-    : m_data(std::make_unique<Private>())
-{
-}
-CUiResource::~CUiResource() = default;
-
 QColor* CUiResource::getColor(const QString&) const
 {
-    return &m_data->magenta;
+    static QColor magenta { 255, 0, 255 };
+    return &magenta;
 }
 
 QFont* CUiResource::getFont(const QString&) const

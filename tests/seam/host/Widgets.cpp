@@ -10,7 +10,6 @@
 
 #include <QFontMetrics>
 #include <QKeyEvent>
-#include <QMenu>
 
 namespace WB {
 
@@ -127,15 +126,6 @@ bool IDockableWidget::isCloseEnable() const
     return true;
 }
 
-struct CBaseNormalTable::Private
-{
-    QMenu menu;
-};
-struct CStandardTable::Extras
-{
-    QMap<int, QString> filters;
-};
-
 IBaseTable::IBaseTable(int, QWidget* parent)
     : CBaseWidget(QString(), false, parent)
 {
@@ -143,7 +133,6 @@ IBaseTable::IBaseTable(int, QWidget* parent)
 
 CBaseNormalTable::CBaseNormalTable(int tableId, QWidget* parent, QFlags<EBaseTableMenuFlag>)
     : IBaseTable(tableId, parent)
-    , m_data(std::make_unique<Private>())
 {
 }
 CBaseNormalTable::~CBaseNormalTable() = default;
@@ -203,7 +192,7 @@ void CBaseNormalTable::setHeaderHeight(int) { }
 void CBaseNormalTable::setRowHeight(int) { }
 QMenu* CBaseNormalTable::contextMenu() const
 {
-    return &m_data->menu;
+    return nullptr;
 }
 bool CBaseNormalTable::handleEvent(int, int, int, QString, void*)
 {
@@ -214,14 +203,14 @@ void CBaseNormalTable::keyPressEvent(QKeyEvent*) { }
 
 CStandardTable::CStandardTable(int tableId, QWidget* parent, QFlags<EBaseTableMenuFlag> menu)
     : CBaseNormalTable(tableId, parent, menu)
-    , m_extras(std::make_unique<Extras>())
 {
 }
 CStandardTable::~CStandardTable() = default;
 void CStandardTable::setStatText(int, const QString&) { }
 const QMap<int, QString>& CStandardTable::columnFilters() const
 {
-    return m_extras->filters;
+    static const QMap<int, QString> none;
+    return none;
 }
 void CStandardTable::sortByColumn(int, Qt::SortOrder) { }
 int CStandardTable::getSortColumnID() const

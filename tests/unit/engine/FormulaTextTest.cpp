@@ -135,8 +135,8 @@ TEST(FormulaText, ReadsParametersWithTheirRange)
     ASSERT_EQ(parameters.size(), 2U);
     EXPECT_EQ(parameters[0].name, "N");
     EXPECT_EQ(parameters[0].value, 20);
-    EXPECT_EQ(parameters[0].greatest, 500);
-    EXPECT_EQ(parameters[1].least, -2.5);
+    EXPECT_EQ(parameters[0].max, 500);
+    EXPECT_EQ(parameters[1].min, -2.5);
     EXPECT_EQ(reading.formula->outputNames(), (std::vector<std::string> { "MA20" }));
     EXPECT_EQ(faultsOf("PARAM N(0,1,500); X:N+C;").size(), 1U);
     EXPECT_EQ(faultsOf("PARAM N(5,1); X:C;").size(), 1U);

@@ -1,6 +1,9 @@
 #include "host/utils/CSingletonT.h"
 
 #include "tests/support/ChildRun.h"
+#include "tests/unit/host/neighbours/Shared.h"
+
+#include <QLibrary>
 
 #include <gtest/gtest.h>
 
@@ -62,6 +65,20 @@ TEST(Singleton, ReleaseTakesNoLock)
         test::runInChild([] { return CSingletonT<ReleasedWhileMade>::instance() ? 0 : 1; }, longestSeconds);
     EXPECT_TRUE(end.finished) << "waits for a lock for ever";
     EXPECT_EQ(end.answer, 0);
+}
+
+TEST(Singleton, IsOneForLibrariesThatShareNoSymbols)
+{
+    auto* own = CSingletonT<test::SharedByLibraries>::instance();
+    int visits = 0;
+    for (const char* path : { FIRST_NEIGHBOUR, SECOND_NEIGHBOUR }) {
+        QLibrary library(QString::fromUtf8(path));
+        const auto ask = reinterpret_cast<void* (*)()>(library.resolve("askedObject"));
+        ASSERT_NE(ask, nullptr) << library.errorString().toStdString();
+        EXPECT_EQ(ask(), own);
+        EXPECT_EQ(own->visits, ++visits);
+    }
+    CSingletonT<test::SharedByLibraries>::release();
 }
 
 } // namespace

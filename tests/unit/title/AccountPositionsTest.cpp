@@ -56,7 +56,7 @@ TEST(ShownBarDate, ATimeOutsideTheCalendarHasNone)
     for (const long long wild : { LLONG_MIN, LLONG_MAX }) {
         data[CFormulaKey(key, QStringLiteral("KLINE"))] =
             test::FormulaBuilder().line({ 1 }).times({ wild }).build();
-        shownBarDate(data, key, 0);
+        EXPECT_EQ(shownBarDate(data, key, 0), QString()) << wild;
     }
 }
 
@@ -65,7 +65,7 @@ TEST(TradingAt, ShowsEachAccountsLatestPositionUpToTheBar)
     TC::CPositionNumber numbers;
     numbers.accounts = { entry("甲", at(2024, 6, 20), 100), entry("乙", at(2024, 6, 21), 5, false),
                          entry("甲", at(2024, 6, 18), 7), entry("甲", at(2024, 6, 24), 300) };
-    const TitleTrading friday = tradingAt(numbers, QStringLiteral("20240621"));
+    const TradeSummary friday = tradingAt(numbers, QStringLiteral("20240621"));
     EXPECT_EQ(friday.accounts, QStringList({ QStringLiteral("甲"), QStringLiteral("乙") }));
     EXPECT_EQ(friday.positions, QList<int>({ 100, 5 }));
     EXPECT_EQ(friday.positionFlags, QList<int>({ 1, 0 }));
@@ -81,7 +81,7 @@ TEST(TradingAt, CarriesTheSums)
     numbers.summary.totalBuyAmount = 1.0;
     numbers.summary.sellVolume = 2;
     numbers.summary.sellAvgPrice = 3.0;
-    const TitleTrading trading = tradingAt(numbers, QString());
+    const TradeSummary trading = tradingAt(numbers, QString());
     EXPECT_EQ(trading.totalBuyAmount, 1.0);
     EXPECT_EQ(trading.sellVolume, 2);
     EXPECT_EQ(trading.sellAvgPrice, 3.0);

@@ -23,7 +23,7 @@ TC::CArrowColorSimpleText object(std::initializer_list<const char*> texts, int a
 }
 
 /// "text x,y" of every piece.
-QStringList flow(const TitleRows& rows, const QRect& area)
+QStringList flow(const LegendRows& rows, const QRect& area)
 {
     QStringList lines;
     for (const FlowPiece& piece : flowPieces(rows, area))
@@ -47,17 +47,17 @@ protected:
 
 TEST_F(LegendFlow, PiecesKeepTheirDistancesInARow)
 {
-    TitleRows rows;
+    LegendRows rows;
     rows.first = { object({ "aa", "bb" }), object({ "cc" }) };
     const int second = 7 + w("aa") + 9 + 3, third = second + w("bb") + 9 + 3 + 3;
     EXPECT_EQ(flow(rows, QRect(7, 0, 1000, 16)),
               QStringList({ at("aa", 7, 0), at("bb", second, 0), at("cc", third, 0) }));
-    EXPECT_EQ(titleWidth(rows), third + w("cc") + 9 + 3 + 3 - 7);
+    EXPECT_EQ(legendWidth(rows), third + w("cc") + 9 + 3 + 3 - 7);
 }
 
 TEST_F(LegendFlow, WrapsBetweenPiecesAndStopsAtTheLastWholeRow)
 {
-    TitleRows rows;
+    LegendRows rows;
     rows.first = { object({ "aaaa", "bbbb", "cccc", "dddd" }, 1) };
     const int room = w("bbbb") + 9; // each piece with its arrow, one a row
     EXPECT_EQ(flow(rows, QRect(7, 0, room, 48)),
@@ -68,7 +68,7 @@ TEST_F(LegendFlow, WrapsBetweenPiecesAndStopsAtTheLastWholeRow)
 
 TEST_F(LegendFlow, AHeadingStaysWithItsFirstValue)
 {
-    TitleRows rows;
+    LegendRows rows;
     rows.second = { object({ "H1" }), object({ "v" }), object({ "H2" }), object({ "value" }) };
     const int first = w("H1") + 9 + 3 + 3 + w("v") + 9 + 3 + 3;
     const int room = first + w("H2") + 9 + 3 + 3 + w("value") - 1; // "value" lacks a pixel behind "H2"
@@ -81,7 +81,7 @@ TEST_F(LegendFlow, AHeadingStaysWithItsFirstValue)
 
 TEST_F(LegendFlow, APieceThatNoRowHoldsIsLeftOut)
 {
-    TitleRows rows;
+    LegendRows rows;
     rows.first = { object({ "a", "wwwwwwwwwwwwww", "b" }) };
     const QStringList lines = flow(rows, QRect(0, 0, w("a") + 9 + 3 + w("b"), 32));
     EXPECT_EQ(lines, QStringList({ at("a", 0, 0), at("b", w("a") + 9 + 3, 0) }));
@@ -89,7 +89,7 @@ TEST_F(LegendFlow, APieceThatNoRowHoldsIsLeftOut)
 
 TEST_F(LegendFlow, NothingFitsIntoNothing)
 {
-    TitleRows rows;
+    LegendRows rows;
     rows.first = rows.second = { object({ "a" }) };
     EXPECT_EQ(flow(rows, QRect()), QStringList());
     EXPECT_EQ(flow(rows, QRect(10, 0, -50, 32)), QStringList());

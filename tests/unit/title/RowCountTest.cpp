@@ -37,7 +37,7 @@ TEST(RowCount, AnEmptyLegendTakesOneRow)
 
 TEST(RowCount, PiecesFlowAcrossObjects)
 {
-    TC::detail::TitleRows rows;
+    TC::detail::LegendRows rows;
     rows.first = { object({ "aaaa" }), object({ "aaaa", "aaaa" }) };
     EXPECT_EQ(countRows(rows, QRect(0, 0, 3 * w("aaaa"), 16), kPlain), 1);
     EXPECT_EQ(countRows(rows, QRect(0, 0, 3 * w("aaaa") - 1, 16), kPlain), 2);
@@ -46,7 +46,7 @@ TEST(RowCount, PiecesFlowAcrossObjects)
 
 TEST(RowCount, ComparesWithTheWidthNotWithTheRightEdge)
 {
-    TC::detail::TitleRows rows;
+    TC::detail::LegendRows rows;
     rows.first = { object({ "aaaa" }) };
     EXPECT_EQ(countRows(rows, QRect(30, 0, 30 + w("aaaa"), 16), kPlain), 1);
     EXPECT_EQ(countRows(rows, QRect(30, 0, 29 + w("aaaa"), 16), kPlain), 2);
@@ -54,7 +54,7 @@ TEST(RowCount, ComparesWithTheWidthNotWithTheRightEdge)
 
 TEST(RowCount, ArrowsAndGapsTakeRoomSpacesBetweenPiecesDoNot)
 {
-    TC::detail::TitleRows rows;
+    TC::detail::LegendRows rows;
     rows.first = { object({ "aa" }, 1), object({ "aa" }, 2), object({ "aa" }, 0), object({ "aa" }, 3) };
     const PieceSteps steps { 5, 7, 11 };
     const int needed = 4 * w("aa") + 4 * 5 + 7 + 11;
@@ -64,7 +64,7 @@ TEST(RowCount, ArrowsAndGapsTakeRoomSpacesBetweenPiecesDoNot)
 
 TEST(RowCount, TheSecondListStartsAtTheGapPlusOneAndGoesOnCounting)
 {
-    TC::detail::TitleRows rows;
+    TC::detail::LegendRows rows;
     rows.second = { object({ "aa" }) };
     const PieceSteps steps { 5, 0, 0 };
     // 5 + 1, then the piece: 5 + its text
@@ -76,30 +76,38 @@ TEST(RowCount, TheSecondListStartsAtTheGapPlusOneAndGoesOnCounting)
 
 TEST(RowCount, AFirstRowPieceWiderThanTheStripPushesTheNextOneDown)
 {
-    TC::detail::TitleRows rows;
+    TC::detail::LegendRows rows;
     rows.first = { object({ "aaaaaaaa", "a" }) };
     EXPECT_EQ(countRows(rows, QRect(0, 0, w("a"), 16), kPlain), 3);
 }
 
 TEST(RowCount, ASecondRowPieceWiderThanTheStripLeavesThePenAtTheStart)
 {
-    TC::detail::TitleRows rows;
+    TC::detail::LegendRows rows;
     rows.second = { object({ "aaaaaaaa", "a" }) };
     EXPECT_EQ(countRows(rows, QRect(0, 0, w("a"), 16), kPlain), 2);
+}
+
+TEST(RowCount, AWrappedSecondRowPieceTakesItsPlaceInTheNewRow)
+{
+    TC::detail::LegendRows rows;
+    rows.second = { object({ "aaaa", "aaaa", "aaaa" }) };
+    // 1, then a piece a row: the second and the third do not fit behind the one before
+    EXPECT_EQ(countRows(rows, QRect(0, 0, 2 * w("aaaa") - 1, 16), kPlain), 3);
 }
 
 TEST(RowCount, MeasuresInTheDefaultFontNotInTheLegends)
 {
     TC::embedded::setFont(QStringLiteral("fnt_index_title_text"), test::font(60));
     TC::embedded::setFont(QStringLiteral("fnt_default"), test::font(60));
-    TC::detail::TitleRows rows;
+    TC::detail::LegendRows rows;
     rows.first = { object({ "aaaa" }) };
     EXPECT_EQ(countRows(rows, QRect(0, 0, w("aaaa"), 16), kPlain), 1);
 }
 
 TEST(RowCount, WildGapsStayDefined)
 {
-    TC::detail::TitleRows rows;
+    TC::detail::LegendRows rows;
     rows.first = rows.second = { object({ "a", "b" }, 1) };
     for (const int wild : { INT_MIN, INT_MAX })
         EXPECT_GE(countRows(rows, QRect(0, 0, 100, 16), { wild, wild, wild }), 1);

@@ -290,14 +290,28 @@ TEST_F(TitleText, AShortTextListHasNoPiece)
     EXPECT_EQ(pieces(builder, 0).size(), 1);
 }
 
-TEST_F(TitleText, NumbersUnderATextKindAndTextsUnderANumberKindHaveNoPiece)
+TEST_F(TitleText, ATextKindReadsTheTextSeriesOfItsColumnsIndexWhateverTheColumnsType)
+{
+    for (int type : { 0, 1, 2, 3, 200, -1 }) {
+        FormulaBuilder builder;
+        builder.output("other", 12, {}).texts({ "never", "shown" });
+        builder.output("sig", 0, {}).texts({ "buy", "sell" }).valueKind(3).columnType(type);
+        EXPECT_EQ(texts(builder), list({ "sig: sell " })) << "column type " << type;
+    }
+    FormulaBuilder withoutTexts;
+    withoutTexts.output("sig", 0, { { 1.0 } }).valueKind(3);
+    EXPECT_TRUE(pieces(withoutTexts).isEmpty());
+    FormulaBuilder shared; // both outputs' columns name index 0: of the text series and of the number series
+    shared.output("note", 12, {}).texts({ "buy" });
+    shared.output("sig", 0, { { 1.0 } }).valueKind(3);
+    EXPECT_EQ(texts(shared), list({ "sig: buy " }));
+}
+
+TEST_F(TitleText, TextsUnderANumberKindHaveNoPiece)
 {
     FormulaBuilder builder;
-    builder.output("a", 0, { { 1.0 } }).valueKind(3).texts({ "x" });
+    builder.output("a", 0, {}).texts({ "x" }).series({ 7.0 });
     EXPECT_TRUE(pieces(builder).isEmpty());
-    FormulaBuilder other;
-    other.output("a", 0, {}).texts({ "x" }).series({ 7.0 });
-    EXPECT_TRUE(pieces(other).isEmpty());
 }
 
 TEST_F(TitleText, IntegersAreTruncatedAndSaturate)

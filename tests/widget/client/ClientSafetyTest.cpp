@@ -185,6 +185,9 @@ TEST_F(ClientSafety, EachOfThreeListsDroppedAtOnceEndsInAMessage)
     }
     data->setUrls(urls);
     QSignalSpy ended(m_window->basket(), &client::BasketPanel::sigImportEnded);
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window->basket(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(m_window->basket(), &drop);
     ASSERT_TRUE(QTest::qWaitFor([&] { return ended.count() == 3; }, 30'000)) << messages().toStdString();

@@ -12,7 +12,7 @@
 
 namespace WB {
 
-struct CBaseNormalTable::Private
+struct CBaseNormalTable::Contents
 {
     TC::embedded::TableModel model;
     TC::embedded::TableView* view = nullptr;

@@ -1,4 +1,4 @@
-#include "draw/internal/BookChange.h"
+#include "draw/internal/BookSeries.h"
 #include "tests/support/BookFormula.h"
 
 #include <gtest/gtest.h>

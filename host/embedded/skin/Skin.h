@@ -1,10 +1,12 @@
 #pragma once
-/// @file What the embedded skin holds, and how a skin file becomes it.
+/// @file What a skin holds, and how a skin file becomes one.
 
-#include "host/WB/CUiResource.h"
+#include <QColor>
+#include <QFont>
+#include <QPixmap>
+#include <QString>
 
 #include <map>
-#include <vector>
 
 namespace TC::embedded {
 
@@ -24,13 +26,3 @@ struct Skin
 QString parseSkin(const QByteArray& json, const QString& fileName, Skin& skin);
 
 } // namespace TC::embedded
-
-namespace WB {
-
-struct CUiResource::Private
-{
-    TC::embedded::Skin skin;
-    std::vector<CUiResourceChangeHandler*> handlers;
-};
-
-} // namespace WB

@@ -6,11 +6,11 @@
 
 namespace engine::language {
 
-/// States of all stretches of 1, 2, 4, ... bars that begin at a multiple of their length, so that any stretch
-/// is put together from a few of them. What a stretch folds into depends on its ends alone, not on the bars
-/// known behind it.
+/// Segment tree: states of all stretches of 1, 2, 4, ... bars that begin at a multiple of their length, so
+/// that any stretch is put together from a few of them, from left to right. What a stretch folds into depends
+/// on its ends alone, not on the bars known behind it.
 template <class Fold>
-class StretchTree
+class SegmentTree
 {
 public:
     using State = typename Fold::State;

@@ -1,19 +1,23 @@
 /// @file Composition of a formula's legend: which pieces, in which order and colour.
 
 #include "draw/CDrawStyle.h"
+
+#include "data/internal/RecordViews.h"
 #include "draw/internal/Pens.h"
 #include "host/TC/Instruments.h"
 #include "host/WB/NumberFormat.h"
+#include "host/WB/SkinLookup.h"
 #include "host/WB/TextConversion.h"
 #include "host/ttservice/CInstrumentDetail.h"
-#include "title/internal/LegendSeries.h"
-#include "title/internal/TitleRows.h"
+#include "title/internal/LegendRows.h"
 
 #include <QDateTime>
 
 #include <algorithm>
 
 namespace TC {
+
+using namespace detail;
 
 namespace {
 
@@ -30,19 +34,12 @@ bool isOneOf(const QString& text, std::initializer_list<const char*> utf8)
                        [&](const char* one) { return text == QString::fromUtf8(one); });
 }
 
-/// Draw types that show in the pane only.
-bool isWithoutLegend(int drawType)
-{
-    constexpr int types[] = { 12, 13, 19, 26, 28, 31, 34, 36 };
-    return std::find(std::begin(types), std::end(types), drawType) != std::end(types);
-}
-
 /// Composes the legend of one formula at one bar.
 class LegendWriter
 {
 public:
-    LegendWriter(const CFormulaKey& key, const RPCFormulaResultCache& cache, int bar,
-                 const detail::Instrument& stock, bool mainChart)
+    LegendWriter(const CFormulaKey& key, const RPCFormulaResultCache& cache, int bar, const Instrument& stock,
+                 bool mainChart)
         : m_key(key)
         , m_cache(cache)
         , m_bar(bar)
@@ -65,7 +62,6 @@ private:
     };
 
     bool isInterestHidden(const QString& label) const;
-    void addText(int output, const QString& label, const QColor& color);
     void addNumber(const Entry& entry, int drawType);
     void addSubLines(const Entry& entry);
     QString numberText(const Entry& entry) const;
@@ -82,7 +78,7 @@ private:
     const CFormulaKey& m_key;
     const RPCFormulaResultCache& m_cache;
     int m_bar;
-    const detail::Instrument& m_stock;
+    const Instrument& m_stock;
     bool m_mainChart;
     Pieces m_pieces;
     int m_changePosition = -1; ///< where change pieces and turnover are inserted; -1 before the first
@@ -101,12 +97,12 @@ bool LegendWriter::isInterestHidden(const QString& label) const
 
 void LegendWriter::addOutput(int output)
 {
-    const detail::OutputView view(m_cache, output);
+    const OutputView view(m_cache, output);
     const int drawType = view.entry(&se::RPCFormulaMetaResult::drawType).value_or(0);
     const std::optional<int> kind = view.entry(&se::RPCFormulaMetaResult::valueKind);
-    const std::optional<int> packedColor = detail::outputColor(view);
-    const std::string* name = detail::elementAt(m_cache.meta.outputNames, output);
-    if (isWithoutLegend(drawType) || !kind || !packedColor || !name)
+    const std::optional<int> packedColor = outputColor(view);
+    const std::string* name = elementAt(m_cache.meta.outputNames, output);
+    if (!hasLegendValue(drawType) || !kind || !packedColor || !name)
         return;
 
     // The marks are looked for in order and in what is left: a name that "__noname" has emptied does not
@@ -119,34 +115,26 @@ void LegendWriter::addOutput(int output)
         || isInterestHidden(label))
         return;
 
-    constexpr int number = 0, integer = 1, signal = 2, text = 3;
-    const QColor color = detail::fromPacked(*packedColor);
-    if (*kind == text) {
-        addText(output, label, color);
+    const QColor color = fromPacked(*packedColor);
+    if (*kind == se::ValueKind::Text) {
+        if (const std::string* value = view.column(0).text(m_bar))
+            add(output, label + WB::sToQs(*value) + QLatin1Char(' '), color, 0);
         return;
     }
-    const std::vector<double>* series = detail::numberSeriesOf(m_cache.result, m_cache.meta, output, 0);
-    const double* value = series ? detail::elementAt(*series, m_bar) : nullptr;
+    const std::optional<double> value = view.column(0).number(m_bar);
     if (!value)
         return;
     switch (*kind) {
-    case number: addNumber({ output, outputName, label, color, *value }, drawType); break;
-    case integer:
-        add(output, label + WB::formatIntNumber(detail::toPixel(*value), 0, {}) + QLatin1Char(' '), color,
+    case se::ValueKind::Number: addNumber({ output, outputName, label, color, *value }, drawType); break;
+    case se::ValueKind::Integer:
+        add(output, label + WB::formatIntNumber(toPixel(*value), 0, {}) + QLatin1Char(' '), color,
             arrow(output, 0));
         break;
-    case signal:
+    case se::ValueKind::Signal:
         add(output, label + (*value > 0.0 ? QStringLiteral(" 1 ") : QStringLiteral(" 0 ")), color, 0);
         break;
     default: break;
     }
-}
-
-void LegendWriter::addText(int output, const QString& label, const QColor& color)
-{
-    const std::vector<std::string>* series = detail::textSeriesOf(m_cache.result, m_cache.meta, output, 0);
-    if (const std::string* value = series ? detail::elementAt(*series, m_bar) : nullptr)
-        add(output, label + WB::sToQs(*value) + QLatin1Char(' '), color, 0);
 }
 
 /// Deliberate: the name is compared as the formula gives it, whatever became of the label.
@@ -165,10 +153,9 @@ QString LegendWriter::numberText(const Entry& entry) const
 
 void LegendWriter::addNumber(const Entry& entry, int drawType)
 {
-    constexpr int stackedSticks = 42;
     const int arrowType = arrow(entry.output, 0);
-    const char* const byArrow = arrowType == 1 ? detail::kRiseColor : detail::kFallColor;
-    const QColor changeColor = arrowType == 1 || arrowType == 2 ? detail::skinColor(byArrow) : entry.color;
+    const char* const byArrow = arrowType == 1 ? kRiseColor : kFallColor;
+    const QColor changeColor = arrowType == 1 || arrowType == 2 ? WB::skinColor(byArrow) : entry.color;
     const auto percent = [&] {
         return WB::formatDoubleNumber(entry.value, 2, utils::EFormatNumber_Percent, false, invalidText())
             + QLatin1Char(' ');
@@ -186,7 +173,7 @@ void LegendWriter::addNumber(const Entry& entry, int drawType)
         add(entry.output, percent(), changeColor, arrowType, m_changePosition);
     } else if (entry.outputName == QStringLiteral("振幅")) {
         add(entry.output, QStringLiteral("振幅:") + percent(), changeColor, arrowType);
-    } else if (drawType == stackedSticks) {
+    } else if (drawType == se::DrawType::StackedVolume) {
         addSubLines(entry);
     } else if (entry.outputName == QStringLiteral("成交额")) {
         add(entry.output, usual(), entry.color, arrowType, m_changePosition);
@@ -198,11 +185,9 @@ void LegendWriter::addNumber(const Entry& entry, int drawType)
 void LegendWriter::addSubLines(const Entry& entry)
 {
     const QStringList names = entry.outputName.split(QLatin1Char(','), Qt::SkipEmptyParts);
-    const int count = detail::OutputView(m_cache, entry.output).columnCount();
-    for (int subLine = 0; subLine < count; ++subLine) {
-        const std::vector<double>* series =
-            detail::numberSeriesOf(m_cache.result, m_cache.meta, entry.output, subLine);
-        const double* value = series ? detail::elementAt(*series, m_bar) : nullptr;
+    const OutputView view(m_cache, entry.output);
+    for (int subLine = 0; subLine < view.columnCount(); ++subLine) {
+        const std::optional<double> value = view.column(subLine).number(m_bar);
         if (!value)
             continue;
         const QString text = QStringLiteral("%1: ").arg(names.value(subLine))
@@ -215,7 +200,7 @@ void LegendWriter::addSubLines(const Entry& entry)
 std::optional<int> shownBar(const se::RPCFormulaResult& result, int index,
                             const boost::shared_ptr<CKLineUiParam>& klineParam)
 {
-    const int count = detail::barTotal(result);
+    const int count = barTotal(result);
     long long bar = index;
     if (klineParam && klineParam->hostCount > 0)
         bar -= static_cast<long long>(klineParam->barCount) - count;
@@ -223,24 +208,23 @@ std::optional<int> shownBar(const se::RPCFormulaResult& result, int index,
     if (bar < 0 || bar >= count)
         bar = count - 1;
     const int shown = static_cast<int>(bar);
-    return detail::isValidBar(result, shown) ? std::optional<int>(shown) : std::nullopt;
+    return isValidBar(result, shown) ? std::optional<int>(shown) : std::nullopt;
 }
 
 /// The single piece of an overlaid instrument: its name and the first output's value.
 Pieces overlaidPieces(const CFormulaKey& key, const RPCFormulaResultCache& cache, int bar,
-                      const QList<detail::Instrument>& addStocks)
+                      const QList<Instrument>& addStocks)
 {
     constexpr int byTick = -1, overlaid = -1;
-    const detail::Instrument instrument = detail::findInstrument(addStocks, key.instrumentKey);
-    const std::vector<double>* series = detail::numberSeriesOf(cache.result, cache.meta, 0, 0);
-    const double* value = series ? detail::elementAt(*series, bar) : nullptr;
-    const std::optional<int> color = detail::outputColor(detail::OutputView(cache, 0));
+    const Instrument instrument = findInstrument(addStocks, key.instrumentKey);
+    const OutputView first(cache, 0);
+    const std::optional<double> value = first.column(0).number(bar);
+    const std::optional<int> color = outputColor(first);
     if (!instrument || !value || !color)
         return {};
     const QString text = QLatin1Char('[') + getDetailQsName(instrument) + QLatin1Char(' ')
         + CDrawStyle::toStringByPrec(byTick, *value, getDetailPriceTick(instrument)) + QLatin1Char(']');
-    return { qMakePair(overlaid,
-                       CArrowColorSimpleText::buildTextColor(text, detail::fromPacked(*color), 0)) };
+    return { qMakePair(overlaid, CArrowColorSimpleText::buildTextColor(text, fromPacked(*color), 0)) };
 }
 
 } // namespace
@@ -251,7 +235,7 @@ QList<QPair<int, ArrowColorTextData>> CDrawStyle::getTitleTextData(
     QList<std::shared_ptr<ttservice::CInstrumentDetail>>& addStocks, bool mainChart,
     boost::shared_ptr<CKLineUiParam> klineParam)
 {
-    if (!detail::findFormula(key.formulaName))
+    if (!findFormula(key.formulaName))
         return {};
     const std::optional<int> bar = shownBar(cache.result, index, klineParam);
     if (!bar)
@@ -277,7 +261,7 @@ CArrowColorSimpleText CDrawStyle::getTitleText(
 
 CArrowColorSimpleText CDrawStyle::buildTitleText(const QList<QPair<int, ArrowColorTextData>>& pieces)
 {
-    CArrowColorSimpleText text(QString::fromLatin1(detail::kTitleFont));
+    CArrowColorSimpleText text(QString::fromLatin1(kTitleFont));
     for (const auto& piece : pieces)
         text.setTextColor(piece.second.text, piece.second.color, piece.second.arrowType);
     return text;

@@ -1,14 +1,16 @@
 #pragma once
-/// @file What the embedded instrument look-up holds.
+/// @file The instruments that the look-up knows.
 
 #include "host/TC/CStockManager.h"
 
 #include <QHash>
 
-namespace TC {
+namespace TC::embedded {
 
-struct CStockManager::Private
+struct InstrumentTable
 {
+    using Detail = CStockManager::Detail;
+
     /// Loads the store at the first call.
     void load();
     /// Adds an instrument, or replaces the one of the same market and code.
@@ -19,4 +21,4 @@ struct CStockManager::Private
     QHash<QString, QVector<Detail>> byCode; ///< in the order of markets
 };
 
-} // namespace TC
+} // namespace TC::embedded

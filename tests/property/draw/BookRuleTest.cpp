@@ -1,5 +1,5 @@
 #include "draw/CDrawStyle.h"
-#include "draw/internal/BookChange.h"
+#include "draw/internal/BookSeries.h"
 #include "tests/support/BookFormula.h"
 #include "tests/support/Seeds.h"
 

@@ -1,7 +1,7 @@
 #pragma once
-/// @file What the embedded formula manager holds.
+/// @file A formula that the embedded host knows, and how a formula file becomes some.
 
-#include "host/TC/CFormulaOperateManager.h"
+#include "host/TC/CFormulaDetail.h"
 #include "host/embedded/FormulaSetup.h"
 
 #include <boost/shared_ptr.hpp>
@@ -10,9 +10,7 @@
 
 #include <vector>
 
-namespace TC {
-
-namespace embedded {
+namespace TC::embedded {
 
 /// One formula and where it came from.
 struct KnownFormula
@@ -33,13 +31,4 @@ struct KnownFormula
 bool parseFormulas(const QByteArray& json, const QString& fileName, const QStringList& taken,
                    std::vector<KnownFormula>& formulas, QStringList& problems);
 
-} // namespace embedded
-
-/// Formulas in the order in which they were added; names are unique by display name.
-struct CFormulaOperateManager::Private
-{
-    std::vector<embedded::KnownFormula> formulas;
-    bool isFilled = false; ///< the built-in and the user's formulas have been added
-};
-
-} // namespace TC
+} // namespace TC::embedded

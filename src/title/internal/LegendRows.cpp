@@ -1,4 +1,4 @@
-#include "title/internal/TitleRows.h"
+#include "title/internal/LegendRows.h"
 
 #include "draw/CDrawStyle.h"
 #include "draw/internal/Pens.h"
@@ -54,11 +54,11 @@ bool showsWithoutHeading(const QString& formulaName, const boost::shared_ptr<CFo
 
 } // namespace
 
-TitleRows composeTitleRows(const QMap<CFormulaKey, RPCFormulaResultCache>& data, int index, Instrument& stock,
-                           QList<Instrument>& addStocks, bool mainChart,
-                           const boost::shared_ptr<CKLineUiParam>& klineParam)
+LegendRows composeLegend(const QMap<CFormulaKey, RPCFormulaResultCache>& data, int index, Instrument& stock,
+                         QList<Instrument>& addStocks, bool mainChart,
+                         const boost::shared_ptr<CKLineUiParam>& klineParam)
 {
-    TitleRows rows;
+    LegendRows rows;
     for (auto entry = data.begin(); entry != data.end(); ++entry) {
         const CFormulaKey& key = entry.key();
         const boost::shared_ptr<CFormulaDetail> formula = findFormula(key.formulaName);
@@ -78,7 +78,7 @@ TitleRows composeTitleRows(const QMap<CFormulaKey, RPCFormulaResultCache>& data,
             heading.setGraphType(mainChart);
             QString text;
             CDrawStyle::getFormulaText(formula, text);
-            heading.setTextColor(text, skinColor(mainChart ? "clr_stock_code" : "clr_stock_index"), 0);
+            heading.setTextColor(text, WB::skinColor(mainChart ? "clr_stock_code" : "clr_stock_index"), 0);
             // Deliberate: an unknown formula adds its two objects as well, empty: the gaps behind them stay.
             rows.second.append(heading);
             rows.second.append(values);
@@ -87,17 +87,18 @@ TitleRows composeTitleRows(const QMap<CFormulaKey, RPCFormulaResultCache>& data,
     return rows;
 }
 
-TitleOrigin titleOrigin(const QRect& rect, EIndexViewType viewType, int leftOffset, bool mainChart)
+LegendOrigin legendOrigin(const QRect& rect, EIndexViewType viewType, int leftOffset, bool mainChart)
 {
     const bool isGroup = viewType == EIndexView_Module || viewType == EIndexView_Replay;
     const int indented = saturatedSum(rect.left(), 1LL + leftOffset);
-    TitleOrigin origin;
+    LegendOrigin origin;
     origin.firstX = mainChart && isGroup ? indented : rect.left();
     // Deliberate: other views start the second row at the indent alone, whatever the rectangle's left edge.
     origin.secondX =
         mainChart && (isGroup || viewType == EIndexView_Quote) ? indented : saturatedSum(leftOffset, 1);
     // Deliberate: not below the rectangle's top; off the main chart both rows share y 0.
-    origin.secondY = mainChart ? kTitleRowHeight : 0;
+    origin.secondY = mainChart ? kLegendRowHeight : 0;
+    origin.hasSummary = mainChart;
     return origin;
 }
 

@@ -3,16 +3,19 @@
 #include "title/CIndexTitleWidget.h"
 
 #include "data/IndexBaseData.h"
-#include "draw/CDrawStyle.h"
-#include "draw/internal/Pens.h"
+#include "draw/internal/Numbers.h"
 #include "host/TC/Instruments.h"
 #include "host/TC/PeriodNames.h"
 #include "host/TC/UiParams.h"
 #include "host/WB/CPushButton.h"
+#include "host/WB/SkinLookup.h"
 #include "title/internal/AccountPositions.h"
+#include "title/internal/LegendClip.h"
 #include "title/internal/LegendFlow.h"
+#include "title/internal/LegendPaint.h"
 #include "title/internal/Pictures.h"
 #include "title/internal/StripLayout.h"
+#include "title/internal/TextWidths.h"
 
 #include <QDateTime>
 #include <QFontMetrics>
@@ -21,6 +24,8 @@
 #include <cmath>
 
 namespace TC {
+
+using namespace detail;
 
 namespace {
 
@@ -32,28 +37,22 @@ constexpr const char* kHeadingFont = "ic_fnt_index_realtime_stock_title_text";
 constexpr const char* kHeadingColor = "clr_stock_code";
 constexpr int kLeftMiddle = Qt::AlignLeft | Qt::AlignVCenter;
 
-QFont skinFont(const char* key)
-{
-    const QFont* font = utils::CSingletonT<WB::CUiResource>::instance()->getFont(QString::fromLatin1(key));
-    return font ? *font : QFont();
-}
-
 /// A heading text, shortened where its column is too narrow for it.
 void paintHeading(QPainter& painter, const QRect& column, const QString& text, const char* fontKey,
                   const char* colorKey)
 {
     if (column.isEmpty())
         return;
-    const QFont font = skinFont(fontKey);
+    const QFont font = WB::skinFont(fontKey);
     painter.setFont(font);
-    painter.setPen(detail::skinColor(colorKey));
+    painter.setPen(WB::skinColor(colorKey));
     const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideRight, column.width());
     painter.drawText(column, kLeftMiddle | Qt::TextDontClip | Qt::TextSingleLine, shown);
 }
 
 int widthIn(const char* fontKey, const QString& text)
 {
-    return text.isEmpty() ? 0 : WB::CSimpleText::getSize(text, QString::fromLatin1(fontKey)).width();
+    return text.isEmpty() ? 0 : textWidth(text, WB::skinFont(fontKey));
 }
 
 /// Whether the pane's settings ask for the account positions.
@@ -66,7 +65,7 @@ bool showsPositions(const CKLineUiParam* kline, const CRealtimeUiParam* realtime
 
 int objectsWidth(const QList<CArrowColorSimpleText>& row)
 {
-    return detail::forEachObject(row, 0, 0, [](const CArrowColorSimpleText&, int, int) {});
+    return forEachObject(row, 0, 0, [](const CArrowColorSimpleText&, int, int) {});
 }
 
 } // namespace
@@ -82,9 +81,9 @@ void CIndexTitleWidget::makeBuffer()
 
 void CIndexTitleWidget::placeCloseButton()
 {
-    if (m_displayType == EIndexDisplay_Heading || m_viewType == EIndexView_Quote || !m_closeBtn)
+    if (!m_closeBtn)
         return;
-    const QRect place = detail::closeButtonRect(width());
+    const QRect place = closeButtonRect(width());
     m_closeBtn->setFixedSize(place.size());
     m_closeBtn->move(place.topLeft());
 }
@@ -105,7 +104,7 @@ void CIndexTitleWidget::paintEvent(QPaintEvent*)
         updateView();
     }
     QPainter painter(this);
-    painter.fillRect(rect(), detail::skinColor(kBackgroundColor));
+    painter.fillRect(rect(), WB::skinColor(kBackgroundColor));
     if (m_indexData && !m_buffer.isNull())
         painter.drawPixmap(0, 0, m_buffer);
 }
@@ -116,7 +115,7 @@ void CIndexTitleWidget::updateView()
     if (m_buffer.isNull() || m_buffer.paintingActive())
         return;
     QPainter painter(&m_buffer);
-    painter.fillRect(rect(), detail::skinColor(kBackgroundColor));
+    painter.fillRect(rect(), WB::skinColor(kBackgroundColor));
     if (m_displayType == EIndexDisplay_Date)
         paintDate(painter);
     else
@@ -135,7 +134,7 @@ void CIndexTitleWidget::paintDate(QPainter& painter)
 void CIndexTitleWidget::paintStrip(QPainter& painter)
 {
     const QString name = getDetailQsName(m_stock);
-    if (!m_stock && name.isEmpty())
+    if (!m_stock)
         return;
 
     const bool mainChart = m_displayType == EIndexDisplay_Heading;
@@ -143,12 +142,12 @@ void CIndexTitleWidget::paintStrip(QPainter& painter)
     const char* const nameFont = isGroup ? kGroupNameFont : kHeadingFont;
     const QString period = getCycleName(getPeriodIndex(m_period));
     const QString adjustment = getDrName(m_drType);
-    detail::TitleRows rows;
+    LegendRows rows;
     if (m_indexData)
-        rows = detail::composeTitleRows(m_indexData->getData(), m_indexId, m_stock, m_addStocks, mainChart,
-                                        m_klineParam);
+        rows =
+            composeLegend(m_indexData->getData(), m_indexId, m_stock, m_addStocks, mainChart, m_klineParam);
 
-    detail::StripContent content;
+    StripContent content;
     content.size = size();
     content.displayType = m_displayType;
     content.viewType = m_viewType;
@@ -157,59 +156,57 @@ void CIndexTitleWidget::paintStrip(QPainter& painter)
     content.rowHeight = m_rowHeight;
     content.nameWidth = widthIn(nameFont, name);
     content.periodWidth = std::max(widthIn(kHeadingFont, period), widthIn(kHeadingFont, adjustment));
-    content.icon = detail::logicalSize(m_codeIcon);
+    content.icon = logicalSize(m_codeIcon);
     content.hasButton = m_closeBtn != nullptr;
     content.firstRowWidth = objectsWidth(rows.first);
-    const detail::StripLayout layout = detail::layOutStrip(content);
+    const StripLayout layout = layOutStrip(content);
 
-    painter.setPen(detail::skinColor(kSeparatorColor));
+    painter.setPen(WB::skinColor(kSeparatorColor));
     painter.drawLines(layout.separators);
     paintHeading(painter, layout.name, name, nameFont, isGroup ? kGroupNameColor : kHeadingColor);
     paintHeading(painter, layout.period, period, kHeadingFont, kHeadingColor);
     paintHeading(painter, layout.adjustment, adjustment, kHeadingFont, kHeadingColor);
-    if (m_codeIcon && !layout.icon.isEmpty())
+    if (!layout.icon.isEmpty())
         painter.drawPixmap(layout.icon, *m_codeIcon);
     if (m_indexData && !layout.legend.isEmpty())
-        paintLegend(painter, rows, layout);
+        paintRows(painter, rows, layout);
 }
 
-void CIndexTitleWidget::paintLegend(QPainter& painter, const detail::TitleRows& rows,
-                                    const detail::StripLayout& layout)
+/// The account positions and the trade summary as far as they fit behind the first row, where the pane's
+/// settings ask for them.
+QVector<ArrowColorTextData> CIndexTitleWidget::summaryBehind(int x, const QRect& area) const
+{
+    if (!showsPositions(m_klineParam.get(), m_realtimeParam.get()))
+        return {};
+    const QString key = getDetailQsKey(m_stock);
+    const double priceTick = getDetailPriceTick(m_stock);
+    const TradeSummary trading =
+        tradingAt(utils::CSingletonT<CLinkageManager>::instance()->getPositionNumber(key),
+                  shownBarDate(m_indexData->getData(), key, m_indexId));
+    return summaryTexts(fitSummary(trading, area, x, priceTick), priceTick);
+}
+
+void CIndexTitleWidget::paintRows(QPainter& painter, const LegendRows& rows, const StripLayout& layout)
 {
     const bool mainChart = m_displayType == EIndexDisplay_Heading;
-    const auto& results = m_indexData->getData();
-    if (!mainChart && layout.legend.width() < detail::titleWidth(rows)) {
-        // drawTitle wraps each formula by itself and leaves what stands behind it outside the strip: the
-        // rows that were opened for the legend would stay empty.
-        for (const detail::FlowPiece& piece : detail::flowPieces(rows, layout.legend))
+    if (!mainChart && layout.legend.width() < legendWidth(rows)) {
+        // The painting of a pane's legend wraps each formula by itself and leaves what stands behind it
+        // outside the strip: the rows that were opened for the legend would stay empty.
+        for (const FlowPiece& piece : flowPieces(rows, layout.legend))
             piece.text.drawText(&painter, piece.position.x(), piece.position.y(), QWIDGETSIZE_MAX,
-                                detail::kTitleRowHeight, Qt::AlignCenter, false, false);
+                                kLegendRowHeight, Qt::AlignCenter, false, false);
         return;
     }
-    const double priceTick = getDetailPriceTick(m_stock);
-    detail::TitleTrading trading;
-    if (mainChart && showsPositions(m_klineParam.get(), m_realtimeParam.get())) {
-        const QString key = getDetailQsKey(m_stock);
-        const int behind = detail::saturatedSum(
-            detail::titleOrigin(layout.titleRect, m_viewType, layout.titleOffset, mainChart).firstX,
-            objectsWidth(rows.first));
-        trading = detail::tradingAt(utils::CSingletonT<CLinkageManager>::instance()->getPositionNumber(key),
-                                    detail::shownBarDate(results, key, m_indexId));
-        trading = detail::fitTrading(trading, layout.legend, behind, priceTick);
-    }
-
-    const QRegion visible =
-        detail::wholePieces(layout.legend, layout.titleRect, rows, detail::summaryTexts(trading, priceTick),
-                            m_viewType, layout.titleOffset, mainChart);
+    const LegendOrigin origin = legendOrigin(layout.rowsRect, m_viewType, layout.rowsOffset, mainChart);
+    QVector<ArrowColorTextData> summary;
+    if (origin.hasSummary)
+        summary = summaryBehind(saturatedSum(origin.firstX, objectsWidth(rows.first)), layout.legend);
+    const int width = layout.rowsRect.width();
+    const QRegion visible = wholePieces(layout.legend, rows, origin, width, summary);
     if (visible.isEmpty())
         return;
     painter.setClipRegion(visible);
-    QRect titleRect = layout.titleRect;
-    CDrawStyle::drawTitle(&painter, titleRect, results, m_indexId, m_stock, m_addStocks, m_viewType,
-                          layout.titleOffset, mainChart, trading.accounts, trading.positions,
-                          trading.positionFlags, trading.totalBuyAmount, trading.totalSellAmount,
-                          trading.netBuyAmount, trading.profitLoss, trading.balanceAmount, trading.buyVolume,
-                          trading.sellVolume, trading.buyAvgPrice, trading.sellAvgPrice, m_klineParam);
+    paintLegend(&painter, rows, origin, width, summary);
 }
 
 } // namespace TC

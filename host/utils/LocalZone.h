@@ -1,0 +1,86 @@
+#pragma once
+/// @file The local time zone, the one place that asks the platform for it.
+///
+/// Times are seconds since 1970-01-01 UTC. All functions may be called from any thread.
+
+#include "host/utils/CivilDate.h"
+
+#include <ctime>
+#include <optional>
+
+namespace utils {
+
+/// Takes in a zone that was set since the last look-up (environment variable TZ).
+inline void refreshLocalZone()
+{
+#ifdef _WIN32
+    _tzset();
+#else
+    tzset();
+#endif
+}
+
+/// The fields that a local calendar and clock show; nothing for a time that the platform cannot convert.
+inline std::optional<std::tm> localParts(std::int64_t seconds)
+{
+    std::tm parts {};
+#ifdef _WIN32
+    // The runtime library knows the years 1970 to 3000 and one rule of the zone for all of them: other times
+    // are moved there by whole eras, after which the calendar repeats.
+    constexpr std::int64_t era = kDaysPerEra * kSecondsPerDay, maxEras = 5'000'000;
+    const std::int64_t eras = floorDiv(seconds - kSecondsPerDay, era);
+    const std::time_t moved = seconds - eras * era;
+    if (eras < -maxEras || eras > maxEras || localtime_s(&parts, &moved) != 0)
+        return std::nullopt;
+    parts.tm_year += static_cast<int>(eras * 400);
+#else
+    const auto time = static_cast<std::time_t>(seconds);
+    if (!localtime_r(&time, &parts))
+        return std::nullopt;
+#endif
+    return parts;
+}
+
+inline CivilDate dateOf(const std::tm& parts)
+{
+    return { std::int64_t { parts.tm_year } + 1900, parts.tm_mon + 1, parts.tm_mday };
+}
+
+/// Seconds by which local time is ahead of UTC at a time.
+inline std::optional<std::int64_t> utcOffset(std::int64_t seconds)
+{
+    const std::optional<std::tm> parts = localParts(seconds);
+    if (!parts)
+        return std::nullopt;
+    const std::int64_t shown = daysFromCivil(dateOf(*parts)) * kSecondsPerDay + parts->tm_hour * 3'600
+        + parts->tm_min * 60 + parts->tm_sec;
+    return shown - seconds;
+}
+
+/// The time at which local calendar and clock show a date and a time of day. Of a time that they show twice
+/// or never, one near it. Nothing when the platform cannot tell.
+inline std::optional<std::int64_t> secondsFromLocal(const CivilDate& date, int hour, int minute, int second)
+{
+#ifdef _WIN32
+    const std::int64_t shown = daysFromCivil(date) * kSecondsPerDay + hour * 3'600 + minute * 60 + second;
+    const std::optional<std::int64_t> nearby = utcOffset(shown);
+    const std::optional<std::int64_t> offset = nearby ? utcOffset(shown - *nearby) : nearby;
+    return offset ? std::optional(shown - *offset) : std::nullopt;
+#else
+    std::tm local {};
+    local.tm_year = static_cast<int>(date.year - 1900);
+    local.tm_mon = date.month - 1;
+    local.tm_mday = date.day;
+    local.tm_hour = hour;
+    local.tm_min = minute;
+    local.tm_sec = second;
+    local.tm_isdst = -1;
+    local.tm_wday = -1; // stays as it is when the conversion fails; -1 alone is a time of its own
+    const std::time_t seconds = std::mktime(&local);
+    if (seconds == -1 && local.tm_wday == -1)
+        return std::nullopt;
+    return static_cast<std::int64_t>(seconds);
+#endif
+}
+
+} // namespace utils
