@@ -16,7 +16,7 @@ QStringList openFormulaFile(const QString& path, QString& name)
     if (descriptor < 0 || !file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
         return { QStringLiteral("%1: %2").arg(path, qt_error_string()) };
     // One byte more than a formula may have: a file without end is refused like one that is too long.
-    const QByteArray text = file.read(static_cast<qint64>(engine::FormulaLimits::kMostBytes) + 1);
+    const QByteArray text = file.read(static_cast<qint64>(engine::FormulaLimits::kMaxBytes) + 1);
     const engine::FormulaReading reading = engine::readFormula(text.toStdString());
     QStringList problems;
     for (const engine::Problem& problem : reading.problems)

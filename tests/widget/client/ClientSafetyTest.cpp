@@ -168,6 +168,7 @@ TEST_F(ClientSafety, ArrangementThatCannotBeSavedIsToldBeforeTheWindowGoes)
     m_window->close();
     EXPECT_TRUE(question.contains(QStringLiteral("面板布局无法保存"))) << question.toStdString();
     EXPECT_TRUE(m_window->isVisible());
+    EXPECT_TRUE(QFile::exists(configDir() + QStringLiteral("/out.txt"))); // the client still runs
     answerNext("退出");
     m_window->close();
     EXPECT_FALSE(m_window->isVisible());
