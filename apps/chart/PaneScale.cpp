@@ -90,7 +90,8 @@ std::vector<AxisMark> valueMarks(const QPair<double, double>& range, int height,
 
 int rowOf(double value, const QPair<double, double>& range, int height)
 {
-    return TC::valueScale(QRect(0, 0, 1, height), range).row(value);
+    constexpr int limit = 1'000'000'000; // far outside any pane, and a pixel that Qt can still reckon with
+    return std::clamp(TC::valueScale(QRect(0, 0, 1, height), range).row(value), -limit, limit);
 }
 
 double valueAt(int row, const QPair<double, double>& range, int height)

@@ -14,16 +14,24 @@ inline QColor skinColor(const char* key, const QColor& fallback = Qt::black)
 }
 
 /// The skin's font of a key, by value.
+inline QFont skinFont(const QString& key, const QFont& fallback = QFont())
+{
+    const QFont* font = utils::CSingletonT<CUiResource>::instance()->getFont(key);
+    return font ? *font : fallback;
+}
 inline QFont skinFont(const char* key, const QFont& fallback = QFont())
 {
-    const QFont* font = utils::CSingletonT<CUiResource>::instance()->getFont(QString::fromLatin1(key));
-    return font ? *font : fallback;
+    return skinFont(QString::fromLatin1(key), fallback);
 }
 
 /// The skin's picture of a key; null when the skin has none. Owned by the skin, valid until it changes.
+inline const QPixmap* skinPicture(const QString& key)
+{
+    return utils::CSingletonT<CUiResource>::instance()->getPixmap(key);
+}
 inline const QPixmap* skinPicture(const char* key)
 {
-    return utils::CSingletonT<CUiResource>::instance()->getPixmap(QString::fromLatin1(key));
+    return skinPicture(QString::fromLatin1(key));
 }
 
 } // namespace WB

@@ -1,6 +1,7 @@
 #pragma once
 /// @file Formulas that the embedded formula manager knows: the engine's built-in ones, and the user's own
-/// from the file "configFormula" of TC::getUserRootDir() (see docs/configFormula.md), read on first use.
+/// from the file "configFormula" of TC::getUserRootDir() (see docs/configFormula.md; at most
+/// 16 MiB), read on first use.
 
 #include "host/HostExport.h"
 #include "host/TC/CFormulaDetail.h"

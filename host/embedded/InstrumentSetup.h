@@ -3,8 +3,16 @@
 ///
 /// The store is the SQLite file "instruments.sqlite" in TC::getUserRootDir(). It is made on first start from
 /// the instrument list that is compiled into the host (samples/instruments.csv) and loaded whole at the first
-/// look-up, which comes from the GUI thread. A file that cannot be read is set aside as "instruments.sqlite.bad" and made again; where the
-/// folder cannot be written the list is used without a store.
+/// look-up, which comes from the GUI thread. It is checked through whenever it is loaded, and every
+/// instrument of the list is known whatever became of it:
+/// - a damaged store is kept as "instruments.sqlite.damaged-<date>-<time>" and made again from the list;
+/// - a sound store that lacks instruments of the list is completed, rows that it has stay as they are;
+/// - a store that cannot be looked at (locked, no permission, no ordinary file, of a later version) stays as
+/// it
+///   is, and the list is used;
+/// - where nothing can be written the list is used without a store.
+/// instrumentStoreNotice() says which it was. A change of a row's content that leaves the database in
+/// agreement with itself (a letter of a name) is no damage: the store is meant to be edited.
 ///
 /// The list has no market values, so the store is filled with synthetic ones for stocks: figure 3016 (total
 /// market value, yuan) between 2e9 and 5e11 and figure 3015 (free-float market value) 30 to 100 % of it, both
@@ -31,6 +39,10 @@ INDICATORHOST_EXPORT void setInstruments(const QVector<ttservice::CInstrumentDet
 
 /// Forgets what is loaded; the next look-up reads the store again.
 INDICATORHOST_EXPORT void reloadInstruments();
+
+/// One line for the user, in Chinese, when the store was not as it should be at its last loading; empty when
+/// it was. Loads the store when nothing was looked up yet.
+INDICATORHOST_EXPORT QString instrumentStoreNotice();
 
 /// Path of the store.
 INDICATORHOST_EXPORT QString instrumentStorePath();

@@ -1,5 +1,10 @@
 #pragma once
 /// @file Skins of the embedded host.
+///
+/// A skin is a JSON file of at most 1 MiB with the sections "colors", "fonts" and "pictures". A font's
+/// "family" is a name, or a list of names of which the first one that the machine has is taken. Pictures are
+/// SVG files beside the skin, of at most 1 MiB and 512 x 512 pixels each; all of one skin together take at
+/// most 128 MiB.
 
 #include "host/HostExport.h"
 

@@ -5,7 +5,8 @@
 #include "host/utils/CSingletonT.h"
 #include "tests/support/EngineBars.h"
 #include "tests/support/Golden.h"
-#include "tests/support/StripPane.h"
+#include "tests/support/Pane.h"
+#include "tests/support/Strip.h"
 
 #include <boost/make_shared.hpp>
 

@@ -72,8 +72,8 @@ inline int outputOf(const engine::FormulaRecords& records, const std::string& na
     return -1;
 }
 
-/// The series behind the k-th column of a named output, DBL_MAX where there is no value; empty when there is no
-/// such column.
+/// The series behind the k-th column of a named output, DBL_MAX where there is no value; empty when there is
+/// no such column.
 inline std::vector<double> seriesOf(const engine::FormulaRecords& records, const std::string& output,
                                     std::size_t k = 0)
 {

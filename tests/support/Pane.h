@@ -2,6 +2,7 @@
 /// @file A pane's data holder, open to tests.
 
 #include "data/IndexBaseData.h"
+#include "tests/support/Legend.h"
 
 #include <boost/thread/lock_types.hpp>
 
@@ -16,6 +17,21 @@ public:
     explicit Pane(WB::CEventDeliverer* parent = nullptr)
         : IndexBaseData(parent)
     {
+    }
+
+    /// Adds an instance and makes its formula known.
+    void add(const QString& formula, const TC::RPCFormulaResultCache& cache,
+             const QString& instrumentKey = QStringLiteral("SH600000"))
+    {
+        knowFormula(formula);
+        m_data[TC::CFormulaKey(instrumentKey, formula)] = cache;
+        if (!m_formulas.contains(formula))
+            m_formulas.append(formula);
+    }
+    void clearAll()
+    {
+        m_data.clear();
+        m_formulas.clear();
     }
 
     /// Whether another thread could take the data lock now.

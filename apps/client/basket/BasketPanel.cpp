@@ -171,7 +171,7 @@ void BasketPanel::startImport(const QString& path)
         else
             TC::CParserStockExeclTable::parserCvs(path, import.found, import.minimum);
         if (!*cancelled)
-            import.report = reportOn(codesOfFile(path, isWorkbook(path)), isWorkbook(path));
+            import.report = reportOnFile(path, isWorkbook(path));
         return import;
     }));
 }

@@ -1,5 +1,6 @@
 #include "host/embedded/formulas/KnownFormulas.h"
-#include "host/embedded/skin/JsonPlaces.h"
+#include "host/embedded/text/JsonPlaces.h"
+#include "host/embedded/text/OneLine.h"
 
 #include "engine/Formulas.h"
 
@@ -8,14 +9,16 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSet>
 
 #include <cmath>
+#include <optional>
 
 namespace TC::embedded {
 
 namespace {
 
-constexpr int kGreatestKind = 99;
+constexpr int kMaxKind = 99;
 
 /// Reads the entries of one file and notes what is wrong with them.
 class FormulaReader
@@ -23,20 +26,20 @@ class FormulaReader
 public:
     FormulaReader(const QByteArray& json, const QString& fileName, const QStringList& taken,
                   QStringList& problems)
-        : m_places(json)
+        : m_json(json)
         , m_fileName(fileName)
-        , m_taken(taken)
+        , m_taken(taken.begin(), taken.end())
         , m_problems(problems)
     {
     }
 
     /// The entry, or one without a detail when something is wrong with it.
-    KnownFormula read(const QJsonValue& value, const QString& path)
+    KnownFormula read(const QJsonValue& value, const QStringList& path)
     {
         m_path = path;
         const int problemsBefore = m_problems.size();
         if (!value.isObject())
-            complain(QString(), QStringLiteral("a formula is an object"));
+            report({}, QStringLiteral("a formula is an object"));
         KnownFormula formula = value.isObject() ? readEntry(value.toObject()) : KnownFormula();
         if (m_problems.size() > problemsBefore)
             return {};
@@ -44,20 +47,16 @@ public:
         return formula;
     }
 
-    void complain(const QString& key, const QString& reason) { m_problems << line(key, reason); }
-
-private:
-    QString line(const QString& key, QString reason) const
+    /// Notes what is wrong with a value. @param path  from the entry inward.
+    void report(const QStringList& path, const QString& reason)
     {
-        const QString separator = key.isEmpty() || m_path.isEmpty() ? QString() : QStringLiteral("/");
-        const QString path = m_path + separator + key;
-        for (QChar& character : reason) { // one line, whatever a name holds
-            if (!character.isPrint() && !character.isSurrogate())
-                character = QLatin1Char('?');
-        }
-        return QStringLiteral("%1:%2: %3").arg(m_fileName, m_places.placeOf(path), reason);
+        if (!m_places)
+            m_places.emplace(m_json); // sound files, which are the rule, are walked once only
+        m_problems << oneLine(
+            QStringLiteral("%1:%2: %3").arg(m_fileName, m_places->placeOf(m_path + path), reason));
     }
 
+private:
     KnownFormula readEntry(const QJsonObject& entry)
     {
         KnownFormula formula { boost::make_shared<CFormulaDetail>(), {}, KnownFormula::User };
@@ -87,9 +86,9 @@ private:
         base = entry.value(QStringLiteral("base")).toString();
         const engine::BuiltInFormula* known = engine::findBuiltIn(base.toStdString());
         if (!known)
-            complain(QStringLiteral("base"), QStringLiteral("\"base\" must name a built-in formula"));
+            report({ QStringLiteral("base") }, QStringLiteral("\"base\" must name a built-in formula"));
         else if (source.isString())
-            complain(QStringLiteral("source"), QStringLiteral("a formula has a \"base\" or a \"source\""));
+            report({ QStringLiteral("source") }, QStringLiteral("a formula has a \"base\" or a \"source\""));
         return known ? known->formula : nullptr;
     }
 
@@ -97,11 +96,11 @@ private:
     {
         const engine::FormulaReading reading = engine::readFormula(source.toStdString());
         for (const engine::Problem& problem : reading.problems)
-            complain(QStringLiteral("source"),
-                     QStringLiteral("%1:%2: %3")
-                         .arg(problem.place.line)
-                         .arg(problem.place.column)
-                         .arg(QString::fromStdString(problem.english)));
+            report({ QStringLiteral("source") },
+                   QStringLiteral("%1:%2: %3")
+                       .arg(problem.place.line)
+                       .arg(problem.place.column)
+                       .arg(QString::fromStdString(problem.english)));
         return reading.formula;
     }
 
@@ -113,30 +112,30 @@ private:
                                          QStringLiteral("source") };
         for (const QString& key : entry.keys()) {
             if (!known.contains(key))
-                complain(key, QStringLiteral("\"%1\" is not a key of a formula").arg(key));
+                report({ key }, QStringLiteral("\"%1\" is not a key of a formula").arg(key));
         }
         const QJsonValue source = entry.value(QStringLiteral("source"));
         if (!source.isUndefined() && !source.isString())
-            complain(QStringLiteral("source"), QStringLiteral("\"source\" must be a text"));
+            report({ QStringLiteral("source") }, QStringLiteral("\"source\" must be a text"));
     }
 
     QString readName(const QJsonObject& entry, const QString& key)
     {
         const QString name = entry.value(key).toString().trimmed();
         if (name.isEmpty())
-            complain(key, QStringLiteral("\"%1\" must be a text that is not empty").arg(key));
+            report({ key }, QStringLiteral("\"%1\" must be a text that is not empty").arg(key));
         else if (m_taken.contains(name))
-            complain(key, QStringLiteral("the name \"%1\" is taken").arg(name));
+            report({ key }, QStringLiteral("the name \"%1\" is taken").arg(name));
         return name;
     }
 
     int readKind(const QJsonValue& value, int standard)
     {
         const double kind = value.isUndefined() ? standard : value.toDouble(-1.0);
-        if (kind >= 0.0 && kind <= kGreatestKind && kind == std::floor(kind))
+        if (kind >= 0.0 && kind <= kMaxKind && kind == std::floor(kind))
             return static_cast<int>(kind);
-        complain(QStringLiteral("kind"),
-                 QStringLiteral("\"kind\" must be a whole number from 0 to %1").arg(kGreatestKind));
+        report({ QStringLiteral("kind") },
+               QStringLiteral("\"kind\" must be a whole number from 0 to %1").arg(kMaxKind));
         return standard;
     }
 
@@ -148,8 +147,8 @@ private:
             parameters << parameter.value;
         const QJsonArray given = value.toArray();
         if (!value.isUndefined() && (!value.isArray() || given.size() > parameters.size())) {
-            complain(
-                QStringLiteral("parameters"),
+            report(
+                { QStringLiteral("parameters") },
                 QStringLiteral("\"parameters\" must be a list of at most %1 numbers").arg(parameters.size()));
             return parameters;
         }
@@ -157,11 +156,11 @@ private:
             const engine::Parameter& parameter = asked[static_cast<std::size_t>(index)];
             parameters[index] = given.at(index).toDouble(std::nan(""));
             if (!(parameters[index] >= parameter.min && parameters[index] <= parameter.max))
-                complain(QStringLiteral("parameters/%1").arg(index),
-                         QStringLiteral("the parameter %1 must be a number from %2 to %3")
-                             .arg(QString::fromStdString(parameter.name))
-                             .arg(parameter.min)
-                             .arg(parameter.max, 0, 'f', 0));
+                report({ QStringLiteral("parameters"), QString::number(index) },
+                       QStringLiteral("the parameter %1 must be a number from %2 to %3")
+                           .arg(QString::fromStdString(parameter.name))
+                           .arg(parameter.min)
+                           .arg(parameter.max, 0, 'f', 0));
         }
         return parameters;
     }
@@ -170,23 +169,24 @@ private:
     {
         QVector<QColor> colors;
         if (!value.isUndefined() && !value.isArray())
-            complain(QStringLiteral("colors"), QStringLiteral("\"colors\" must be a list"));
+            report({ QStringLiteral("colors") }, QStringLiteral("\"colors\" must be a list"));
         for (const QJsonValue& given : value.toArray()) {
             const QString text = given.toString();
             const QColor color = text.isEmpty() ? QColor() : QColor(text);
             if (!given.isNull() && !color.isValid())
-                complain(QStringLiteral("colors/%1").arg(colors.size()),
-                         QStringLiteral("a colour is a text such as \"#c03030\", or null"));
+                report({ QStringLiteral("colors"), QString::number(colors.size()) },
+                       QStringLiteral("a colour is a text such as \"#c03030\", or null"));
             colors << color;
         }
         return colors;
     }
 
-    const JsonPlaces m_places;
+    const QByteArray m_json;
+    std::optional<JsonPlaces> m_places; ///< made for the first problem
     const QString m_fileName;
-    QStringList m_taken;
+    QSet<QString> m_taken;
     QStringList& m_problems;
-    QString m_path;
+    QStringList m_path; ///< of the entry
 };
 
 } // namespace
@@ -196,21 +196,21 @@ bool parseFormulas(const QByteArray& json, const QString& fileName, const QStrin
 {
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(json, &error);
-    if (error.error != QJsonParseError::NoError) { // its offset lies behind the offending character
-        problems << QStringLiteral("%1:%2: %3")
-                        .arg(fileName, JsonPlaces::placeAt(json, error.offset - 1), error.errorString());
+    if (error.error != QJsonParseError::NoError) {
+        problems << oneLine(QStringLiteral("%1:%2").arg(fileName, JsonPlaces::syntaxFault(json, error)));
         return false;
     }
     FormulaReader reader(json, fileName, taken, problems);
     const QJsonValue list = document.object().value(QStringLiteral("formulas"));
     if (!list.isArray()) {
-        reader.complain(QStringLiteral("formulas"), QStringLiteral("the list \"formulas\" is missing"));
+        reader.report({ QStringLiteral("formulas") }, QStringLiteral("the list \"formulas\" is missing"));
         return false;
     }
     formulas.clear();
     const QJsonArray entries = list.toArray();
     for (int entry = 0; entry < entries.size(); ++entry) {
-        KnownFormula formula = reader.read(entries.at(entry), QStringLiteral("formulas/%1").arg(entry));
+        KnownFormula formula =
+            reader.read(entries.at(entry), { QStringLiteral("formulas"), QString::number(entry) });
         if (formula.detail)
             formulas.push_back(std::move(formula));
     }

@@ -3,6 +3,8 @@
 #include "host/TC/Folders.h"
 #include "host/embedded/FormulaSetup.h"
 #include "host/embedded/formulas/KnownFormulas.h"
+#include "host/embedded/text/OneLine.h"
+#include "host/embedded/text/OrdinaryFile.h"
 #include "host/se/LoadConfig.h"
 
 #include "engine/Formulas.h"
@@ -63,14 +65,16 @@ QStringList takenNames(const Formulas& formulas)
 /// Replaces the user's formulas by those of the file.
 QStringList readUserFormulas(Formulas& formulas)
 {
-    QFile file(QDir(TC::getUserRootDir()).filePath(QStringLiteral("configFormula")));
+    constexpr int largestFile = 16 * 1024 * 1024; // bytes
+    const QString path = QDir(TC::getUserRootDir()).filePath(QStringLiteral("configFormula"));
     Formulas own;
     QStringList problems;
-    if (file.exists()) {
-        if (!file.open(QIODevice::ReadOnly))
-            return { QStringLiteral("%1:1:1: %2").arg(file.fileName(), file.errorString()) };
-        if (!TC::embedded::parseFormulas(file.readAll(), file.fileName(), takenNames(formulas), own,
-                                         problems))
+    if (QFile::exists(path)) {
+        QByteArray json;
+        const QString failure = TC::embedded::readOrdinaryFile(path, largestFile, json);
+        if (!failure.isEmpty())
+            return { TC::embedded::oneLine(QStringLiteral("%1:1:1: %2").arg(path, failure)) };
+        if (!TC::embedded::parseFormulas(json, path, takenNames(formulas), own, problems))
             return problems;
     }
     formulas.erase(std::remove_if(formulas.begin(), formulas.end(),

@@ -34,10 +34,10 @@ void addSyntheticFigures(ttservice::CInstrumentDetail& instrument)
 
 } // namespace
 
-std::vector<ttservice::CInstrumentDetail> listedInstruments()
+Instruments listedInstruments()
 {
     QFile file(QStringLiteral(":/instruments.csv"));
-    std::vector<ttservice::CInstrumentDetail> instruments;
+    Instruments instruments;
     if (!file.open(QIODevice::ReadOnly))
         return instruments;
     file.readLine(); // the header: market, code, name, kind, price tick, list date

@@ -1,145 +1,106 @@
 #include "host/embedded/instruments/InstrumentStore.h"
 
-#include "host/WB/TextConversion.h"
+#include "host/embedded/text/OneLine.h"
 
+#include <QDateTime>
 #include <QFile>
-#include <QSqlDatabase>
-#include <QSqlQuery>
-#include <QUuid>
-#include <QVariant>
+#include <QFileInfo>
 
-#include <unordered_map>
+#include <set>
 
 namespace TC::embedded {
 
 namespace {
 
-constexpr int kSchemaVersion = 1;
-
-/// A connection to one SQLite file, closed and forgotten at its end.
-class Connection
+/// Moves a damaged store, and what SQLite keeps beside it, to names of their own.
+/// @return the store's new path; empty when it could not be moved.
+QString setAside(const QString& path)
 {
-public:
-    explicit Connection(const QString& path)
-        : m_name(QStringLiteral("instruments-") + QUuid::createUuid().toString())
-        , m_database(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name))
-    {
-        m_database.setDatabaseName(path);
-        m_database.open();
-    }
-    ~Connection()
-    {
-        m_database = QSqlDatabase();
-        QSqlDatabase::removeDatabase(m_name);
-    }
-    Connection(const Connection&) = delete;
-    Connection& operator=(const Connection&) = delete;
-
-    QSqlDatabase& database() { return m_database; }
-
-    bool run(const QString& statement) { return QSqlQuery(m_database).exec(statement); }
-
-private:
-    QString m_name;
-    QSqlDatabase m_database;
-};
-
-bool makeTables(Connection& connection)
-{
-    return connection.run(
-               QStringLiteral("CREATE TABLE instrument (market TEXT NOT NULL, code TEXT NOT NULL, name TEXT, "
-                              "kind TEXT, price_tick REAL, PRIMARY KEY (market, code))"))
-        && connection.run(
-            QStringLiteral("CREATE TABLE figure (market TEXT NOT NULL, code TEXT NOT NULL, field INTEGER, "
-                           "value REAL, synthetic INTEGER, PRIMARY KEY (market, code, field))"));
+    const QString base = path + QStringLiteral(".damaged-")
+        + QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+    QString aside = base;
+    for (int copy = 2; QFileInfo::exists(aside); ++copy)
+        aside = QStringLiteral("%1-%2").arg(base).arg(copy);
+    if (!QFile::rename(path, aside))
+        return QString();
+    // A journal that stayed would be played back into the new store.
+    for (const char* suffix : { "-journal", "-wal", "-shm" })
+        QFile::rename(path + QLatin1String(suffix), aside + QLatin1String(suffix));
+    return aside;
 }
 
-bool fillTables(Connection& connection, const std::vector<ttservice::CInstrumentDetail>& instruments)
+/// The instruments of the list that are missing from the others.
+Instruments missingFrom(const Instruments& instruments, const Instruments& listed)
 {
-    QSqlQuery row(connection.database()), figure(connection.database());
-    row.prepare(QStringLiteral("INSERT INTO instrument VALUES (?, ?, ?, ?, ?)"));
-    figure.prepare(QStringLiteral("INSERT INTO figure VALUES (?, ?, ?, ?, 1)"));
-    for (const ttservice::CInstrumentDetail& instrument : instruments) {
-        row.bindValue(0, WB::sToQs(instrument.market));
-        row.bindValue(1, WB::sToQs(instrument.code));
-        row.bindValue(2, WB::sToQs(instrument.name));
-        row.bindValue(3, WB::sToQs(instrument.kind));
-        row.bindValue(4, instrument.priceTick);
-        if (!row.exec())
-            return false;
-        for (const auto& [field, value] : instrument.figures) {
-            figure.bindValue(0, WB::sToQs(instrument.market));
-            figure.bindValue(1, WB::sToQs(instrument.code));
-            figure.bindValue(2, field);
-            figure.bindValue(3, value);
-            if (!figure.exec())
-                return false;
-        }
+    std::set<std::pair<std::string, std::string>> known;
+    for (const ttservice::CInstrumentDetail& instrument : instruments)
+        known.insert({ instrument.market, instrument.code });
+    Instruments missing;
+    for (const ttservice::CInstrumentDetail& instrument : listed) {
+        if (known.count({ instrument.market, instrument.code }) == 0)
+            missing.push_back(instrument);
     }
-    return true;
+    return missing;
 }
 
-/// Makes the whole store in one transaction: a start that is cut short leaves none behind.
-bool makeStore(const QString& path, const std::vector<ttservice::CInstrumentDetail>& instruments)
+/// What of the work could not be kept; empty when `failure` is.
+QString notKept(const QString& failure)
 {
-    Connection connection(path);
-    if (!connection.database().transaction())
-        return false;
-    const bool made = makeTables(connection) && fillTables(connection, instruments)
-        && connection.run(QStringLiteral("PRAGMA user_version = %1").arg(kSchemaVersion));
-    return made ? connection.database().commit() : (connection.database().rollback(), false);
+    return failure.isEmpty() ? QString() : QStringLiteral("（未能写入磁盘：%1，仅本次有效）").arg(failure);
 }
 
-/// Reads the whole store; empty when it is missing, damaged, or of another version.
-std::vector<ttservice::CInstrumentDetail> readStore(const QString& path)
+LoadedStore makeAnew(const QString& path, const QString& opening)
 {
-    std::vector<ttservice::CInstrumentDetail> instruments;
-    Connection connection(path);
-    QSqlQuery query(connection.database());
-    query.setForwardOnly(true);
-    if (!query.exec(QStringLiteral("PRAGMA user_version")) || !query.next()
-        || query.value(0).toInt() != kSchemaVersion)
-        return instruments;
+    LoadedStore loaded { listedInstruments(), opening };
+    const QString lost = notKept(addToStore(path, loaded.instruments));
+    if (!lost.isEmpty() || !opening.isEmpty())
+        loaded.notice += QStringLiteral("已使用内置的证券列表%1").arg(lost);
+    return loaded;
+}
 
-    std::unordered_map<std::string, std::size_t> places;
-    if (!query.exec(QStringLiteral("SELECT market, code, name, kind, price_tick FROM instrument")))
-        return instruments;
-    while (query.next()) {
-        ttservice::CInstrumentDetail instrument;
-        instrument.market = WB::qsToS(query.value(0).toString());
-        instrument.code = WB::qsToS(query.value(1).toString());
-        instrument.name = WB::qsToS(query.value(2).toString());
-        instrument.kind = WB::qsToS(query.value(3).toString());
-        instrument.priceTick = query.value(4).toDouble();
-        places.emplace(instrument.market + '/' + instrument.code, instruments.size());
-        instruments.push_back(instrument);
+LoadedStore replace(const QString& path, const QString& reason)
+{
+    const QString opening = QStringLiteral("证券数据库已损坏（%1），").arg(reason);
+    const QString aside = setAside(path);
+    if (!aside.isEmpty())
+        return makeAnew(path, opening + QStringLiteral("原文件保留为 %1；").arg(aside));
+    return { listedInstruments(), opening + QStringLiteral("且无法移开；本次使用内置的证券列表") };
+}
+
+LoadedStore complete(const QString& path, Instruments instruments)
+{
+    const Instruments missing = missingFrom(instruments, listedInstruments());
+    if (missing.empty())
+        return { std::move(instruments), QString() };
+    instruments.insert(instruments.end(), missing.begin(), missing.end());
+    return { std::move(instruments),
+             QStringLiteral("证券数据库缺少 %1 只证券，已由内置的证券列表补全%2")
+                 .arg(missing.size())
+                 .arg(notKept(addToStore(path, missing))) };
+}
+
+LoadedStore load(const QString& path)
+{
+    if (!QFileInfo(path).exists() && !QFileInfo(path).isSymLink())
+        return makeAnew(path, QString());
+    StoreContents found = readStore(path);
+    switch (found.state) {
+    case StoreContents::Empty: return makeAnew(path, QString());
+    case StoreContents::Sound: return complete(path, std::move(found.instruments));
+    case StoreContents::Damaged: return replace(path, found.reason);
+    case StoreContents::Unreadable: break;
     }
-    if (!query.exec(QStringLiteral("SELECT market, code, field, value FROM figure")))
-        return {};
-    while (query.next()) {
-        const auto place =
-            places.find(WB::qsToS(query.value(0).toString()) + '/' + WB::qsToS(query.value(1).toString()));
-        if (place != places.end())
-            instruments[place->second].figures[query.value(2).toInt()] = query.value(3).toDouble();
-    }
-    return instruments;
+    return { listedInstruments(),
+             QStringLiteral("证券数据库 %1 无法读取（%2），本次使用内置的证券列表").arg(path, found.reason) };
 }
 
 } // namespace
 
-std::vector<ttservice::CInstrumentDetail> loadInstrumentStore(const QString& path)
+LoadedStore loadInstrumentStore(const QString& path)
 {
-    if (QFile::exists(path)) {
-        std::vector<ttservice::CInstrumentDetail> instruments = readStore(path);
-        if (!instruments.empty())
-            return instruments;
-        const QString aside = path + QStringLiteral(".bad");
-        QFile::remove(aside);
-        QFile::rename(path, aside);
-    }
-    const std::vector<ttservice::CInstrumentDetail> listed = listedInstruments();
-    makeStore(path, listed);
-    return listed;
+    LoadedStore loaded = load(path);
+    loaded.notice = oneLine(loaded.notice);
+    return loaded;
 }
 
 } // namespace TC::embedded

@@ -1,19 +1,21 @@
 #pragma once
-/// @file Reading and making the SQLite instrument database.
+/// @file Opening the instrument store, whatever became of it.
 
-#include "host/ttservice/CInstrumentDetail.h"
-
-#include <QString>
-
-#include <vector>
+#include "host/embedded/instruments/StoreDatabase.h"
 
 namespace TC::embedded {
 
-/// Every instrument of the store at `path`, which is made from the compiled-in list when there is none. Never
-/// empty: without a usable store the list itself answers.
-std::vector<ttservice::CInstrumentDetail> loadInstrumentStore(const QString& path);
+/// What came of opening the store.
+struct LoadedStore
+{
+    Instruments instruments; ///< every one of the compiled-in list, and those that the store has besides
+    QString notice;          ///< one line for the user, in Chinese; empty when all is well
+};
+
+/// Opens the store at `path`, and makes, completes or replaces it where it must.
+LoadedStore loadInstrumentStore(const QString& path);
 
 /// The compiled-in list with its synthetic figures.
-std::vector<ttservice::CInstrumentDetail> listedInstruments();
+Instruments listedInstruments();
 
 } // namespace TC::embedded

@@ -17,6 +17,7 @@ struct InstrumentTable
     void add(const Detail& detail);
 
     bool loaded = false;
+    QString notice; ///< what came of loading; see instrumentStoreNotice()
     QHash<QString, Detail> byKey;
     QHash<QString, QVector<Detail>> byCode; ///< in the order of markets
 };

@@ -53,7 +53,9 @@ void embedded::InstrumentTable::load()
     if (loaded)
         return;
     loaded = true;
-    for (ttservice::CInstrumentDetail& instrument : loadInstrumentStore(instrumentStorePath()))
+    LoadedStore store = loadInstrumentStore(instrumentStorePath());
+    notice = store.notice;
+    for (ttservice::CInstrumentDetail& instrument : store.instruments)
         add(std::make_shared<ttservice::CInstrumentDetail>(std::move(instrument)));
 }
 
@@ -111,6 +113,11 @@ void setInstruments(const QVector<ttservice::CInstrumentDetail>& list)
 void reloadInstruments()
 {
     s_instruments = InstrumentTable();
+}
+
+QString instrumentStoreNotice()
+{
+    return instruments().notice;
 }
 
 QString instrumentStorePath()

@@ -3,9 +3,8 @@
 #include "host/WB/CUiResource.h"
 #include "host/WB/CUiResourceChangeHandler.h"
 #include "host/embedded/SkinSetup.h"
-
-#include <QDir>
-#include <QFile>
+#include "host/embedded/text/OneLine.h"
+#include "host/embedded/text/OrdinaryFile.h"
 
 #include <algorithm>
 #include <vector>
@@ -25,10 +24,12 @@ QString readSkin(const QString& nameOrPath, TC::embedded::Skin& skin)
     const QString path = TC::embedded::skinNames().contains(nameOrPath)
         ? QStringLiteral(":/skins/%1.json").arg(nameOrPath)
         : nameOrPath;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return QStringLiteral("%1:1:1: %2").arg(nameOrPath, file.errorString());
-    return TC::embedded::parseSkin(file.readAll(), path, skin);
+    constexpr int largestFile = 1024 * 1024; // bytes; a shipped skin has 3,000
+    QByteArray json;
+    const QString failure = TC::embedded::readOrdinaryFile(path, largestFile, json);
+    if (!failure.isEmpty())
+        return TC::embedded::oneLine(QStringLiteral("%1:1:1: %2").arg(nameOrPath, failure));
+    return TC::embedded::parseSkin(json, path, skin);
 }
 
 /// The skin in use; at first the default one.

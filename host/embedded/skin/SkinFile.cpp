@@ -1,126 +1,132 @@
 #include "host/embedded/skin/Skin.h"
 
-#include <QFileInfo>
+#include "host/embedded/skin/SkinPicture.h"
+#include "host/embedded/text/JsonPlaces.h"
+#include "host/embedded/text/OneLine.h"
+
 #include <QDir>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QPainter>
-#include <QSvgRenderer>
 
-#include <functional>
+#include <algorithm>
 
 namespace TC::embedded {
 
 namespace {
 
-constexpr int kPictureScale = 3; // pictures are drawn once, sharp up to this device pixel ratio
-
-/// "FILE:LINE:COLUMN: reason" for a byte position; columns count characters from 1.
-QString placed(const QString& fileName, const QByteArray& json, int offset, const QString& reason)
-{
-    const QByteArray before = json.left(offset);
-    const int line = before.count('\n') + 1;
-    const int column = QString::fromUtf8(before.mid(before.lastIndexOf('\n') + 1)).size() + 1;
-    return QStringLiteral("%1:%2:%3: %4").arg(fileName).arg(line).arg(column).arg(reason);
-}
-
-/// Byte position of a key's quotation mark inside a section, or of the section itself.
-int offsetOf(const QByteArray& json, const QString& section, const QString& key)
-{
-    const int from = std::max(0, json.indexOf('"' + section.toUtf8() + '"'));
-    return key.isEmpty() ? from : std::max(from, json.indexOf('"' + key.toUtf8() + '"', from));
-}
-
-bool readColor(const QJsonValue& value, QColor& color)
+/// @return empty on success, else what is wrong; the other readers answer the same way.
+QString readColor(const QJsonValue& value, QColor& color)
 {
     color = QColor(value.toString());
-    return value.isString() && color.isValid();
+    return value.isString() && color.isValid() ? QString()
+                                               : QStringLiteral("is not a colour such as \"#c03030\"");
 }
 
-bool readFont(const QJsonValue& value, QFont& font)
+/// The first family of the list that the machine has; without any, the first one.
+QString chooseFamily(const QJsonValue& value)
+{
+    if (!value.isArray())
+        return value.toString();
+    const QStringList known = QFontDatabase().families();
+    const QJsonArray families = value.toArray();
+    for (const QJsonValue& entry : families) {
+        const QString family = entry.toString();
+        const auto isIt = [&](const QString& name) { // several makers of one family are named behind it
+            return name == family || name.startsWith(family + QStringLiteral(" ["));
+        };
+        if (!family.isEmpty() && std::any_of(known.begin(), known.end(), isIt))
+            return family;
+    }
+    return families.first().toString();
+}
+
+QString readFont(const QJsonValue& value, QFont& font)
 {
     const QJsonObject entry = value.toObject();
     const int pixelSize = entry.value(QStringLiteral("pixelSize")).toInt();
-    const QString family = entry.value(QStringLiteral("family")).toString();
+    const QString family = chooseFamily(entry.value(QStringLiteral("family")));
     if (pixelSize < 1 || pixelSize > 200 || family.isEmpty())
-        return false;
+        return QStringLiteral("needs a \"family\" and a \"pixelSize\" from 1 to 200");
     font = QFont(family);
     font.setPixelSize(pixelSize);
     font.setBold(entry.value(QStringLiteral("bold")).toBool());
-    return true;
-}
-
-bool readPicture(const QJsonValue& value, const QDir& folder, QPixmap& pixmap)
-{
-    QSvgRenderer renderer(folder.filePath(value.toString()));
-    if (!renderer.isValid())
-        return false;
-    pixmap = QPixmap(renderer.defaultSize() * kPictureScale);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    renderer.render(&painter);
-    painter.end();
-    pixmap.setDevicePixelRatio(kPictureScale);
-    return true;
-}
-
-/// Reads one section of the file; the first entry that `read` refuses ends it.
-/// @return the refused key, or a null text when all went well.
-template <class Map, class Read>
-QString readSection(const QJsonObject& root, const QString& section, Map& map, Read read)
-{
-    const QJsonObject entries = root.value(section).toObject();
-    for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
-        typename Map::mapped_type value;
-        if (!read(entry.value(), value))
-            return entry.key();
-        map[entry.key()] = value;
-    }
     return QString();
+}
+
+/// Reads the sections of one file; the first thing that is wrong ends it.
+class SkinReader
+{
+public:
+    SkinReader(const QByteArray& json, const QJsonObject& root)
+        : m_json(json)
+        , m_root(root)
+    {
+    }
+
+    template <class Map, class Read>
+    void readSection(const QString& section, Map& map, Read read)
+    {
+        if (!m_fault.isEmpty())
+            return;
+        if (!m_root.value(section).isObject())
+            return refuse({ section }, QStringLiteral("the section \"%1\" is missing").arg(section));
+        const QJsonObject entries = m_root.value(section).toObject();
+        for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
+            typename Map::mapped_type value;
+            const QString wrong = read(entry.value(), value);
+            if (!wrong.isEmpty())
+                return refuse({ section, entry.key() }, QStringLiteral("\"%1\" %2").arg(entry.key(), wrong));
+            map[entry.key()] = value;
+        }
+    }
+
+    /// "LINE:COLUMN: reason"; empty when all went well.
+    const QString& fault() const { return m_fault; }
+
+private:
+    void refuse(const QStringList& path, const QString& reason)
+    {
+        m_fault = QStringLiteral("%1: %2").arg(JsonPlaces(m_json).keyPlaceOf(path), reason);
+    }
+
+    const QByteArray m_json;
+    const QJsonObject m_root;
+    QString m_fault;
+};
+
+/// @return empty on success, else "LINE:COLUMN: reason".
+QString readSkin(const QByteArray& json, const QFileInfo& file, Skin& skin)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(json, &error);
+    if (error.error != QJsonParseError::NoError)
+        return JsonPlaces::syntaxFault(json, error);
+    if (!document.isObject())
+        return QStringLiteral("1:1: a skin is a JSON object");
+
+    const QJsonObject root = document.object();
+    skin.name = root.value(QStringLiteral("name")).toString(file.completeBaseName());
+    SkinPictures pictures(file.dir());
+    SkinReader reader(json, root);
+    reader.readSection(QStringLiteral("colors"), skin.colors, readColor);
+    reader.readSection(QStringLiteral("fonts"), skin.fonts, readFont);
+    reader.readSection(
+        QStringLiteral("pictures"), skin.pixmaps,
+        [&](const QJsonValue& value, QPixmap& pixmap) { return pictures.read(value.toString(), pixmap); });
+    return reader.fault();
 }
 
 } // namespace
 
 QString parseSkin(const QByteArray& json, const QString& fileName, Skin& skin)
 {
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(json, &error);
-    if (error.error != QJsonParseError::NoError)
-        return placed(fileName, json, error.offset, error.errorString());
-    if (!document.isObject())
-        return placed(fileName, json, 0, QStringLiteral("a skin is a JSON object"));
-
-    const QJsonObject root = document.object();
-    const QDir folder = QFileInfo(fileName).dir();
     Skin read;
-    read.name = root.value(QStringLiteral("name")).toString(QFileInfo(fileName).completeBaseName());
-
-    struct Section
-    {
-        QString name, expected;
-        std::function<QString(const QString&)> readAll;
-    };
-    const Section sections[] = {
-        { QStringLiteral("colors"), QStringLiteral("is not a colour such as \"#c03030\""),
-          [&](const QString& name) { return readSection(root, name, read.colors, readColor); } },
-        { QStringLiteral("fonts"), QStringLiteral("needs a \"family\" and a \"pixelSize\" from 1 to 200"),
-          [&](const QString& name) { return readSection(root, name, read.fonts, readFont); } },
-        { QStringLiteral("pictures"), QStringLiteral("does not name a readable SVG file"),
-          [&](const QString& name) {
-              return readSection(root, name, read.pixmaps, [&](const QJsonValue& value, QPixmap& pixmap) {
-                  return readPicture(value, folder, pixmap);
-              });
-          } },
-    };
-    for (const Section& section : sections) {
-        if (!root.value(section.name).isObject())
-            return placed(fileName, json, offsetOf(json, section.name, QString()),
-                          QStringLiteral("the section \"%1\" is missing").arg(section.name));
-        const QString refused = section.readAll(section.name);
-        if (!refused.isNull())
-            return placed(fileName, json, offsetOf(json, section.name, refused),
-                          QStringLiteral("\"%1\" %2").arg(refused, section.expected));
-    }
+    const QString fault = readSkin(json, QFileInfo(fileName), read);
+    if (!fault.isEmpty())
+        return oneLine(QStringLiteral("%1:%2").arg(fileName, fault));
     skin = read;
     return QString();
 }

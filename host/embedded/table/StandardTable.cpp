@@ -1,6 +1,7 @@
 #include "host/WB/CStandardTable.h"
 
 #include "host/WB/CLineEdit.h"
+#include "host/WB/PlainText.h"
 #include "host/embedded/table/TableColors.h"
 #include "host/embedded/table/TableContents.h"
 #include "host/embedded/table/TableStatusLine.h"
@@ -153,7 +154,7 @@ void CStandardTable::slotHeaderMenu(const QPoint& position)
     }
     if (m_contents->flags.testFlag(EBaseTableMenu_Columns)) {
         for (int id = 0; id < columnCount(); ++id) {
-            QAction* shown = menu->addAction(columnHeader(id));
+            QAction* shown = menu->addAction(plainLabel(columnHeader(id)));
             shown->setCheckable(true);
             shown->setChecked(columnVisible(id));
             connect(shown, &QAction::toggled, this, [this, id](bool on) { setColumnVisible(id, on); });

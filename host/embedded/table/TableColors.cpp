@@ -1,17 +1,10 @@
 #include "host/embedded/table/TableColors.h"
 
-#include "host/WB/CUiResource.h"
-#include "host/utils/CSingletonT.h"
+#include "host/WB/SkinLookup.h"
 
 namespace TC::embedded {
 
 namespace {
-
-QColor skinColor(const QString& key, const QColor& fallback)
-{
-    const QColor* color = utils::CSingletonT<WB::CUiResource>::instance()->getColor(key);
-    return color ? *color : fallback;
-}
 
 /// `share` of `over` on `under`.
 QColor blended(const QColor& under, const QColor& over, double share)
@@ -24,12 +17,12 @@ QColor blended(const QColor& under, const QColor& over, double share)
 } // namespace
 
 TableColors::TableColors(const QPalette& fallback)
-    : background(skinColor(QStringLiteral("ic_clr_graph_kline_bg"), fallback.color(QPalette::Base)))
-    , text(skinColor(QStringLiteral("clr_default"), fallback.color(QPalette::Text)))
-    , mutedText(skinColor(QStringLiteral("clr_chart_axis_text"), text))
-    , grid(skinColor(QStringLiteral("clr_chart_grid"), fallback.color(QPalette::Mid)))
-    , border(skinColor(QStringLiteral("ic_clr_kline_graph_frame_border"), grid))
-    , mark(skinColor(QStringLiteral("clr_stock_code"), text))
+    : background(WB::skinColor("ic_clr_graph_kline_bg", fallback.color(QPalette::Base)))
+    , text(WB::skinColor("clr_default", fallback.color(QPalette::Text)))
+    , mutedText(WB::skinColor("clr_chart_axis_text", text))
+    , grid(WB::skinColor("clr_chart_grid", fallback.color(QPalette::Mid)))
+    , border(WB::skinColor("ic_clr_kline_graph_frame_border", grid))
+    , mark(WB::skinColor("clr_stock_code", text))
 {
     band = blended(background, text, 0.03);
     header = blended(background, text, 0.08);

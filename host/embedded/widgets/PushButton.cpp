@@ -1,17 +1,11 @@
 #include "host/WB/CPushButton.h"
 
-#include "host/WB/CUiResource.h"
-#include "host/utils/CSingletonT.h"
+#include "host/WB/SkinLookup.h"
 
 #include <QIcon>
 #include <QPainter>
 
 namespace {
-
-const QPixmap* picture(const QString& key)
-{
-    return utils::CSingletonT<WB::CUiResource>::instance()->getPixmap(key);
-}
 
 QSize logicalSize(const QPixmap& pixmap)
 {
@@ -44,7 +38,7 @@ void CPushButton::setImageKey(const QString& imageKey)
 
 QSize CPushButton::sizeHint() const
 {
-    const QPixmap* pixmap = picture(m_imageKey);
+    const QPixmap* pixmap = skinPicture(m_imageKey);
     return m_style == kPictureOnly && pixmap ? logicalSize(*pixmap) : QPushButton::sizeHint();
 }
 
@@ -56,7 +50,7 @@ void CPushButton::uiResourceChanged()
 void CPushButton::showImage()
 {
     if (m_style != kPictureOnly) {
-        const QPixmap* pixmap = picture(m_imageKey);
+        const QPixmap* pixmap = skinPicture(m_imageKey);
         setIcon(pixmap ? QIcon(*pixmap) : QIcon());
     }
     updateGeometry();
@@ -69,8 +63,8 @@ void CPushButton::paintEvent(QPaintEvent* event)
         QPushButton::paintEvent(event);
         return;
     }
-    const QPixmap* active = m_underPointer ? picture(m_imageKey + QStringLiteral("_a")) : nullptr;
-    const QPixmap* pixmap = active ? active : picture(m_imageKey);
+    const QPixmap* active = m_underPointer ? skinPicture(m_imageKey + QStringLiteral("_a")) : nullptr;
+    const QPixmap* pixmap = active ? active : skinPicture(m_imageKey);
     if (!pixmap)
         return;
     QPainter painter(this);

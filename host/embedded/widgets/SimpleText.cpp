@@ -1,7 +1,6 @@
 #include "host/WB/CSimpleText.h"
 
-#include "host/WB/CUiResource.h"
-#include "host/utils/CSingletonT.h"
+#include "host/WB/SkinLookup.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -25,8 +24,7 @@ QSize CSimpleText::getSize(const QString& text, const QFont& font)
 
 QSize CSimpleText::getSize(const QString& text, const QString& fontKey)
 {
-    const QFont* font = utils::CSingletonT<CUiResource>::instance()->getFont(fontKey);
-    return getSize(text, font ? *font : QFont());
+    return getSize(text, skinFont(fontKey));
 }
 
 void CSimpleText::drawText(QPainter* painter, int x, int y, int width, int lineHeight, int flags,

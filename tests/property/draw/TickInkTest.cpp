@@ -1,5 +1,6 @@
 #include "draw/CDrawStyle.h"
 #include "draw/internal/TickInk.h"
+#include "draw/internal/ink/Surface.h"
 #include "host/embedded/EmbeddedHost.h"
 #include "tests/support/FormulaBuilder.h"
 #include "tests/support/Seeds.h"
@@ -94,11 +95,11 @@ QImage emptyImage(const Surface& surface)
     return image;
 }
 
-/// What the recorded lines give when they are drawn one by one in their order.
+/// What the recorded lines and points give when they are drawn one by one in their order.
 QImage drawnLineByLine(const Surface& surface, const QStringList& recorded)
 {
     static const QRegularExpression form(
-        QStringLiteral("^line (\\S+),(\\S+) (\\S+),(\\S+) pen=([^/]+)/1/solid$"));
+        QStringLiteral("^(?:line|point) (\\S+),(\\S+)(?: (\\S+),(\\S+))? pen=([^/]+)/1/solid$"));
     QImage image = emptyImage(surface);
     QPainter painter(&image);
     surface.prepare(painter);
@@ -106,8 +107,11 @@ QImage drawnLineByLine(const Surface& surface, const QStringList& recorded)
         const QRegularExpressionMatch match = form.match(line);
         EXPECT_TRUE(match.hasMatch()) << line.toStdString();
         painter.setPen(QColor(match.captured(5)));
-        painter.drawLine(match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt(),
-                         match.captured(4).toInt());
+        const QPoint from(match.captured(1).toInt(), match.captured(2).toInt());
+        if (line.startsWith(QLatin1String("point")))
+            painter.drawPoint(from);
+        else
+            painter.drawLine(from, QPoint(match.captured(3).toInt(), match.captured(4).toInt()));
     }
     return image;
 }
@@ -171,8 +175,5 @@ TEST_P(TickInk, KnowsWhereInkHidesWhatLiesBeneath)
 
 TEST_P(TickInk, KnowsWhetherTheSkinsColoursAreOpaque)
 {
-    QImage image = emptyImage(GetParam());
-    QPainter painter(&image);
-
-    EXPECT_EQ(TC::detail::DirectionPens(&painter).areOpaque(), GetParam().alpha == 255);
+    EXPECT_EQ(TC::detail::DirectionPens().areOpaque(), GetParam().alpha == 255);
 }

@@ -50,17 +50,19 @@ class PaneMapping : public test::PlainSkin
 {
 };
 
-/// "path M 1,2 L 3,4": the points of a traced line at the places that the mapping gives.
+/// "path M 1,2 L 3,4": the points of a traced line at the places that the mapping gives; a path does not hold
+/// a point twice in a row.
 QString lineAt(const RandomPane& pane, const SlotLayout& slots, const ValueScale& scale)
 {
-    QString text = QStringLiteral("path");
+    QStringList points;
     for (int bar = pane.start; bar <= pane.end; ++bar) {
-        text += QStringLiteral(" %1 %2,%3")
-                    .arg(bar == pane.start ? QLatin1Char('M') : QLatin1Char('L'))
-                    .arg(std::min(slots.x(bar), pane.rect.right()))
-                    .arg(scale.row(pane.values[static_cast<std::size_t>(bar)]));
+        const QString point = QStringLiteral("%1,%2")
+                                  .arg(std::min(slots.x(bar), pane.rect.right()))
+                                  .arg(scale.row(pane.values[static_cast<std::size_t>(bar)]));
+        if (points.isEmpty() || points.last() != point)
+            points.append(point);
     }
-    return text;
+    return QStringLiteral("path M ") + points.join(QStringLiteral(" L "));
 }
 
 } // namespace

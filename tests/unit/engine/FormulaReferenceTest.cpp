@@ -61,7 +61,7 @@ TEST(FormulaReference, ShowsOnlyFormulasThatAreReadAndComputed)
     const auto bars = engine::readBars(SAMPLES_DIR "/bars/SFCU00.csv", failure);
     ASSERT_TRUE(bars) << failure;
     const std::vector<std::string> formulas = formulasOf(reference());
-    EXPECT_GT(formulas.size(), 60U);
+    EXPECT_GT(formulas.size(), 45U);
     for (const std::string& text : formulas) {
         const engine::FormulaReading reading = engine::readFormula(text);
         for (const engine::Problem& problem : reading.problems)

@@ -274,6 +274,29 @@ TEST_F(UserFormulas, EachMistakeHasALineOfItsOwn)
     }
 }
 
+TEST_F(UserFormulas, ThousandsOfMistakesHaveTheirPlacesEach)
+{
+    constexpr int mistakes = 3000;
+    QByteArray entries;
+    for (int mistake = 0; mistake < mistakes; ++mistake)
+        entries += (mistake == 0 ? "" : ",\n") + QByteArray(R"({"name": "N)") + QByteArray::number(mistake)
+            + R"(", "base": "NOSUCH"})";
+    const QStringList problems = load(fileWith(entries));
+    ASSERT_EQ(problems.size(), mistakes);
+    // {"name": "N7", "base": "NOSUCH"}: the base's text at column 24, one further on for each digit more.
+    EXPECT_EQ(problems[7], text("configFormula:9:24: \"base\" must name a built-in formula"));
+    EXPECT_EQ(problems[2999], text("configFormula:3001:27: \"base\" must name a built-in formula"));
+}
+
+TEST_F(UserFormulas, AFileOfNoOrdinaryKindGivesOneLineAndLeavesThoseInUse)
+{
+    load(fileWith(R"({"name": "SHORT", "base": "MA"})"));
+    const QString path = QDir(m_folder.path()).filePath(text("configFormula"));
+    ASSERT_TRUE(QFile::remove(path) && QFile::link(text("/dev/zero"), path));
+    EXPECT_EQ(shortened(loadFormulas()), QStringList(text("configFormula:1:1: is no ordinary file")));
+    EXPECT_TRUE(manager().getFormula(text("SHORT")));
+}
+
 TEST_F(UserFormulas, TwoOfOneNameAreOneTooMany)
 {
     EXPECT_EQ(load(fileWith("{\"name\": \"A\", \"base\": \"MA\"},\n{\"name\": \"A\", \"base\": \"KDJ\"}")),

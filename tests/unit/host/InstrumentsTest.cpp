@@ -5,12 +5,6 @@
 #include "host/ttservice/StockTypeCenter.h"
 #include "host/utils/CSingletonT.h"
 #include "tests/support/Trace.h"
-#include "tests/support/Workbooks.h"
-
-#include <QFileInfo>
-#include <QSqlDatabase>
-#include <QSqlQuery>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -40,23 +34,6 @@ CInstrumentDetail instrument(const char* market, const char* code, const char* k
 bool isTyped(int type, const char* market, const char* code)
 {
     return utils::CSingletonT<ttservice::StockTypeCenter>::instance()->isTypedStock(type, market, code);
-}
-
-/// Runs a statement on the store with a connection of its own.
-QVariant inStore(const QString& statement)
-{
-    QVariant answer;
-    {
-        QSqlDatabase database =
-            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("test-store"));
-        database.setDatabaseName(TC::embedded::instrumentStorePath());
-        database.open();
-        QSqlQuery query(database);
-        if (query.exec(statement) && query.next())
-            answer = query.value(0);
-    }
-    QSqlDatabase::removeDatabase(QStringLiteral("test-store"));
-    return answer;
 }
 
 } // namespace
@@ -126,57 +103,6 @@ TEST(StockTypeCenter, TellsTheStarAndGrowthMarketsByTheirCodes)
     EXPECT_TRUE(isTyped(10006, "SZ", "301001"));
     EXPECT_FALSE(isTyped(10006, "SZ", "302001"));
     EXPECT_FALSE(isTyped(10006, "SH", "300001"));
-}
-
-TEST(InstrumentStore, IsMadeOnFirstUseAndReadLater)
-{
-    const QTemporaryDir folder;
-    TC::embedded::setUserRootDir(folder.path());
-    TC::embedded::reloadInstruments();
-    EXPECT_EQ(keyOf("600000"), QStringLiteral("SH600000"));
-    ASSERT_TRUE(QFileInfo::exists(TC::embedded::instrumentStorePath()));
-    EXPECT_EQ(inStore(QStringLiteral("SELECT count(*) FROM instrument")).toInt(), 5455);
-
-    inStore(QStringLiteral("UPDATE instrument SET name = 'renamed' WHERE code = '600000'"));
-    TC::embedded::reloadInstruments();
-    EXPECT_EQ(manager().getInstrumentDetail(QStringLiteral("600000"))->name, "renamed");
-}
-
-TEST(InstrumentStore, SetsADamagedFileAsideAndStartsAnew)
-{
-    const QTemporaryDir folder;
-    TC::embedded::setUserRootDir(folder.path());
-    test::writeFile(TC::embedded::instrumentStorePath(), QByteArray(5000, 'x'));
-    TC::embedded::reloadInstruments();
-    EXPECT_EQ(keyOf("600000"), QStringLiteral("SH600000"));
-    EXPECT_EQ(QFileInfo(TC::embedded::instrumentStorePath() + QStringLiteral(".bad")).size(), 5000);
-    EXPECT_EQ(inStore(QStringLiteral("SELECT count(*) FROM instrument")).toInt(), 5455);
-}
-
-TEST(InstrumentStore, AnswersFromTheListWhereNoFileCanBeWritten)
-{
-    TC::embedded::setUserRootDir(QStringLiteral("/dev/null/nowhere"));
-    TC::embedded::reloadInstruments();
-    EXPECT_EQ(keyOf("600000"), QStringLiteral("SH600000"));
-}
-
-TEST(InstrumentStore, HoldsSyntheticMarketValuesOfStocksAlone)
-{
-    int stocks = 0;
-    for (const char* code : { "600000", "000001", "300750", "688981", "920000" }) {
-        const auto detail = manager().getInstrumentDetail(QString::fromUtf8(code));
-        if (!detail)
-            continue;
-        ++stocks;
-        const double total = detail->getNumber(3016), freeFloat = detail->getNumber(3015);
-        EXPECT_GE(total, 2e9) << code;
-        EXPECT_LE(total, 5e11) << code;
-        EXPECT_GE(freeFloat, 0.3 * total - 1.0) << code;
-        EXPECT_LE(freeFloat, total) << code;
-    }
-    EXPECT_GE(stocks, 3);
-    EXPECT_EQ(manager().getInstrumentDetail(QStringLiteral("SH000001"))->getNumber(3016), 0.0);
-    EXPECT_EQ(inStore(QStringLiteral("SELECT count(*) FROM figure WHERE synthetic <> 1")).toInt(), 0);
 }
 
 TEST(ParserStockDetail, IsEmptyUntilFilled)

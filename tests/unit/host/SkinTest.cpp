@@ -5,9 +5,12 @@
 #include "tests/support/Trace.h"
 
 #include <QFile>
+#include <QFontDatabase>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cmath>
@@ -42,8 +45,39 @@ protected:
         EXPECT_EQ(TC::embedded::currentSkin(), QStringLiteral("dark"));
     }
 
+    void expectRefusedFamily(const QByteArray& family)
+    {
+        EXPECT_TRUE(
+            TC::embedded::loadSkin(write(R"({"colors": {}, "pictures": {}, "fonts": {"f":)"
+                                         "{\"pixelSize\": 9, \"family\": "
+                                         + family + "}}}"))
+                .endsWith(QStringLiteral("\"f\" needs a \"family\" and a \"pixelSize\" from 1 to 200")))
+            << family.toStdString();
+    }
+
+    /// Writes a picture beside the skin.
+    void writePicture(const QString& name, const QByteArray& svg)
+    {
+        QFile file(m_folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(svg);
+    }
+
+    QString loadWithPicture(const QByteArray& svg)
+    {
+        writePicture(QStringLiteral("p.svg"), svg);
+        const QString path = write(R"({"colors": {}, "fonts": {}, "pictures": {"p": "p.svg"}})");
+        return TC::embedded::loadSkin(path).remove(m_folder.path() + QLatin1Char('/'));
+    }
+
     QTemporaryDir m_folder;
 };
+
+QByteArray squareOf(int side)
+{
+    return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + QByteArray::number(side) + "\" height=\""
+        + QByteArray::number(side) + "\"/>";
+}
 
 /// Brightness as the eye weighs it, 0 to 1.
 double luminance(const QColor& color)
@@ -179,7 +213,7 @@ TEST_F(SkinFile, ReplacesTheWholeSkin)
 
 TEST_F(SkinFile, NamesThePlaceOfASyntaxError)
 {
-    expectRefused("{\n  \"colors\": {,}\n}\n", QStringLiteral("2:15"));
+    expectRefused("{\n  \"colors\": {,}\n}\n", QStringLiteral("2:14")); // the comma
 }
 
 TEST_F(SkinFile, NamesThePlaceOfABadColour)
@@ -199,6 +233,90 @@ TEST_F(SkinFile, NamesThePlaceOfAMissingPicture)
 {
     expectRefused("{\"colors\": {}, \"fonts\": {},\n \"pictures\": {\"p\": \"none.svg\"}}",
                   QStringLiteral("2:15"));
+}
+
+TEST_F(SkinFile, NamesThePlaceOfTheFaultAndNotOfTheSameWordElsewhere)
+{
+    expectRefused(R"({
+  "name": "fonts",
+  "colors": {
+    "fnt_default": "#ffffff", "pictures": "#000000"
+  },
+  "fonts": {
+    "pictures": { "family": "fnt_default", "pixelSize": 9 },
+    "fnt_default": { "family": "Sans", "pixelSize": 0 }
+  },
+  "pictures": {}
+})",
+                  QStringLiteral("8:5"));
+    expectRefused(R"({ "name": "pictures", "colors": { "pictures": "#fff" }, "fonts": {},
+  "pictures": 1 })",
+                  QStringLiteral("2:3"));
+    expectRefused(
+        R"({ "a": "\"colors\": ", "fonts": {}, "pictures": {}, "colors": { "a/b": "", "a": "red" } })",
+        QStringLiteral("1:65"));
+}
+
+TEST_F(SkinFile, OfNoEndOrOfNoOrdinaryKindIsRefused)
+{
+    const QColor before = *skin()->getColor(QStringLiteral("clr_default"));
+    EXPECT_EQ(TC::embedded::loadSkin(QStringLiteral("/dev/zero")),
+              QStringLiteral("/dev/zero:1:1: is no ordinary file"));
+    const QString pipe = m_folder.filePath(QStringLiteral("pipe\n.json"));
+    ASSERT_EQ(mkfifo(pipe.toUtf8().constData(), 0600), 0);
+    EXPECT_EQ(TC::embedded::loadSkin(pipe),
+              m_folder.filePath(QStringLiteral("pipe?.json:1:1: is no ordinary file")));
+    EXPECT_TRUE(
+        TC::embedded::loadSkin(m_folder.path()).endsWith(QStringLiteral(":1:1: is no ordinary file")));
+    EXPECT_TRUE(TC::embedded::loadSkin(write(QByteArray(1024 * 1024 + 1, ' ')))
+                    .endsWith(QStringLiteral(":1:1: is larger than 1048576 bytes")));
+    EXPECT_EQ(*skin()->getColor(QStringLiteral("clr_default")), before);
+}
+
+TEST_F(SkinFile, TakesTheFirstFontFamilyThatTheMachineHas)
+{
+    const QString known =
+        QFontDatabase().families().value(0).section(QStringLiteral(" ["), 0, 0); // no foundry
+    ASSERT_FALSE(known.isEmpty());
+    const QString entry = QStringLiteral(R"({"colors": {}, "pictures": {}, "fonts": {
+        "list": {"family": ["No Such Family", "", "%1", "Sans"], "pixelSize": 9},
+        "none": {"family": ["No Such Family", "Nor This One"], "pixelSize": 9}}})")
+                              .arg(known);
+    ASSERT_EQ(TC::embedded::loadSkin(write(entry.toUtf8())), QString());
+    EXPECT_EQ(skin()->getFont(QStringLiteral("list"))->family(), known);
+    EXPECT_EQ(skin()->getFont(QStringLiteral("none"))->family(), QStringLiteral("No Such Family"));
+    expectRefusedFamily("[]");
+    expectRefusedFamily("7");
+    expectRefusedFamily("[7]");
+}
+
+TEST_F(SkinFile, PicturesAreOfAtMost512PixelsASide)
+{
+    EXPECT_EQ(loadWithPicture(squareOf(512)), QString());
+    EXPECT_EQ(skin()->getPixmap(QStringLiteral("p"))->size(), QSize(1536, 1536));
+    EXPECT_EQ(loadWithPicture(squareOf(513)),
+              QStringLiteral(
+                  "skin.json:1:42: \"p\" names a picture of 513 x 513 pixels; 1 to 512 a side are possible"));
+    EXPECT_EQ(
+        loadWithPicture(squareOf(300000)),
+        QStringLiteral("skin.json:1:42: \"p\" names a picture of 300000 x 300000 pixels; 1 to 512 a side are "
+                       "possible"));
+    EXPECT_TRUE(loadWithPicture(squareOf(0)).contains(QStringLiteral("names a picture of 0 x 0 pixels")));
+    EXPECT_TRUE(loadWithPicture(squareOf(9) + QByteArray(1024 * 1024, ' '))
+                    .contains(QStringLiteral("does not name a readable SVG file")));
+}
+
+TEST_F(SkinFile, PicturesTogetherAreBounded)
+{
+    writePicture(QStringLiteral("p.svg"), squareOf(512));
+    QByteArray pictures;
+    for (int picture = 10; picture < 24; ++picture) // 14 * 1536 * 1536 pixels = 31.5 Mi
+        pictures += "\"p" + QByteArray::number(picture) + "\": \"p.svg\",\n";
+    const QByteArray before = R"({"colors": {}, "fonts": {}, "pictures": {)"
+                              "\n";
+    EXPECT_EQ(TC::embedded::loadSkin(write(before + pictures.chopped(2) + "}}")), QString());
+    TC::embedded::loadSkin(QStringLiteral("dark"));
+    expectRefused(before + pictures + "\"p24\": \"p.svg\"}}", QStringLiteral("16:1"));
 }
 
 TEST_F(SkinFile, MustHaveEverySection)

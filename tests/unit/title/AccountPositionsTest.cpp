@@ -49,15 +49,17 @@ TEST(ShownBarDate, IsTheLocalDateOfTheBarOrOfTheLastOne)
     EXPECT_EQ(shownBarDate(data, key, 0), QStringLiteral("20000101"));
 }
 
-TEST(ShownBarDate, ATimeOutsideTheCalendarHasNone)
+TEST(ShownBarDate, ATimeOfAnyYearIsWrittenWithItsMonthAndDay)
 {
     const QString key = QStringLiteral("SH600000");
-    QMap<CFormulaKey, TC::RPCFormulaResultCache> data;
-    for (const long long wild : { LLONG_MIN, LLONG_MAX }) {
+    const auto dateAt = [&key](long long msecs) {
+        QMap<CFormulaKey, TC::RPCFormulaResultCache> data;
         data[CFormulaKey(key, QStringLiteral("KLINE"))] =
-            test::FormulaBuilder().line({ 1 }).times({ wild }).build();
-        EXPECT_EQ(shownBarDate(data, key, 0), QString()) << wild;
-    }
+            test::FormulaBuilder().line({ 1 }).times({ msecs }).build();
+        return shownBarDate(data, key, 0);
+    };
+    EXPECT_TRUE(dateAt(LLONG_MIN).endsWith(QStringLiteral("0517"))) << dateAt(LLONG_MIN).toStdString();
+    EXPECT_TRUE(dateAt(LLONG_MAX).endsWith(QStringLiteral("0817"))) << dateAt(LLONG_MAX).toStdString();
 }
 
 TEST(TradingAt, ShowsEachAccountsLatestPositionUpToTheBar)

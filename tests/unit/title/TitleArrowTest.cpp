@@ -187,10 +187,13 @@ TEST(PromptDay, ReadsTimesBefore1970AsUnsignedSeconds)
     EXPECT_FALSE(CDrawStyle::isPromptDay(localMs(1969, 11, 21)));
 }
 
-TEST(PromptDay, IsDefinedForEveryTime)
+TEST(PromptDay, RepeatsEvery2To32SecondsUpToTheLimitsOfTime)
 {
-    for (const long long wild : { LLONG_MIN, LLONG_MAX, 1LL << 50 })
-        CDrawStyle::isPromptDay(wild);
+    constexpr long long period = 1LL << 32;
+    for (const long long wild : { LLONG_MIN / 1000, LLONG_MAX / 1000, 1LL << 50, -1LL }) {
+        const long long seconds = (wild % period + period) % period;
+        EXPECT_EQ(CDrawStyle::isPromptDay(wild * 1000), CDrawStyle::isPromptDay(seconds * 1000)) << wild;
+    }
 }
 
 TEST(PromptDay, TruncatesTowardZero)

@@ -2,7 +2,9 @@
 
 #include "host/TC/UiParams.h"
 #include "host/WB/CPushButton.h"
-#include "tests/support/StripPane.h"
+#include "host/WB/SkinLookup.h"
+#include "tests/support/Pane.h"
+#include "tests/support/Strip.h"
 #include "tests/support/Trace.h"
 
 #include <boost/make_shared.hpp>
@@ -11,6 +13,7 @@
 #include <QDateTime>
 #include <QSignalSpy>
 #include <QPainter>
+#include <QSet>
 #include <QTest>
 #include <QTimer>
 
@@ -79,7 +82,7 @@ protected:
     }
 
     const QColor background { 20, 23, 28 };
-    test::PaneData data;
+    test::Pane data;
     test::Instrument stock = test::instrument("SH", "600000", "浦发银行", 0.01);
 };
 
@@ -434,7 +437,7 @@ TEST_F(TitleWidget, StoresSomeThingsWithoutRedrawing)
         strip.render(&image);
         return image;
     };
-    test::PaneData empty;
+    test::Pane empty;
     strip.clearStock();
     EXPECT_EQ(now(), before);
     strip.setRealtimeUiParam(boost::make_shared<TC::CRealtimeUiParam>());
@@ -585,12 +588,15 @@ TEST_F(TitleWidget, TheReplayedDayDropsFractionsOfASecondTowardZero)
     EXPECT_NE(strip.picture(300, 16), day);
 }
 
-TEST_F(TitleWidget, AReplayedDayAfterTheStripIsGoneHarmsNobody)
+TEST_F(TitleWidget, AReplayedDayReachesTheStripsThatAreLeft)
 {
+    test::Strip left(&data, 7, 0, 2);
     {
-        test::Strip strip(&data, 7, 0, 2);
+        test::Strip gone(&data, 7, 0, 2);
     }
+    const QImage before = left.picture(300, 16);
     TC::embedded::setReplayDate(86'400'000);
+    EXPECT_NE(left.picture(300, 16), before);
 }
 
 TEST_F(TitleWidget, ASkinChangeRepaintsTheStripWithItsPictures)
@@ -617,19 +623,23 @@ TEST_F(TitleWidget, EverySkinEvenAnEmptyOneCanBeLoadedWhileStripsShow)
 {
     data.add(QStringLiteral("F"), outputs(3));
     test::Strip legend(&data, 1, 3, 2), heading(&data, 0, 3, 0);
-    for (test::Strip* strip : { &legend, &heading }) {
+    for (test::Strip* strip : { &legend, &heading })
         strip->setStock(test::instrument("SH", "688001", "某某", 0.01));
-        strip->picture(500, 32);
-    }
+    QSet<QRgb> backgrounds;
     for (const QString& skin : TC::embedded::skinNames()) {
-        TC::embedded::loadSkin(skin);
-        legend.picture(500, 32);
-        heading.picture(500, 32);
+        EXPECT_EQ(TC::embedded::loadSkin(skin), QString());
+        for (test::Strip* strip : { &legend, &heading }) {
+            const QImage picture = strip->picture(500, 32);
+            EXPECT_EQ(picture.pixelColor(499, 31), WB::skinColor("ic_clr_graph_kline_bg"));
+            backgrounds.insert(picture.pixel(499, 31));
+        }
         legend.updateTitleHeight();
+        EXPECT_EQ(legend.height() % 16, 0);
     }
+    EXPECT_GE(backgrounds.size(), 2); // or the skins are not told apart
     TC::embedded::clearSkin();
-    legend.picture(500, 32);
-    heading.picture(500, 32);
+    for (test::Strip* strip : { &legend, &heading })
+        EXPECT_EQ(strip->picture(500, 32).size(), QSize(500, 32));
 }
 
 TEST_F(TitleWidget, TheBufferIsAsDenseAsTheScreen)
@@ -684,7 +694,7 @@ TEST_F(TitleWidget, LegendsAreCutBetweenPiecesAtEveryWidthAndDensity)
     }
 }
 
-TEST_F(TitleWidget, SmallSizesAndWildSettingsAreHarmless)
+TEST_F(TitleWidget, IsPaintedInItsOwnSizeUnderWildSettings)
 {
     data.add(QStringLiteral("F"), outputs(3));
     data.add(QStringLiteral("KLINE"), outputs(3, "收"));
@@ -698,7 +708,8 @@ TEST_F(TitleWidget, SmallSizesAndWildSettingsAreHarmless)
                     strip.resize(size);
                     strip.updateView();
                     strip.updateTitleHeight();
-                    strip.picture(size.width(), size.height());
+                    const QImage picture = strip.picture(size.width(), size.height());
+                    EXPECT_EQ(picture.size(), size.isEmpty() ? QSize(0, 0) : size);
                 }
             }
         }
@@ -707,7 +718,7 @@ TEST_F(TitleWidget, SmallSizesAndWildSettingsAreHarmless)
 
 TEST_F(TitleWidget, DataMayGoBetweenRedraws)
 {
-    auto owned = std::make_unique<test::PaneData>();
+    auto owned = std::make_unique<test::Pane>();
     owned->add(QStringLiteral("F"), outputs(1));
     test::Strip strip(owned.get(), 1, 3, 2);
     strip.setStock(stock);
