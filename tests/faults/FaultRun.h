@@ -29,6 +29,9 @@ struct FaultEnd
     bool claimsSuccess() const { return !wasKilled && exitCode == 0; }
 };
 
+/// Whether everything is to be tried, or a small fixed part: environment INDICATORUI_ALL_FAULTS.
+bool triesAllFaults();
+
 /// Runs a program without a fault.
 FaultEnd runWhole(const QStringList& words);
 
@@ -46,9 +49,8 @@ struct FaultScenario
     std::function<void(const FaultEnd& end)> check; ///< after each run
 };
 
-/// Tries a scenario at every call until a run that comes to no further one: with every fault when the
-/// environment holds INDICATORUI_ALL_FAULTS, else with one fault at each of some calls, the same ones every
-/// time. Prints how many were tried.
+/// Tries a scenario at every call until a run that comes to no further one, with every fault; in the small
+/// part one fault at each of some calls, the same ones every time. Prints how many were tried.
 void tryFaults(const char* name, const FaultScenario& scenario);
 
 } // namespace test

@@ -114,6 +114,7 @@ int readStocks()
 
 int main(int argc, char** argv)
 {
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {}); // the user sees none
     const QCoreApplication application(argc, argv);
     const QStringList words = QCoreApplication::arguments();
     const std::map<QString, int (*)()> steps = {

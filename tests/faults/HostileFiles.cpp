@@ -1,5 +1,6 @@
 #include "tests/faults/HostileFiles.h"
 
+#include <QList>
 #include <QString>
 
 #include <random>

@@ -1,6 +1,7 @@
 /// @file Hostile text files given to the programs, within limits of time and memory: each is used or refused,
 /// in one line.
 
+#include "tests/faults/FaultRun.h"
 #include "tests/faults/HostileFiles.h"
 #include "tests/support/ChildRun.h"
 #include "tests/support/RecoveryFolders.h"
@@ -79,9 +80,9 @@ protected:
     QTemporaryDir m_folder;
 };
 
-unsigned seedsTried(unsigned few, unsigned all)
+unsigned seedsTried()
 {
-    return qEnvironmentVariableIsSet("INDICATORUI_ALL_FAULTS") ? all : few;
+    return test::triesAllFaults() ? 400 : 5;
 }
 
 /// A sound file of moderate length, so that most of the time is the program's.
@@ -95,7 +96,7 @@ TEST_P(HostileFiles, AreDrawnOrRefusedInOneLine)
 {
     const QByteArray sound = headOf(GetParam().sound);
     ASSERT_GT(sound.size(), 100);
-    for (unsigned seed = 1; seed <= seedsTried(5, 400); ++seed) {
+    for (unsigned seed = 1; seed <= seedsTried(); ++seed) {
         SCOPED_TRACE(testing::Message() << "seed " << seed);
         render(test::hostileFile(sound, seed));
         if (HasFatalFailure())
@@ -121,7 +122,7 @@ TEST(HostileFiles, OfStocksAreReadAsFarAsTheyGo)
     QByteArray sound = "证券代码,数量,相对权重\n";
     for (int code = 600'000; code < 600'100; ++code)
         sound += QByteArray::number(code) + ".SH," + QByteArray::number(code % 900 * 100) + ",0.01\n";
-    for (unsigned seed = 1; seed <= seedsTried(5, 400); ++seed) {
+    for (unsigned seed = 1; seed <= seedsTried(); ++seed) {
         SCOPED_TRACE(testing::Message() << "seed " << seed);
         RecoveryFolders::write(folders.userDir() + QStringLiteral("/stocks.csv"),
                                test::hostileFile(sound, seed));
@@ -159,7 +160,9 @@ TEST(HostileFiles, OfWildPricesAreDrawnOrRefused)
                                         "-1e308,-1e308,-1e308,-1e308", "1,1e308,1,1",
                                         "1e-308,2e-308,1e-308,1e-308", "1.79e308,1.79e308,-1.79e308,0" };
     for (const char* row : rows) {
-        for (const char* volume : { "1e308", "-1e308", "1", "0" }) {
+        for (const char* volume : { "-1e308", "1e308", "1", "0" }) {
+            if (!test::triesAllFaults() && volume[0] != '-')
+                continue;
             QByteArray text = "date,open,high,low,close,volume\n";
             for (int day = 1; day <= 9; ++day)
                 text += "2024-01-0" + QByteArray::number(day) + "," + (day % 3 == 0 ? "1,2,1,2" : row) + ","
