@@ -4,7 +4,7 @@
 ///   save         a formula into the user's file, as the editor does it
 ///   arrange      the arrangement of the panels
 ///   backup       of formulas and scripts
-///   restore      the first version of the list that holds other formulas than the live ones
+///   restore      the newest version
 ///   mend         what the client does at its start
 ///   instruments  the look-up of every bundled instrument
 ///   stocks       the reading of a stock list, HOME/user/stocks.csv
@@ -66,12 +66,9 @@ int backUp()
 
 int restore()
 {
-    const client::FormulaFiles live = client::liveFiles();
-    for (const client::FormulaVersion& version : client::formulaVersions()) {
-        if (client::filesOf(version).formulas && !(client::filesOf(version) == live))
-            return tell(client::restoreFormulas(version).reason());
-    }
-    return tell(QStringLiteral("no version"));
+    const std::vector<client::FormulaVersion> versions = client::formulaVersions();
+    return tell(versions.empty() ? QStringLiteral("no version")
+                                 : client::restoreFormulas(versions.front()).reason());
 }
 
 int mend()
