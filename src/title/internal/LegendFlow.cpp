@@ -2,7 +2,7 @@
 
 #include "draw/internal/Pens.h"
 #include "title/internal/Pictures.h"
-#include "title/internal/TextWidths.h"
+#include "title/internal/TextShapes.h"
 
 namespace TC::detail {
 
