@@ -33,6 +33,19 @@ QString lastLetter(const QString& text)
     return {};
 }
 
+/// A run's own bounding rectangle is that of its line.
+QRectF inkOf(const QList<QGlyphRun>& runs)
+{
+    QRectF ink;
+    for (const QGlyphRun& run : runs) {
+        const QVector<quint32> glyphs = run.glyphIndexes();
+        const QVector<QPointF> positions = run.positions();
+        for (int at = 0; at < std::min(glyphs.size(), positions.size()); ++at)
+            ink |= run.rawFont().boundingRect(glyphs.at(at)).translated(positions.at(at));
+    }
+    return ink;
+}
+
 } // namespace
 
 FontShapes::FontShapes(const QFont& font)
@@ -79,6 +92,7 @@ FontShapes::Head FontShapes::makeHead(const QString& text)
     head.shape.exactWidth = line.width();
     head.shape.height = line.height();
     head.shape.runs = line.runs();
+    head.shape.ink = inkOf(line.runs());
     head.glyphs = line.runs().last().glyphIndexes();
     head.positions = line.runs().last().positions();
 
@@ -120,19 +134,23 @@ qreal FontShapes::extendedWidth(const Head& head, const QString& text, int lengt
 
 void FontShapes::extend(const Head& head, const QString& text, int length)
 {
-    m_extended = head.shape;
-    m_extended.exactWidth = extendedWidth(head, text, length);
-    m_extended.width = qRound(m_extended.exactWidth);
-    m_glyphs = head.glyphs;
-    m_positions = head.positions;
-    QPointF position = m_positions.last();
+    const int known = head.glyphs.size();
+    m_glyphs.resize(known + text.size() - length);
+    m_positions.resize(m_glyphs.size());
+    std::copy(head.glyphs.begin(), head.glyphs.end(), m_glyphs.begin());
+    std::copy(head.positions.begin(), head.positions.end(), m_positions.begin());
+    QPointF position = head.positions.last();
     for (int at = length; at < text.size(); ++at) {
         position.rx() += head.numbers->step(text.at(at - 1), text.at(at));
-        m_glyphs.append(head.numbers->glyph(text.at(at)));
-        m_positions.append(position);
+        m_glyphs[known + at - length] = head.numbers->glyph(text.at(at));
+        m_positions[known + at - length] = position;
     }
-    m_extended.runs.last().setGlyphIndexes(m_glyphs);
-    m_extended.runs.last().setPositions(m_positions);
+    const QRectF numberInk = head.numbers->ink();
+    m_extended = head.shape;
+    m_extended.exactWidth = position.x() + head.numbers->lastStep(text.at(text.size() - 1));
+    m_extended.width = qRound(m_extended.exactWidth);
+    m_extended.ink |= numberInk.translated(head.positions.last()) | numberInk.translated(position);
+    m_extended.runs.last().setRawData(m_glyphs.constData(), m_positions.constData(), m_glyphs.size());
 }
 
 } // namespace TC::detail

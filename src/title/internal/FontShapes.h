@@ -7,6 +7,7 @@
 #include <QGlyphRun>
 #include <QList>
 #include <QPointF>
+#include <QRectF>
 #include <QVector>
 
 #include <map>
@@ -19,6 +20,7 @@ struct TextShape
     int width = 0;          ///< advance in pixels, rounded as WB::CSimpleText::getSize rounds it
     qreal exactWidth = 0.0; ///< advance in pixels
     qreal height = 0.0;     ///< of the line in pixels
+    QRectF ink;             ///< holds every glyph's outline, from the line's top left corner
     QList<QGlyphRun> runs;  ///< from the line's top left corner; empty: Qt must paint the text itself
 };
 

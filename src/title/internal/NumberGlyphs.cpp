@@ -98,6 +98,7 @@ bool NumberGlyphs::readSingles(const QFont& font, const QString& letter)
         if (line.runs().last().rawFont() != m_rawFont)
             return false;
         m_glyphs += all.glyphs.last();
+        m_ink |= m_rawFont.boundingRect(all.glyphs.last());
         m_lastSteps += line.width() - all.positions.last().x();
     }
     return true;
@@ -120,8 +121,7 @@ bool NumberGlyphs::readSteps(const QFont& font, const QString& letter)
             return false;
         const bool isLast = at + 1 == text.size();
         const qreal end = isLast ? line.width() : all.positions.at(at + 1).x();
-        qreal& known =
-            isLast ? m_lastSteps[indexOf(character)] : m_steps[pairOf(character, text.at(at + 1))];
+        qreal& known = isLast ? m_lastSteps[indexOf(character)] : m_steps[pairOf(character, text.at(at + 1))];
         const qreal step = end - all.positions.at(at).x();
         if (std::isnan(known))
             known = step;

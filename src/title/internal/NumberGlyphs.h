@@ -3,6 +3,7 @@
 
 #include <QFont>
 #include <QRawFont>
+#include <QRectF>
 #include <QString>
 #include <QVector>
 
@@ -28,6 +29,8 @@ public:
     qreal step(QChar character, QChar next) const { return m_steps.at(pairOf(character, next)); }
     /// Pixels from a text's last character to its end.
     qreal lastStep(QChar character) const { return m_lastSteps.at(indexOf(character)); }
+    /// Holds the outline of each glyph, from its place.
+    const QRectF& ink() const { return m_ink; }
     /// The font of all glyphs.
     const QRawFont& rawFont() const { return m_rawFont; }
 
@@ -39,6 +42,7 @@ private:
 
     QVector<quint32> m_glyphs;
     QVector<qreal> m_steps, m_lastSteps;
+    QRectF m_ink;
     QRawFont m_rawFont;
 };
 

@@ -40,8 +40,8 @@ TextLine::TextLine(const QString& text, const QFont& font)
     m_runs = layout.glyphRuns();
     m_width = line.naturalTextWidth();
     m_height = line.height();
-    const bool isLeftToRight = std::none_of(m_runs.begin(), m_runs.end(),
-                                            [](const QGlyphRun& run) { return run.isRightToLeft(); });
+    const bool isLeftToRight =
+        std::none_of(m_runs.begin(), m_runs.end(), [](const QGlyphRun& run) { return run.isRightToLeft(); });
     m_isPlain = isLeftToRight && !m_runs.isEmpty() && line.horizontalAdvance() == m_width
         && QFontMetricsF(font).horizontalAdvance(text) == m_width;
 }

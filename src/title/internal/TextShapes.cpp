@@ -5,9 +5,9 @@
 #include <QPaintEngine>
 #include <QPainter>
 
-#include <algorithm>
 #include <cmath>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace TC::detail {
@@ -40,26 +40,27 @@ bool isWhole(qreal number)
     return number == std::floor(number);
 }
 
-/// Glyphs land on the same pixels whether Qt or we place them where both place them on whole pixels of the
-/// device: at other scales Qt rounds a text's places one after the other.
-bool keepsPixels(const QPainter& painter)
+/// Whether glyphs land on the same pixels, whoever places them: by whole factors and whole pixels no place is
+/// rounded in another way.
+/// Large glyphs are painted as outlines.
+bool keepsPixels(const QPainter& painter, const QFont& font)
 {
-    constexpr qreal largestScale = 4.0;
+    constexpr qreal largestGlyph = 48.0; // pixels of the device
     if (painter.paintEngine()->type() != QPaintEngine::Raster || painter.layoutDirection() == Qt::RightToLeft)
         return false;
     const QTransform& transform = painter.deviceTransform();
     return transform.type() <= QTransform::TxScale && transform.m11() == transform.m22()
-        && transform.m11() >= 1.0 && transform.m11() <= largestScale && isWhole(transform.m11())
-        && isWhole(transform.dx()) && isWhole(transform.dy());
+        && transform.m11() >= 1.0 && isWhole(transform.m11()) && isWhole(transform.dx())
+        && isWhole(transform.dy()) && font.pixelSize() > 0
+        && font.pixelSize() * transform.m11() <= largestGlyph;
 }
 
-/// Large glyphs are painted as outlines, and coordinates far outside saturate.
-bool isOfUsualSize(const TextShape& shape, const QRect& place)
+/// Coordinates far outside saturate.
+bool isNear(const QRect& place)
 {
-    constexpr qreal highestLine = 30.0;
     constexpr int farthest = 100000;
-    return shape.height <= highestLine && std::abs(place.x()) < farthest && std::abs(place.y()) < farthest
-        && place.width() < farthest && place.height() < farthest;
+    return std::abs(place.x()) < farthest && std::abs(place.y()) < farthest && place.width() < farthest
+        && place.height() < farthest;
 }
 
 QPointF cornerOf(const TextShape& shape, const QRect& place, int alignment)
@@ -67,6 +68,37 @@ QPointF cornerOf(const TextShape& shape, const QRect& place, int alignment)
     const qreal roomBeside = place.width() - shape.exactWidth, roomBelow = place.height() - shape.height;
     return QPointF(place.x() + ((alignment & Qt::AlignHCenter) != 0 ? roomBeside / 2 : 0.0),
                    place.y() + ((alignment & Qt::AlignVCenter) != 0 ? roomBelow / 2 : 0.0));
+}
+
+/// Where the runs go so that their places are rounded as drawText rounds them, in 1/64 of a pixel of the
+/// device; empty where no place does that.
+std::optional<QPointF> roundedCorner(const QPointF& corner, const QTransform& transform)
+{
+    constexpr qreal fixedPoint = 64.0;
+    if (isWhole(corner.x() * fixedPoint))
+        return corner;
+    if (transform.m11() != 1.0)
+        return std::nullopt;
+    // drawText cuts the text's place, on either side of 0, and adds those of its glyphs.
+    const qreal cut = std::trunc((corner.x() + transform.dx()) * fixedPoint) / fixedPoint;
+    return QPointF(cut - transform.dx(), corner.y());
+}
+
+/// Paints a text glyph by glyph where that is certain to be the same; answers whether it was.
+bool paintGlyphs(QPainter* painter, const QRect& place, int alignment, const QString& text, const QFont& font)
+{
+    constexpr int known = Qt::AlignLeft | Qt::AlignHCenter | Qt::AlignVCenter;
+    if ((alignment & ~known) != 0 || !keepsPixels(*painter, font))
+        return false;
+    const TextShape& shape = shapesOf(font).shape(text);
+    if (shape.runs.isEmpty() || !isNear(place))
+        return false;
+    const auto corner = roundedCorner(cornerOf(shape, place, alignment), painter->deviceTransform());
+    if (!corner)
+        return false;
+    for (const QGlyphRun& run : shape.runs)
+        painter->drawGlyphRun(*corner, run);
+    return true;
 }
 
 } // namespace
@@ -84,17 +116,18 @@ bool isWithin(int pixels, const QString& text, const QFont& font)
 
 void paintLine(QPainter* painter, const QRect& place, int alignment, const QString& text, const QFont& font)
 {
-    constexpr int known = Qt::AlignLeft | Qt::AlignHCenter | Qt::AlignVCenter;
-    if ((alignment & ~known) == 0 && font.pixelSize() > 0 && keepsPixels(*painter)) {
-        const TextShape& shape = shapesOf(font).shape(text);
-        if (!shape.runs.isEmpty() && isOfUsualSize(shape, place)) {
-            const QPointF corner = cornerOf(shape, place, alignment);
-            for (const QGlyphRun& run : shape.runs)
-                painter->drawGlyphRun(corner, run);
-            return;
-        }
-    }
-    painter->drawText(place, alignment | Qt::TextDontClip | Qt::TextSingleLine, text);
+    if (!paintGlyphs(painter, place, alignment, text, font))
+        painter->drawText(place, alignment | Qt::TextDontClip | Qt::TextSingleLine, text);
+}
+
+bool inkStaysIn(const QRect& room, const QRect& place, int alignment, const QString& text, const QFont& font)
+{
+    constexpr qreal rasterized = 1.0; // pixels by which hinting and whole pixels may widen an outline
+    const TextShape& shape = shapesOf(font).shape(text);
+    const QRectF ink = shape.ink.translated(cornerOf(shape, place, alignment));
+    return !shape.runs.isEmpty() && isNear(place) && ink.left() - rasterized >= room.left()
+        && ink.top() - rasterized >= room.top() && ink.right() + rasterized <= room.right() + 1
+        && ink.bottom() + rasterized <= room.bottom() + 1;
 }
 
 void forgetTexts()

@@ -14,8 +14,8 @@ namespace TC::detail {
 /// for last are made of is kept, a few thousand texts at most. GUI thread only.
 int textWidth(const QString& text, const QFont& font);
 
-/// Whether a text is certain to be shown whole in so many pixels, where QFontMetrics::elidedText might shorten
-/// it.
+/// Whether a text is certain to be shown whole in so many pixels, where QFontMetrics::elidedText might
+/// shorten it.
 bool isWithin(int pixels, const QString& text, const QFont& font);
 
 /// Paints a text in one line, in the painter's pen and in `font`, which the painter must have: the same
@@ -23,6 +23,9 @@ bool isWithin(int pixels, const QString& text, const QFont& font);
 /// on any paint engine but the raster one for a start, it is that very call. GUI thread only.
 /// @param alignment  of the text in `place`, which may be narrower than the text.
 void paintLine(QPainter* painter, const QRect& place, int alignment, const QString& text, const QFont& font);
+
+/// Whether what paintLine paints is certain to stay inside `room`, whatever the painter.
+bool inkStaysIn(const QRect& room, const QRect& place, int alignment, const QString& text, const QFont& font);
 
 /// Drops everything kept: fonts may have come or gone.
 void forgetTexts();
