@@ -23,7 +23,7 @@ struct Attribute
 /// Every attribute except the colours given by digits.
 const std::vector<Attribute>& allAttributes();
 
-/// The attribute of a name in capitals, COLORrrggbb included; nothing when there is none.
+/// The attribute of a name in capitals, COLORbbggrr and #RRGGBB included; nothing when there is none.
 std::optional<Attribute> findAttribute(const std::string& key);
 
 } // namespace engine::language

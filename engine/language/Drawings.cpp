@@ -26,7 +26,9 @@ std::vector<Function> drawingStatements()
             .takes("COND[,UPPER,LOWER]", "sss")
             .arguments(1, 3)
             .draws(se::DrawType::VertLine),
-        FunctionRow("DRAWKLINE", "K 线", "candles").takes("O,H,L,C", "ssss").draws(se::DrawType::Candle),
+        FunctionRow("DRAWKLINE", "K 线", "candles")
+            .takes("HIGH,OPEN,LOW,CLOSE", "ssss")
+            .draws(se::DrawType::Candle, "1023"),
         FunctionRow("STACKVOL", "叠加的成交量柱", "stacked volume bars")
             .takes("A,B,...", "s")
             .arguments(1, kMaxStacked)

@@ -1,6 +1,9 @@
 #include "engine/language/ExpressionParser.h"
 
+#include "engine/language/ForeignWords.h"
+
 #include <algorithm>
+#include <cmath>
 
 namespace engine::language {
 
@@ -98,7 +101,7 @@ NodeId ExpressionParser::readLevel(int level)
 NodeId ExpressionParser::readPrefixed()
 {
     const DepthGuard guard(m_depth);
-    if (m_depth > FormulaLimits::kMaxDepth) {
+    if (m_depth > FormulaLimits::kMaxDepth + 1) { // one for the operand inside
         m_reader.report(m_reader.current(), "嵌套太深", "nested too deeply");
         m_reader.fail();
         return kBroken;
@@ -126,7 +129,10 @@ NodeId ExpressionParser::readPrimary()
     const Token& token = m_reader.current();
     if (token.kind == TokenKind::Number)
         return numberNode(m_reader.take().number);
-    if (token.kind == TokenKind::Text) {
+    if (token.kind == TokenKind::Text || token.kind == TokenKind::Quoted) {
+        if (token.kind == TokenKind::Quoted)
+            m_reader.hint(token, "双引号里的文字，通常写单引号",
+                          "a text in double quotes, single quotes are usual");
         Node node;
         node.kind = Node::Kind::Text;
         node.text = m_reader.take().text;
@@ -169,6 +175,8 @@ NodeId ExpressionParser::readName()
                         std::string("expected ") + function->name + "(" + function->argumentNames + ")");
         return kBroken;
     }
+    if (reportForeign(name))
+        return kBroken;
     const std::string nearest = m_scope.nearest(name.key, false);
     m_reader.report(name, "没有这个名字" + (nearest.empty() ? "" : "，是不是 " + nearest),
                     "unknown name" + (nearest.empty() ? "" : ", did you mean " + nearest));
@@ -183,6 +191,8 @@ NodeId ExpressionParser::readCall(const Token& name)
         return kBroken;
     const Function* function = findFunction(name.key);
     if (!function) {
+        if (reportForeign(name))
+            return kBroken;
         const std::string nearest = m_scope.nearest(name.key, true);
         m_reader.report(name, "没有这个函数" + (nearest.empty() ? "" : "，是不是 " + nearest),
                         "unknown function" + (nearest.empty() ? "" : ", did you mean " + nearest));
@@ -223,12 +233,8 @@ std::vector<NodeId> ExpressionParser::readArguments(std::vector<Token>& starts)
 bool ExpressionParser::fits(const Token& name, const Function& function, const std::vector<NodeId>& arguments,
                             const std::vector<Token>& starts)
 {
-    const auto given = static_cast<int>(arguments.size());
-    if (given < function.minArguments || given > function.maxArguments) {
-        const std::string form = std::string(function.name) + "(" + function.argumentNames + ")";
-        m_reader.report(name, "参数个数不对，应为 " + form, "wrong number of arguments, expected " + form);
+    if (!isNumberOfArgumentsRight(name, function, starts))
         return false;
-    }
     const std::string signature = function.signature;
     bool isFit = true;
     for (std::size_t index = 0; index < arguments.size(); ++index) {
@@ -249,7 +255,75 @@ bool ExpressionParser::fits(const Token& name, const Function& function, const s
             isFit = false;
         }
     }
+    if (isFit) {
+        hintAtOrder(function, arguments, starts);
+        hintAtWindow(function, arguments, starts);
+    }
     return isFit;
+}
+
+bool ExpressionParser::isNumberOfArgumentsRight(const Token& name, const Function& function,
+                                                const std::vector<Token>& starts)
+{
+    const auto given = static_cast<int>(starts.size());
+    const std::string form = std::string(function.name)
+        + (function.maxArguments == 0 ? "" : std::string("(") + function.argumentNames + ")");
+    if (given > function.maxArguments)
+        m_reader.report(starts[static_cast<std::size_t>(function.maxArguments)], "多余的参数，应为 " + form,
+                        "an argument too many, expected " + form);
+    else if (given < function.minArguments)
+        m_reader.report(name, "参数个数不对，应为 " + form, "wrong number of arguments, expected " + form);
+    return given >= function.minArguments && given <= function.maxArguments;
+}
+
+/// Arguments that are series of the bars and named like other arguments of the function.
+void ExpressionParser::hintAtOrder(const Function& function, const std::vector<NodeId>& arguments,
+                                   const std::vector<Token>& starts)
+{
+    const std::string names = std::string(",") + function.argumentNames + ",";
+    std::string given = ",";
+    for (const NodeId argument : arguments) {
+        const Node& node = m_syntax[argument];
+        const bool isSeries = node.kind == Node::Kind::Call && node.function->maxArguments == 0;
+        if (!isSeries || names.find(std::string(",") + node.function->name + ",") == names.npos)
+            return;
+        given += std::string(node.function->name) + ",";
+    }
+    if (!arguments.empty() && given != names)
+        m_reader.hint(starts.front(), std::string("参数的次序是 ") + function.argumentNames,
+                      std::string("the order of the arguments is ") + function.argumentNames);
+}
+
+void ExpressionParser::hintAtWindow(const Function& function, const std::vector<NodeId>& arguments,
+                                    const std::vector<Token>& starts)
+{
+    if (!function.windowArgument || *function.windowArgument >= arguments.size())
+        return;
+    const std::optional<double> bars = writtenNumber(arguments[*function.windowArgument]);
+    if (bars && std::trunc(*bars) < function.leastWindow)
+        m_reader.hint(starts[*function.windowArgument], "这么多根 K 线没有结果",
+                      "there is no answer for this number of bars");
+}
+
+/// A number as it stands in the text, with its sign.
+std::optional<double> ExpressionParser::writtenNumber(NodeId id) const
+{
+    const Node& node = m_syntax[id];
+    if (node.kind == Node::Kind::Number)
+        return node.number;
+    if (node.kind != Node::Kind::Call || node.function != &operatorOf("NEG"))
+        return std::nullopt;
+    const Node& inside = m_syntax[node.arguments.front()];
+    return inside.kind == Node::Kind::Number ? std::optional<double>(-inside.number) : std::nullopt;
+}
+
+/// Says why a word that is known elsewhere is none here.
+bool ExpressionParser::reportForeign(const Token& name)
+{
+    const ForeignWord* word = findForeignWord(name.key);
+    if (word)
+        m_reader.report(name, word->chinese, word->english);
+    return word != nullptr;
 }
 
 bool ExpressionParser::atDrawing() const
@@ -270,7 +344,9 @@ void ExpressionParser::readDrawing(Output& output)
         return;
     output.isDrawing = true;
     output.drawType = *function.drawing;
-    for (std::size_t index = 0; index < arguments.size(); ++index) {
+    const std::string order = function.columnOrder;
+    for (std::size_t column = 0; column < arguments.size(); ++column) {
+        const std::size_t index = order.empty() ? column : static_cast<std::size_t>(order[column] - '0');
         const Node& argument = m_syntax[arguments[index]];
         if (argument.kind == Node::Kind::Text) {
             output.text = argument.text;

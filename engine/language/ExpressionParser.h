@@ -33,6 +33,14 @@ private:
     NodeId readName();
     NodeId readCall(const Token& name);
     std::vector<NodeId> readArguments(std::vector<Token>& starts);
+    bool isNumberOfArgumentsRight(const Token& name, const Function& function,
+                                  const std::vector<Token>& starts);
+    void hintAtOrder(const Function& function, const std::vector<NodeId>& arguments,
+                     const std::vector<Token>& starts);
+    void hintAtWindow(const Function& function, const std::vector<NodeId>& arguments,
+                      const std::vector<Token>& starts);
+    std::optional<double> writtenNumber(NodeId node) const;
+    bool reportForeign(const Token& name);
     bool fits(const Token& name, const Function& function, const std::vector<NodeId>& arguments,
               const std::vector<Token>& starts);
 

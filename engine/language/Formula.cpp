@@ -39,13 +39,13 @@ FormulaReading readFormula(std::string_view utf8)
     language::Problems problems;
     if (utf8.size() > FormulaLimits::kMaxBytes) {
         problems.add({}, {}, "公式超过 1 MB", "the formula is longer than a megabyte");
-        return { nullptr, problems.sorted() };
+        return { nullptr, problems.sorted(), {} };
     }
     const std::vector<language::Token> tokens = language::tokenize(utf8, problems);
     language::Syntax syntax = language::parse(tokens, problems);
     if (!problems.empty())
-        return { nullptr, problems.sorted() };
-    return { std::make_shared<const Formula>(std::move(syntax)), {} };
+        return { nullptr, problems.sorted(), problems.sortedHints() };
+    return { std::make_shared<const Formula>(std::move(syntax)), {}, problems.sortedHints() };
 }
 
 const std::vector<KnownWord>& knownWords()

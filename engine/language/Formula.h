@@ -59,11 +59,14 @@ private:
     std::unique_ptr<const language::Syntax> m_syntax;
 };
 
-/// What came of reading a text: a formula, or at least one problem.
+/// What came of reading a text: a formula, or at least one problem; and hints either way.
 struct FormulaReading
 {
     std::shared_ptr<const Formula> formula; ///< null when there are problems
     std::vector<Problem> problems;          ///< all of them, in the order of the text; at most 200
+    /// What is read although it is written in another way here, or may mean something else elsewhere; in the
+    /// order of the text, at most 200.
+    std::vector<Problem> hints;
 };
 
 /// Reads a text. Any bytes may be given. Any thread.

@@ -32,7 +32,8 @@ const std::vector<Function>& allFunctions()
     static const std::vector<Function> functions = [] {
         std::vector<Function> all;
         for (const auto rows : { elementwiseFunctions, barSeries, referenceFunctions, countingFunctions,
-                                 averageFunctions, windowFunctions, parabolicFunctions, drawingStatements }) {
+                                 averageFunctions, windowFunctions, pairFunctions, searchFunctions,
+                                 wholeFunctions, turningFunctions, parabolicFunctions, drawingStatements }) {
             const std::vector<Function> more = rows();
             all.insert(all.end(), more.begin(), more.end());
         }

@@ -137,8 +137,7 @@ private:
         if (isUsable)
             m_scope.addValue(name.key, value);
         if (m_reader.current().is(",") && !m_reader.hasFailed())
-            m_reader.expected("分号：用 := 定义的值不能有属性",
-                              "a semicolon: a hidden value takes no attributes");
+            OutputAttributes::passOver(m_reader);
     }
 
     /// NAME:expression, NAME#N:expression

@@ -51,6 +51,18 @@ QWidget* withLayout(QLayout* layout)
     return widget;
 }
 
+/// A line for each fault or hint.
+QStringList linesOf(const std::vector<engine::Problem>& problems, const QString& kind)
+{
+    QStringList lines;
+    for (const engine::Problem& problem : problems)
+        lines << QStringLiteral("第 %1 行第 %2 列：%3%4")
+                     .arg(problem.place.line)
+                     .arg(problem.place.column)
+                     .arg(kind, QString::fromStdString(problem.chinese));
+    return lines;
+}
+
 /// The text of a formula of its own, or of the built-in one it rests on.
 QString textOf(const OwnFormula& formula)
 {
@@ -205,11 +217,8 @@ bool FormulaEditor::check()
     m_read = reading.formula;
     m_text->setProblems(reading.problems);
     m_problems->clear();
-    for (const engine::Problem& problem : reading.problems)
-        m_problems->addItem(QStringLiteral("第 %1 行第 %2 列：%3")
-                                .arg(problem.place.line)
-                                .arg(problem.place.column)
-                                .arg(QString::fromStdString(problem.chinese)));
+    m_problems->addItems(linesOf(reading.problems, QString()));
+    m_problems->addItems(linesOf(reading.hints, QStringLiteral("提示：")));
     m_save->setEnabled(m_read != nullptr);
     fillParameters();
     preview();

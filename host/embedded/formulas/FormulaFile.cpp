@@ -28,9 +28,10 @@ public:
                   QStringList& problems)
         : m_json(json)
         , m_fileName(fileName)
-        , m_taken(taken.begin(), taken.end())
         , m_problems(problems)
     {
+        for (const QString& name : taken)
+            m_taken << name.toCaseFolded();
     }
 
     /// The entry, or one without a detail when something is wrong with it.
@@ -43,7 +44,7 @@ public:
         KnownFormula formula = value.isObject() ? readEntry(value.toObject()) : KnownFormula();
         if (m_problems.size() > problemsBefore)
             return {};
-        m_taken << formula.detail->realName << formula.detail->displayName;
+        m_taken << formula.detail->realName.toCaseFolded() << formula.detail->displayName.toCaseFolded();
         return formula;
     }
 
@@ -124,7 +125,7 @@ private:
         const QString name = entry.value(key).toString().trimmed();
         if (name.isEmpty())
             report({ key }, QStringLiteral("\"%1\" must be a text that is not empty").arg(key));
-        else if (m_taken.contains(name))
+        else if (m_taken.contains(name.toCaseFolded()))
             report({ key }, QStringLiteral("the name \"%1\" is taken").arg(name));
         return name;
     }
@@ -184,7 +185,7 @@ private:
     const QByteArray m_json;
     std::optional<JsonPlaces> m_places; ///< made for the first problem
     const QString m_fileName;
-    QSet<QString> m_taken;
+    QSet<QString> m_taken; ///< folded: names that differ in their case alone are the same to their user
     QStringList& m_problems;
     QStringList m_path; ///< of the entry
 };

@@ -29,7 +29,7 @@ TEST(FormulaOutputs, HaveTheDrawingTheyAskFor)
     EXPECT_EQ(drawTypeOf("X:C,COLORSTICK;"), 2);
     EXPECT_EQ(drawTypeOf("X:C,POINTDOT;"), 10);
     EXPECT_EQ(drawTypeOf("X:C,CIRCLEDOT;"), 11);
-    EXPECT_EQ(drawTypeOf("DRAWKLINE(O,H,L,C);"), 12);
+    EXPECT_EQ(drawTypeOf("DRAWKLINE(H,O,L,C);"), 12);
     EXPECT_EQ(drawTypeOf("DRAWTEXT(C>1,H,'x');"), 13);
     EXPECT_EQ(drawTypeOf("DRAWICON(C>1,H,1);"), 19);
     EXPECT_EQ(drawTypeOf("DRAWNUMBER(C>1,H,C,2);"), 26);
@@ -44,11 +44,30 @@ TEST(FormulaOutputs, HaveTheDrawingTheyAskFor)
 TEST(FormulaOutputs, HaveColourWidthAndStyle)
 {
     const auto meta =
-        recordsOf("A:C,COLORRED,LINETHICK3,DOTLINE; B:C,COLOR1234AB,DASHDOT; D:C,DASHDOTDOT;").meta;
+        recordsOf("A:C,COLORRED,LINETHICK3,DOTLINE; B:C,COLORAB3412,DASHDOT; D:C,DASHDOTDOT;").meta;
     EXPECT_EQ(meta.color, (std::vector<int> { 0x0000FF, 0xAB3412, 0 }));
     EXPECT_EQ(meta.colorSet, (std::vector<int> { 1, 1, 0 }));
     EXPECT_EQ(meta.lineWidth, (std::vector<int> { 3, 1, 1 }));
     EXPECT_EQ(meta.lineStyle, (std::vector<int> { 15, 16, 17 }));
+}
+
+TEST(FormulaOutputs, TakeColoursInEveryWayTheyAreWritten)
+{
+    const auto meta =
+        recordsOf("A:C,#1234AB; B:C,RGB(18,52,171); D:C,COLORLIRED; E:C,COLORAB3412,LINETHICK;").meta;
+    EXPECT_EQ(meta.color, (std::vector<int> { 0xAB3412, 0xAB3412, 0x8080FF, 0xAB3412 }));
+    EXPECT_EQ(meta.lineWidth, (std::vector<int> { 1, 1, 1, 1 }));
+}
+
+TEST(FormulaOutputs, OfCandlesTakeThePricesInTheOrderThatTradersWrite)
+{
+    auto bars = test::barsOf({ 4 });
+    bars.open = { 2 };
+    bars.high = { 5 };
+    bars.low = { 1 };
+    const auto records = recordsOf("K:DRAWKLINE(HIGH,OPEN,LOW,CLOSE);", bars);
+    for (std::size_t column = 0; column < 4; ++column)
+        EXPECT_EQ(test::seriesOf(records, "K", column).at(0), (std::vector<double> { 2, 5, 1, 4 })[column]);
 }
 
 TEST(FormulaOutputs, WithoutANameShowTheirValueAlone)
