@@ -1,6 +1,7 @@
 #include "apps/render/FormulaFile.h"
 
 #include "apps/base/FileNames.h"
+#include "apps/chart/NamedFormula.h"
 #include "engine/language/Formula.h"
 #include "host/embedded/FormulaSetup.h"
 #include "host/embedded/reading/TextDecoding.h"
@@ -41,7 +42,8 @@ QStringList openFormulaFile(const QString& path, QString& name, QStringList* hin
         return { QStringLiteral("%1: %2").arg(path, qt_error_string()) };
     // One byte more than a formula may have: a file without end is refused like one that is too long.
     const QByteArray text = file.read(static_cast<qint64>(engine::FormulaLimits::kMaxBytes) + 1);
-    const engine::FormulaReading reading = engine::readFormula(inUtf8(text).toStdString());
+    const engine::FormulaReading reading =
+        engine::readFormula(inUtf8(text).toStdString(), chart::knownFormulas());
     if (hints)
         *hints = linesOf(path, reading.hints, QStringLiteral("hint: "));
     if (reading.formula) {

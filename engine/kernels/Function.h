@@ -36,6 +36,7 @@ struct Function
     std::optional<se::DrawType::Code> drawing; ///< of a drawing statement
     /// Of a drawing statement: a digit per column, the argument that it takes; empty where they are in order.
     const char* columnOrder = "";
+    bool isBuilt = false;                    ///< a drawing put together from others, see BuiltDrawings.h
     KernelPointer (*makeKernel)() = nullptr; ///< null for drawings whose columns are their arguments
     const char* chinese = "";                ///< one line each; empty for operators
     const char* english = "";
@@ -125,6 +126,12 @@ public:
     {
         m_row.drawing = drawType;
         m_row.columnOrder = columnOrder;
+        return *this;
+    }
+
+    FunctionRow& built()
+    {
+        m_row.isBuilt = true;
         return *this;
     }
 

@@ -16,6 +16,7 @@ std::vector<Function> pairFunctions();        ///< covariance and what rests on 
 std::vector<Function> searchFunctions();      ///< how far back something reaches
 std::vector<Function> wholeFunctions();       ///< what depends on later bars
 std::vector<Function> turningFunctions();     ///< turning points of a zigzag
+std::vector<Function> lineDrawings();         ///< drawings that are lines of values of their own
 std::vector<Function> parabolicFunctions();   ///< stop and reverse
 
 } // namespace engine::language

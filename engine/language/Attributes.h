@@ -11,7 +11,18 @@ namespace engine::language {
 /// An attribute that stands behind an output: COLORRED, LINETHICK2, NODRAW.
 struct Attribute
 {
-    enum class Effect { Color, Width, Style, DrawType, NotDrawn, Decimals, HideInLegend, Position, Pane };
+    enum class Effect {
+        Color,
+        Width,
+        Style,
+        DrawType,
+        NotDrawn,
+        Decimals,
+        HideInLegend,
+        Position,
+        Pane,
+        Sticks
+    };
 
     std::string name;
     Effect effect;

@@ -40,8 +40,10 @@ constexpr Group kGroups[] = {
       "there are no loops and branches; use IF, FILTER and windows" },
     { "BARSTATUS ISUP ISDOWN ISEQUAL", "请用比较写，如 CLOSE>OPEN、BARPOS=1 或 ISLASTBAR",
       "write a comparison, such as CLOSE>OPEN, BARPOS=1 or ISLASTBAR" },
-    { "DRAWBMP DRAWSL DRAWRECTREL DRAWELLIPSE DRAWARC DRAWGBK DRAWFLAGTEXT DRAWPIE DRAWRECT",
-      "没有这种图形的画法", "there is no painter for this shape" },
+    { "DRAWBMP DRAWSL DRAWRECTREL DRAWELLIPSE DRAWARC DRAWFLAGTEXT DRAWPIE DRAWRECT", "没有这种图形的画法",
+      "there is no painter for this shape" },
+    { "DRAWGBK", "没有按 K 线着色背景的画法，可用 STICKLINE 或 FILLRGN",
+      "there is no painter for the background of bars; use STICKLINE or FILLRGN" },
     { "STRCAT STRCMP STRFIND STRLEFT STRLEN STRMID STRRIGHT STRSPACE SUBSTR CON2STR VAR2STR VARCAT VARCATS "
       "NUMTOSTR "
       "NUMTOSTRN STRTONMB TOSTRING",

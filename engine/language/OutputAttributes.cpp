@@ -81,7 +81,15 @@ void OutputAttributes::give(const Token& token, const Attribute& attribute)
     case Attribute::Effect::Color: giveColor(token, attribute.value); break;
     case Attribute::Effect::Width: m_output.lineWidth = attribute.value; break;
     case Attribute::Effect::Style: m_output.lineStyle = attribute.value; break;
-    case Attribute::Effect::DrawType: giveDrawType(token, attribute.value, true); break;
+    case Attribute::Effect::DrawType:
+        if (token.isWord("CROSSDOT"))
+            m_reader.hint(token, "没有叉形，按 POINTDOT 画", "there are no crosses, drawn as POINTDOT");
+        giveDrawType(token, attribute.value, true);
+        break;
+    case Attribute::Effect::Sticks:
+        giveDrawType(token, se::DrawType::Line, attribute.value == 1);
+        m_output.hasSticks = !m_output.isDrawing;
+        break;
     case Attribute::Effect::NotDrawn: giveDrawType(token, attribute.value, false); break;
     case Attribute::Effect::Decimals: m_output.decimals = attribute.value; break;
     case Attribute::Effect::HideInLegend: m_output.isHiddenInLegend = true; break;

@@ -9,6 +9,7 @@ namespace engine::language {
 
 namespace {
 
+constexpr std::size_t kMostCompared = 1000; // names of a text's own; more would make checking it slow
 constexpr const char* kKeywords[] = { "AND", "OR", "NOT", "PARAM" };
 
 template <class Value>
@@ -57,8 +58,10 @@ std::string Scope::nearest(const std::string& key, bool asCall) const
     if (!asCall) {
         for (const auto& [name, parameter] : m_parameters)
             nearest.consider(name);
-        for (const auto& [name, node] : m_values)
-            nearest.consider(name);
+        if (m_values.size() <= kMostCompared) {
+            for (const auto& [name, node] : m_values)
+                nearest.consider(name);
+        }
     }
     return nearest.best();
 }

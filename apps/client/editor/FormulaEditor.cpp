@@ -1,5 +1,6 @@
 #include "apps/client/editor/FormulaEditor.h"
 
+#include "apps/chart/NamedFormula.h"
 #include "apps/client/PlainTexts.h"
 #include "apps/client/editor/FormulaPreview.h"
 #include "apps/client/editor/FormulaText.h"
@@ -213,7 +214,8 @@ void FormulaEditor::edit(const QString& shownName)
 bool FormulaEditor::check()
 {
     m_pause->stop();
-    const engine::FormulaReading reading = engine::readFormula(m_text->toPlainText().toStdString());
+    const engine::FormulaReading reading =
+        engine::readFormula(m_text->toPlainText().toStdString(), chart::knownFormulas());
     m_read = reading.formula;
     m_text->setProblems(reading.problems);
     m_problems->clear();
@@ -343,7 +345,7 @@ void FormulaEditor::showFormula(const OwnFormula& formula, const QString& stored
     m_text->setPlainText(textOf(formula));
     m_text->setReadOnly(!m_base.isEmpty());
     m_values.clear();
-    m_read = engine::readFormula(m_text->toPlainText().toStdString()).formula;
+    m_read = engine::readFormula(m_text->toPlainText().toStdString(), chart::knownFormulas()).formula;
     for (int index = 0; m_read && index < formula.parameters.size(); ++index) {
         const auto place = static_cast<std::size_t>(index);
         if (place < m_read->parameters().size()

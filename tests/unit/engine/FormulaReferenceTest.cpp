@@ -44,13 +44,13 @@ std::vector<std::string> formulasOf(const std::string& page)
     return formulas;
 }
 
-/// The words of Latin letters and digits, apart from those that are part of a longer one.
+/// The words of Latin letters, digits and underscores, apart from those that are part of a longer one.
 std::set<std::string> wordsOf(const std::string& text)
 {
     std::set<std::string> words;
     std::string word;
     for (const char character : text + " ") {
-        if (std::isalnum(static_cast<unsigned char>(character))) {
+        if (std::isalnum(static_cast<unsigned char>(character)) || character == '_') {
             word += character;
             continue;
         }
