@@ -110,6 +110,7 @@ base::Result<void> loadBars(const Options& options, LoadedChart& chart)
     base::Result<chart::OpenedBars> opened = chart::openBarsFile(options.bars, options.instrument);
     if (!opened.isGood())
         return opened.failure();
+    chart.ownFormula = *formula;
     chart.picture.instrument = opened->instrument;
     chart.picture.times = opened->bars->timeMs;
     const base::Result<void> chosen = chooseBars(options, opened->bars->size(), chart);
