@@ -166,7 +166,7 @@ TEST(PaintLine, PaintsThePixelsOfDrawText)
         const QImage plain = draw(plainLine);
         const QImage ours =
             draw([&](QPainter& painter, const QRect& place, int alignment, const QString& text) {
-            paintLine(&painter, place, alignment, text, font);
+                paintLine(&painter, place, alignment, text, font);
             });
         ASSERT_EQ(ours, plain) << texts.join(QLatin1Char('|')).toStdString() << " in "
                                << font.toString().toStdString();

@@ -13,7 +13,6 @@
 
 #include <gtest/gtest.h>
 
-
 #include <sys/stat.h>
 #include <unistd.h>
 

@@ -120,7 +120,8 @@ private:
             ++count;
             m_line.to(QPoint(x, last));
         }
-        // Most is read before the end is looked at: memory is fetched ahead of a walk from left to right only.
+        // Most is read before the end is looked at: memory is fetched ahead of a walk from left to right
+        // only.
         constexpr int mostTail = 32; // bars; the last three rows are seldom spread over more
         const int middle = std::max(bar, end - mostTail);
         const Extremes inner = scan(bar, middle);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kOne = 64; ///< a pixel in 1/64
 constexpr int kHalf = 32;
-constexpr int kEdge = -1; ///< pixels: segments are cut a little beyond the device
+constexpr int kEdge = -1;         ///< pixels: segments are cut a little beyond the device
 constexpr int kNowhere = INT_MIN; ///< column of the last pixel where there is none
 constexpr int kAligned = 1 << 14; ///< slope of 1/4 in 1/65536
 
@@ -82,8 +82,8 @@ bool ThinLine::toDevice(const QPoint& from, const QPoint& to, Segment& segment)
 {
     const auto place = [](int coordinate, int move) { return (coordinate + move) * kOne; };
     if (isUncut(from) && isUncut(to)) {
-        segment = { place(from.x(), m_offset.x()), place(from.y(), m_offset.y()),
-                    place(to.x(), m_offset.x()), place(to.y(), m_offset.y()) };
+        segment = { place(from.x(), m_offset.x()), place(from.y(), m_offset.y()), place(to.x(), m_offset.x()),
+                    place(to.y(), m_offset.y()) };
         return true;
     }
     const double dx = m_offset.x(), dy = m_offset.y();
