@@ -1,6 +1,7 @@
 #include "engine/Formulas.h"
 
 #include "engine/evaluation/FormulaEvaluation.h"
+#include "engine/language/Lexer.h"
 
 #include <QFile>
 
@@ -28,7 +29,9 @@ std::vector<BuiltInFormula> readTexts()
         QFile file(QStringLiteral(":/formulas/%1.txt").arg(QLatin1String(name)));
         file.open(QIODevice::ReadOnly);
         const std::string source = file.readAll().toStdString();
-        formulas.push_back({ name, source, readFormula(source).formula });
+        // They call none another, as none is known before all are read.
+        formulas.push_back(
+            { name, source, readFormula(source, [](const std::string&) { return FoundFormula(); }).formula });
     }
     return formulas;
 }
@@ -47,6 +50,12 @@ const BuiltInFormula* findBuiltIn(const std::string& name)
     const auto found = std::find_if(formulas.begin(), formulas.end(),
                                     [&](const BuiltInFormula& formula) { return formula.name == name; });
     return found == formulas.end() ? nullptr : &*found;
+}
+
+FoundFormula findBuiltInFormula(const std::string& name)
+{
+    const BuiltInFormula* builtIn = findBuiltIn(language::inCapitals(name));
+    return { builtIn ? builtIn->formula : nullptr, {}, {} };
 }
 
 std::optional<FormulaRecords> computeFormula(const std::shared_ptr<const Formula>& formula,

@@ -29,6 +29,9 @@ ENGINE_EXPORT const std::vector<BuiltInFormula>& builtInFormulas();
 /// The built-in formula of an exact name ("MA"); null when there is none.
 ENGINE_EXPORT const BuiltInFormula* findBuiltIn(const std::string& name);
 
+/// The built-in formula of a name in any case, for texts that call others.
+ENGINE_EXPORT FoundFormula findBuiltInFormula(const std::string& name);
+
 /// Computes a formula once.
 ///
 /// @param formula  null gives nothing.

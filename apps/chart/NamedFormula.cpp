@@ -16,4 +16,13 @@ std::optional<engine::FormulaRecords> computeNamed(const QString& name, const en
     return records;
 }
 
+engine::FormulaLookup knownFormulas()
+{
+    return [](const std::string& name) {
+        const auto recipe = TC::embedded::resolveFormula(QString::fromStdString(name));
+        return recipe && recipe->formula ? engine::FoundFormula { recipe->formula, {}, {} }
+                                         : engine::findBuiltInFormula(name);
+    };
+}
+
 } // namespace chart

@@ -13,4 +13,7 @@ namespace chart {
 /// colours; empty for a name that it does not know.
 std::optional<engine::FormulaRecords> computeNamed(const QString& name, const engine::BarSeries& bars);
 
+/// Finds the formulas that a text may call: the user's own and the built-in ones.
+engine::FormulaLookup knownFormulas();
+
 } // namespace chart

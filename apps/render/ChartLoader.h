@@ -14,6 +14,7 @@ struct LoadedChart
 {
     std::deque<chart::PaneResults> results;
     chart::ChartPicture picture;
+    QString ownFormula; ///< name of the formula of a file of its own; empty without one
 };
 
 /// Reads the bars or trades and computes every formula of every pane.

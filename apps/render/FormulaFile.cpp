@@ -1,15 +1,40 @@
 #include "apps/render/FormulaFile.h"
 
 #include "apps/base/FileNames.h"
+#include "apps/chart/NamedFormula.h"
 #include "engine/language/Formula.h"
 #include "host/embedded/FormulaSetup.h"
+#include "host/embedded/reading/TextDecoding.h"
 
 #include <QFile>
 #include <QFileInfo>
 
 namespace render {
 
-QStringList openFormulaFile(const QString& path, QString& name)
+namespace {
+
+QStringList linesOf(const QString& path, const std::vector<engine::Problem>& problems, const QString& kind)
+{
+    QStringList lines;
+    for (const engine::Problem& problem : problems)
+        lines << QStringLiteral("%1:%2:%3: %4%5 (%6)")
+                     .arg(path, QString::number(problem.place.line), QString::number(problem.place.column),
+                          kind, QString::fromStdString(problem.english),
+                          QString::fromStdString(problem.chinese));
+    return lines;
+}
+
+/// The bytes of a file that is UTF-8 as they are, so that its faults keep their places; those of other
+/// encodings turned into UTF-8.
+QByteArray inUtf8(const QByteArray& bytes)
+{
+    const QString text = TC::embedded::decodeText(bytes);
+    return text.contains(QChar::ReplacementCharacter) ? bytes : text.toUtf8();
+}
+
+} // namespace
+
+QStringList openFormulaFile(const QString& path, QString& name, QStringList* hints)
 {
     QFile file;
     const int descriptor = base::openForReading(path);
@@ -17,18 +42,15 @@ QStringList openFormulaFile(const QString& path, QString& name)
         return { QStringLiteral("%1: %2").arg(path, qt_error_string()) };
     // One byte more than a formula may have: a file without end is refused like one that is too long.
     const QByteArray text = file.read(static_cast<qint64>(engine::FormulaLimits::kMaxBytes) + 1);
-    const engine::FormulaReading reading = engine::readFormula(text.toStdString());
-    QStringList problems;
-    for (const engine::Problem& problem : reading.problems)
-        problems << QStringLiteral("%1:%2:%3: %4 (%5)")
-                        .arg(path, QString::number(problem.place.line), QString::number(problem.place.column),
-                             QString::fromStdString(problem.english),
-                             QString::fromStdString(problem.chinese));
+    const engine::FormulaReading reading =
+        engine::readFormula(inUtf8(text).toStdString(), chart::knownFormulas());
+    if (hints)
+        *hints = linesOf(path, reading.hints, QStringLiteral("hint: "));
     if (reading.formula) {
         name = QFileInfo(path).completeBaseName();
         TC::embedded::setTextFormula(name, reading.formula);
     }
-    return problems;
+    return linesOf(path, reading.problems, {});
 }
 
 } // namespace render

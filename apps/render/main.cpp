@@ -3,41 +3,67 @@
 #include "apps/base/FileNames.h"
 #include "apps/base/MemoryShortage.h"
 #include "apps/base/WholeFile.h"
-#include "apps/chart/TextExport.h"
 #include "apps/render/ChartLoader.h"
 #include "apps/render/FormulaFile.h"
 #include "apps/render/Options.h"
 #include "apps/render/PictureFile.h"
 #include "host/embedded/EmbeddedHost.h"
+#include "host/embedded/FormulaSetup.h"
 
 #include <QApplication>
 #include <QPainter>
 
 #include <cstdio>
+#include <limits>
 
 namespace {
 
-/// Writes the first pane's formulas, or the one that was named, as text.
-base::Result<void> exportPane(const render::Options& options, chart::PaneResults& pane)
+base::Result<void> writeExport(const render::Options& options, chart::PaneResults& pane, const QString& one)
 {
-    if (!options.exportOne.isEmpty() && !pane.getFormulas().contains(options.exportOne))
-        return base::Failure {
-            QStringLiteral("--export-one: the first pane has no formula \"%1\"").arg(options.exportOne)
-        };
-    const std::string text = chart::exportText(pane, options.exportOne, options.withTime);
-    if (const auto fault = base::writeWholeFile(options.exportTo, QByteArray::fromStdString(text)))
+    const std::string text = pane.exported(one, options.withTime);
+    if (text.size() > std::numeric_limits<int>::max())
+        return base::Failure { QStringLiteral("--export: the text is larger than 2 GiB") };
+    const QByteArray bytes = QByteArray::fromRawData(text.data(), static_cast<int>(text.size())); // no copy
+    if (const auto fault = base::writeWholeFile(options.exportTo, bytes))
         return base::Failure { fault->english() };
     return {};
 }
 
-/// Prints what is wrong with the text of a formula.
+/// Writes the first pane's formulas as text, or the one that was named. Of a formula's own file that formula
+/// is what is asked for, whatever pane it stands in.
+base::Result<void> exportPane(const render::Options& options, render::LoadedChart& chart)
+{
+    const bool isOwn = !chart.ownFormula.isEmpty() && options.exportOne.isEmpty() && options.panes.empty();
+    if (isOwn) {
+        for (chart::PaneResults& pane : chart.results) {
+            if (pane.getFormulas().contains(chart.ownFormula))
+                return writeExport(options, pane, chart.ownFormula);
+        }
+    }
+    chart::PaneResults& pane = chart.results.front();
+    if (!options.exportOne.isEmpty() && !pane.getFormulas().contains(options.exportOne))
+        return base::Failure {
+            QStringLiteral("--export-one: the first pane has no formula \"%1\"").arg(options.exportOne)
+        };
+    return writeExport(options, pane, options.exportOne);
+}
+
+/// Prints lines about the texts of formulas.
+void print(const QStringList& lines)
+{
+    for (const QString& line : lines)
+        std::fprintf(stderr, "%s\n", base::printable(line).toUtf8().constData());
+}
+
+/// Prints what is wrong with the text of a formula, and what it is told of besides.
 /// @return the program's exit code.
 int checkFormula(const QString& file)
 {
     QString name;
-    const QStringList problems = render::openFormulaFile(file, name);
-    for (const QString& problem : problems)
-        std::fprintf(stderr, "%s\n", base::printable(problem).toUtf8().constData());
+    QStringList hints;
+    const QStringList problems = render::openFormulaFile(file, name, &hints);
+    print(hints);
+    print(problems);
     return problems.isEmpty() ? 0 : base::kFailed;
 }
 
@@ -49,11 +75,12 @@ base::Result<void> renderChart(const render::Options& options)
         if (!failure.isEmpty())
             return base::Failure { failure };
     }
+    print(TC::embedded::loadFormulas()); // a user's formula that is left out is told of
     base::Result<render::LoadedChart> chart = render::loadChart(options);
     if (!chart.isGood())
         return chart.failure();
     if (!options.exportTo.isEmpty()) {
-        const base::Result<void> exported = exportPane(options, chart->results.front());
+        const base::Result<void> exported = exportPane(options, *chart);
         if (!exported.isGood() || options.output.isEmpty())
             return exported;
     }

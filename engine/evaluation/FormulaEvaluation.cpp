@@ -131,7 +131,7 @@ private:
         return readers;
     }
 
-    /// How many columns stand at once, those of the records included.
+    /// How many columns stand at once, those of the records included, texts by the room they take.
     std::size_t maxColumns() const
     {
         std::size_t standing = 0, most = 0;
@@ -151,6 +151,10 @@ private:
         }
         for (const std::vector<StepId>& columns : m_plan.outputColumns)
             most += columns.size();
+        for (const Output& output : m_formula->syntax().outputs) {
+            if (!output.text.empty())
+                most += (sizeof(std::string) + output.text.size()) / sizeof(double) + 1;
+        }
         return most;
     }
 

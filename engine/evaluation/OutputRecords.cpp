@@ -68,7 +68,9 @@ OutputRecords::OutputRecords(const Syntax& syntax, const Plan& plan, const std::
         m_described.push_back(&output);
         const std::string name = recordName(output, index, parameters);
         m_builder.output(name, output.drawType);
-        if (output.isDrawing)
+        const bool isLine =
+            output.drawType == se::DrawType::Line || output.drawType == se::DrawType::SegmentLine;
+        if (output.isDrawing && !isLine)
             describeDrawing(output, columns);
         else
             describeLine(output, columns);

@@ -116,6 +116,8 @@ private:
 
     std::size_t lookAheadOf(const Step& step) const
     {
+        if (step.function->looksAheadEndlessly)
+            return kEndless;
         std::size_t ahead = 0;
         for (const StepId argument : step.arguments)
             ahead = std::max(ahead, at(argument).lookAhead);

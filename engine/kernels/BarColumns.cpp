@@ -27,6 +27,41 @@ public:
     }
 };
 
+/// A column of the index at the bars that begin with this series' own.
+template <std::vector<double> BarSeries::*Column>
+class IndexKernel : public Kernel
+{
+public:
+    void compute(const Operand*, const Work& work, double* result) override
+    {
+        static const BarSeries none;
+        const BarSeries& index = work.bars.index ? *work.bars.index : none;
+        auto found = index.timeMs.begin();
+        for (std::size_t bar = work.from; bar < work.count; ++bar) {
+            const std::int64_t time = work.bars.timeMs[bar];
+            if (bar == work.from)
+                found = std::lower_bound(found, index.timeMs.end(), time);
+            while (found != index.timeMs.end() && *found < time)
+                ++found;
+            const bool isSame = found != index.timeMs.end() && *found == time;
+            result[bar] = isSame
+                ? valueAt(index.*Column, static_cast<std::size_t>(found - index.timeMs.begin()))
+                : kMissing;
+        }
+    }
+};
+
+/// A number of shares, the same on all bars.
+template <double BarSeries::*Shares>
+class SharesKernel : public Kernel
+{
+public:
+    void compute(const Operand*, const Work& work, double* result) override
+    {
+        std::fill(result + work.from, result + work.count, valueOrMissing(work.bars.*Shares));
+    }
+};
+
 /// The greatest of H - L, |H - C'| and |L - C'| (J. W. Wilder, "New Concepts in Technical Trading Systems",
 /// 1978); H - L where there is no close before.
 class TrueRangeKernel : public Kernel
@@ -106,6 +141,12 @@ FunctionRow column(const char* name, const char* chinese, const char* english)
     return FunctionRow(name, chinese, english).runs<ColumnKernel<Column>>();
 }
 
+template <std::vector<double> BarSeries::*Column>
+FunctionRow indexColumn(const char* name, const char* chinese, const char* english)
+{
+    return FunctionRow(name, chinese, english).runs<IndexKernel<Column>>();
+}
+
 template <int (*Part)(const CivilTime&)>
 FunctionRow timePart(const char* name, const char* chinese, const char* english)
 {
@@ -125,6 +166,15 @@ std::vector<Function> barSeries()
         column<&BarSeries::amount>("AMOUNT", "成交额", "turnover").needs(&BarSeries::amount),
         column<&BarSeries::openInterest>("OPENINT", "持仓量", "open interest")
             .needs(&BarSeries::openInterest),
+        indexColumn<&BarSeries::open>("INDEXO", "对照指数的开盘价", "open of the index"),
+        indexColumn<&BarSeries::high>("INDEXH", "对照指数的最高价", "high of the index"),
+        indexColumn<&BarSeries::low>("INDEXL", "对照指数的最低价", "low of the index"),
+        indexColumn<&BarSeries::close>("INDEXC", "对照指数的收盘价", "close of the index"),
+        indexColumn<&BarSeries::volume>("INDEXV", "对照指数的成交量", "volume of the index"),
+        indexColumn<&BarSeries::amount>("INDEXA", "对照指数的成交额", "turnover of the index"),
+        FunctionRow("CAPITAL", "流通股本", "floating shares")
+            .runs<SharesKernel<&BarSeries::floatingShares>>(),
+        FunctionRow("TOTALCAPITAL", "总股本", "all shares").runs<SharesKernel<&BarSeries::totalShares>>(),
         FunctionRow("TR", "真实波幅", "true range").runs<TrueRangeKernel>(),
         timePart<dateOf>("DATE", "日期，如 1240305 为 2024 年 3 月 5 日", "date, 1240305 for 5 March 2024"),
         timePart<timeOf>("TIME", "时间，如 930 为 9:30", "time of day, 930 for 9:30"),

@@ -86,6 +86,136 @@ private:
     const Operand m_values;
 };
 
+/// The value at the bar on which the condition last held.
+class ValueWhenStep
+{
+public:
+    using State = double;
+
+    ValueWhenStep(const Operand* arguments, const Work&)
+        : m_condition(arguments[0])
+        , m_values(arguments[1])
+    {
+    }
+
+    double operator()(State& held, std::size_t bar) const
+    {
+        if (bar == 0)
+            held = kMissing;
+        if (isTrue(m_condition[bar]))
+            held = m_values[bar];
+        return held;
+    }
+
+private:
+    const Operand m_condition, m_values;
+};
+
+/// Bars in a row up to this one on which something holds.
+template <class Holds>
+class RunStep
+{
+public:
+    using State = double;
+
+    RunStep(const Operand* arguments, const Work&)
+        : m_holds { arguments }
+    {
+    }
+
+    double operator()(State& run, std::size_t bar) const
+    {
+        run = m_holds(bar) ? run + 1.0 : 0.0;
+        return run;
+    }
+
+private:
+    const Holds m_holds;
+};
+
+/// 1 when something has held on each of the last N bars.
+template <class Holds, std::size_t kPeriod>
+class RunOfStep : public RunStep<Holds>
+{
+public:
+    RunOfStep(const Operand* arguments, const Work& work)
+        : RunStep<Holds>(arguments, work)
+        , m_periods(arguments[kPeriod])
+    {
+    }
+
+    double operator()(double& run, std::size_t bar) const
+    {
+        RunStep<Holds>::operator()(run, bar);
+        const double bars = std::trunc(m_periods[bar]);
+        return bars >= 1.0 ? static_cast<double>(run >= bars) : kMissing;
+    }
+
+private:
+    const Operand m_periods;
+};
+
+struct Condition
+{
+    const Operand* arguments;
+
+    bool operator()(std::size_t bar) const { return isTrue(arguments[0][bar]); }
+};
+
+struct Rising
+{
+    const Operand* arguments;
+
+    bool operator()(std::size_t bar) const { return bar > 0 && arguments[0][bar] > arguments[0][bar - 1]; }
+};
+
+struct Falling
+{
+    const Operand* arguments;
+
+    bool operator()(std::size_t bar) const { return bar > 0 && arguments[0][bar] < arguments[0][bar - 1]; }
+};
+
+struct FirstAbove
+{
+    const Operand* arguments;
+
+    bool operator()(std::size_t bar) const { return arguments[0][bar] > arguments[1][bar]; }
+};
+
+/// Lets of two kinds of signals that take turns the first of each run pass.
+class TurnFilterStep
+{
+public:
+    using State = int; ///< the kind that passed last: 1, 2, or 0 for none
+
+    TurnFilterStep(const Operand* arguments, const Work&)
+        : m_first(arguments[0])
+        , m_second(arguments[1])
+        , m_wanted(std::trunc(arguments[2][0]))
+    {
+    }
+
+    double operator()(State& last, std::size_t bar) const
+    {
+        if (!(m_wanted >= 0.0 && m_wanted <= 2.0))
+            return kMissing;
+        int passed = 0;
+        if (last != 1 && isTrue(m_first[bar]))
+            passed = 1;
+        else if (last == 1 && isTrue(m_second[bar]))
+            passed = 2;
+        last = passed == 0 ? last : passed;
+        if (m_wanted == 0.0)
+            return passed;
+        return passed == static_cast<int>(m_wanted) ? 1.0 : 0.0;
+    }
+
+private:
+    const Operand m_first, m_second;
+    const double m_wanted;
+};
+
 /// Lets a signal pass and then none for some bars.
 class FilterStep
 {
@@ -183,6 +313,31 @@ std::vector<Function> countingFunctions()
         FunctionRow("BARSCOUNT", "自第一个有效值起的根数", "bars from the first value on, which counts 1")
             .takes("X", "s")
             .runs<Recurrence<BarsCountStep>>(),
+        FunctionRow("BARSLASTCOUNT", "连续成立的根数", "bars in a row on which the condition holds")
+            .takes("COND", "s")
+            .runs<Recurrence<RunStep<Condition>>>(),
+        FunctionRow("VALUEWHEN", "上次成立时的 X", "X of the bar on which the condition last held")
+            .takes("COND,X", "ss")
+            .runs<Recurrence<ValueWhenStep>>(),
+        FunctionRow("UPNDAY", "是否连涨 N 根", "1 when X has risen on each of N bars")
+            .takes("X,N", "ss")
+            .window(1)
+            .logical()
+            .runs<Recurrence<RunOfStep<Rising, 1>>>(),
+        FunctionRow("DOWNNDAY", "是否连跌 N 根", "1 when X has fallen on each of N bars")
+            .takes("X,N", "ss")
+            .window(1)
+            .logical()
+            .runs<Recurrence<RunOfStep<Falling, 1>>>(),
+        FunctionRow("NDAY", "A 是否连续 N 根高于 B", "1 when A has stood above B on each of N bars")
+            .takes("A,B,N", "sss")
+            .window(2)
+            .logical()
+            .runs<Recurrence<RunOfStep<FirstAbove, 2>>>(),
+        FunctionRow("TFILTER", "轮流出现的信号，各取第一个",
+                    "of two signals that take turns, the first of each run")
+            .takes("A,B,KIND", "ssc")
+            .runs<Recurrence<TurnFilterStep>>(),
         FunctionRow("CROSS", "A 上穿 B", "1 where A rises through B")
             .takes("A,B", "ss")
             .logical()
@@ -190,6 +345,7 @@ std::vector<Function> countingFunctions()
         FunctionRow("LONGCROSS", "A 在 N 根低于 B 之后上穿",
                     "1 where A rises through B after N bars below it")
             .takes("A,B,N", "ssc")
+            .window(2)
             .logical()
             .runs<Recurrence<LongCrossStep>>(),
         FunctionRow("FILTER", "成立后 N 根内不再提示", "the condition, held back for N bars after it held")

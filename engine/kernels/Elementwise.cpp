@@ -136,6 +136,17 @@ struct If
         return condition != 0.0 ? then : otherwise;
     }
 };
+struct IfNot
+{
+    double operator()(double condition, double then, double otherwise) const
+    {
+        return If()(condition, otherwise, then);
+    }
+};
+struct IsValid
+{
+    double operator()(double a) const { return isMissing(a) ? 0.0 : 1.0; }
+};
 struct IsNull
 {
     double operator()(double a) const { return !isMissing(a) ? 0.0 : 1.0; }
@@ -168,6 +179,30 @@ struct Sign
 struct IntegerPart
 {
     double operator()(double a) const { return std::trunc(a); }
+};
+struct Floor
+{
+    double operator()(double a) const { return std::floor(a); }
+};
+struct Ceiling
+{
+    double operator()(double a) const { return std::ceil(a); }
+};
+struct Fraction
+{
+    double operator()(double a) const { return a - std::trunc(a); }
+};
+struct ArcTangent
+{
+    double operator()(double a) const { return std::atan(a); }
+};
+struct ArcSine
+{
+    double operator()(double a) const { return std::asin(a); }
+};
+struct ArcCosine
+{
+    double operator()(double a) const { return std::acos(a); }
 };
 struct Round
 {
@@ -294,7 +329,11 @@ std::vector<Function> elementwiseFunctions()
         FunctionRow("NOT").isOperator().takes("", "s").elementwise().runs<UnaryKernel<Not>>().logical(),
         FunctionRow("DRAWNULL", "缺值", "a missing value").runs<NullKernel>(),
         ofThree<If>("IF", "成立取 A，否则取 B", "A where the condition holds, else B")
+            .takes("COND,A,B", "sss")
+            .alias("IFF"),
+        ofThree<IfNot>("IFN", "成立取 B，否则取 A", "B where the condition holds, else A")
             .takes("COND,A,B", "sss"),
+        ofOne<IsValid>("ISVALID", "是否有值", "1 where X has a value").logical(),
         ofOne<IsNull>("ISNULL", "是否缺值", "1 where X is missing").logical(),
         ofThree<Between>("BETWEEN", "X 是否在 A 与 B 之间（含）",
                          "1 when X lies between A and B, ends included")
@@ -307,6 +346,9 @@ std::vector<Function> elementwiseFunctions()
         ofOne<Abs>("ABS", "绝对值", "absolute value"),
         ofOne<Sign>("SGN", "符号：1、0、-1", "sign: 1, 0 or -1"),
         ofOne<IntegerPart>("INTPART", "整数部分", "integer part, towards zero"),
+        ofOne<Floor>("FLOOR", "向下取整", "the greatest integer up to X"),
+        ofOne<Ceiling>("CEILING", "向上取整", "the least integer from X on"),
+        ofOne<Fraction>("FRACPART", "小数部分", "fraction, with the sign of X"),
         ofOne<Round>("ROUND", "四舍五入", "nearest integer, halves away from zero"),
         ofTwo<Modulo>("MOD", "余数，符号同 A", "remainder with the sign of A"),
         ofTwo<Power>("POW", "A 的 B 次方", "A to the power of B"),
@@ -317,6 +359,9 @@ std::vector<Function> elementwiseFunctions()
         ofOne<Sine>("SIN", "正弦（弧度）", "sine of radians"),
         ofOne<Cosine>("COS", "余弦（弧度）", "cosine of radians"),
         ofOne<Tangent>("TAN", "正切（弧度）", "tangent of radians"),
+        ofOne<ArcSine>("ASIN", "反正弦（弧度）", "arc sine in radians"),
+        ofOne<ArcCosine>("ACOS", "反余弦（弧度）", "arc cosine in radians"),
+        ofOne<ArcTangent>("ATAN", "反正切（弧度）", "arc tangent in radians"),
     };
 }
 

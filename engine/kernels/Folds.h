@@ -155,6 +155,35 @@ struct TrendFold
     }
 };
 
+struct ProductFold
+{
+    struct State
+    {
+        double product = 1.0;
+    };
+
+    static State of(double value, std::size_t) { return { value }; }
+    static State merged(const State& a, const State& b) { return { a.product * b.product }; }
+    static double answer(const State& window, double, std::size_t) { return window.product; }
+};
+
+/// The first bar on which a condition holds.
+struct FirstHeldFold
+{
+    struct State
+    {
+        bool hasHeld = false;
+        std::size_t bar = 0;
+    };
+
+    static State of(double condition, std::size_t bar) { return { isTrue(condition), bar }; }
+    static State merged(const State& a, const State& b) { return a.hasHeld ? a : b; }
+    static double answer(const State& window, double, std::size_t bar)
+    {
+        return window.hasHeld ? static_cast<double>(bar - window.bar) : kMissing;
+    }
+};
+
 /// How many conditions hold.
 struct CountFold
 {

@@ -28,9 +28,17 @@ struct Function
     std::optional<std::size_t> lookAheadArgument;
     /// The optional column of the bars without which there is no value at all; null when there is none.
     std::vector<double> BarSeries::*neededColumn = nullptr;
+    /// The value changes with bars that come later, however many.
+    bool looksAheadEndlessly = false;
+    /// The argument that counts the bars of a window, and the least number that has an answer.
+    std::optional<std::size_t> windowArgument;
+    double leastWindow = 1.0;
     std::optional<se::DrawType::Code> drawing; ///< of a drawing statement
-    KernelPointer (*makeKernel)() = nullptr;   ///< null for drawings
-    const char* chinese = "";                  ///< one line each; empty for operators
+    /// Of a drawing statement: a digit per column, the argument that it takes; empty where they are in order.
+    const char* columnOrder = "";
+    bool isBuilt = false;                    ///< a drawing put together from others, see BuiltDrawings.h
+    KernelPointer (*makeKernel)() = nullptr; ///< null for drawings whose columns are their arguments
+    const char* chinese = "";                ///< one line each; empty for operators
     const char* english = "";
 };
 
@@ -93,15 +101,37 @@ public:
         return *this;
     }
 
+    FunctionRow& looksAheadEndlessly()
+    {
+        m_row.looksAheadEndlessly = true;
+        return *this;
+    }
+
+    /// @param least  1, or 0 where that stands for all bars so far.
+    FunctionRow& window(std::size_t argument, double least = 1.0)
+    {
+        m_row.windowArgument = argument;
+        m_row.leastWindow = least;
+        return *this;
+    }
+
     FunctionRow& needs(std::vector<double> BarSeries::*column)
     {
         m_row.neededColumn = column;
         return *this;
     }
 
-    FunctionRow& draws(se::DrawType::Code drawType)
+    /// @param columnOrder  as Function::columnOrder.
+    FunctionRow& draws(se::DrawType::Code drawType, const char* columnOrder = "")
     {
         m_row.drawing = drawType;
+        m_row.columnOrder = columnOrder;
+        return *this;
+    }
+
+    FunctionRow& built()
+    {
+        m_row.isBuilt = true;
         return *this;
     }
 

@@ -12,6 +12,11 @@ std::vector<Function> referenceFunctions();   ///< values of other bars
 std::vector<Function> countingFunctions();    ///< bars since something, crossings
 std::vector<Function> averageFunctions();     ///< recursive averages
 std::vector<Function> windowFunctions();      ///< sums, extremes, statistics of the last bars
+std::vector<Function> pairFunctions();        ///< covariance and what rests on it
+std::vector<Function> searchFunctions();      ///< how far back something reaches
+std::vector<Function> wholeFunctions();       ///< what depends on later bars
+std::vector<Function> turningFunctions();     ///< turning points of a zigzag
+std::vector<Function> lineDrawings();         ///< drawings that are lines of values of their own
 std::vector<Function> parabolicFunctions();   ///< stop and reverse
 
 } // namespace engine::language

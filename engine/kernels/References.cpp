@@ -38,9 +38,13 @@ std::vector<Function> referenceFunctions()
     return {
         FunctionRow("REF", "X 在 N 根之前的值", "X of N bars before")
             .takes("X,N", "ss")
+            .alias("REFV")
+            .window(1, 0.0)
             .runs<ReferenceKernel>(),
         FunctionRow("REFX", "X 在 N 根之后的值（未来数据）", "X of N bars later (looks into the future)")
             .takes("X,N", "ss")
+            .alias("REFXV")
+            .window(1, 0.0)
             .looksAheadBy(1)
             .runs<ReferenceAheadKernel>(),
     };

@@ -49,6 +49,26 @@ public:
         return state;
     }
 
+    /// The shortest stretch that ends before `end` and whose state is accepted; 0 when there is none.
+    /// Whatever holds a stretch that is accepted must be accepted itself.
+    template <class Accepts>
+    std::size_t shortestBefore(std::size_t end, Accepts accepts) const
+    {
+        State state {};
+        std::size_t begin = end, level = 0;
+        while (begin > 0) {
+            while (level + 1 < m_levels.size() && (begin >> level) % 2 == 0)
+                ++level;
+            while (level > 0 && accepts(Fold::merged(m_levels[level][(begin >> level) - 1], state)))
+                --level;
+            state = Fold::merged(m_levels[level][(begin >> level) - 1], state);
+            begin -= std::size_t(1) << level;
+            if (level == 0 && accepts(state))
+                return end - begin;
+        }
+        return 0;
+    }
+
 private:
     std::vector<std::vector<State>> m_levels;
 };

@@ -11,9 +11,9 @@ namespace engine::language {
 
 /// What a window does where its bars are not all there.
 enum class Window {
-    Whole,      ///< every bar must have a value; a length of 0 has no answer
-    WholeOrAll, ///< as Whole; a length of 0 takes all values so far
-    Conditions  ///< bars before the first and bars without a value count as not true; 0 takes all bars so far
+    Whole,     ///< every bar must have a value; a length of 0 has no answer
+    There,     ///< the values that are there, none on a bar without one; 0 takes all so far
+    Conditions ///< bars before the first and bars without a value count as not true; 0 takes all bars so far
 };
 
 /// Folds the window of N bars that ends at each bar. With a constant N, bars are cut into blocks of N, and a
@@ -43,11 +43,14 @@ private:
     using State = typename Fold::State;
 
     static constexpr bool kTakesGaps = kWindow == Window::Conditions;
+    static constexpr bool kTakesFewer = kWindow != Window::Whole;
 
     static bool isThere(double value) { return kTakesGaps || !isMissing(value); }
 
     static State stateOf(double value, std::size_t bar)
     {
+        if (kWindow == Window::There && isMissing(value))
+            return State {};
         return Fold::of(kTakesGaps || !isMissing(value) ? value : 0.0, bar);
     }
 
@@ -82,10 +85,11 @@ private:
             }
             head = Fold::merged(head, stateOf(values[bar], bar));
             present = isThere(values[bar]) ? present + 1 : 0;
-            if (present >= length)
+            if (present >= length || (kWindow == Window::There && present > 0 && bar >= length))
                 result[bar] = answer(Fold::merged(tails[length - 1 - inBlock], head), length, bar);
             else
-                result[bar] = kTakesGaps ? answer(head, length, bar) : kMissing;
+                result[bar] =
+                    kTakesGaps || (kTakesFewer && present > 0) ? answer(head, length, bar) : kMissing;
         }
     }
 
@@ -122,8 +126,9 @@ private:
                 m_keptPresent = present;
             present = isThere(values[bar]) ? present + 1 : 0;
             const std::size_t asked = barsOf(lengths[bar]).value_or(0);
-            const std::size_t length = kTakesGaps ? std::min(asked, bar + 1) : asked;
-            const bool isWhole = length > 0 && length <= present;
+            const std::size_t length = kTakesFewer ? std::min(asked, bar + 1) : asked;
+            const std::size_t needed = kWindow == Window::There ? 1 : length;
+            const bool isWhole = length > 0 && needed <= present;
             result[bar] = isWhole ? answer(m_tree.fold(bar + 1 - length, bar + 1), asked, bar) : kMissing;
         }
         if (work.keep >= work.count)

@@ -94,15 +94,19 @@ using IsLower = std::less<double>;
 template <class Fold>
 FunctionRow window(const char* name, const char* chinese, const char* english)
 {
-    return FunctionRow(name, chinese, english).takes("X,N", "ss").runs<WindowKernel<Fold, Window::Whole>>();
+    return FunctionRow(name, chinese, english)
+        .takes("X,N", "ss")
+        .window(1)
+        .runs<WindowKernel<Fold, Window::Whole>>();
 }
 
 template <class Fold>
-FunctionRow windowOrAll(const char* name, const char* chinese, const char* english)
+FunctionRow windowThere(const char* name, const char* chinese, const char* english)
 {
     return FunctionRow(name, chinese, english)
         .takes("X,N", "ss")
-        .runs<WindowKernel<Fold, Window::WholeOrAll>>();
+        .window(1, 0.0)
+        .runs<WindowKernel<Fold, Window::There>>();
 }
 
 template <class Fold>
@@ -110,6 +114,7 @@ FunctionRow condition(const char* name, const char* chinese, const char* english
 {
     return FunctionRow(name, chinese, english)
         .takes("COND,N", "ss")
+        .window(1, 0.0)
         .runs<WindowKernel<Fold, Window::Conditions>>();
 }
 
@@ -120,14 +125,14 @@ std::vector<Function> windowFunctions()
     return {
         window<MeanFold>("MA", "简单移动平均", "simple moving average"),
         window<WeightedMeanFold>("WMA", "加权移动平均，权重 1 至 N", "moving average weighted 1 to N"),
-        windowOrAll<SumFold>("SUM", "N 根之和，N 为 0 时全部累加", "sum of N bars; N=0: of all so far"),
-        windowOrAll<ExtremeFold<IsHigher>>("HHV", "N 根内最大值，N 为 0 时为历史",
+        windowThere<SumFold>("SUM", "N 根之和，N 为 0 时全部累加", "sum of N bars; N=0: of all so far"),
+        windowThere<ExtremeFold<IsHigher>>("HHV", "N 根内最大值，N 为 0 时为历史",
                                            "greatest of N bars; N=0: of all so far"),
-        windowOrAll<ExtremeFold<IsLower>>("LLV", "N 根内最小值，N 为 0 时为历史",
+        windowThere<ExtremeFold<IsLower>>("LLV", "N 根内最小值，N 为 0 时为历史",
                                           "least of N bars; N=0: of all so far"),
-        windowOrAll<BarsSinceExtremeFold<IsHigher>>("HHVBARS", "N 根内最大值到现在的根数",
+        windowThere<BarsSinceExtremeFold<IsHigher>>("HHVBARS", "N 根内最大值到现在的根数",
                                                     "bars since the greatest of N bars"),
-        windowOrAll<BarsSinceExtremeFold<IsLower>>("LLVBARS", "N 根内最小值到现在的根数",
+        windowThere<BarsSinceExtremeFold<IsLower>>("LLVBARS", "N 根内最小值到现在的根数",
                                                    "bars since the least of N bars"),
         window<SampleDeviationFold>("STD", "样本标准差", "sample standard deviation"),
         window<PopulationDeviationFold>("STDP", "总体标准差", "population standard deviation"),
@@ -135,10 +140,14 @@ std::vector<Function> windowFunctions()
         window<PopulationVarianceFold>("VARP", "总体方差", "population variance"),
         FunctionRow("AVEDEV", "平均绝对偏差", "mean absolute deviation")
             .takes("X,N", "ss")
+            .window(1)
             .runs<MeanDeviationKernel>(),
         window<MomentsFold>("DEVSQ", "偏差平方和", "sum of squared deviations"),
         window<SlopeFold>("SLOPE", "线性回归斜率", "slope of the least-squares line"),
         window<ForecastFold>("FORCAST", "线性回归的当前值", "least-squares line at the bar"),
+        window<ProductFold>("MULAR", "N 根之积", "product of N bars"),
+        condition<FirstHeldFold>("BARSSINCEN", "N 根内首次成立至今的根数",
+                                 "bars since the condition first held within N bars"),
         condition<CountFold>("COUNT", "N 根内成立的次数，N 为 0 时全部",
                              "bars of N on which the condition holds; N=0: of all so far"),
         condition<EveryFold>("EVERY", "N 根内是否一直成立", "1 when the condition holds on all of N bars")

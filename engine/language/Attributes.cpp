@@ -13,9 +13,11 @@ struct NamedColor
 };
 
 constexpr NamedColor kColors[] = {
-    { "RED", 0x0000FF },   { "GREEN", 0x00FF00 },   { "BLUE", 0xFF0000 },
-    { "CYAN", 0xFFFF54 },  { "MAGENTA", 0xFF00FF }, { "YELLOW", 0x00FFFF },
-    { "WHITE", 0xFFFFFF }, { "GRAY", 0x808080 },    { "BROWN", 0x004080 },
+    { "RED", 0x0000FF },      { "GREEN", 0x00FF00 },  { "BLUE", 0xFF0000 },    { "CYAN", 0xFFFF54 },
+    { "MAGENTA", 0xFF00FF },  { "YELLOW", 0x00FFFF }, { "WHITE", 0xFFFFFF },   { "GRAY", 0x808080 },
+    { "BROWN", 0x004080 },    { "BLACK", 0x000000 },  { "ORANGE", 0x0080FF },  { "LIRED", 0x8080FF },
+    { "LIGREEN", 0x80FF80 },  { "LIBLUE", 0xFF8080 }, { "LICYAN", 0xFFFFAA },  { "LIMAGENTA", 0xFF80FF },
+    { "LIYELLOW", 0x80FFFF }, { "LIGRAY", 0xC0C0C0 }, { "LIBROWN", 0x4080C0 },
 };
 
 std::vector<Attribute> makeAttributes()
@@ -30,6 +32,7 @@ std::vector<Attribute> makeAttributes()
         for (int value = 0; value <= last; ++value)
             attributes.push_back({ name + std::to_string(value), effect, value, chinese, english });
     };
+    attributes.push_back({ "LINETHICK", Effect::Width, 1, "线宽 1 像素", "a line one pixel wide" });
     numbered("LINETHICK", 7, Effect::Width, "线宽（像素），0 为不画", "line width in pixels; 0: not drawn");
     numbered("PRECIS", 4, Effect::Decimals, "图例中的小数位数", "decimals in the legend");
     numbered("ALIGN", se::Position::PaneBottom, Effect::Position, "文字、数字、图标的位置",
@@ -44,6 +47,10 @@ std::vector<Attribute> makeAttributes()
           "volume bars in the candle's colour" },
         { "POINTDOT", Effect::DrawType, se::DrawType::PointDot, "点", "a dot per bar" },
         { "CIRCLEDOT", Effect::DrawType, se::DrawType::CircleDot, "小圆点", "a small circle per bar" },
+        { "CROSSDOT", Effect::DrawType, se::DrawType::PointDot, "点（没有叉形，按 POINTDOT 画）",
+          "a dot per bar; there are no crosses" },
+        { "STICK", Effect::Sticks, 0, "从零起的柱", "sticks from zero" },
+        { "LINESTICK", Effect::Sticks, 1, "线加从零起的柱", "a line, and sticks from zero" },
         { "SEGMENT", Effect::DrawType, se::DrawType::SegmentLine, "在缺值处断开的线",
           "a line that breaks at missing values" },
         { "BOOLLINE", Effect::DrawType, se::DrawType::BoolLine, "0/1 阶梯线", "a step line of 0 and 1" },
@@ -57,15 +64,22 @@ std::vector<Attribute> makeAttributes()
     return attributes;
 }
 
-/// COLORrrggbb.
+/// The six hexadecimal digits behind a beginning of the key.
+std::optional<int> digitsBehind(const std::string& beginning, const std::string& key)
+{
+    constexpr std::size_t digits = 6;
+    if (key.size() != beginning.size() + digits || key.compare(0, beginning.size(), beginning) != 0
+        || key.find_first_not_of("0123456789ABCDEF", beginning.size()) != std::string::npos)
+        return std::nullopt;
+    return std::stoi(key.substr(beginning.size()), nullptr, 16);
+}
+
+/// COLORbbggrr, the order of the packed colour itself, or #RRGGBB.
 std::optional<int> digitsColor(const std::string& key)
 {
-    constexpr std::size_t prefix = 5, digits = 6;
-    if (key.size() != prefix + digits || key.compare(0, prefix, "COLOR") != 0
-        || key.find_first_not_of("0123456789ABCDEF", prefix) != std::string::npos)
-        return std::nullopt;
-    const int rgb = std::stoi(key.substr(prefix), nullptr, 16);
-    return (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16;
+    if (const std::optional<int> rgb = digitsBehind("#", key))
+        return (*rgb & 0xFF) << 16 | (*rgb & 0xFF00) | *rgb >> 16;
+    return digitsBehind("COLOR", key);
 }
 
 } // namespace

@@ -11,7 +11,18 @@ namespace engine::language {
 /// An attribute that stands behind an output: COLORRED, LINETHICK2, NODRAW.
 struct Attribute
 {
-    enum class Effect { Color, Width, Style, DrawType, NotDrawn, Decimals, HideInLegend, Position, Pane };
+    enum class Effect {
+        Color,
+        Width,
+        Style,
+        DrawType,
+        NotDrawn,
+        Decimals,
+        HideInLegend,
+        Position,
+        Pane,
+        Sticks
+    };
 
     std::string name;
     Effect effect;
@@ -23,7 +34,7 @@ struct Attribute
 /// Every attribute except the colours given by digits.
 const std::vector<Attribute>& allAttributes();
 
-/// The attribute of a name in capitals, COLORrrggbb included; nothing when there is none.
+/// The attribute of a name in capitals, COLORbbggrr and #RRGGBB included; nothing when there is none.
 std::optional<Attribute> findAttribute(const std::string& key);
 
 } // namespace engine::language

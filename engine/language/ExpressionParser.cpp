@@ -1,6 +1,10 @@
 #include "engine/language/ExpressionParser.h"
 
+#include "engine/language/Attributes.h"
+#include "engine/language/ForeignWords.h"
+
 #include <algorithm>
+#include <cmath>
 
 namespace engine::language {
 
@@ -98,7 +102,7 @@ NodeId ExpressionParser::readLevel(int level)
 NodeId ExpressionParser::readPrefixed()
 {
     const DepthGuard guard(m_depth);
-    if (m_depth > FormulaLimits::kMaxDepth) {
+    if (m_depth > FormulaLimits::kMaxDepth + 1) { // one for the operand inside
         m_reader.report(m_reader.current(), "嵌套太深", "nested too deeply");
         m_reader.fail();
         return kBroken;
@@ -126,7 +130,15 @@ NodeId ExpressionParser::readPrimary()
     const Token& token = m_reader.current();
     if (token.kind == TokenKind::Number)
         return numberNode(m_reader.take().number);
-    if (token.kind == TokenKind::Text) {
+    const std::size_t dot = token.kind == TokenKind::Quoted ? token.text.find('.') : std::string::npos;
+    if (dot != std::string::npos && dot > 0) {
+        const Token call = m_reader.take();
+        return readFormulaCall(call, call.text.substr(0, dot), call.text.substr(dot + 1));
+    }
+    if (token.kind == TokenKind::Text || token.kind == TokenKind::Quoted) {
+        if (token.kind == TokenKind::Quoted)
+            m_reader.hint(token, "双引号里的文字，通常写单引号",
+                          "a text in double quotes, single quotes are usual");
         Node node;
         node.kind = Node::Kind::Text;
         node.text = m_reader.take().text;
@@ -150,6 +162,10 @@ NodeId ExpressionParser::readName()
     const Token name = m_reader.take();
     if (m_reader.current().is("("))
         return readCall(name);
+    if (m_reader.current().is(".") && m_reader.next().kind == TokenKind::Name) {
+        m_reader.take();
+        return readFormulaCall(name, name.text, m_reader.take().text);
+    }
     const Function* function = findFunction(name.key);
     if (function && function->maxArguments == 0)
         return callNode(*function, {});
@@ -164,15 +180,108 @@ NodeId ExpressionParser::readName()
             m_reader.report(name, "绘图没有数值", "a drawing has no value");
         return std::max(*value, kBroken);
     }
+    const std::optional<Attribute> attribute = findAttribute(name.key);
+    if (attribute && attribute->effect == Attribute::Effect::Color)
+        return numberNode(attribute->value);
     if (function) {
         m_reader.report(name, std::string("此处应为 ") + function->name + "(" + function->argumentNames + ")",
                         std::string("expected ") + function->name + "(" + function->argumentNames + ")");
         return kBroken;
     }
+    if (reportForeign(name))
+        return kBroken;
     const std::string nearest = m_scope.nearest(name.key, false);
     m_reader.report(name, "没有这个名字" + (nearest.empty() ? "" : "，是不是 " + nearest),
                     "unknown name" + (nearest.empty() ? "" : ", did you mean " + nearest));
     return kBroken;
+}
+
+/// An output of another formula, with parameters in parentheses behind it or with the formula's own.
+NodeId ExpressionParser::readFormulaCall(const Token& place, const std::string& formula,
+                                         const std::string& output)
+{
+    std::vector<Token> starts;
+    std::vector<NodeId> given;
+    if (m_reader.current().is("("))
+        given = readArguments(starts);
+    if (m_reader.hasFailed())
+        return kBroken;
+    const FoundFormula found = m_lookup(formula);
+    if (!found.formula) {
+        m_reader.report(place, found.chinese.empty() ? "没有公式 " + formula : found.chinese,
+                        found.english.empty() ? "unknown formula " + formula : found.english);
+        return kBroken;
+    }
+    const Syntax& called = found.formula->syntax();
+    const std::vector<std::string> names = found.formula->outputNames();
+    const auto name = std::find_if(names.begin(), names.end(), [&](const std::string& known) {
+        return !known.empty() && inCapitals(known) == inCapitals(output);
+    });
+    const std::size_t index = static_cast<std::size_t>(name - names.begin());
+    if (name == names.end() || called.outputs[index].isDrawing) {
+        m_reader.report(place, "公式 " + formula + " 没有输出值 " + output,
+                        "the formula " + formula + " has no value " + output);
+        return kBroken;
+    }
+    const std::vector<NodeId> parameters = formulaParameters(called, given, starts);
+    const bool isSound = parameters.size() == called.parameters.size()
+        && std::count(parameters.begin(), parameters.end(), kBroken) == 0;
+    return isSound ? inlined(called, called.outputs[index].columns.front(), parameters) : kBroken;
+}
+
+/// One number for each parameter of a formula that is called, within its range; fewer after a fault.
+std::vector<NodeId> ExpressionParser::formulaParameters(const Syntax& called,
+                                                        const std::vector<NodeId>& given,
+                                                        const std::vector<Token>& starts)
+{
+    if (given.size() > called.parameters.size()) {
+        m_reader.report(starts[called.parameters.size()], "多余的参数",
+                        "an argument too many for the formula");
+        return {};
+    }
+    std::vector<NodeId> parameters;
+    for (std::size_t index = 0; index < called.parameters.size(); ++index) {
+        const Parameter& parameter = called.parameters[index];
+        if (index >= given.size()) {
+            parameters.push_back(numberNode(parameter.value));
+            continue;
+        }
+        const bool isNumber = given[index] != kBroken && m_syntax[given[index]].isConstant
+            && m_syntax[given[index]].kind != Node::Kind::Text;
+        if (!isNumber) {
+            if (given[index] != kBroken)
+                m_reader.report(starts[index], "此处应为数字或参数，不能随 K 线变化",
+                                "expected a number or a parameter, which does not change from bar to bar");
+            return {};
+        }
+        const NodeId least = callNode(*findFunction("MAX"), { given[index], numberNode(parameter.min) });
+        parameters.push_back(callNode(*findFunction("MIN"), { least, numberNode(parameter.max) }));
+    }
+    return parameters;
+}
+
+/// A value of another formula, with all that it rests on, as a part of this one.
+NodeId ExpressionParser::inlined(const Syntax& called, NodeId value, const std::vector<NodeId>& parameters)
+{
+    std::vector<bool> isNeeded(called.nodes.size());
+    isNeeded[static_cast<std::size_t>(value)] = true;
+    for (std::size_t node = called.nodes.size(); node-- > 0;) {
+        for (const NodeId argument : called.nodes[node].arguments)
+            isNeeded[static_cast<std::size_t>(argument)] =
+                isNeeded[static_cast<std::size_t>(argument)] || isNeeded[node];
+    }
+    std::vector<NodeId> copies(called.nodes.size(), kBroken);
+    for (std::size_t node = 0; node < called.nodes.size() && !m_reader.hasFailed(); ++node) {
+        if (!isNeeded[node])
+            continue;
+        Node copy = called.nodes[node];
+        for (NodeId& argument : copy.arguments)
+            argument = copies[static_cast<std::size_t>(argument)];
+        copies[node] = copy.kind == Node::Kind::Parameter
+            ? parameters[static_cast<std::size_t>(copy.parameter)]
+            : add(std::move(copy));
+    }
+    return m_reader.hasFailed() ? kBroken : copies[static_cast<std::size_t>(value)];
 }
 
 NodeId ExpressionParser::readCall(const Token& name)
@@ -181,8 +290,12 @@ NodeId ExpressionParser::readCall(const Token& name)
     const std::vector<NodeId> arguments = readArguments(starts);
     if (m_reader.hasFailed())
         return kBroken;
+    if (name.key == "RGB")
+        return colorNode(name, arguments);
     const Function* function = findFunction(name.key);
     if (!function) {
+        if (reportForeign(name))
+            return kBroken;
         const std::string nearest = m_scope.nearest(name.key, true);
         m_reader.report(name, "没有这个函数" + (nearest.empty() ? "" : "，是不是 " + nearest),
                         "unknown function" + (nearest.empty() ? "" : ", did you mean " + nearest));
@@ -193,6 +306,26 @@ NodeId ExpressionParser::readCall(const Token& name)
         return kBroken;
     }
     return fits(name, *function, arguments, starts) ? callNode(*function, arguments) : kBroken;
+}
+
+/// RGB(r,g,b) of written numbers is a packed colour.
+NodeId ExpressionParser::colorNode(const Token& name, const std::vector<NodeId>& parts)
+{
+    int packed = 0;
+    for (std::size_t part = 0; part < parts.size() && parts.size() == 3; ++part) {
+        const std::optional<double> number =
+            parts[part] == kBroken ? std::nullopt : writtenNumber(parts[part]);
+        if (!number || !(*number >= 0.0 && *number <= 255.0)) {
+            m_reader.report(name, "RGB 的各部分应为 0 至 255 的数字",
+                            "the parts of RGB are numbers from 0 to 255");
+            return kBroken;
+        }
+        packed |= static_cast<int>(*number) << (8 * part);
+    }
+    if (parts.size() == 3)
+        return numberNode(packed);
+    m_reader.report(name, "参数个数不对，应为 RGB(r,g,b)", "wrong number of arguments, expected RGB(r,g,b)");
+    return kBroken;
 }
 
 std::vector<NodeId> ExpressionParser::readArguments(std::vector<Token>& starts)
@@ -223,12 +356,8 @@ std::vector<NodeId> ExpressionParser::readArguments(std::vector<Token>& starts)
 bool ExpressionParser::fits(const Token& name, const Function& function, const std::vector<NodeId>& arguments,
                             const std::vector<Token>& starts)
 {
-    const auto given = static_cast<int>(arguments.size());
-    if (given < function.minArguments || given > function.maxArguments) {
-        const std::string form = std::string(function.name) + "(" + function.argumentNames + ")";
-        m_reader.report(name, "参数个数不对，应为 " + form, "wrong number of arguments, expected " + form);
+    if (!isNumberOfArgumentsRight(name, function, starts))
         return false;
-    }
     const std::string signature = function.signature;
     bool isFit = true;
     for (std::size_t index = 0; index < arguments.size(); ++index) {
@@ -249,7 +378,77 @@ bool ExpressionParser::fits(const Token& name, const Function& function, const s
             isFit = false;
         }
     }
+    if (isFit) {
+        hintAtOrder(function, arguments, starts);
+        hintAtWindow(function, arguments, starts);
+    }
     return isFit;
+}
+
+bool ExpressionParser::isNumberOfArgumentsRight(const Token& name, const Function& function,
+                                                const std::vector<Token>& starts)
+{
+    const auto given = static_cast<int>(starts.size());
+    const std::string form = std::string(function.name)
+        + (function.maxArguments == 0 ? "" : std::string("(") + function.argumentNames + ")");
+    if (given > function.maxArguments)
+        m_reader.report(starts[static_cast<std::size_t>(function.maxArguments)], "多余的参数，应为 " + form,
+                        "an argument too many, expected " + form);
+    else if (given < function.minArguments)
+        m_reader.report(name, "参数个数不对，应为 " + form, "wrong number of arguments, expected " + form);
+    return given >= function.minArguments && given <= function.maxArguments;
+}
+
+/// Arguments that are series of the bars and named like other arguments of the function.
+void ExpressionParser::hintAtOrder(const Function& function, const std::vector<NodeId>& arguments,
+                                   const std::vector<Token>& starts)
+{
+    const std::string names = std::string(",") + function.argumentNames + ",";
+    std::string given = ",";
+    for (const NodeId argument : arguments) {
+        const Node& node = m_syntax[argument];
+        const bool isSeries = node.kind == Node::Kind::Call && node.function->maxArguments == 0;
+        if (!isSeries || names.find(std::string(",") + node.function->name + ",") == names.npos)
+            return;
+        given += std::string(node.function->name) + ",";
+    }
+    if (!arguments.empty() && given != names)
+        m_reader.hint(starts.front(), std::string("参数的次序是 ") + function.argumentNames,
+                      std::string("the order of the arguments is ") + function.argumentNames);
+}
+
+void ExpressionParser::hintAtWindow(const Function& function, const std::vector<NodeId>& arguments,
+                                    const std::vector<Token>& starts)
+{
+    if (!function.windowArgument || *function.windowArgument >= arguments.size())
+        return;
+    const std::optional<double> bars = writtenNumber(arguments[*function.windowArgument]);
+    if (bars && std::trunc(*bars) < function.leastWindow)
+        m_reader.hint(starts[*function.windowArgument], "这么多根 K 线没有结果",
+                      "there is no answer for this number of bars");
+}
+
+/// A number as it stands in the text, with its sign.
+std::optional<double> ExpressionParser::writtenNumber(NodeId id) const
+{
+    if (id == kBroken)
+        return std::nullopt;
+    const Node& node = m_syntax[id];
+    if (node.kind == Node::Kind::Number)
+        return node.number;
+    if (node.kind != Node::Kind::Call || node.function != &operatorOf("NEG"))
+        return std::nullopt;
+    const Node& inside = m_syntax[node.arguments.front()];
+    return inside.kind == Node::Kind::Number ? std::optional<double>(-inside.number) : std::nullopt;
+}
+
+/// Says why a word that is known elsewhere is none here.
+bool ExpressionParser::reportForeign(const Token& name)
+{
+    const ForeignWord* word = findForeignWord(name.key);
+    if (word)
+        m_reader.report(name, word->chinese, word->english);
+    return word != nullptr;
 }
 
 bool ExpressionParser::atDrawing() const
@@ -260,17 +459,24 @@ bool ExpressionParser::atDrawing() const
     return function && function->drawing.has_value();
 }
 
-void ExpressionParser::readDrawing(Output& output)
+std::vector<Output> ExpressionParser::readDrawing(const Output& named)
 {
     const Token name = m_reader.take();
     const Function& function = *findFunction(name.key);
     std::vector<Token> starts;
     const std::vector<NodeId> arguments = readArguments(starts);
+    Output output = named;
     if (m_reader.hasFailed() || !fits(name, function, arguments, starts))
-        return;
+        return { output };
     output.isDrawing = true;
     output.drawType = *function.drawing;
-    for (std::size_t index = 0; index < arguments.size(); ++index) {
+    if (function.makeKernel) {
+        output.columns = { callNode(function, arguments) };
+        return { output };
+    }
+    const std::string order = function.columnOrder;
+    for (std::size_t column = 0; column < arguments.size(); ++column) {
+        const std::size_t index = order.empty() ? column : static_cast<std::size_t>(order[column] - '0');
         const Node& argument = m_syntax[arguments[index]];
         if (argument.kind == Node::Kind::Text) {
             output.text = argument.text;
@@ -279,6 +485,31 @@ void ExpressionParser::readDrawing(Output& output)
         output.columns.push_back(arguments[index]);
         output.columnNames.push_back(starts[index].text);
     }
+    if (!function.isBuilt)
+        return { output };
+    const std::vector<Output> built = builtOutputs(function, output, output.columns, nodeMaker());
+    if (!built.empty())
+        return built;
+    m_reader.report(name,
+                    std::string("应为 ") + function.name + "(" + function.argumentNames
+                        + ")，颜色写成 RGB(r,g,b) 或 COLORRED",
+                    std::string("expected ") + function.name + "(" + function.argumentNames
+                        + ") with colours such as RGB(r,g,b) or COLORRED");
+    return { output };
+}
+
+Output ExpressionParser::readSticks(const Output& output)
+{
+    return sticksOf(output, nodeMaker());
+}
+
+NodeMaker ExpressionParser::nodeMaker()
+{
+    return { [this](double number) { return numberNode(number); },
+             [this](const Function& function, const std::vector<NodeId>& arguments) {
+                 return callNode(function, arguments);
+             },
+             [this](NodeId node) { return writtenNumber(node); } };
 }
 
 NodeId ExpressionParser::numberNode(double number)
@@ -290,6 +521,8 @@ NodeId ExpressionParser::numberNode(double number)
 
 NodeId ExpressionParser::callNode(const Function& function, const std::vector<NodeId>& arguments)
 {
+    if (std::count(arguments.begin(), arguments.end(), kBroken) > 0)
+        return kBroken;
     Node node;
     node.kind = Node::Kind::Call;
     node.function = &function;

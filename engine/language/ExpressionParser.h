@@ -1,6 +1,7 @@
 #pragma once
 /// @file Reads expressions.
 
+#include "engine/language/BuiltDrawings.h"
 #include "engine/language/Scope.h"
 #include "engine/language/TokenReader.h"
 
@@ -11,10 +12,12 @@ namespace engine::language {
 class ExpressionParser
 {
 public:
-    ExpressionParser(TokenReader& reader, const Scope& scope, Syntax& syntax)
+    /// @param lookup  finds the formulas that the text calls.
+    ExpressionParser(TokenReader& reader, const Scope& scope, Syntax& syntax, const FormulaLookup& lookup)
         : m_reader(reader)
         , m_scope(scope)
         , m_syntax(syntax)
+        , m_lookup(lookup)
     {
     }
 
@@ -23,8 +26,10 @@ public:
 
     /// Whether a drawing statement stands at the reader.
     bool atDrawing() const;
-    /// Reads a drawing statement into the output.
-    void readDrawing(Output& output);
+    /// Reads a drawing statement into outputs that carry the name; at least one.
+    std::vector<Output> readDrawing(const Output& named);
+    /// The sticks that an output asks for.
+    Output readSticks(const Output& output);
 
 private:
     NodeId readLevel(int level);
@@ -33,6 +38,20 @@ private:
     NodeId readName();
     NodeId readCall(const Token& name);
     std::vector<NodeId> readArguments(std::vector<Token>& starts);
+    NodeId readFormulaCall(const Token& place, const std::string& formula, const std::string& output);
+    NodeId inlined(const Syntax& called, NodeId value, const std::vector<NodeId>& parameters);
+    std::vector<NodeId> formulaParameters(const Syntax& called, const std::vector<NodeId>& given,
+                                          const std::vector<Token>& starts);
+    NodeMaker nodeMaker();
+    NodeId colorNode(const Token& name, const std::vector<NodeId>& parts);
+    bool isNumberOfArgumentsRight(const Token& name, const Function& function,
+                                  const std::vector<Token>& starts);
+    void hintAtOrder(const Function& function, const std::vector<NodeId>& arguments,
+                     const std::vector<Token>& starts);
+    void hintAtWindow(const Function& function, const std::vector<NodeId>& arguments,
+                      const std::vector<Token>& starts);
+    std::optional<double> writtenNumber(NodeId node) const;
+    bool reportForeign(const Token& name);
     bool fits(const Token& name, const Function& function, const std::vector<NodeId>& arguments,
               const std::vector<Token>& starts);
 
@@ -43,6 +62,7 @@ private:
     TokenReader& m_reader;
     const Scope& m_scope;
     Syntax& m_syntax;
+    const FormulaLookup& m_lookup;
     int m_depth = 0;
 };
 

@@ -1,5 +1,6 @@
 #include "engine/language/Formula.h"
 
+#include "engine/Formulas.h"
 #include "engine/language/Attributes.h"
 #include "engine/language/Parser.h"
 #include "engine/language/Syntax.h"
@@ -34,18 +35,19 @@ int Formula::kind() const
     return m_syntax->kind.value_or(0);
 }
 
-FormulaReading readFormula(std::string_view utf8)
+FormulaReading readFormula(std::string_view utf8, const FormulaLookup& lookup)
 {
     language::Problems problems;
     if (utf8.size() > FormulaLimits::kMaxBytes) {
         problems.add({}, {}, "公式超过 1 MB", "the formula is longer than a megabyte");
-        return { nullptr, problems.sorted() };
+        return { nullptr, problems.sorted(), {} };
     }
     const std::vector<language::Token> tokens = language::tokenize(utf8, problems);
-    language::Syntax syntax = language::parse(tokens, problems);
+    language::Syntax syntax =
+        language::parse(tokens, problems, lookup ? lookup : FormulaLookup(findBuiltInFormula));
     if (!problems.empty())
-        return { nullptr, problems.sorted() };
-    return { std::make_shared<const Formula>(std::move(syntax)), {} };
+        return { nullptr, problems.sorted(), problems.sortedHints() };
+    return { std::make_shared<const Formula>(std::move(syntax)), {}, problems.sortedHints() };
 }
 
 const std::vector<KnownWord>& knownWords()

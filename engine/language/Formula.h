@@ -6,6 +6,7 @@
 #include "engine/EngineExport.h"
 #include "engine/language/Problem.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -59,15 +60,29 @@ private:
     std::unique_ptr<const language::Syntax> m_syntax;
 };
 
-/// What came of reading a text: a formula, or at least one problem.
+/// What came of reading a text: a formula, or at least one problem; and hints either way.
 struct FormulaReading
 {
     std::shared_ptr<const Formula> formula; ///< null when there are problems
     std::vector<Problem> problems;          ///< all of them, in the order of the text; at most 200
+    /// What is read although it is written in another way here, or may mean something else elsewhere; in the
+    /// order of the text, at most 200.
+    std::vector<Problem> hints;
 };
 
+/// What stands behind a name by which one formula calls another.
+struct FoundFormula
+{
+    std::shared_ptr<const Formula> formula;
+    std::string chinese, english; ///< why there is none; empty when the name is simply not known
+};
+
+/// Finds the formula of a name, in whatever case it is written.
+using FormulaLookup = std::function<FoundFormula(const std::string& name)>;
+
 /// Reads a text. Any bytes may be given. Any thread.
-ENGINE_EXPORT FormulaReading readFormula(std::string_view utf8);
+/// @param lookup  finds the formulas that the text calls; without one the built-in formulas are found.
+ENGINE_EXPORT FormulaReading readFormula(std::string_view utf8, const FormulaLookup& lookup = {});
 
 /// A word that the language knows, for completion, colouring and the reference.
 struct KnownWord

@@ -31,8 +31,10 @@ const std::vector<Function>& allFunctions()
 {
     static const std::vector<Function> functions = [] {
         std::vector<Function> all;
-        for (const auto rows : { elementwiseFunctions, barSeries, referenceFunctions, countingFunctions,
-                                 averageFunctions, windowFunctions, parabolicFunctions, drawingStatements }) {
+        for (const auto rows :
+             { elementwiseFunctions, barSeries, referenceFunctions, countingFunctions, averageFunctions,
+               windowFunctions, pairFunctions, searchFunctions, wholeFunctions, turningFunctions,
+               parabolicFunctions, lineDrawings, drawingStatements }) {
             const std::vector<Function> more = rows();
             all.insert(all.end(), more.begin(), more.end());
         }

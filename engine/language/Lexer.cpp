@@ -11,6 +11,7 @@ namespace engine::language {
 namespace {
 
 constexpr char32_t kNoCharacter = 0xFFFFFFFF; // also for bytes that are no UTF-8
+constexpr int kColorDigits = 6;               // of #RRGGBB
 
 struct FullWidth
 {
@@ -19,13 +20,51 @@ struct FullWidth
 };
 
 constexpr FullWidth kFullWidth[] = {
-    { U'；', ";" }, { U'：', ":" }, { U'，', "," }, { U'（', "(" },  { U'）', ")" },
-    { U'＋', "+" }, { U'－', "-" }, { U'＊', "*" }, { U'／', "/" },  { U'＞', ">" },
-    { U'＜', "<" }, { U'＝', "=" }, { U'！', "!" }, { U'＆', "&&" }, { U'｜', "||" },
+    { U'；', ";" }, { U'：', ":" },  { U'，', "," },  { U'（', "(" }, { U'）', ")" }, { U'＋', "+" },
+    { U'－', "-" }, { U'＊', "*" },  { U'／', "/" },  { U'＞', ">" }, { U'＜', "<" }, { U'＝', "=" },
+    { U'！', "!" }, { U'＆', "&&" }, { U'｜', "||" }, { U'≥', ">=" }, { U'≤', "<=" }, { U'≠', "<>" },
+    { U'×', "*" },  { U'÷', "/" },   { U'＃', "#" },
 };
 
-constexpr const char* kSigns[] = { ":=", ">=", "<=", "<>", "&&", "||", "+", "-", "*", "/",
-                                   ">",  "<",  "=",  "!",  "(",  ")",  ",", ":", ";", "#" };
+/// Longer signs that begin with a full-width one.
+struct FullWidthPair
+{
+    const char* written;
+    const char* plain;
+};
+
+constexpr FullWidthPair kFullWidthPairs[] = {
+    { "：＝", ":=" }, { "：=", ":=" }, { ":＝", ":=" },  { "＞＝", ">=" }, { "＜＝", "<=" },
+    { "＜＞", "<>" }, { "＝＝", "=" }, { "！＝", "<>" }, { "＆＆", "&&" }, { "｜｜", "||" },
+    { "＞=", ">=" },  { "＜=", "<=" }, { ">＝", ">=" },  { "<＝", "<=" },
+};
+
+/// Signs of other languages for an operator of this one; no hint, they are as good.
+constexpr FullWidthPair kOtherSigns[] = { { "==", "=" }, { "!=", "<>" } };
+
+/// The opening marks of texts and what closes them.
+struct QuotationMark
+{
+    char32_t opening;
+    const char* closing; ///< any of these characters
+    bool isDouble, isPlain;
+};
+
+constexpr QuotationMark kQuotationMarks[] = {
+    { U'\'', "'", false, true },   { U'"', "\"", true, true },    { U'‘', "’‘'", false, false },
+    { U'’', "’‘'", false, false }, { U'“', "”“\"", true, false }, { U'”', "”“\"", true, false },
+    { U'＇', "＇", false, false }, { U'＂', "＂", true, false },
+};
+
+const QuotationMark* quotationMark(char32_t character)
+{
+    const auto found = std::find_if(std::begin(kQuotationMarks), std::end(kQuotationMarks),
+                                    [&](const QuotationMark& mark) { return mark.opening == character; });
+    return found == std::end(kQuotationMarks) ? nullptr : found;
+}
+
+constexpr const char* kSigns[] = { ":=", ">=", "<=", "<>", "&&", "||", "+", "-", "*", "/", ">",
+                                   "<",  "=",  "!",  "(",  ")",  ",",  ":", ";", "#", "." };
 
 bool isDigit(char32_t character)
 {
@@ -43,6 +82,18 @@ bool beginsName(char32_t character)
 {
     return (character >= U'a' && character <= U'z') || (character >= U'A' && character <= U'Z')
         || character == U'_' || isHan(character);
+}
+
+bool isFullWidthWord(char32_t character)
+{
+    return (character >= U'０' && character <= U'９') || (character >= U'Ａ' && character <= U'Ｚ')
+        || (character >= U'ａ' && character <= U'ｚ') || character == U'＿' || character == U'．';
+}
+
+bool isHexDigit(char32_t character)
+{
+    return isDigit(character) || (character >= U'a' && character <= U'f')
+        || (character >= U'A' && character <= U'F');
 }
 
 bool isBlank(char32_t character)
@@ -175,14 +226,49 @@ private:
             passComment();
         else if (m_cursor.startsWith("//"))
             passLine();
-        else if (character == U'\'')
-            readText();
+        else if (const QuotationMark* mark = quotationMark(character))
+            readText(*mark);
         else if (beginsName(character))
             readName();
-        else if (isDigit(character) || character == U'.')
+        else if (beginsNumber())
             readNumber();
+        else if (beginsColor())
+            readColor();
         else
             readSign();
+    }
+
+    /// A dot without digits stands between the names of a formula and its output.
+    bool beginsNumber() const
+    {
+        if (m_cursor.character() != U'.')
+            return isDigit(m_cursor.character());
+        Cursor ahead = m_cursor;
+        ahead.advance();
+        const bool isBehindName = !m_tokens.empty() && m_tokens.back().kind == TokenKind::Name;
+        return !(isBehindName && beginsName(ahead.character()));
+    }
+
+    /// #RRGGBB; behind a name the sign leads to a parameter.
+    bool beginsColor() const
+    {
+        if (m_cursor.character() != U'#' || m_tokens.empty() || !m_tokens.back().is(","))
+            return false;
+        Cursor ahead = m_cursor;
+        for (int digit = 0; digit < kColorDigits; ++digit) {
+            ahead.advance();
+            if (!isHexDigit(ahead.character()))
+                return false;
+        }
+        ahead.advance();
+        return !beginsName(ahead.character()) && !isDigit(ahead.character());
+    }
+
+    void readColor()
+    {
+        for (int passed = 0; passed <= kColorDigits; ++passed)
+            m_cursor.advance();
+        add(TokenKind::Color, m_cursor.textSince(m_start));
     }
 
     void passComment()
@@ -200,18 +286,31 @@ private:
             m_cursor.advance();
     }
 
-    void readText()
+    void readText(const QuotationMark& mark)
     {
         m_cursor.advance();
         const Place inside = m_cursor.place();
-        while (!m_cursor.atEnd() && m_cursor.character() != U'\'' && m_cursor.character() != U'\n')
+        while (!m_cursor.atEnd() && !closes(mark) && m_cursor.character() != U'\n')
             m_cursor.advance();
         const std::string text = m_cursor.textSince(inside);
+        const std::string quotes = mark.isDouble ? "双引号" : "单引号";
+        const std::string quote = mark.isDouble ? "a double quote" : "a single quote";
         if (m_cursor.atEnd() || m_cursor.character() == U'\n')
-            report("文字没有结束，缺少右单引号", "the text has no end on its line, expected a single quote");
+            report("文字没有结束，缺少右" + quotes, "the text has no end on its line, expected " + quote);
         else
             m_cursor.advance();
-        add(TokenKind::Text, text);
+        if (!mark.isPlain)
+            hint("排版引号，按半角" + quotes + "读", "a typographic quote, read as " + quote);
+        add(mark.isDouble ? TokenKind::Quoted : TokenKind::Text, text);
+    }
+
+    bool closes(const QuotationMark& mark) const
+    {
+        for (Cursor closing(mark.closing); !closing.atEnd(); closing.advance()) {
+            if (closing.character() == m_cursor.character())
+                return true;
+        }
+        return false;
     }
 
     void readName()
@@ -270,40 +369,68 @@ private:
 
     void readSign()
     {
+        for (const FullWidthPair& sign : kOtherSigns) {
+            if (takeSign(sign.written, sign.plain))
+                return;
+        }
+        for (const FullWidthPair& sign : kFullWidthPairs) {
+            if (takeSign(sign.written, sign.plain)) {
+                hintFullWidth(sign.plain);
+                return;
+            }
+        }
         for (const char* sign : kSigns) {
-            if (!m_cursor.startsWith(sign))
-                continue;
-            for (std::size_t passed = 0; sign[passed] != '\0'; ++passed)
-                m_cursor.advance();
-            add(TokenKind::Sign, sign);
-            return;
+            if (takeSign(sign, sign))
+                return;
         }
         for (const FullWidth& sign : kFullWidth) {
             if (m_cursor.character() != sign.character)
                 continue;
             m_cursor.advance();
-            report(std::string("全角符号，请改用半角 ") + sign.plain,
-                   std::string("a full-width sign, expected ") + sign.plain);
+            hintFullWidth(sign.plain);
             add(TokenKind::Sign, sign.plain);
             return;
         }
         passForeign();
     }
 
+    /// Passes over a sign and adds what it means, if it stands here.
+    bool takeSign(std::string_view written, const char* meant)
+    {
+        if (!m_cursor.startsWith(written))
+            return false;
+        const std::size_t end = m_cursor.place().offset + written.size();
+        while (m_cursor.place().offset < end)
+            m_cursor.advance();
+        add(TokenKind::Sign, meant);
+        return true;
+    }
+
+    void hintFullWidth(const char* plain)
+    {
+        hint(std::string("全角符号，按 ") + plain + " 读",
+             std::string("a full-width sign, read as ") + plain);
+    }
+
     /// A run of characters that the language does not know is one fault.
     void passForeign()
     {
         const bool isCharacter = m_cursor.character() != kNoCharacter;
+        const bool isWord = isFullWidthWord(m_cursor.character());
         const auto isForeign = [&] {
             const char32_t character = m_cursor.character();
-            if (m_cursor.atEnd() || isBlank(character) || beginsName(character) || isDigit(character))
+            if (m_cursor.atEnd() || isBlank(character) || beginsName(character) || isDigit(character)
+                || quotationMark(character) || isFullWidthWord(character) != isWord)
                 return false;
-            return (character != kNoCharacter) == isCharacter && (character >= 0x80 || !isKnownSign());
+            return (character != kNoCharacter) == isCharacter && !isKnownSign();
         };
         do {
             m_cursor.advance();
         } while (isForeign());
-        if (isCharacter)
+        if (isCharacter && isWord)
+            report("全角字母或数字，请改用半角",
+                   "full-width letters or digits, expected the half-width ones");
+        else if (isCharacter)
             report("公式里不能使用的符号", "a character that formulas do not use");
         else
             report("不是 UTF-8 编码的文字", "these bytes are no UTF-8");
@@ -311,9 +438,11 @@ private:
 
     bool isKnownSign() const
     {
-        return m_cursor.startsWith("{") || m_cursor.startsWith("'") || m_cursor.startsWith(".")
+        return m_cursor.startsWith("{")
             || std::any_of(std::begin(kSigns), std::end(kSigns),
-                           [&](const char* sign) { return m_cursor.startsWith(sign); });
+                           [&](const char* sign) { return m_cursor.startsWith(sign); })
+            || std::any_of(std::begin(kFullWidth), std::end(kFullWidth),
+                           [&](const FullWidth& sign) { return m_cursor.character() == sign.character; });
     }
 
     Place oneCharacter() const
@@ -327,6 +456,12 @@ private:
     {
         m_problems.add(m_cursor.since(m_start, m_passedAtStart), m_cursor.textSince(m_start), chinese,
                        english);
+    }
+
+    void hint(const std::string& chinese, const std::string& english)
+    {
+        m_problems.hint(m_cursor.since(m_start, m_passedAtStart), m_cursor.textSince(m_start), chinese,
+                        english);
     }
 
     void add(TokenKind kind, std::string text)

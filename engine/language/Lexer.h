@@ -13,6 +13,8 @@ enum class TokenKind {
     Name,   ///< Latin or Han letters, digits and underscores; also the words AND, OR, NOT and PARAM
     Number, ///< 12, 1.5, .5, 1e-3
     Text,   ///< in single quotes
+    Quoted, ///< in double quotes: an output of another formula, or a text
+    Color,  ///< #RRGGBB behind a comma
     Sign,   ///< an operator or a mark of punctuation
     EndOfText
 };
@@ -22,7 +24,7 @@ struct Token
 {
     TokenKind kind = TokenKind::EndOfText;
     Place place;
-    std::string text;    ///< as written; of a Text without its quotes
+    std::string text;    ///< as written; of a Text or Quoted without its quotes
     std::string key;     ///< the text with ASCII letters in capitals: what names are compared by
     double number = 0.0; ///< of a Number
 
@@ -32,7 +34,7 @@ struct Token
 
 /// Cuts a text. Blanks and comments, { ... } and // to the end of the line, are passed over. The last token
 /// is the end of the text. Whatever belongs to no token is reported and passed over; full-width punctuation
-/// is reported and read as its plain counterpart.
+/// and typographic quotes are read as their plain counterparts, with a hint.
 /// @param text  UTF-8; bytes that are none are reported.
 std::vector<Token> tokenize(std::string_view text, Problems& problems);
 

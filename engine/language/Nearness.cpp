@@ -7,7 +7,8 @@ namespace engine::language {
 
 namespace {
 
-constexpr std::size_t kLongestName = 40; // longer ones are compared by their beginning
+constexpr std::size_t kFewestLetters = 4; // from which a mistake is told from another word
+constexpr std::size_t kLongestName = 40;  // longer ones are compared by their beginning
 
 /// The characters of a sound UTF-8 text.
 std::u32string charactersOf(const std::string& utf8)
@@ -47,11 +48,21 @@ std::size_t distance(const std::u32string& a, const std::u32string& b)
     return changes[a.size()][b.size()];
 }
 
+/// Whether a word is another one with one letter written twice.
+bool isDoubled(const std::u32string& longer, const std::u32string& shorter)
+{
+    for (std::size_t at = 1; at < longer.size() && longer.size() == shorter.size() + 1; ++at) {
+        if (longer[at] == longer[at - 1] && longer.substr(0, at) + longer.substr(at + 1) == shorter)
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 NearestName::NearestName(const std::string& name)
     : m_name(charactersOf(name))
-    , m_fewest((m_name.size() + 2) / 3 + 1)
+    , m_fewest(m_name.size() / 8 + 2)
 {
 }
 
@@ -62,6 +73,9 @@ void NearestName::consider(const std::string& candidate)
     if (longer - std::min(characters.size(), m_name.size()) > m_fewest)
         return;
     const std::size_t changes = distance(m_name, characters);
+    if (characters.size() < kFewestLetters && !isDoubled(m_name, characters)
+        && !isDoubled(characters, m_name))
+        return; // too short: another letter makes another word
     const bool isEarlier = changes == m_fewest && !m_best.empty() && candidate < m_best;
     if ((changes < m_fewest || isEarlier) && changes < longer) {
         m_fewest = changes;

@@ -14,7 +14,8 @@ public:
 
     void consider(const std::string& candidate);
 
-    /// Empty when every candidate differs in more than a third of its characters, rounded up.
+    /// Empty when no candidate is within a slip of the keyboard: one change, two from eight letters on, and
+    /// of short names only a letter written twice.
     const std::string& best() const { return m_best; }
 
 private:

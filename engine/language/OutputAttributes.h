@@ -21,7 +21,11 @@ public:
     /// Reads a comma and the attribute behind it.
     void read();
 
+    /// Passes over the attributes behind a hidden value, which has no use for them.
+    static void passOver(TokenReader& reader);
+
 private:
+    void giveRgb(const Token& token);
     void give(const Token& token, const Attribute& attribute);
     void giveDrawType(const Token& token, int drawType, bool isDrawn);
     void giveColor(const Token& token, int color);

@@ -12,9 +12,9 @@ namespace {
 class Parser
 {
 public:
-    Parser(const std::vector<Token>& tokens, Problems& problems)
+    Parser(const std::vector<Token>& tokens, Problems& problems, const FormulaLookup& lookup)
         : m_reader(tokens, problems)
-        , m_expressions(m_reader, m_scope, m_syntax)
+        , m_expressions(m_reader, m_scope, m_syntax, lookup)
     {
     }
 
@@ -137,8 +137,7 @@ private:
         if (isUsable)
             m_scope.addValue(name.key, value);
         if (m_reader.current().is(",") && !m_reader.hasFailed())
-            m_reader.expected("分号：用 := 定义的值不能有属性",
-                              "a semicolon: a hidden value takes no attributes");
+            OutputAttributes::passOver(m_reader);
     }
 
     /// NAME:expression, NAME#N:expression
@@ -178,21 +177,24 @@ private:
         output.nameParameter = nameParameter;
         const Token start = m_reader.current();
         NodeId value = kBroken;
+        std::vector<Output> outputs { output };
         if (m_expressions.atDrawing()) {
-            m_expressions.readDrawing(output);
+            outputs = m_expressions.readDrawing(output);
             value = m_reader.hasFailed() ? kBroken : kNoNumber;
         } else {
             value = m_expressions.read();
-            output.columns = { value };
+            outputs.front().columns = { value };
         }
         giveName(name, nameParameter, value);
-        OutputAttributes attributes(m_reader, output, m_syntax.kind);
+        OutputAttributes attributes(m_reader, outputs.front(), m_syntax.kind);
         while (!m_reader.hasFailed() && m_reader.current().is(","))
             attributes.read();
-        if (m_syntax.outputs.size() >= FormulaLimits::kMaxOutputs)
+        if (outputs.front().hasSticks && value != kBroken)
+            outputs.push_back(m_expressions.readSticks(outputs.front()));
+        if (m_syntax.outputs.size() + outputs.size() > FormulaLimits::kMaxOutputs)
             m_reader.report(start, "输出太多", "too many outputs");
         else
-            m_syntax.outputs.push_back(std::move(output));
+            m_syntax.outputs.insert(m_syntax.outputs.end(), outputs.begin(), outputs.end());
     }
 
     /// Later statements may read the output by its name, unless the name is a series of the language's own.
@@ -251,9 +253,9 @@ private:
 
 } // namespace
 
-Syntax parse(const std::vector<Token>& tokens, Problems& problems)
+Syntax parse(const std::vector<Token>& tokens, Problems& problems, const FormulaLookup& lookup)
 {
-    return Parser(tokens, problems).run();
+    return Parser(tokens, problems, lookup).run();
 }
 
 } // namespace engine::language

@@ -14,7 +14,7 @@ struct Place
     std::size_t offset = 0; ///< in bytes from the beginning of the text
 };
 
-/// One fault of a formula's text.
+/// One fault of a formula's text, or one hint.
 struct Problem
 {
     Place place;

@@ -4,12 +4,25 @@
 
 namespace engine::language {
 
+namespace {
+
+std::vector<Problem> inOrderOfText(std::vector<Problem> problems)
+{
+    std::stable_sort(problems.begin(), problems.end(),
+                     [](const Problem& a, const Problem& b) { return a.place.offset < b.place.offset; });
+    return problems;
+}
+
+} // namespace
+
 std::vector<Problem> Problems::sorted() const
 {
-    std::vector<Problem> sorted = m_problems;
-    std::stable_sort(sorted.begin(), sorted.end(),
-                     [](const Problem& a, const Problem& b) { return a.place.offset < b.place.offset; });
-    return sorted;
+    return inOrderOfText(m_problems);
+}
+
+std::vector<Problem> Problems::sortedHints() const
+{
+    return inOrderOfText(m_hints);
 }
 
 } // namespace engine::language

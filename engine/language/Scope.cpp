@@ -9,6 +9,7 @@ namespace engine::language {
 
 namespace {
 
+constexpr std::size_t kMostCompared = 1000; // names of a text's own; more would make checking it slow
 constexpr const char* kKeywords[] = { "AND", "OR", "NOT", "PARAM" };
 
 template <class Value>
@@ -57,10 +58,30 @@ std::string Scope::nearest(const std::string& key, bool asCall) const
     if (!asCall) {
         for (const auto& [name, parameter] : m_parameters)
             nearest.consider(name);
-        for (const auto& [name, node] : m_values)
-            nearest.consider(name);
+        if (m_values.size() <= kMostCompared) {
+            for (const auto& [name, node] : m_values)
+                nearest.consider(name);
+        }
     }
     return nearest.best();
+}
+
+std::string numberedAttributes(const std::string& key)
+{
+    const std::size_t digits = key.find_last_not_of("0123456789") + 1;
+    if (digits == key.size() || digits == 0)
+        return {};
+    std::string first, last;
+    for (const Attribute& attribute : allAttributes()) {
+        const bool isOfFamily = attribute.name.size() > digits
+            && attribute.name.compare(0, digits, key, 0, digits) == 0
+            && attribute.name.find_first_not_of("0123456789", digits) == std::string::npos;
+        if (isOfFamily && first.empty())
+            first = attribute.name;
+        if (isOfFamily)
+            last = attribute.name;
+    }
+    return first.empty() ? "" : first + " to " + last;
 }
 
 std::string nearestAttribute(const std::string& key)

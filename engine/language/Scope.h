@@ -37,6 +37,10 @@ private:
 /// Whether a name in capitals is a word of the language's own: AND, OR, NOT, PARAM.
 bool isKeyword(const std::string& key);
 
+/// The attributes of the family that a key would continue by a number ("LINETHICK0 to LINETHICK7"); empty
+/// when there is no such family.
+std::string numberedAttributes(const std::string& key);
+
 /// The attribute most like a misspelt one; empty when none is near.
 std::string nearestAttribute(const std::string& key);
 

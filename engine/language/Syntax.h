@@ -45,6 +45,7 @@ struct Output
     std::optional<int> decimals;
     std::optional<int> position;
     bool isHiddenInLegend = false;
+    bool hasSticks = false; ///< also drawn as sticks from zero
 };
 
 /// The name of an output with the whole part of its parameter: MA#N is MA5.

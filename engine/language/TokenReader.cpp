@@ -7,6 +7,11 @@ void TokenReader::report(const Token& token, const std::string& chinese, const s
     m_problems.add(token.place, token.text, chinese, english);
 }
 
+void TokenReader::hint(const Token& token, const std::string& chinese, const std::string& english)
+{
+    m_problems.hint(token.place, token.text, chinese, english);
+}
+
 void TokenReader::expected(const std::string& chinese, const std::string& english)
 {
     report(current(), "此处应为" + chinese, "expected " + english);

@@ -42,6 +42,8 @@ public:
 
     /// Reports a token; reading goes on.
     void report(const Token& token, const std::string& chinese, const std::string& english);
+    /// Notes a hint about a token.
+    void hint(const Token& token, const std::string& chinese, const std::string& english);
     /// Reports that something else was expected than the current token; the reader has failed.
     void expected(const std::string& chinese, const std::string& english);
     /// Passes over a sign, or fails.

@@ -3,6 +3,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
+#include <memory>
 #include <vector>
 
 namespace engine {
@@ -18,6 +20,13 @@ struct BarSeries
     std::vector<double> volume;       ///< shares, or lots for futures
     std::vector<double> amount;       ///< turnover in yuan; empty when the source has none
     std::vector<double> openInterest; ///< lots; empty when the source has none
+
+    double floatingShares =
+        std::numeric_limits<double>::quiet_NaN(); ///< in the unit of the volume; NaN: unknown
+    double totalShares = std::numeric_limits<double>::quiet_NaN(); ///< likewise
+    /// A second instrument to compare with, usually an index; null when there is none. Its bars answer those
+    /// of this series that begin at the same time. It may only grow as this series may.
+    std::shared_ptr<const BarSeries> index;
 
     std::size_t size() const { return timeMs.size(); }
 };

@@ -1,9 +1,12 @@
-/// @file Gives the formula reader bytes of any kind and computes whatever it takes for a formula.
+/// @file Gives the formula reader bytes of any kind and computes whatever it takes for a formula, over bars
+/// that grow and with parameters of any kind.
 
 #include "engine/evaluation/FormulaEvaluation.h"
 
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
+#include <vector>
 
 namespace {
 
@@ -23,10 +26,29 @@ engine::BarSeries fewBars()
     return bars;
 }
 
+engine::BarSeries firstBars(engine::BarSeries bars, std::size_t count)
+{
+    bars.timeMs.resize(count);
+    for (auto* column : { &bars.open, &bars.high, &bars.low, &bars.close, &bars.volume })
+        column->resize(count);
+    return bars;
+}
+
 void require(bool holds)
 {
     if (!holds)
         std::abort();
+}
+
+/// Requires columns of full length that are equal bit for bit.
+void requireSame(const std::vector<std::vector<double>>& a, const std::vector<std::vector<double>>& b,
+                 std::size_t bars)
+{
+    require(a.size() == b.size());
+    for (std::size_t series = 0; series < a.size(); ++series) {
+        require(a[series].size() == bars && b[series].size() == bars);
+        require(std::memcmp(a[series].data(), b[series].data(), bars * sizeof(double)) == 0);
+    }
 }
 
 } // namespace
@@ -38,9 +60,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(reading.problems.empty() == (reading.formula != nullptr));
     if (!reading.formula)
         return 0;
-    engine::FormulaEvaluation evaluation(reading.formula);
-    require(evaluation.update(bars));
-    for (const auto& series : evaluation.records().result.numberSeries)
-        require(series.size() == bars.size());
+    const double first =
+        size > 0 ? static_cast<double>(data[0]) - 100.0 : 0.0; // whatever parameters there are
+    const std::vector<double> parameters { first, first / 7.0, 1e300 };
+    engine::FormulaEvaluation evaluation(reading.formula, parameters);
+    engine::BarSeries grown = firstBars(bars, bars.size() - 3);
+    require(evaluation.update(grown));
+    grown = bars; // three bars more
+    require(evaluation.update(grown));
+    engine::FormulaEvaluation anew(reading.formula, parameters);
+    require(anew.update(bars));
+    requireSame(evaluation.records().result.numberSeries, anew.records().result.numberSeries, bars.size());
     return 0;
 }

@@ -1,5 +1,6 @@
 #include "apps/client/editor/FormulaEditor.h"
 
+#include "apps/chart/NamedFormula.h"
 #include "apps/client/PlainTexts.h"
 #include "apps/client/editor/FormulaPreview.h"
 #include "apps/client/editor/FormulaText.h"
@@ -49,6 +50,18 @@ QWidget* withLayout(QLayout* layout)
     layout->setContentsMargins(0, 0, 0, 0);
     widget->setLayout(layout);
     return widget;
+}
+
+/// A line for each fault or hint.
+QStringList linesOf(const std::vector<engine::Problem>& problems, const QString& kind)
+{
+    QStringList lines;
+    for (const engine::Problem& problem : problems)
+        lines << QStringLiteral("第 %1 行第 %2 列：%3%4")
+                     .arg(problem.place.line)
+                     .arg(problem.place.column)
+                     .arg(kind, QString::fromStdString(problem.chinese));
+    return lines;
 }
 
 /// The text of a formula of its own, or of the built-in one it rests on.
@@ -201,15 +214,13 @@ void FormulaEditor::edit(const QString& shownName)
 bool FormulaEditor::check()
 {
     m_pause->stop();
-    const engine::FormulaReading reading = engine::readFormula(m_text->toPlainText().toStdString());
+    const engine::FormulaReading reading =
+        engine::readFormula(m_text->toPlainText().toStdString(), chart::knownFormulas());
     m_read = reading.formula;
     m_text->setProblems(reading.problems);
     m_problems->clear();
-    for (const engine::Problem& problem : reading.problems)
-        m_problems->addItem(QStringLiteral("第 %1 行第 %2 列：%3")
-                                .arg(problem.place.line)
-                                .arg(problem.place.column)
-                                .arg(QString::fromStdString(problem.chinese)));
+    m_problems->addItems(linesOf(reading.problems, QString()));
+    m_problems->addItems(linesOf(reading.hints, QStringLiteral("提示：")));
     m_save->setEnabled(m_read != nullptr);
     fillParameters();
     preview();
@@ -334,7 +345,7 @@ void FormulaEditor::showFormula(const OwnFormula& formula, const QString& stored
     m_text->setPlainText(textOf(formula));
     m_text->setReadOnly(!m_base.isEmpty());
     m_values.clear();
-    m_read = engine::readFormula(m_text->toPlainText().toStdString()).formula;
+    m_read = engine::readFormula(m_text->toPlainText().toStdString(), chart::knownFormulas()).formula;
     for (int index = 0; m_read && index < formula.parameters.size(); ++index) {
         const auto place = static_cast<std::size_t>(index);
         if (place < m_read->parameters().size()

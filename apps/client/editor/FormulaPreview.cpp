@@ -27,10 +27,17 @@ std::vector<T> tailOf(const std::vector<T>& all, std::size_t count)
 
 engine::BarSeries lastBars(const engine::BarSeries& bars)
 {
-    return { tailOf(bars.timeMs, kBarsComputed), tailOf(bars.open, kBarsComputed),
-             tailOf(bars.high, kBarsComputed),   tailOf(bars.low, kBarsComputed),
-             tailOf(bars.close, kBarsComputed),  tailOf(bars.volume, kBarsComputed),
-             tailOf(bars.amount, kBarsComputed), tailOf(bars.openInterest, kBarsComputed) };
+    return { tailOf(bars.timeMs, kBarsComputed),
+             tailOf(bars.open, kBarsComputed),
+             tailOf(bars.high, kBarsComputed),
+             tailOf(bars.low, kBarsComputed),
+             tailOf(bars.close, kBarsComputed),
+             tailOf(bars.volume, kBarsComputed),
+             tailOf(bars.amount, kBarsComputed),
+             tailOf(bars.openInterest, kBarsComputed),
+             bars.floatingShares,
+             bars.totalShares,
+             bars.index };
 }
 
 } // namespace

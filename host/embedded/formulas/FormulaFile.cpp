@@ -6,6 +6,7 @@
 
 #include <boost/make_shared.hpp>
 
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -19,6 +20,7 @@ namespace TC::embedded {
 namespace {
 
 constexpr int kMaxKind = 99;
+constexpr int kMaxCalls = 32; ///< formulas that call one another
 
 /// Reads the entries of one file and notes what is wrong with them.
 class FormulaReader
@@ -28,9 +30,21 @@ public:
                   QStringList& problems)
         : m_json(json)
         , m_fileName(fileName)
-        , m_taken(taken.begin(), taken.end())
         , m_problems(problems)
     {
+        for (const QString& name : taken)
+            m_taken << name.toCaseFolded();
+    }
+
+    /// The texts that the entries may call one another by; later ones of a name do not count.
+    void setTexts(const QJsonArray& entries)
+    {
+        for (const QJsonValue& value : entries) {
+            const QJsonObject entry = value.toObject();
+            const QString name = entry.value(QStringLiteral("name")).toString().trimmed().toCaseFolded();
+            if (!m_texts.contains(name) && entry.value(QStringLiteral("source")).isString())
+                m_texts.insert(name, entry.value(QStringLiteral("source")).toString());
+        }
     }
 
     /// The entry, or one without a detail when something is wrong with it.
@@ -43,7 +57,7 @@ public:
         KnownFormula formula = value.isObject() ? readEntry(value.toObject()) : KnownFormula();
         if (m_problems.size() > problemsBefore)
             return {};
-        m_taken << formula.detail->realName << formula.detail->displayName;
+        m_taken << formula.detail->realName.toCaseFolded() << formula.detail->displayName.toCaseFolded();
         return formula;
     }
 
@@ -63,6 +77,7 @@ private:
         CFormulaDetail& detail = *formula.detail;
         refuseUnknownKeys(entry);
         detail.realName = readName(entry, QStringLiteral("name"));
+        m_readName = detail.realName.toCaseFolded();
         detail.displayName = entry.contains(QStringLiteral("displayName"))
             ? readName(entry, QStringLiteral("displayName"))
             : detail.realName;
@@ -92,9 +107,44 @@ private:
         return known ? known->formula : nullptr;
     }
 
+    /// Reads a text and those that it calls, one after another.
+    /// @param name  folded; a text that calls it meanwhile is refused.
+    engine::FormulaReading readText(const QString& name, const QString& source)
+    {
+        m_open << name;
+        const auto reading = engine::readFormula(source.toStdString(),
+                                                 [this](const std::string& called) { return find(called); });
+        m_open.removeLast();
+        return reading;
+    }
+
+    engine::FoundFormula find(const std::string& called)
+    {
+        const engine::FoundFormula builtIn = engine::findBuiltInFormula(called);
+        const QString name = QString::fromStdString(called).toCaseFolded();
+        if (builtIn.formula || !m_texts.contains(name))
+            return builtIn;
+        if (m_open.contains(name))
+            return { nullptr, "公式互相调用成环", "the formulas call one another in a circle" };
+        if (m_open.size() > kMaxCalls)
+            return { nullptr, "公式的调用层次太多", "the formulas call one another too deeply" };
+        const auto known = m_read.constFind(name);
+        if (known != m_read.constEnd())
+            return *known;
+        const engine::FormulaReading reading = readText(name, m_texts.value(name));
+        engine::FoundFormula found { reading.formula, {}, {} };
+        if (!reading.formula) {
+            const engine::Problem& first = reading.problems.front();
+            found = { nullptr, "所调用的公式 " + called + " 有误：" + first.chinese,
+                      "the formula " + called + " that is called is faulty: " + first.english };
+        }
+        m_read.insert(name, found);
+        return found;
+    }
+
     std::shared_ptr<const engine::Formula> readSource(const QString& source)
     {
-        const engine::FormulaReading reading = engine::readFormula(source.toStdString());
+        const engine::FormulaReading reading = readText(m_readName, source);
         for (const engine::Problem& problem : reading.problems)
             report({ QStringLiteral("source") },
                    QStringLiteral("%1:%2: %3")
@@ -124,7 +174,7 @@ private:
         const QString name = entry.value(key).toString().trimmed();
         if (name.isEmpty())
             report({ key }, QStringLiteral("\"%1\" must be a text that is not empty").arg(key));
-        else if (m_taken.contains(name))
+        else if (m_taken.contains(name.toCaseFolded()))
             report({ key }, QStringLiteral("the name \"%1\" is taken").arg(name));
         return name;
     }
@@ -184,7 +234,11 @@ private:
     const QByteArray m_json;
     std::optional<JsonPlaces> m_places; ///< made for the first problem
     const QString m_fileName;
-    QSet<QString> m_taken;
+    QSet<QString> m_taken; ///< folded: names that differ in their case alone are the same to their user
+    QHash<QString, QString> m_texts;             ///< by folded name
+    QHash<QString, engine::FoundFormula> m_read; ///< of those that were called
+    QStringList m_open;                          ///< folded names of the texts being read
+    QString m_readName;                          ///< of the entry, folded
     QStringList& m_problems;
     QStringList m_path; ///< of the entry
 };
@@ -208,6 +262,7 @@ bool parseFormulas(const QByteArray& json, const QString& fileName, const QStrin
     }
     formulas.clear();
     const QJsonArray entries = list.toArray();
+    reader.setTexts(entries);
     for (int entry = 0; entry < entries.size(); ++entry) {
         KnownFormula formula =
             reader.read(entries.at(entry), { QStringLiteral("formulas"), QString::number(entry) });

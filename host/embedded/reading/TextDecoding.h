@@ -1,6 +1,8 @@
 #pragma once
 /// @file From the bytes of a text file to its lines.
 
+#include "host/HostExport.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
@@ -11,7 +13,7 @@ constexpr qint64 kLargestFile = 64 * 1024 * 1024; ///< bytes
 constexpr int kMostLines = 2'000'000;
 
 /// The text of bytes of unknown encoding: byte-order mark, NUL parity, strict UTF-8, else GB18030.
-QString decodeText(const QByteArray& bytes);
+INDICATORHOST_EXPORT QString decodeText(const QByteArray& bytes);
 
 /// The lines of a text without their ends ("\n", "\r\n", "\r").
 /// @return false, with `lines` empty, when there are more than kMostLines.

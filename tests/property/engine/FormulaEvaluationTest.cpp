@@ -55,6 +55,8 @@ public:
         : m_dice(dice)
     {
         for (const Function& function : engine::language::allFunctions()) {
+            if (function.isBuilt)
+                continue; // their colours and counts are written as numbers
             if (function.drawing)
                 m_drawings.push_back(&function);
             else if (!function.isOperator)

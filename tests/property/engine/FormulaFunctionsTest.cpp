@@ -74,38 +74,36 @@ using Plain = std::function<double(const Given&, std::size_t bar)>;
 struct Case
 {
     const char* name;
-    const char* expression; ///< PERIOD stands for the period
+    const char* expression; ///< @ stands for the period
     Plain plain;
     double tolerance = 0.0; ///< relative, of numbers above 1
 };
 
 /// The values of a window of N bars, oldest first; empty when one is missing or the bars do not suffice.
-/// @param zeroIsAll  whether a fixed period of 0 takes all values so far.
-Series windowOf(const Given& given, std::size_t bar, bool zeroIsAll)
+/// @param takesFewer  whether the values that are there do where the last one is; a fixed period of 0 then
+///        takes all of them so far.
+Series windowOf(const Given& given, std::size_t bar, bool takesFewer)
 {
     Series window;
-    const int period = periodOf(given.periods[bar]);
-    if (given.isFixed && zeroIsAll && period == 0) {
-        for (std::size_t other = 0; other <= bar && has(given.a[bar]); ++other) {
-            if (has(given.a[other]))
-                window.push_back(given.a[other]);
-        }
-        return window;
-    }
-    if (period < 1 || period > static_cast<int>(bar) + 1)
+    int period = periodOf(given.periods[bar]);
+    if (takesFewer && given.isFixed && period == 0)
+        period = 1'000'000;
+    if (period < 1 || !has(given.a[bar]) || (!takesFewer && period > static_cast<int>(bar) + 1))
         return {};
-    for (std::size_t other = bar + 1 - static_cast<std::size_t>(period); other <= bar; ++other) {
-        if (!has(given.a[other]))
+    const std::size_t length = std::min(static_cast<std::size_t>(period), bar + 1);
+    for (std::size_t other = bar + 1 - length; other <= bar; ++other) {
+        if (has(given.a[other]))
+            window.push_back(given.a[other]);
+        else if (!takesFewer)
             return {};
-        window.push_back(given.a[other]);
     }
     return window;
 }
 
-Plain ofWindow(double (*answer)(const Series&), bool zeroIsAll = false)
+Plain ofWindow(double (*answer)(const Series&), bool takesFewer = false)
 {
     return [=](const Given& given, std::size_t bar) {
-        const Series window = windowOf(given, bar, zeroIsAll);
+        const Series window = windowOf(given, bar, takesFewer);
         return window.empty() ? kNone : answer(window);
     };
 }
@@ -329,6 +327,174 @@ double filtered(const Given& given, std::size_t bar)
     return passes;
 }
 
+/// E as averaged(), but starting with the mean of the first N values.
+double startedByMean(const Given& given, std::size_t bar, Real weightOfNew)
+{
+    const int period = periodOf(given.periods[0]);
+    Real sum = 0, average = 0;
+    int seen = 0;
+    for (std::size_t other = 0; other <= bar && period >= 1; ++other) {
+        if (!has(given.a[other]))
+            continue;
+        if (++seen <= period)
+            average = (sum += given.a[other]) / period;
+        else
+            average += weightOfNew * (given.a[other] - average);
+    }
+    return seen >= period && period >= 1 && has(given.a[bar]) ? static_cast<double>(average) : kNone;
+}
+
+/// Whether something holds on each of the last N bars.
+template <class Holds>
+double runs(const Given& given, std::size_t bar, Holds isHeld)
+{
+    const int period = periodOf(given.periods[bar]);
+    if (period < 1)
+        return kNone;
+    for (int back = 0; back < period; ++back) {
+        if (back > static_cast<int>(bar) || !isHeld(bar - static_cast<std::size_t>(back)))
+            return 0.0;
+    }
+    return 1.0;
+}
+
+/// The pairs of A and B of the last N bars; empty unless all are there.
+std::vector<std::pair<Real, Real>> pairsOf(const Given& given, std::size_t bar)
+{
+    std::vector<std::pair<Real, Real>> pairs;
+    const int period = periodOf(given.periods[bar]);
+    if (period < 1 || period > static_cast<int>(bar) + 1)
+        return {};
+    for (std::size_t other = bar + 1 - static_cast<std::size_t>(period); other <= bar; ++other) {
+        if (!has(given.a[other]) || !has(given.b[other]))
+            return {};
+        pairs.emplace_back(given.a[other], given.b[other]);
+    }
+    return pairs;
+}
+
+struct PairSums
+{
+    Real count = 0, x = 0, y = 0, xx = 0, yy = 0, xy = 0; ///< the last three about the means
+};
+
+Plain ofPairs(Real (*answer)(const PairSums&))
+{
+    return [=](const Given& given, std::size_t bar) {
+        const auto pairs = pairsOf(given, bar);
+        PairSums sums;
+        sums.count = static_cast<Real>(pairs.size());
+        for (const auto& [x, y] : pairs) {
+            sums.x += x / sums.count;
+            sums.y += y / sums.count;
+        }
+        for (const auto& [x, y] : pairs) {
+            sums.xx += (x - sums.x) * (x - sums.x);
+            sums.yy += (y - sums.y) * (y - sums.y);
+            sums.xy += (x - sums.x) * (y - sums.y);
+        }
+        const bool isAnswered = !pairs.empty() && std::isfinite(answer(sums));
+        return isAnswered ? static_cast<double>(answer(sums)) : kNone;
+    };
+}
+
+/// The T-th best of the window of M bars that ends N bars ago, and how long it is since.
+template <class IsBetter>
+double found(const Given& given, std::size_t bar, std::size_t rank, bool asksBars, IsBetter isBetter)
+{
+    const int period = periodOf(given.periods[bar]);
+    constexpr std::size_t back = 2;
+    std::vector<std::pair<double, std::size_t>> values;
+    for (std::size_t k = 0; k < static_cast<std::size_t>(std::max(period, 0)) && back + k <= bar; ++k) {
+        if (has(given.a[bar - back - k]))
+            values.emplace_back(given.a[bar - back - k], back + k);
+    }
+    std::stable_sort(values.begin(), values.end(),
+                     [&](const auto& x, const auto& y) { return isBetter(x.first, y.first); });
+    if (rank > static_cast<std::size_t>(std::max(period, 0)) || values.size() < rank)
+        return kNone;
+    return asksBars ? static_cast<double>(values[rank - 1].second) : values[rank - 1].first;
+}
+
+double summedBars(const Given& given, std::size_t bar, double amount)
+{
+    Real sum = 0;
+    for (std::size_t back = 0; back <= bar && has(given.a[bar]); ++back) {
+        sum += has(given.a[bar - back]) ? given.a[bar - back] : 0.0;
+        if (sum >= static_cast<Real>(amount))
+            return static_cast<double>(back + 1);
+    }
+    return kNone;
+}
+
+template <class IsBetter>
+double betterThanBefore(const Given& given, std::size_t bar, IsBetter isBetter)
+{
+    if (!has(given.a[bar]))
+        return kNone;
+    std::size_t back = 1;
+    while (back <= bar && (!has(given.a[bar - back]) || isBetter(given.a[bar], given.a[bar - back])))
+        ++back;
+    return static_cast<double>(back - 1);
+}
+
+/// Whether A held on all, or on any, of the bars from N to 2 ago.
+double heldBetween(const Given& given, std::size_t bar, bool onAll)
+{
+    const int period = periodOf(given.periods[bar]), here = static_cast<int>(bar);
+    if (period < 0 || (period != 0 && period < 2))
+        return kNone;
+    const int first = period == 0 ? here : period;
+    if (here < 2 || (onAll && first > here))
+        return 0.0;
+    for (int back = 2; back <= std::min(first, here); ++back) {
+        if (holds(given.a[bar - static_cast<std::size_t>(back)]) != onAll)
+            return onAll ? 0.0 : 1.0;
+    }
+    return onAll ? 1.0 : 0.0;
+}
+
+/// Of the bars on which A holds, from the last one back, those that are not among the N before another.
+double filteredBackwards(const Given& given, std::size_t bar)
+{
+    for (std::size_t other = given.a.size(); other-- > bar;) {
+        if (!holds(given.a[other]))
+            continue;
+        if (other == bar)
+            return 1.0;
+        const auto quiet = static_cast<std::size_t>(std::max(periodOf(given.periods[other]), 0));
+        if (other - bar <= quiet)
+            return 0.0;
+        other -= quiet;
+    }
+    return 0.0;
+}
+
+double setBackwards(const Given& given, std::size_t bar)
+{
+    for (std::size_t other = bar; other < given.a.size(); ++other) {
+        if (holds(given.a[other])
+            && other < bar + static_cast<std::size_t>(std::max(periodOf(given.periods[other]), 0)))
+            return 1.0;
+    }
+    return 0.0;
+}
+
+/// The kind of signal that passes: 1 for A after another kind, 2 for B after A.
+double takenInTurns(const Given& given, std::size_t bar)
+{
+    double last = 0.0, passed = 0.0;
+    for (std::size_t other = 0; other <= bar; ++other) {
+        passed = 0.0;
+        if (last != 1.0 && holds(given.a[other]))
+            passed = 1.0;
+        else if (last == 1.0 && holds(given.b[other]))
+            passed = 2.0;
+        last = passed != 0.0 ? passed : last;
+    }
+    return passed;
+}
+
 double referred(const Given& given, std::size_t bar, bool ahead)
 {
     const int period = periodOf(given.periods[bar]);
@@ -344,11 +510,10 @@ constexpr double kSums = 1e-9;
 std::vector<Case> casesWithAnyPeriod()
 {
     return {
-        { "REF", "REF(O,PERIOD)", [](const Given& g, std::size_t bar) { return referred(g, bar, false); } },
-        { "REFX", "REFX(O,PERIOD)", [](const Given& g, std::size_t bar) { return referred(g, bar, true); } },
-        { "MA", "MA(O,PERIOD)", ofWindow([](const Series& w) { return static_cast<double>(meanOf(w)); }),
-          kSums },
-        { "WMA", "WMA(O,PERIOD)", ofWindow([](const Series& w) {
+        { "REF", "REF(O,@)", [](const Given& g, std::size_t bar) { return referred(g, bar, false); } },
+        { "REFX", "REFX(O,@)", [](const Given& g, std::size_t bar) { return referred(g, bar, true); } },
+        { "MA", "MA(O,@)", ofWindow([](const Series& w) { return static_cast<double>(meanOf(w)); }), kSums },
+        { "WMA", "WMA(O,@)", ofWindow([](const Series& w) {
               Real sum = 0, weights = 0;
               for (std::size_t k = 0; k < w.size(); ++k) {
                   sum += static_cast<Real>(k + 1) * w[k];
@@ -357,66 +522,116 @@ std::vector<Case> casesWithAnyPeriod()
               return static_cast<double>(sum / weights);
           }),
           kSums },
-        { "SUM", "SUM(O,PERIOD)",
+        { "SUM", "SUM(O,@)",
           ofWindow(
               [](const Series& w) { return static_cast<double>(meanOf(w) * static_cast<Real>(w.size())); },
               true),
           kSums },
-        { "HHV", "HHV(O,PERIOD)",
+        { "HHV", "HHV(O,@)",
           ofWindow([](const Series& w) { return *std::max_element(w.begin(), w.end()); }, true) },
-        { "LLV", "LLV(O,PERIOD)",
+        { "LLV", "LLV(O,@)",
           ofWindow([](const Series& w) { return *std::min_element(w.begin(), w.end()); }, true) },
-        { "HHVBARS", "HHVBARS(O,PERIOD)",
+        { "HHVBARS", "HHVBARS(O,@)",
           [](const Given& g, std::size_t bar) { return bestBars(g, bar, std::greater<double>()); } },
-        { "LLVBARS", "LLVBARS(O,PERIOD)",
+        { "LLVBARS", "LLVBARS(O,@)",
           [](const Given& g, std::size_t bar) { return bestBars(g, bar, std::less<double>()); } },
-        { "STD", "STD(O,PERIOD)", ofWindow([](const Series& w) {
+        { "STD", "STD(O,@)", ofWindow([](const Series& w) {
               const auto others = static_cast<Real>(std::max<std::size_t>(w.size() - 1, 1));
               return static_cast<double>(std::sqrt(squaresOf(w) / others));
           }),
           kSums },
-        { "STDP", "STDP(O,PERIOD)", ofWindow([](const Series& w) {
+        { "STDP", "STDP(O,@)", ofWindow([](const Series& w) {
               return static_cast<double>(std::sqrt(squaresOf(w) / static_cast<Real>(w.size())));
           }),
           kSums },
-        { "VAR", "VAR(O,PERIOD)", ofWindow([](const Series& w) {
+        { "VAR", "VAR(O,@)", ofWindow([](const Series& w) {
               return static_cast<double>(squaresOf(w)
                                          / static_cast<Real>(std::max<std::size_t>(w.size() - 1, 1)));
           }),
           kSums },
-        { "VARP", "VARP(O,PERIOD)", ofWindow([](const Series& w) {
+        { "VARP", "VARP(O,@)", ofWindow([](const Series& w) {
               return static_cast<double>(squaresOf(w) / static_cast<Real>(w.size()));
           }),
           kSums },
-        { "DEVSQ", "DEVSQ(O,PERIOD)",
-          ofWindow([](const Series& w) { return static_cast<double>(squaresOf(w)); }), kSums },
-        { "AVEDEV", "AVEDEV(O,PERIOD)", ofWindow([](const Series& w) {
+        { "DEVSQ", "DEVSQ(O,@)", ofWindow([](const Series& w) { return static_cast<double>(squaresOf(w)); }),
+          kSums },
+        { "AVEDEV", "AVEDEV(O,@)", ofWindow([](const Series& w) {
               Real sum = 0;
               for (const double value : w)
                   sum += std::abs(value - meanOf(w));
               return static_cast<double>(sum / static_cast<Real>(w.size()));
           }),
           kSums },
-        { "SLOPE", "SLOPE(O,PERIOD)", ofWindow([](const Series& w) { return lineAt(w, 1, false); }), kSums },
-        { "FORCAST", "FORCAST(O,PERIOD)",
+        { "SLOPE", "SLOPE(O,@)", ofWindow([](const Series& w) { return lineAt(w, 1, false); }), kSums },
+        { "FORCAST", "FORCAST(O,@)",
           ofWindow([](const Series& w) { return lineAt(w, static_cast<Real>(w.size() - 1) / 2, true); }),
           kSums },
-        { "COUNT", "COUNT(O,PERIOD)",
+        { "COUNT", "COUNT(O,@)",
           [](const Given& g, std::size_t bar) {
               int held = 0, asked = 0;
               return countHeld(g, bar, held, asked) ? held : kNone;
           } },
-        { "EVERY", "EVERY(O,PERIOD)",
+        { "EVERY", "EVERY(O,@)",
           [](const Given& g, std::size_t bar) {
               int held = 0, asked = 0;
               return countHeld(g, bar, held, asked) ? static_cast<double>(held == asked) : kNone;
           } },
-        { "EXIST", "EXIST(O,PERIOD)",
+        { "EXIST", "EXIST(O,@)",
           [](const Given& g, std::size_t bar) {
               int held = 0, asked = 0;
               return countHeld(g, bar, held, asked) ? static_cast<double>(held > 0) : kNone;
           } },
-        { "FILTER", "FILTER(O,PERIOD)", filtered },
+        { "FILTER", "FILTER(O,@)", filtered },
+        { "REFV", "REFV(O,@)", [](const Given& g, std::size_t bar) { return referred(g, bar, false); } },
+        { "REFXV", "REFXV(O,@)", [](const Given& g, std::size_t bar) { return referred(g, bar, true); } },
+        { "MULAR", "MULAR(O/9,@)", ofWindow([](const Series& w) {
+              Real product = 1;
+              for (const double value : w)
+                  product *= static_cast<Real>(value / 9);
+              return static_cast<double>(product);
+          }),
+          kSums },
+        { "BARSSINCEN", "BARSSINCEN(O,@)",
+          [](const Given& g, std::size_t bar) {
+              int held = 0, asked = 0;
+              if (!countHeld(g, bar, held, asked) || held == 0)
+                  return kNone;
+              int back = std::min(asked, static_cast<int>(bar) + 1) - 1;
+              while (!holds(g.a[bar - static_cast<std::size_t>(back)]))
+                  --back;
+              return static_cast<double>(back);
+          } },
+        { "UPNDAY", "UPNDAY(O,@)",
+          [](const Given& g, std::size_t bar) {
+              return runs(g, bar, [&](std::size_t k) { return k > 0 && g.a[k] > g.a[k - 1]; });
+          } },
+        { "DOWNNDAY", "DOWNNDAY(O,@)",
+          [](const Given& g, std::size_t bar) {
+              return runs(g, bar, [&](std::size_t k) { return k > 0 && g.a[k] < g.a[k - 1]; });
+          } },
+        { "NDAY", "NDAY(O,C,@)",
+          [](const Given& g, std::size_t bar) {
+              return runs(g, bar, [&](std::size_t k) { return g.a[k] > g.b[k]; });
+          } },
+        { "COVAR", "COVAR(O,C,@)", ofPairs([](const PairSums& s) { return s.xy / s.count; }), kSums },
+        { "RELATE", "RELATE(O,C,@)", ofPairs([](const PairSums& s) { return s.xy / std::sqrt(s.xx * s.yy); }),
+          kSums },
+        { "BETA", "BETA(O,C,@)", ofPairs([](const PairSums& s) { return s.xy / s.yy; }), kSums },
+        { "RSQ", "RSQ(O,C,@)", ofPairs([](const PairSums& s) { return s.xy * s.xy / (s.xx * s.yy); }),
+          kSums },
+        { "FINDHIGH", "FINDHIGH(O,2,@,3)",
+          [](const Given& g, std::size_t bar) { return found(g, bar, 3, false, std::greater<double>()); } },
+        { "FINDHIGHBARS", "FINDHIGHBARS(O,2,@,3)",
+          [](const Given& g, std::size_t bar) { return found(g, bar, 3, true, std::greater<double>()); } },
+        { "FINDLOW", "FINDLOW(O,2,@,1)",
+          [](const Given& g, std::size_t bar) { return found(g, bar, 1, false, std::less<double>()); } },
+        { "FINDLOWBARS", "FINDLOWBARS(O,2,@,2)",
+          [](const Given& g, std::size_t bar) { return found(g, bar, 2, true, std::less<double>()); } },
+        { "LAST", "LAST(O,@,2)", [](const Given& g, std::size_t bar) { return heldBetween(g, bar, true); } },
+        { "EXISTR", "EXISTR(O,@,2)",
+          [](const Given& g, std::size_t bar) { return heldBetween(g, bar, false); } },
+        { "BACKSET", "BACKSET(O,@)", setBackwards },
+        { "FILTERX", "FILTERX(O,@)", filteredBackwards },
     };
 }
 
@@ -424,25 +639,162 @@ std::vector<Case> casesWithAnyPeriod()
 std::vector<Case> casesWithFixedPeriod()
 {
     return {
-        { "EMA", "EMA(O,PERIOD)",
+        { "EMA", "EMA(O,@)",
           [](const Given& g, std::size_t bar) {
               const int period = periodOf(g.periods[0]);
               return averaged(g, bar, [&](std::size_t) { return period >= 1 ? 2.0 / (period + 1) : kNone; });
           },
           kSums },
-        { "SMA", "SMA(O,PERIOD,2)",
+        { "SMA", "SMA(O,@,2)",
           [](const Given& g, std::size_t bar) {
               const int period = periodOf(g.periods[0]);
               return averaged(g, bar, [&](std::size_t) { return period >= 2 ? 2.0 / period : kNone; });
           },
           kSums },
-        { "LONGCROSS", "LONGCROSS(O,C,PERIOD)", longCrossing },
-        { "SAR", "SAR(PERIOD,2,20)",
+        { "EXPMEMA", "EXPMEMA(O,@)",
+          [](const Given& g, std::size_t bar) {
+              return startedByMean(g, bar, Real(2) / (periodOf(g.periods[0]) + 1));
+          },
+          kSums },
+        { "MEMA", "MEMA(O,@)",
+          [](const Given& g, std::size_t bar) {
+              return startedByMean(g, bar, Real(1) / periodOf(g.periods[0]));
+          },
+          kSums },
+        { "LONGCROSS", "LONGCROSS(O,C,@)", longCrossing },
+        { "SAR", "SAR(@,2,20)",
           [](const Given& g, std::size_t bar) {
               return wilderStop(g.bars, bar, periodOf(g.periods[0]), 0.02, 0.2);
           },
           kSums },
     };
+}
+
+/// Where a series turns by a share: pairs of bar and direction before the turn.
+std::vector<std::pair<std::size_t, int>> turningsOf(const Series& values, double share)
+{
+    std::vector<std::pair<std::size_t, int>> turnings;
+    std::size_t high = values.size(), low = values.size();
+    int direction = 0;
+    for (std::size_t bar = 0; bar < values.size(); ++bar) {
+        const double value = values[bar];
+        if (!has(value))
+            continue;
+        if (high == values.size())
+            high = low = bar;
+        if (direction != -1 && value > values[high])
+            high = bar;
+        if (direction != 1 && value < values[low])
+            low = bar;
+        const double fallen = values[high] - value, risen = value - values[low];
+        if (direction != -1 && fallen > 0 && fallen >= share * std::abs(values[high])) {
+            turnings.emplace_back(high, 1);
+            direction = -1;
+            low = bar;
+        } else if (direction != 1 && risen > 0 && risen >= share * std::abs(values[low])) {
+            turnings.emplace_back(low, -1);
+            direction = 1;
+            high = bar;
+        }
+    }
+    return turnings;
+}
+
+/// The second last turning of a direction up to a bar.
+double turning(const Given& given, std::size_t bar, int direction, bool asksBars)
+{
+    int left = 2;
+    const auto turnings = turningsOf(given.a, 0.07);
+    for (auto turn = turnings.rbegin(); turn != turnings.rend(); ++turn) {
+        if (turn->second == direction && turn->first <= bar && --left == 0)
+            return asksBars ? static_cast<double>(bar - turn->first) : given.a[turn->first];
+    }
+    return kNone;
+}
+
+/// The line between the corners around a bar.
+double zigzag(const Given& given, std::size_t bar)
+{
+    std::vector<std::size_t> corners;
+    const auto turnings = turningsOf(given.a, 0.07);
+    for (std::size_t k = 0; k < given.a.size(); ++k) {
+        if (has(given.a[k]) && corners.empty())
+            corners.push_back(k);
+    }
+    for (const auto& turn : turnings)
+        corners.push_back(turn.first);
+    if (!turnings.empty()) { // the extreme since
+        const int rising = -turnings.back().second;
+        std::size_t extreme = turnings.back().first;
+        for (std::size_t k = extreme; k < given.a.size(); ++k) {
+            if (has(given.a[k]) && rising * given.a[k] > rising * given.a[extreme])
+                extreme = k;
+        }
+        corners.push_back(extreme);
+    }
+    for (std::size_t k = given.a.size(); k-- > 0;) {
+        if (has(given.a[k])) {
+            corners.push_back(k);
+            break;
+        }
+    }
+    for (std::size_t k = 0; k < corners.size(); ++k) {
+        if (corners[k] == bar)
+            return given.a[bar];
+        if (k > 0 && corners[k - 1] < bar && bar < corners[k]) {
+            const double part =
+                static_cast<double>(bar - corners[k - 1]) / static_cast<double>(corners[k] - corners[k - 1]);
+            return given.a[corners[k - 1]] + part * (given.a[corners[k]] - given.a[corners[k - 1]]);
+        }
+    }
+    return kNone;
+}
+
+/// A column of the index where a bar of it begins with the bar.
+Plain ofIndex(Series BarSeries::*column)
+{
+    return [=](const Given& given, std::size_t bar) {
+        const BarSeries& index = *given.bars.index;
+        for (std::size_t other = 0; other < index.size(); ++other) {
+            if (index.timeMs[other] == given.bars.timeMs[bar])
+                return (index.*column)[other];
+        }
+        return kNone;
+    };
+}
+
+/// The code of the median distance between two bars.
+double periodCode(const Given& given, std::size_t)
+{
+    std::vector<double> minutes;
+    for (std::size_t bar = 1; bar < given.bars.size(); ++bar)
+        minutes.push_back(
+            static_cast<double>((given.bars.timeMs[bar] - given.bars.timeMs[bar - 1]) / 60'000));
+    if (minutes.empty())
+        return kNone;
+    std::sort(minutes.begin(), minutes.end());
+    const double middle = minutes[minutes.size() / 2];
+    const std::pair<double, double> codes[] = { { 5, 0 },     { 15, 1 },     { 30, 2 },
+                                                { 60, 3 },    { 1440, 4 },   { 8640, 5 },
+                                                { 38880, 6 }, { 115200, 7 }, { 432000, 10 } };
+    for (const auto& [below, code] : codes) {
+        if (middle < below)
+            return code;
+    }
+    return 11;
+}
+
+double lastOfDate(const Given& given, std::size_t bar)
+{
+    const std::tm asked = localTime(given.bars, given.bars.size() / 2);
+    double answer = kNone;
+    static_cast<void>(bar);
+    for (std::size_t other = 0; other < given.bars.size(); ++other) {
+        const std::tm time = localTime(given.bars, other);
+        if (time.tm_year == asked.tm_year && time.tm_yday == asked.tm_yday)
+            answer = given.a[other];
+    }
+    return answer;
 }
 
 /// Series and functions without a number of bars.
@@ -485,6 +837,69 @@ std::vector<Case> casesWithoutPeriod()
               return static_cast<long>(bar) < first ? kNone
                                                     : static_cast<double>(static_cast<long>(bar) - first + 1);
           } },
+        { "INDEXO", "INDEXO", ofIndex(&BarSeries::open) },
+        { "INDEXH", "INDEXH", ofIndex(&BarSeries::high) },
+        { "INDEXL", "INDEXL", ofIndex(&BarSeries::low) },
+        { "INDEXC", "INDEXC", ofIndex(&BarSeries::close) },
+        { "INDEXV", "INDEXV", ofIndex(&BarSeries::volume) },
+        { "INDEXA", "INDEXA", ofIndex(&BarSeries::amount) },
+        { "CAPITAL", "CAPITAL", [](const Given& g, std::size_t) { return g.bars.floatingShares; } },
+        { "TOTALCAPITAL", "TOTALCAPITAL", [](const Given&, std::size_t) { return kNone; } },
+        { "PERIOD", "PERIOD", periodCode },
+        { "CURRBARSCOUNT", "CURRBARSCOUNT",
+          [](const Given& g, std::size_t bar) { return static_cast<double>(g.a.size() - bar); } },
+        { "TOTALBARSCOUNT", "TOTALBARSCOUNT",
+          [](const Given& g, std::size_t) { return static_cast<double>(g.a.size()); } },
+        { "CONST", "CONST(O)", [](const Given& g, std::size_t) { return g.a.back(); } },
+        { "REFDATE", "REFDATE(O,CONST(REF(DATE,INTPART((TOTALBARSCOUNT-1)/2))))", lastOfDate },
+        { "TMA", "TMA(O,0.7,0.4)",
+          [](const Given& g, std::size_t bar) {
+              Real average = 0;
+              bool isStarted = false;
+              for (std::size_t other = 0; other <= bar; ++other) {
+                  if (!has(g.a[other]))
+                      continue;
+                  average = isStarted ? Real(0.7) * average + Real(0.4) * g.a[other] : Real(g.a[other]);
+                  isStarted = true;
+              }
+              return has(g.a[bar]) ? static_cast<double>(average) : kNone;
+          },
+          kSums },
+        { "TFILTER", "TFILTER(O,C,0)", takenInTurns },
+        { "TFILTER", "TFILTER(O,C,1)",
+          [](const Given& g, std::size_t bar) { return takenInTurns(g, bar) == 1.0 ? 1.0 : 0.0; } },
+        { "TFILTER", "TFILTER(O,C,2)",
+          [](const Given& g, std::size_t bar) { return takenInTurns(g, bar) == 2.0 ? 1.0 : 0.0; } },
+        { "VALUEWHEN", "VALUEWHEN(O,C)",
+          [](const Given& g, std::size_t bar) {
+              for (std::size_t back = 0; back <= bar; ++back) {
+                  if (holds(g.a[bar - back]))
+                      return g.b[bar - back];
+              }
+              return kNone;
+          } },
+        { "BARSLASTCOUNT", "BARSLASTCOUNT(O)",
+          [](const Given& g, std::size_t bar) {
+              std::size_t run = 0;
+              while (run <= bar && holds(g.a[bar - run]))
+                  ++run;
+              return static_cast<double>(run);
+          } },
+        { "SUMBARS", "SUMBARS(O,13.25)",
+          [](const Given& g, std::size_t bar) { return summedBars(g, bar, 13.25); } },
+        { "TOPRANGE", "TOPRANGE(O)",
+          [](const Given& g, std::size_t bar) { return betterThanBefore(g, bar, std::greater<double>()); } },
+        { "LOWRANGE", "LOWRANGE(O)",
+          [](const Given& g, std::size_t bar) { return betterThanBefore(g, bar, std::less<double>()); } },
+        { "ZIG", "ZIG(O,7)", zigzag, kSums },
+        { "ZIG", "ZIG(0,7)", zigzag, kSums },
+        { "PEAK", "PEAK(O,7,2)", [](const Given& g, std::size_t bar) { return turning(g, bar, 1, false); } },
+        { "PEAKBARS", "PEAKBARS(0,7,2)",
+          [](const Given& g, std::size_t bar) { return turning(g, bar, 1, true); } },
+        { "TROUGH", "TROUGH(O,7,2)",
+          [](const Given& g, std::size_t bar) { return turning(g, bar, -1, false); } },
+        { "TROUGHBARS", "TROUGHBARS(O,7,2)",
+          [](const Given& g, std::size_t bar) { return turning(g, bar, -1, true); } },
         { "DMA", "DMA(O,ABS(C)/20)",
           [](const Given& g, std::size_t bar) {
               return averaged(g, bar, [&](std::size_t other) { return std::abs(g.b[other]) / 20.0; });
@@ -497,6 +912,28 @@ std::vector<Case> casesWithoutPeriod()
                   return kNone;
               return g.a[bar] != 0.0 ? g.b[bar] : g.c[bar];
           } },
+        { "IFF", "IFF(O,C,H)",
+          [](const Given& g, std::size_t bar) {
+              if (!has(g.a[bar]))
+                  return kNone;
+              return g.a[bar] != 0.0 ? g.b[bar] : g.c[bar];
+          } },
+        { "IFN", "IFN(O,C,H)",
+          [](const Given& g, std::size_t bar) {
+              if (!has(g.a[bar]))
+                  return kNone;
+              return g.a[bar] != 0.0 ? g.c[bar] : g.b[bar];
+          } },
+        { "ISVALID", "ISVALID(O)",
+          [](const Given& g, std::size_t bar) { return has(g.a[bar]) ? 1.0 : 0.0; } },
+        { "FLOOR", "FLOOR(O)", ofOne([](double x) { return std::floor(x); }) },
+        { "CEILING", "CEILING(O)", ofOne([](double x) { return -std::floor(-x); }) },
+        { "FRACPART", "FRACPART(O)", ofOne([](double x) { return std::fmod(x, 1.0); }) },
+        { "ASIN", "ASIN(O/9)", ofOne([](double x) { return std::asin(x / 9); }) },
+        { "ACOS", "ACOS(O/9)", ofOne([](double x) { return std::acos(x / 9); }) },
+        { "ATAN", "ATAN(O)", ofOne([](double x) { return std::atan(x); }) },
+        { "==", "O==C", ofTwo([](double a, double b) { return a < b || a > b ? 0.0 : 1.0; }) },
+        { "!=", "O!=C", ofTwo([](double a, double b) { return a < b || a > b ? 1.0 : 0.0; }) },
         { "ISNULL", "ISNULL(O)", [](const Given& g, std::size_t bar) { return has(g.a[bar]) ? 0.0 : 1.0; } },
         { "BETWEEN", "BETWEEN(O,C,H)", ofThree([](double x, double a, double b) {
               return static_cast<double>((a <= x && x <= b) || (b <= x && x <= a));
@@ -566,13 +1003,19 @@ BarSeries looseBars(unsigned seed)
     for (std::size_t bar = 0; bar < count; ++bar)
         bars.timeMs.push_back(time +=
                               std::uniform_int_distribution<std::int64_t>(1, 40'000)(random) * 60'000);
+    bars.floatingShares = 1234.5;
+    BarSeries index = bars;
+    for (std::int64_t& indexTime : index.timeMs)
+        indexTime += chance(0.3) ? 60'000 : 0; // no bar of its own
+    std::shuffle(index.open.begin(), index.open.end(), random);
+    bars.index = std::make_shared<const BarSeries>(std::move(index));
     return bars;
 }
 
 std::string replaced(std::string expression, const std::string& period)
 {
-    if (const std::size_t place = expression.find("PERIOD"); place != std::string::npos)
-        expression.replace(place, 6, period);
+    if (const std::size_t place = expression.find('@'); place != std::string::npos)
+        expression.replace(place, 1, period);
     return expression;
 }
 

@@ -116,9 +116,9 @@ void checkMacd(const engine::BarSeries& bars)
 void checkKdj(const engine::BarSeries& bars)
 {
     Series raw;
-    for (std::size_t bar = 8; bar < bars.size(); ++bar) {
+    for (std::size_t bar = 0; bar < bars.size(); ++bar) {
         double high = bars.high[bar], low = bars.low[bar];
-        for (std::size_t back = 1; back < 9; ++back) {
+        for (std::size_t back = 1; back < 9 && back <= bar; ++back) {
             high = std::max(high, bars.high[bar - back]);
             low = std::min(low, bars.low[bar - back]);
         }
@@ -127,14 +127,14 @@ void checkKdj(const engine::BarSeries& bars)
     const Series k = plainSma(raw, 3, 1), d = plainSma(k, 3, 1);
     const auto kdj = test::computed("KDJ", bars);
     const auto at = [](const Series& s, int bar) {
-        return static_cast<Real>(s[static_cast<std::size_t>(bar - 8)]);
+        return static_cast<Real>(s[static_cast<std::size_t>(bar)]);
     };
     expectSeries(
-        test::seriesOf(kdj, "K"), 8, [&](int bar) { return at(k, bar); }, "K");
+        test::seriesOf(kdj, "K"), 0, [&](int bar) { return at(k, bar); }, "K");
     expectSeries(
-        test::seriesOf(kdj, "D"), 8, [&](int bar) { return at(d, bar); }, "D");
+        test::seriesOf(kdj, "D"), 0, [&](int bar) { return at(d, bar); }, "D");
     expectSeries(
-        test::seriesOf(kdj, "J"), 8, [&](int bar) { return 3 * at(k, bar) - 2 * at(d, bar); }, "J");
+        test::seriesOf(kdj, "J"), 0, [&](int bar) { return 3 * at(k, bar) - 2 * at(d, bar); }, "J");
 }
 
 void checkRsi(const engine::BarSeries& bars)
@@ -157,6 +157,57 @@ void checkRsi(const engine::BarSeries& bars)
     }
 }
 
+/// The bars of a window that are there: all from the first one on.
+int firstOf(int bar, int period)
+{
+    return std::max(0, bar + 1 - period);
+}
+
+void checkWilliams(const engine::BarSeries& bars)
+{
+    const auto wr = test::computed("WR", bars);
+    for (const int period : { 10, 6 }) {
+        const Series computed = test::seriesOf(wr, "WR" + std::to_string(period));
+        for (int bar = 0; bar < static_cast<int>(bars.size()); ++bar) {
+            const auto from = firstOf(bar, period);
+            const Real high = *std::max_element(bars.high.begin() + from, bars.high.begin() + bar + 1);
+            const Real low = *std::min_element(bars.low.begin() + from, bars.low.begin() + bar + 1);
+            const auto at = static_cast<std::size_t>(bar);
+            const Real expected = high == low ? kGone : 100 * (high - bars.close[at]) / (high - low);
+            ASSERT_LE(std::abs(computed[at] - expected), 1e-9L * std::max<Real>(1, std::abs(expected)))
+                << period << " at bar " << bar;
+        }
+    }
+}
+
+void checkDirectionalMovement(const engine::BarSeries& bars)
+{
+    constexpr int period = 14;
+    const auto dmi = test::computed("DMI", bars);
+    const Series up = test::seriesOf(dmi, "PDI"), down = test::seriesOf(dmi, "MDI");
+    for (int bar = 0; bar < static_cast<int>(bars.size()); ++bar) {
+        Real ranges = 0, rises = 0, falls = 0;
+        for (int back = firstOf(bar, period); back <= bar; ++back) {
+            const auto at = static_cast<std::size_t>(back);
+            const Real high = bars.high[at], low = bars.low[at];
+            const Real before = back > 0 ? bars.close[at - 1] : high;
+            ranges += back > 0 ? std::max({ high - low, std::abs(high - before), std::abs(low - before) })
+                               : high - low;
+            const Real rise = back > 0 ? high - bars.high[at - 1] : 0;
+            const Real fall = back > 0 ? bars.low[at - 1] - low : 0;
+            rises += rise > 0 && rise > fall ? rise : 0;
+            falls += fall > 0 && fall > rise ? fall : 0;
+        }
+        const auto at = static_cast<std::size_t>(bar);
+        const bool isThere = bar > 0 && ranges > 0;
+        for (const auto& [computed, moves] : { std::pair(up[at], rises), std::pair(down[at], falls) }) {
+            const Real expected = isThere ? moves * 100 / ranges : kGone;
+            ASSERT_LE(std::abs(computed - expected), 1e-9L * std::max<Real>(1, std::abs(expected)))
+                << "at bar " << bar;
+        }
+    }
+}
+
 void checkAll(const engine::BarSeries& bars)
 {
     checkMovingAverages(bars);
@@ -164,6 +215,8 @@ void checkAll(const engine::BarSeries& bars)
     checkMacd(bars);
     checkKdj(bars);
     checkRsi(bars);
+    checkWilliams(bars);
+    checkDirectionalMovement(bars);
 }
 
 TEST(BuiltInFormulas, AgreeWithTheirPlainFormOnTheBundledFiles)

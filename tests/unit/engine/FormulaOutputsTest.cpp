@@ -29,7 +29,7 @@ TEST(FormulaOutputs, HaveTheDrawingTheyAskFor)
     EXPECT_EQ(drawTypeOf("X:C,COLORSTICK;"), 2);
     EXPECT_EQ(drawTypeOf("X:C,POINTDOT;"), 10);
     EXPECT_EQ(drawTypeOf("X:C,CIRCLEDOT;"), 11);
-    EXPECT_EQ(drawTypeOf("DRAWKLINE(O,H,L,C);"), 12);
+    EXPECT_EQ(drawTypeOf("DRAWKLINE(H,O,L,C);"), 12);
     EXPECT_EQ(drawTypeOf("DRAWTEXT(C>1,H,'x');"), 13);
     EXPECT_EQ(drawTypeOf("DRAWICON(C>1,H,1);"), 19);
     EXPECT_EQ(drawTypeOf("DRAWNUMBER(C>1,H,C,2);"), 26);
@@ -44,11 +44,81 @@ TEST(FormulaOutputs, HaveTheDrawingTheyAskFor)
 TEST(FormulaOutputs, HaveColourWidthAndStyle)
 {
     const auto meta =
-        recordsOf("A:C,COLORRED,LINETHICK3,DOTLINE; B:C,COLOR1234AB,DASHDOT; D:C,DASHDOTDOT;").meta;
+        recordsOf("A:C,COLORRED,LINETHICK3,DOTLINE; B:C,COLORAB3412,DASHDOT; D:C,DASHDOTDOT;").meta;
     EXPECT_EQ(meta.color, (std::vector<int> { 0x0000FF, 0xAB3412, 0 }));
     EXPECT_EQ(meta.colorSet, (std::vector<int> { 1, 1, 0 }));
     EXPECT_EQ(meta.lineWidth, (std::vector<int> { 3, 1, 1 }));
     EXPECT_EQ(meta.lineStyle, (std::vector<int> { 15, 16, 17 }));
+}
+
+TEST(FormulaOutputs, TakeColoursInEveryWayTheyAreWritten)
+{
+    const auto meta =
+        recordsOf("A:C,#1234AB; B:C,RGB(18,52,171); D:C,COLORLIRED; E:C,COLORAB3412,LINETHICK;").meta;
+    EXPECT_EQ(meta.color, (std::vector<int> { 0xAB3412, 0xAB3412, 0x8080FF, 0xAB3412 }));
+    EXPECT_EQ(meta.lineWidth, (std::vector<int> { 1, 1, 1, 1 }));
+}
+
+TEST(FormulaOutputs, OfCandlesTakeThePricesInTheOrderThatTradersWrite)
+{
+    auto bars = test::barsOf({ 4 });
+    bars.open = { 2 };
+    bars.high = { 5 };
+    bars.low = { 1 };
+    const auto records = recordsOf("K:DRAWKLINE(HIGH,OPEN,LOW,CLOSE);", bars);
+    for (std::size_t column = 0; column < 4; ++column)
+        EXPECT_EQ(test::seriesOf(records, "K", column).at(0), (std::vector<double> { 2, 5, 1, 4 })[column]);
+}
+
+TEST(FormulaOutputs, OfLinesBetweenConditionsAreLinesOfValues)
+{
+    const auto poly = recordsOf("P:POLYLINE(C=1 OR C=3,C*2);", test::barsOf({ 0, 1, 2, 2, 2, 3, 0 }));
+    EXPECT_EQ(poly.meta.drawType.at(0), 1);
+    EXPECT_EQ(test::seriesOf(poly, "P"), (std::vector<double> { DBL_MAX, 2, 3, 4, 5, 6, DBL_MAX }));
+    const std::string line = "L:DRAWLINE(C=1,C,C=3,C,";
+    const auto bars = test::barsOf({ 1, 2, 3, 9, 1, 2, 3 });
+    EXPECT_EQ(test::seriesOf(recordsOf(line + "0);", bars), "L"),
+              (std::vector<double> { 1, 2, 3, DBL_MAX, 1, 2, 3 }));
+    EXPECT_EQ(test::seriesOf(recordsOf(line + "1);", bars), "L"),
+              (std::vector<double> { 1, 2, 3, 4, 1, 2, 3 }));
+    EXPECT_EQ(test::seriesOf(recordsOf("L:PARTLINE(C>2,H);", test::barsOf({ 1, 3, 5 })), "L"),
+              (std::vector<double> { DBL_MAX, 3, 5 }));
+}
+
+TEST(FormulaOutputs, OfBandsAndRegionsAreSticksInTheirColours)
+{
+    const auto band = recordsOf("DRAWBAND(C,RGB(255,0,0),2,COLORGREEN);").meta;
+    EXPECT_EQ(band.drawType, (std::vector<int> { 28, 28 }));
+    EXPECT_EQ(band.color, (std::vector<int> { 0x0000FF, 0x00FF00 }));
+    const auto region = recordsOf("FILLRGN(C,0,C>1,COLORBLUE); FILLRGN(C,1);");
+    EXPECT_EQ(region.meta.drawType, (std::vector<int> { 28, 28 }));
+    EXPECT_EQ(region.result.numberSeries.at(0), (std::vector<double> { 0, 1, 1 }));
+    EXPECT_FALSE(engine::readFormula("DRAWBAND(C,C,2,COLORGREEN);").formula) << "a colour must be written";
+    EXPECT_FALSE(engine::readFormula("FILLRGN(C,2,C>1);").formula) << "a condition has a colour";
+}
+
+TEST(FormulaOutputs, OfSticksAndLinesHaveBoth)
+{
+    const auto records = recordsOf("A:C,STICK,COLORRED; B:C,LINESTICK; D:C,CROSSDOT;");
+    EXPECT_EQ(records.meta.drawType, (std::vector<int> { 0, 28, 0, 28, 10 }));
+    EXPECT_EQ(records.meta.lineWidth, (std::vector<int> { 0, 1, 1, 1, 1 }));
+    EXPECT_EQ(records.meta.color, (std::vector<int> { 255, 255, 0, 0, 0 }));
+}
+
+TEST(FormulaOutputs, OfNumbersAndFixedTextsTakeTheShorterForms)
+{
+    EXPECT_EQ(recordsOf("DRAWNUMBER(1,H,C);").result.numberSeries.at(3), (std::vector<double> { 2, 2, 2 }));
+    const auto fixed = recordsOf("DRAWTEXT_FIX(1,0.5,0.25,0,'x');");
+    EXPECT_EQ(fixed.meta.drawType.at(0), 31);
+    EXPECT_EQ(test::seriesOf(fixed, "__noname1", 2).back(), 500);
+    EXPECT_EQ(test::seriesOf(fixed, "__noname1", 3).back(), 250);
+}
+
+TEST(FormulaOutputs, WithMoreTextThanThereIsRoomForAreNotComputed)
+{
+    const auto reading = engine::readFormula("DRAWTEXT(1,H,'" + std::string(1'000'000, 'x') + "');");
+    ASSERT_TRUE(reading.formula);
+    EXPECT_FALSE(engine::computeFormula(reading.formula, test::randomBars(1, 5639)));
 }
 
 TEST(FormulaOutputs, WithoutANameShowTheirValueAlone)

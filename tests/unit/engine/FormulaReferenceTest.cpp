@@ -13,13 +13,18 @@
 
 namespace {
 
-std::string reference()
+std::string pageOf(const std::string& name)
 {
-    std::ifstream file(DOCS_DIR "/formulas.md", std::ios::binary);
+    std::ifstream file(DOCS_DIR "/" + name, std::ios::binary);
     std::ostringstream text;
     text << file.rdbuf();
     EXPECT_FALSE(text.str().empty());
     return text.str();
+}
+
+std::string reference()
+{
+    return pageOf("formulas.md");
 }
 
 /// What stands in the blocks marked as formulas, and beside the pictures.
@@ -39,13 +44,13 @@ std::vector<std::string> formulasOf(const std::string& page)
     return formulas;
 }
 
-/// The words of Latin letters and digits, apart from those that are part of a longer one.
+/// The words of Latin letters, digits and underscores, apart from those that are part of a longer one.
 std::set<std::string> wordsOf(const std::string& text)
 {
     std::set<std::string> words;
     std::string word;
     for (const char character : text + " ") {
-        if (std::isalnum(static_cast<unsigned char>(character))) {
+        if (std::isalnum(static_cast<unsigned char>(character)) || character == '_') {
             word += character;
             continue;
         }
@@ -95,6 +100,27 @@ TEST(FormulaReference, UsesEveryFunctionAndDrawingInAFormula)
             EXPECT_EQ(words.count(word.name), 1U) << word.name;
         }
     }
+}
+
+TEST(FormulaReference, ListsTheWordsOfOthersThatAreRefusedForTheirReason)
+{
+    std::istringstream lines(pageOf("formula-words.md"));
+    int words = 0;
+    for (std::string line; std::getline(lines, line);) {
+        const std::size_t reason = line.rfind(" | ");
+        for (std::size_t at = line.find('`'); line.compare(0, 3, "| `") == 0 && at != line.npos;) {
+            const std::size_t end = line.find('`', at + 1);
+            const std::string word = line.substr(at + 1, end - at - 1);
+            ++words;
+            for (const std::string& use : { word, word + "(C,5)" }) {
+                const std::vector<engine::Problem> problems = engine::readFormula("X:" + use + ";").problems;
+                ASSERT_EQ(problems.size(), 1U) << word;
+                EXPECT_EQ("| " + problems[0].english + " |", line.substr(reason + 1)) << word;
+            }
+            at = line.find('`', end + 1);
+        }
+    }
+    EXPECT_GT(words, 80);
 }
 
 TEST(FormulaReference, TellsTheFaultsThatAreReported)

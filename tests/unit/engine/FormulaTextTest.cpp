@@ -24,6 +24,20 @@ std::vector<std::string> faultsOf(const std::string& text)
     return faults;
 }
 
+/// The hints of a text that is read, in the same form.
+std::vector<std::string> hintsOf(const std::string& text)
+{
+    std::vector<std::string> hints;
+    const engine::FormulaReading reading = engine::readFormula(text);
+    EXPECT_TRUE(reading.formula) << text;
+    for (const engine::Problem& hint : reading.hints) {
+        EXPECT_FALSE(hint.chinese.empty());
+        hints.push_back(std::to_string(hint.place.line) + ":" + std::to_string(hint.place.column) + "+"
+                        + std::to_string(hint.place.length) + " " + hint.found + ": " + hint.english);
+    }
+    return hints;
+}
+
 double valueOf(const std::string& expression)
 {
     const Series values = valuesOf(expression, { 1 });
@@ -45,6 +59,8 @@ TEST(FormulaText, MultipliesBeforeItAddsAndComparesBeforeItJoins)
     EXPECT_EQ(valueOf("NOT(1)+1"), 1);
     EXPECT_EQ(valueOf("!0"), 1);
     EXPECT_EQ(valueOf("1<>2"), 1);
+    EXPECT_EQ(valueOf("1!=2"), 1);
+    EXPECT_EQ(valueOf("1==2"), 0);
     EXPECT_EQ(valueOf("1e2+.5"), 100.5);
 }
 
@@ -114,11 +130,65 @@ TEST(FormulaText, KeepsItsOwnNamesAndRefusesASecondUse)
               std::vector<std::string> {}); // an output may be called as its series
 }
 
-TEST(FormulaText, NamesFullWidthSignsAndForeignBytes)
+TEST(FormulaText, ReadsFullWidthSignsAndTypographicQuotesWithAHint)
 {
-    EXPECT_EQ(faultsOf("X：C；"),
-              (std::vector<std::string> { "1:2+1 ：: a full-width sign, expected :",
-                                          "1:4+1 ；: a full-width sign, expected ;" }));
+    EXPECT_EQ(hintsOf("X：C；"),
+              (std::vector<std::string> { "1:2+1 ：: a full-width sign, read as :",
+                                          "1:4+1 ；: a full-width sign, read as ;" }));
+    EXPECT_EQ(hintsOf("A：＝C＞＝O；X:A;"),
+              (std::vector<std::string> {
+                  "1:2+2 ：＝: a full-width sign, read as :=", "1:5+2 ＞＝: a full-width sign, read as >=",
+                  "1:8+1 ；: a full-width sign, read as ;" }));
+    EXPECT_EQ(hintsOf("DRAWTEXT(C>O,H,‘买’);"),
+              (std::vector<std::string> { "1:16+3 ‘买’: a typographic quote, read as a single quote" }));
+    EXPECT_EQ(hintsOf("DRAWTEXT(C>O,H,\"买\");"),
+              (std::vector<std::string> { "1:16+3 买: a text in double quotes, single quotes are usual" }));
+    EXPECT_EQ(valueOf("(2≥2)×3"), 3);
+}
+
+TEST(FormulaText, NamesWhatHasNoPlainMeaning)
+{
+    EXPECT_EQ(faultsOf("X:C。").front(), "1:4+1 。: a character that formulas do not use");
+    EXPECT_EQ(faultsOf("X:ＭＡ(C,5);").front(),
+              "1:3+2 ＭＡ: full-width letters or digits, expected the half-width ones");
+}
+
+TEST(FormulaText, HintsWhereAWordMeansSomethingElseToOthers)
+{
+    EXPECT_EQ(hintsOf("DRAWKLINE(HIGH,OPEN,LOW,CLOSE);"), std::vector<std::string> {});
+    EXPECT_EQ(hintsOf("DRAWKLINE(O,H,L,C);"),
+              (std::vector<std::string> { "1:11+1 O: the order of the arguments is HIGH,OPEN,LOW,CLOSE" }));
+    EXPECT_EQ(
+        hintsOf("A:=C,COLORRED,RGB(1,2,3),LINETHICK2; X:A;"),
+        (std::vector<std::string> { "1:5+1 ,: a hidden value is not drawn, its attributes have no effect" }));
+    EXPECT_EQ(hintsOf("X:MA(C,0)+REF(C,-1)+SUM(C,0);"),
+              (std::vector<std::string> { "1:8+1 0: there is no answer for this number of bars",
+                                          "1:17+1 -: there is no answer for this number of bars" }));
+}
+
+TEST(FormulaText, SaysWhyAWordOfOthersIsNoneHere)
+{
+    EXPECT_THAT(faultsOf("X:WINNER(C);").front(),
+                testing::HasSubstr("the distribution of holdings needs records of who sold"));
+    EXPECT_EQ(faultsOf("WINNER:=C; X:WINNER;"), std::vector<std::string> {}) << "it is a free name";
+}
+
+TEST(FormulaText, SuggestsOnlyWhatMeansNearlyTheSame)
+{
+    EXPECT_EQ(faultsOf("X:C,LINETHICK8;").front(),
+              "1:5+10 LINETHICK8: unknown attribute, expected LINETHICK0 to LINETHICK7");
+    EXPECT_EQ(faultsOf("X:IFX(C,1,2);").front(), "1:3+3 IFX: unknown function");
+    EXPECT_EQ(faultsOf("X:COUNTT(C,1);").front(), "1:3+6 COUNTT: unknown function, did you mean COUNT");
+}
+
+TEST(FormulaText, NamesAnArgumentTooMany)
+{
+    EXPECT_EQ(faultsOf("X:MA(C,5,6);"),
+              (std::vector<std::string> { "1:10+1 6: an argument too many, expected MA(X,N)" }));
+}
+
+TEST(FormulaText, NamesForeignBytes)
+{
     EXPECT_EQ(faultsOf("X:C$$+1;"),
               (std::vector<std::string> { "1:4+2 $$: a character that formulas do not use" }));
     EXPECT_EQ(faultsOf("X:C\xFF\xFE;").size(), 1U);
@@ -147,7 +217,7 @@ TEST(FormulaText, SaysWhereItIsDrawn)
     EXPECT_EQ(engine::readFormula("X:C;").formula->kind(), 0);
     EXPECT_EQ(engine::readFormula("MAIN; X:C;").formula->kind(), 1);
     EXPECT_EQ(engine::readFormula("X:C,COLORRED,MAIN;").formula->kind(), 1);
-    EXPECT_EQ(engine::readFormula("MAINCHART; DRAWKLINE(O,H,L,C);").formula->kind(), 2);
+    EXPECT_EQ(engine::readFormula("MAINCHART; DRAWKLINE(H,O,L,C);").formula->kind(), 2);
     EXPECT_EQ(engine::readFormula("SUB; X:C;").formula->kind(), 0);
 }
 
@@ -160,7 +230,10 @@ TEST(FormulaText, NeedsAnOutput)
 TEST(FormulaText, HasLimits)
 {
     const std::string deep(10'000, '(');
-    EXPECT_EQ(faultsOf("X:" + deep).front(), "1:203+1 (: nested too deeply");
+    EXPECT_EQ(faultsOf("X:" + deep).front(), "1:204+1 (: nested too deeply");
+    EXPECT_EQ(faultsOf("X:" + std::string(200, '(') + "C" + std::string(200, ')')),
+              std::vector<std::string> {});
+    EXPECT_EQ(faultsOf("X:" + std::string(201, '(') + "C" + std::string(201, ')')).size(), 1U);
     EXPECT_EQ(faultsOf("X:" + std::string(100'000, '-') + "C;").size(), 1U);
     std::string wide = "X:C";
     for (int term = 0; term < 30'000; ++term)

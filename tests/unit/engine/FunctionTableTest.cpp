@@ -23,10 +23,10 @@ TEST(FunctionTable, GivesEveryNameOnce)
     }
 }
 
-TEST(FunctionTable, HasAKernelForEverythingButDrawings)
+TEST(FunctionTable, HasAKernelForEverythingThatDoesNotDraw)
 {
     for (const Function& function : allFunctions()) {
-        EXPECT_NE(function.makeKernel != nullptr, function.drawing.has_value()) << function.name;
+        EXPECT_TRUE(function.makeKernel != nullptr || function.drawing.has_value()) << function.name;
         EXPECT_LE(function.minArguments, function.maxArguments) << function.name;
     }
 }

@@ -73,8 +73,7 @@ TEST(MovingAverage, LongerThanTheSeriesIsMissingThroughout)
 TEST(MovingAverage, HasNoValueWhileAMissingNumberIsInTheWindow)
 {
     EXPECT_EQ(movingAverage({ 1, 1, gone, 3, 5, 7 }, 2), (Series { gone, 1, gone, gone, 4, 6 }));
-    EXPECT_EQ(movingAverage({ 1, NAN, 3, infinity, 5, 7 }, 2),
-              (Series { gone, gone, gone, gone, gone, 6 }));
+    EXPECT_EQ(movingAverage({ 1, NAN, 3, infinity, 5, 7 }, 2), (Series { gone, gone, gone, gone, gone, 6 }));
 }
 
 TEST(MovingAverage, ForgetsAHugeValueOnceItHasLeftTheWindow)
@@ -154,17 +153,31 @@ TEST(SmoothedAverage, WeighsTheNewValueAgainstThePeriod)
 
 TEST(HighestOf, SlidesOverTheWindow)
 {
-    EXPECT_EQ(highestOf({ 5, 1, 2, 3, 1, 1 }, 3), (Series { gone, gone, 5, 3, 3, 3 }));
+    EXPECT_EQ(highestOf({ 5, 1, 2, 3, 1, 1 }, 3), (Series { 5, 5, 5, 3, 3, 3 }));
 }
 
 TEST(LowestOf, SlidesOverTheWindow)
 {
-    EXPECT_EQ(lowestOf({ 1, 5, 4, 3, 7, 8 }, 3), (Series { gone, gone, 1, 3, 3, 3 }));
+    EXPECT_EQ(lowestOf({ 1, 5, 4, 3, 7, 8 }, 3), (Series { 1, 1, 1, 3, 3, 3 }));
 }
 
-TEST(HighestOf, HasNoValueWhileAMissingNumberIsInTheWindow)
+TEST(HighestOf, PassesOverMissingNumbers)
 {
-    EXPECT_EQ(highestOf({ 5, NAN, 2, 3, 1 }, 2), (Series { gone, gone, gone, 3, 3 }));
+    EXPECT_EQ(highestOf({ 5, NAN, 2, 3, 1 }, 2), (Series { 5, gone, 2, 3, 3 }));
+    EXPECT_EQ(highestOf({ NAN, 5, NAN, 2 }, 3), (Series { gone, 5, gone, 5 }));
+}
+
+TEST(HighestOf, TakesTheBarsOfAListingThatIsShorterThanTheWindow)
+{
+    EXPECT_EQ(highestOf({ 5, 1, 7 }, 250), (Series { 5, 5, 7 }));
+    EXPECT_EQ(called("SUM", { 5, 1, 7 }, 250), (Series { 5, 6, 13 }));
+    EXPECT_EQ(called("HHVBARS", { 5, 1, 1 }, 250), (Series { 0, 1, 2 }));
+}
+
+TEST(Slope, OfAFlatWindowIsExactlyZero)
+{
+    for (const double slope : test::valuesOf("SLOPE(C,7)+SLOPE(C,V)", Series(60, 0.1), Series(60, 5.0)))
+        EXPECT_TRUE(slope == 0.0 || slope == gone) << slope;
 }
 
 TEST(CrossingsOf, NamesTheBarAfterWhichTheOtherSideHolds)

@@ -100,6 +100,32 @@ TEST_F(UserFormulas, WithAFaultyTextAreLeftOutWithAllTheirFaults)
     EXPECT_FALSE(manager().getFormula(text("A")));
 }
 
+TEST_F(UserFormulas, CallOneAnotherWhereverTheyStandInTheFile)
+{
+    EXPECT_EQ(load(fileWith(R"({"name": "A", "source": "X:B.Y(4)+KDJ.K;"},
+                               {"name": "B", "source": "PARAM N(3,1,50); Y:MA(C,N);"})")),
+              QStringList());
+    EXPECT_TRUE(manager().getFormula(text("A")));
+}
+
+TEST_F(UserFormulas, ThatCallOneAnotherInACircleAreRefused)
+{
+    const QStringList problems = load(fileWith(R"({"name": "A", "source": "X:B.Y;"},
+                               {"name": "B", "source": "Y:A.X;"},
+                               {"name": "OWN", "source": "Z:OWN.Z;"})"));
+    ASSERT_EQ(problems.size(), 3);
+    for (const QString& problem : problems)
+        EXPECT_THAT(problem.toStdString(), testing::HasSubstr("the formulas call one another in a circle"));
+    EXPECT_FALSE(manager().getFormula(text("A")));
+}
+
+TEST_F(UserFormulas, WithANameThatDiffersInItsCaseAloneAreRefused)
+{
+    EXPECT_EQ(load(fileWith(R"({"name": "kline", "source": "X:C;"})")).size(), 1);
+    EXPECT_EQ(
+        load(fileWith(R"({"name": "Abc", "source": "X:C;"}, {"name": "aBC", "source": "X:C;"})")).size(), 1);
+}
+
 TEST_F(UserFormulas, RestOnATextOrOnABuiltInFormulaButNotOnBoth)
 {
     EXPECT_EQ(load(fileWith(R"({"name": "A", "base": "MA", "source": "X:C;"})")).size(), 1);

@@ -1,0 +1,115 @@
+#include "engine/kernels/KernelRows.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+namespace engine::language {
+
+namespace {
+
+struct Knot
+{
+    std::size_t bar;
+    double value;
+};
+
+/// The straight line through two knots, from one bar to another.
+void drawLine(const Knot& first, const Knot& second, std::size_t begin, std::size_t end, double* result)
+{
+    const double bars = static_cast<double>(second.bar - first.bar);
+    for (std::size_t bar = begin; bar < end; ++bar) {
+        const double part = (static_cast<double>(bar) - static_cast<double>(first.bar)) / bars;
+        result[bar] = valueOrMissing(first.value * (1.0 - part) + second.value * part);
+    }
+}
+
+/// Lines from each bar on which a condition holds to the next.
+class PolyLineKernel : public Kernel
+{
+public:
+    void compute(const Operand* arguments, const Work& work, double* result) override
+    {
+        std::fill(result, result + work.count, kMissing);
+        std::optional<Knot> last;
+        for (std::size_t bar = 0; bar < work.count; ++bar) {
+            if (!isTrue(arguments[0][bar]) || isMissing(arguments[1][bar]))
+                continue;
+            const Knot knot { bar, arguments[1][bar] };
+            result[bar] = knot.value;
+            if (last)
+                drawLine(*last, knot, last->bar + 1, bar, result);
+            last = knot;
+        }
+    }
+};
+
+/// Lines from the last bar on which the first condition held to the bar on which the second does; they may go
+/// on until another line begins.
+class ConnectionKernel : public Kernel
+{
+public:
+    void compute(const Operand* arguments, const Work& work, double* result) override
+    {
+        std::fill(result, result + work.count, kMissing);
+        std::optional<Knot> begin;
+        std::optional<std::pair<Knot, Knot>> goingOn;
+        std::size_t drawn = 0; // bars that are done with
+        const auto goOn = [&](std::size_t end) {
+            if (goingOn && drawn < end)
+                drawLine(goingOn->first, goingOn->second, drawn, end, result);
+        };
+        for (std::size_t bar = 0; bar < work.count; ++bar) {
+            const bool ends = isTrue(arguments[2][bar]) && !isMissing(arguments[3][bar]);
+            if (begin && ends) {
+                const Knot end { bar, arguments[3][bar] };
+                goOn(begin->bar);
+                drawLine(*begin, end, begin->bar, bar + 1, result);
+                drawn = bar + 1;
+                goingOn.reset();
+                if (isTrue(arguments[4][bar]))
+                    goingOn.emplace(*begin, end);
+                begin.reset();
+            }
+            if (isTrue(arguments[0][bar]) && !isMissing(arguments[1][bar]))
+                begin = Knot { bar, arguments[1][bar] };
+        }
+        goOn(work.count);
+    }
+};
+
+/// A value where a condition holds.
+class PartKernel : public Kernel
+{
+public:
+    void compute(const Operand* arguments, const Work& work, double* result) override
+    {
+        for (std::size_t bar = work.from; bar < work.count; ++bar)
+            result[bar] = isTrue(arguments[0][bar]) ? arguments[1][bar] : kMissing;
+    }
+};
+
+} // namespace
+
+std::vector<Function> lineDrawings()
+{
+    return {
+        FunctionRow("POLYLINE", "依次连接条件成立处的价位", "lines between the bars on which it holds")
+            .takes("COND,PRICE", "ss")
+            .looksAheadEndlessly()
+            .draws(se::DrawType::SegmentLine)
+            .runs<PolyLineKernel>(),
+        FunctionRow("DRAWLINE", "从条件 1 处到条件 2 处的直线，EXPAND 为 1 时延长",
+                    "a line from where the first holds to where the second does; EXPAND 1: it goes on")
+            .takes("COND1,PRICE1,COND2,PRICE2,EXPAND", "sssss")
+            .looksAheadEndlessly()
+            .draws(se::DrawType::SegmentLine)
+            .runs<ConnectionKernel>(),
+        FunctionRow("PARTLINE", "条件成立处的线段", "a line where it holds")
+            .takes("COND,PRICE", "ss")
+            .draws(se::DrawType::SegmentLine)
+            .runs<PartKernel>(),
+    };
+}
+
+} // namespace engine::language
