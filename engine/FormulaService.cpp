@@ -16,16 +16,23 @@ namespace engine {
 
 namespace {
 
-QString nextId()
+quint64 nextNumber()
 {
     static std::atomic<quint64> counter { 0 };
-    return QStringLiteral("request-%1").arg(++counter);
+    return ++counter;
 }
 
-/// One request. The thread reads it; only the flag is written by both sides.
+/// The identifier of a request.
+QString idOf(quint64 number)
+{
+    return QStringLiteral("request-%1").arg(number);
+}
+
+/// One request. The thread reads it; only the flag is written by both sides. It may be the thread that lets go
+/// of it last, so it holds nothing of Qt: Qt counts and frees shared texts where no checker of threads sees it.
 struct Job
 {
-    QString id;
+    quint64 number = 0;
     std::shared_ptr<const Formula> formula;
     std::shared_ptr<const BarSeries> bars;
     std::vector<double> parameters;
@@ -35,7 +42,7 @@ struct Job
 /// What became of a request; without records it failed.
 struct Outcome
 {
-    QString id;
+    quint64 number = 0;
     std::shared_ptr<const FormulaRecords> records;
 };
 
@@ -66,7 +73,7 @@ public:
 
     void add(std::shared_ptr<Job> job)
     {
-        m_open.emplace(job->id, job);
+        m_open.emplace(idOf(job->number), job);
         {
             const std::lock_guard<std::mutex> lock(m_lock);
             m_waiting.push_back(std::move(job));
@@ -115,7 +122,7 @@ private:
                     records = std::make_shared<const FormulaRecords>(std::move(*computed));
             }
             if (!job->cancelled)
-                hand({ job->id, std::move(records) });
+                hand({ job->number, std::move(records) });
         }
     }
 
@@ -170,11 +177,11 @@ QString FormulaService::request(std::shared_ptr<const Formula> formula, std::sha
                                 const std::vector<double>& parameters)
 {
     auto job = std::make_shared<Job>();
-    job->id = nextId();
+    job->number = nextNumber();
     job->formula = std::move(formula);
     job->bars = std::move(bars);
     job->parameters = parameters;
-    const QString id = job->id;
+    const QString id = idOf(job->number);
     m_worker->add(std::move(job));
     return id;
 }
@@ -200,12 +207,13 @@ void FormulaService::slotDeliver()
     for (const Outcome& outcome : m_worker->takeOutcomes()) {
         if (!self)
             return;
-        if (!m_worker->close(outcome.id)) // cancelled after it was computed
+        const QString id = idOf(outcome.number);
+        if (!m_worker->close(id)) // cancelled after it was computed
             continue;
         if (outcome.records)
-            Q_EMIT computed(outcome.id, outcome.records);
+            Q_EMIT computed(id, outcome.records);
         else
-            Q_EMIT failed(outcome.id);
+            Q_EMIT failed(id);
     }
 }
 

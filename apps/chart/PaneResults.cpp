@@ -21,6 +21,33 @@ void PaneResults::add(const TC::CFormulaKey& key, engine::FormulaRecords records
     cache.result = std::move(records.result);
 }
 
+std::string PaneResults::exported(const QString& formula, bool withTime)
+{
+    std::vector<TC::RPCFormulaResultCache*> caches;
+    const QList<QString> names = formula.isEmpty() ? m_formulas : QList<QString> { formula };
+    for (const QString& name : names) {
+        for (auto entry = m_data.begin(); entry != m_data.end(); ++entry) {
+            if (entry.key().formulaName == name)
+                caches.push_back(&entry.value());
+        }
+    }
+    if (caches.empty())
+        return std::string();
+    if (!formula.isEmpty())
+        return getResultTxtStr(caches.front()->result, caches.front()->meta, withTime);
+    // The results are lent, as a copy of millions of bars would take more room than the text.
+    std::vector<se::RPCFormulaResult> results;
+    std::vector<se::RPCFormulaMetaResult> metas;
+    for (TC::RPCFormulaResultCache* cache : caches) {
+        results.push_back(std::move(cache->result));
+        metas.push_back(cache->meta);
+    }
+    std::string text = getResultTxtStr(results, metas, withTime);
+    for (std::size_t index = 0; index < caches.size(); ++index)
+        caches[index]->result = std::move(results[index]);
+    return text;
+}
+
 void PaneResults::clear()
 {
     m_formulas.clear();

@@ -6,6 +6,7 @@
 #include "data/IndexBaseData.h"
 #include "engine/records/FormulaRecords.h"
 
+#include <string>
 #include <vector>
 
 namespace chart {
@@ -18,6 +19,10 @@ public:
 
     /// Adds a formula behind the others, or replaces its records.
     void add(const TC::CFormulaKey& key, engine::FormulaRecords records);
+
+    /// The text of a formula's results, or of all of them side by side in the display order of the pane when
+    /// `formula` is empty. Formulas whose results have not arrived are left out; empty when none is there.
+    std::string exported(const QString& formula, bool withTime);
 
     /// Forgets every formula.
     void clear();

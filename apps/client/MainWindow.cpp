@@ -78,6 +78,9 @@ MainWindow::~MainWindow()
 
 void MainWindow::startRun()
 {
+    // A formula that the file now lacks stays on its pane, empty, until the user closes it.
+    TC::embedded::setReloadReceiver(
+        [this](const std::string&, const std::string&, const std::string&) { followFormulas(); });
     tell(m_oneClient.enter());
     tell(m_docks.restore(m_oneClient.isFirst()));
     if (m_oneClient.isFirst()) {
@@ -85,10 +88,7 @@ void MainWindow::startRun()
         base::removeUnfinishedFiles(TC::getUserRootDir());
         tell(mendInterruptedRestore());
     }
-    // A formula that the file now lacks stays on its pane, empty, until the user closes it.
-    TC::embedded::setReloadReceiver(
-        [this](const std::string&, const std::string&, const std::string&) { followFormulas(); });
-    reloadFormulas();
+    tellFormulaProblems(TC::embedded::loadFormulas());
     if (!m_oneClient.isFirst())
         return;
     if (utils::CSingletonT<TC::CRecoveryVersionManager>::instance()->init() && !formulaVersions().empty())
@@ -103,19 +103,19 @@ void MainWindow::tell(const QString& text)
 
 void MainWindow::tellFormulaProblems(const QStringList& problems)
 {
-    if (problems.isEmpty())
-        return;
-    const QString others =
-        problems.size() > 1 ? QStringLiteral("（另有 %1 处）").arg(problems.size() - 1) : QString();
-    slotShowMessage(QStringLiteral("公式文件有误，有误的公式未载入：%1%2").arg(problems.front(), others));
+    if (!problems.isEmpty()) {
+        const QString others =
+            problems.size() > 1 ? QStringLiteral("（另有 %1 处）").arg(problems.size() - 1) : QString();
+        slotShowMessage(QStringLiteral("公式文件有误，有误的公式未载入：%1%2").arg(problems.front(), others));
+    }
+    if (!QFile::exists(liveFormulasPath()) && !formulaVersions().empty())
+        slotShowMessage(QStringLiteral("没有公式文件；可用“工具”菜单的“恢复公式…”取回备份"));
 }
 
 void MainWindow::reloadFormulas()
 {
     tellFormulaProblems(TC::embedded::loadFormulas());
     followFormulas();
-    if (!QFile::exists(liveFormulasPath()) && !formulaVersions().empty())
-        slotShowMessage(QStringLiteral("没有公式文件；可用“工具”菜单的“恢复公式…”取回备份"));
 }
 
 void MainWindow::showRestoreDialog(RestoreDialog::Occasion occasion)
@@ -287,19 +287,14 @@ void MainWindow::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
-    if (m_oneClient.isFirst()) {
-        utils::CSingletonT<TC::CRecoveryVersionManager>::instance()->quit();
-        const QString failure = m_docks.save();
-        if (!failure.isEmpty() && !m_isCloseConfirmed) {
-            slotShowMessage(failure);
-            m_isCloseConfirmed =
-                isConfirmed(this, failure + QStringLiteral("\n仍然退出？"), QStringLiteral("退出"));
-            if (!m_isCloseConfirmed) {
-                event->ignore();
-                return;
-            }
-        }
+    const QString failure = m_docks.save();
+    if (!failure.isEmpty()
+        && !isConfirmed(this, failure + QStringLiteral("\n仍然退出？"), QStringLiteral("退出"))) {
+        event->ignore();
+        return;
     }
+    if (m_oneClient.isFirst())
+        utils::CSingletonT<TC::CRecoveryVersionManager>::instance()->quit();
     m_oneClient.leave();
     QMainWindow::closeEvent(event);
 }

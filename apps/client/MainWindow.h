@@ -69,7 +69,7 @@ private:
     void startRun();
     /// Shows a message where there is one.
     void tell(const QString& text);
-    /// Says what is wrong with the user's formulas, if anything.
+    /// Says what is wrong with the file of the user's formulas, if anything.
     void tellFormulaProblems(const QStringList& problems);
     void reloadFormulas();
     void showRestoreDialog(RestoreDialog::Occasion occasion);
@@ -94,7 +94,6 @@ private:
     std::vector<PaneData::Overlay> m_overlays;
     bool m_demoAccount = false;
     bool m_restored = false;
-    bool m_isCloseConfirmed = false; ///< although the arrangement could not be saved
 };
 
 } // namespace client

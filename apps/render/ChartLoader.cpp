@@ -5,6 +5,7 @@
 #include "apps/chart/OpenedBars.h"
 #include "apps/chart/TickFormulaNames.h"
 #include "apps/render/FormulaFile.h"
+#include "apps/render/KeptBars.h"
 #include "engine/language/Formula.h"
 #include "engine/TickFormulas.h"
 #include "host/TC/Instruments.h"
@@ -29,6 +30,25 @@ void addPane(LoadedChart& chart)
 {
     chart.results.emplace_back();
     chart.picture.panes.emplace_back();
+}
+
+/// Chooses the bars that the picture shows, of which there are `total`.
+base::Result<void> chooseBars(const Options& options, std::size_t total, LoadedChart& chart)
+{
+    const int count = static_cast<int>(total);
+    if (options.from >= count)
+        return base::Failure { QStringLiteral("--from %1: %2 has only %3 bars")
+                                   .arg(QString::number(options.from), options.bars + options.ticks,
+                                        QString::number(count)) };
+    chart.picture.first = options.from >= 0 ? options.from : std::max(0, count - options.count);
+    chart.picture.last = std::min(count - chart.picture.first, options.count) + chart.picture.first - 1;
+    return {};
+}
+
+/// Whether the picture alone needs the results of the last pane, and not an export, which takes every bar.
+bool isForPictureOnly(const Options& options, const LoadedChart& chart)
+{
+    return options.exportTo.isEmpty() || (options.output.isEmpty() && chart.results.size() > 1);
 }
 
 /// Points the last pane at its results, in display order.
@@ -65,7 +85,8 @@ base::Result<QString> ownFormula(const QString& file)
 }
 
 /// Computes the formulas of one pane more.
-base::Result<void> loadPane(const QStringList& names, const engine::BarSeries& bars, LoadedChart& chart)
+base::Result<void> loadPane(const Options& options, const QStringList& names, const engine::BarSeries& bars,
+                            LoadedChart& chart)
 {
     addPane(chart);
     for (const QString& name : names) {
@@ -73,6 +94,8 @@ base::Result<void> loadPane(const QStringList& names, const engine::BarSeries& b
         if (!records)
             return base::Failure { QStringLiteral("--pane: unknown formula \"%1\"; known are %2")
                                        .arg(name, TC::embedded::formulaNames().join(QStringLiteral(", "))) };
+        if (isForPictureOnly(options, chart))
+            keepBars(*records, neededBars(chart.picture));
         addFormula(chart, name, std::move(*records));
     }
     finishPane(chart, false);
@@ -90,14 +113,19 @@ base::Result<void> loadBars(const Options& options, LoadedChart& chart)
     chart.ownFormula = *formula;
     chart.picture.instrument = opened->instrument;
     chart.picture.times = opened->bars->timeMs;
+    const base::Result<void> chosen = chooseBars(options, opened->bars->size(), chart);
+    if (!chosen.isGood())
+        return chosen;
     const TC::EFormulaPeriod period = chart::barPeriod(opened->bars->timeMs);
     chart.picture.periodName = TC::getCycleName(TC::getPeriodIndex(period));
     for (const QStringList& names : options.panes.empty() ? usualPanes(*formula) : options.panes) {
-        base::Result<void> loaded = loadPane(names, *opened->bars, chart);
+        base::Result<void> loaded = loadPane(options, names, *opened->bars, chart);
         if (!loaded.isGood())
             return loaded;
         chart.picture.panes.back().content.periodSeconds = period;
     }
+    if (options.exportTo.isEmpty())
+        keepBars(chart.picture, neededBars(chart.picture));
     return {};
 }
 
@@ -108,6 +136,9 @@ base::Result<void> loadTicks(const Options& options, LoadedChart& chart)
         return opened.failure();
     chart.picture.instrument = opened->instrument;
     chart.picture.times = opened->ticks->timeMs;
+    const base::Result<void> chosen = chooseBars(options, opened->ticks->size(), chart);
+    if (!chosen.isGood())
+        return chosen;
     chart.picture.periodName = TC::getCycleName(TC::getPeriodIndex(TC::EFormulaPeriod_Tick));
     chart::registerTickFormulas();
     engine::TickRecords records = engine::computeTicks(*opened->ticks);
@@ -129,13 +160,6 @@ base::Result<LoadedChart> loadChart(const Options& options)
         options.ticks.isEmpty() ? loadBars(options, chart) : loadTicks(options, chart);
     if (!loaded.isGood())
         return loaded.failure();
-    const int total = static_cast<int>(chart.picture.times.size());
-    if (options.from >= total)
-        return base::Failure { QStringLiteral("--from %1: %2 has only %3 bars")
-                                   .arg(QString::number(options.from), options.bars + options.ticks,
-                                        QString::number(total)) };
-    chart.picture.first = options.from >= 0 ? options.from : std::max(0, total - options.count);
-    chart.picture.last = std::min(total - chart.picture.first, options.count) + chart.picture.first - 1;
     return base::Result<LoadedChart>(std::move(chart));
 }
 

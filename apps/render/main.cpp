@@ -3,7 +3,6 @@
 #include "apps/base/FileNames.h"
 #include "apps/base/MemoryShortage.h"
 #include "apps/base/WholeFile.h"
-#include "apps/chart/TextExport.h"
 #include "apps/render/ChartLoader.h"
 #include "apps/render/FormulaFile.h"
 #include "apps/render/Options.h"
@@ -15,13 +14,17 @@
 #include <QPainter>
 
 #include <cstdio>
+#include <limits>
 
 namespace {
 
 base::Result<void> writeExport(const render::Options& options, chart::PaneResults& pane, const QString& one)
 {
-    const std::string text = chart::exportText(pane, one, options.withTime);
-    if (const auto fault = base::writeWholeFile(options.exportTo, QByteArray::fromStdString(text)))
+    const std::string text = pane.exported(one, options.withTime);
+    if (text.size() > std::numeric_limits<int>::max())
+        return base::Failure { QStringLiteral("--export: the text is larger than 2 GiB") };
+    const QByteArray bytes = QByteArray::fromRawData(text.data(), static_cast<int>(text.size())); // no copy
+    if (const auto fault = base::writeWholeFile(options.exportTo, bytes))
         return base::Failure { fault->english() };
     return {};
 }

@@ -61,8 +61,11 @@ private:
         const std::optional<std::int64_t> msecs = localMs(civil);
         if (!msecs)
             return m_csv.fail("the date is out of range");
-        if (!m_bars.timeMs.empty() && *msecs <= m_bars.timeMs.back())
+        // Where the clock is put forward or back, what was written in order need not lie in order.
+        const std::int64_t written = utcMs(civil);
+        if (!m_bars.timeMs.empty() && written <= m_lastWritten)
             return m_csv.fail("the date is not after the one before");
+        m_lastWritten = written;
         m_bars.timeMs.push_back(*msecs);
     }
 
@@ -72,6 +75,7 @@ private:
     std::size_t m_prices[4];
     std::size_t m_volume;
     std::optional<std::size_t> m_amount, m_openInterest;
+    std::int64_t m_lastWritten = 0; ///< date and time of the row before as they stand there
     BarSeries m_bars;
 };
 

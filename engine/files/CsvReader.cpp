@@ -1,30 +1,20 @@
 #include "engine/files/CsvReader.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
-#include <memory>
-#include <system_error>
+#include <cstring>
 
 namespace engine {
 
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::size_t kLongestQuote = 40; // bytes of a bad field that a failure line repeats
-
-bool readAll(const std::string& path, std::string& content)
-{
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
-    if (!file)
-        return false;
-    char block[1 << 16];
-    while (const std::size_t count = std::fread(block, 1, sizeof block, file.get()))
-        content.append(block, count);
-    return std::ferror(file.get()) == 0;
-}
+constexpr std::size_t kLongestQuote = 40;  // bytes of a bad field that a failure line repeats
+constexpr std::size_t kBlock = 256 * 1024; // bytes; a line and more
+constexpr const char* kTooLarge = "the file is larger than 4 GiB";
+static_assert(CsvLimits::kLargestFile == std::int64_t { 4 } << 30);
+static_assert(kBlock > 2 * CsvLimits::kLongestLine);
 
 std::string_view trimmed(std::string_view text)
 {
@@ -55,24 +45,27 @@ CsvReader::CsvReader(const std::string& path)
 {
 }
 
+bool CsvReader::open()
+{
+    if (!m_file.open(m_path))
+        failNextLine("the file cannot be read: " + m_file.reason());
+    else if (m_file.size() > CsvLimits::kLargestFile)
+        failNextLine(kTooLarge);
+    return !failed();
+}
+
 bool CsvReader::readHeader()
 {
-    m_line = 1;
-    errno = 0;
-    if (!readAll(m_path, m_content)) {
-        fail("the file cannot be read: " + std::generic_category().message(errno));
-        return false;
-    }
-    if (m_content.compare(0, kByteOrderMark.size(), kByteOrderMark) == 0)
-        m_position = kByteOrderMark.size();
-    m_line = 0;
     std::string_view line;
+    if (!open())
+        return false;
     if (!nextLine(line)) {
-        m_line = 1;
-        fail("the file is empty");
+        m_line = 0;
+        failNextLine("the file is empty");
         return false;
     }
-    split(line);
+    if (!split(line))
+        return false;
     for (const std::string_view field : m_fields)
         m_header.push_back(lowerCase(field));
     return true;
@@ -99,9 +92,12 @@ std::size_t CsvReader::require(std::string_view name)
 bool CsvReader::nextRow()
 {
     std::string_view line;
-    if (failed() || !nextLine(line))
+    if (failed() || !nextLine(line) || !split(line))
         return false;
-    split(line);
+    if (++m_rows > CsvLimits::kMostRows) {
+        fail("the file has more than " + std::to_string(CsvLimits::kMostRows) + " rows");
+        return false;
+    }
     if (m_fields.size() < m_header.size()) {
         fail("the row has " + std::to_string(m_fields.size()) + " fields instead of "
              + std::to_string(m_header.size()));
@@ -132,29 +128,85 @@ void CsvReader::fail(const std::string& reason)
     m_failure = m_path + ":" + std::to_string(m_line) + ": " + printable;
 }
 
-/// The next line that is not blank.
+void CsvReader::failNextLine(const std::string& reason)
+{
+    ++m_line;
+    fail(reason);
+}
+
+/// The next line that is not blank; valid until the next call. @return false at the end or after a failure.
 bool CsvReader::nextLine(std::string_view& line)
 {
-    const std::string_view content = m_content;
-    while (m_position < content.size()) {
-        const std::size_t end = std::min(content.find('\n', m_position), content.size());
-        line = trimmed(content.substr(m_position, end - m_position));
-        m_position = end + 1;
+    std::size_t end = 0;
+    while (nextLineEnd(end)) {
         ++m_line;
+        if (end - m_begin > CsvLimits::kLongestLine) {
+            fail("the line is longer than " + std::to_string(CsvLimits::kLongestLine) + " bytes");
+            return false;
+        }
+        line = trimmed(std::string_view(m_block.data() + m_begin, end - m_begin));
+        m_begin = std::min(end + 1, m_end);
         if (!line.empty())
             return true;
     }
     return false;
 }
 
-void CsvReader::split(std::string_view line)
+/// Finds where the line ends that begins at m_begin, at a line feed or the end of the file, and reads on as
+/// far as that takes; a line that is too long seems to end where the block does.
+/// @return false when there is no further line, or after a failure.
+bool CsvReader::nextLineEnd(std::size_t& end)
+{
+    std::size_t searched = m_begin;
+    for (;;) {
+        const void* found =
+            m_end > searched ? std::memchr(m_block.data() + searched, '\n', m_end - searched) : nullptr;
+        if (found || m_end - m_begin > CsvLimits::kLongestLine) {
+            end = found ? static_cast<std::size_t>(static_cast<const char*>(found) - m_block.data()) : m_end;
+            return true;
+        }
+        searched = m_end - m_begin; // reading on moves the line to the beginning of the block
+        if (!readBlock()) {
+            end = m_end;
+            return !failed() && m_end > m_begin;
+        }
+    }
+}
+
+/// Reads on behind what is left of the block. @return whether anything came.
+bool CsvReader::readBlock()
+{
+    const bool isFirst = m_block.empty();
+    m_block.resize(kBlock);
+    std::memmove(m_block.data(), m_block.data() + m_begin, m_end - m_begin);
+    m_end -= m_begin;
+    m_begin = 0;
+    const std::size_t count = m_file.read(m_block.data() + m_end, kBlock - m_end);
+    m_end += count;
+    m_read += static_cast<std::int64_t>(count);
+    if (isFirst && std::string_view(m_block.data(), m_end).substr(0, kByteOrderMark.size()) == kByteOrderMark)
+        m_begin = kByteOrderMark.size();
+    if (!m_file.reason().empty())
+        failNextLine("the file cannot be read: " + m_file.reason());
+    else if (m_read > CsvLimits::kLargestFile)
+        failNextLine(kTooLarge); // it has grown
+    return count > 0 && !failed();
+}
+
+/// @return false for a line of too many fields.
+bool CsvReader::split(std::string_view line)
 {
     m_fields.clear();
     for (std::size_t start = 0; start <= line.size();) {
+        if (m_fields.size() == CsvLimits::kMostColumns) {
+            fail("the line has more than " + std::to_string(CsvLimits::kMostColumns) + " fields");
+            return false;
+        }
         const std::size_t comma = std::min(line.find(',', start), line.size());
         m_fields.push_back(trimmed(line.substr(start, comma - start)));
         start = comma + 1;
     }
+    return true;
 }
 
 } // namespace engine

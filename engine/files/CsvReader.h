@@ -1,7 +1,10 @@
 #pragma once
 /// @file Reading the columns of a CSV file by name.
 
+#include "engine/files/FileBytes.h"
+
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,8 +12,18 @@
 
 namespace engine {
 
-/// A text file in memory, read line by line and split at commas. Lines end in LF or CRLF; a UTF-8 byte-order
-/// mark and blank lines are passed over; blanks around a field do not belong to it. Fields are not quoted.
+/// What a file may have; more than that is a failure.
+struct CsvLimits
+{
+    static constexpr std::size_t kLongestLine = 64 * 1024; ///< bytes
+    static constexpr std::size_t kMostColumns = 1'000;     ///< in the header, and in any row
+    static constexpr std::size_t kMostRows = 20'000'000;   ///< without the header and blank lines
+    static constexpr std::int64_t kLargestFile = std::int64_t { 4 } << 30; ///< bytes
+};
+
+/// A text file, read line by line and split at commas. Lines end in LF or CRLF; a UTF-8 byte-order mark and
+/// blank lines are passed over; blanks around a field do not belong to it. Fields are not quoted. No more
+/// than a block of the file is in memory.
 class CsvReader
 {
 public:
@@ -28,7 +41,7 @@ public:
     /// which a line with fewer fields than the header is.
     bool nextRow();
 
-    /// A field of the current row.
+    /// A field of the current row; valid until the next one.
     std::string_view text(std::size_t column) const { return m_fields[column]; }
     /// A field read as a finite number with a point; a failure, and 0, when it is none.
     double number(std::size_t column);
@@ -40,13 +53,20 @@ public:
     const std::string& failure() const { return m_failure; }
 
 private:
+    bool open();
     bool nextLine(std::string_view& line);
-    void split(std::string_view line);
+    bool nextLineEnd(std::size_t& end);
+    bool readBlock();
+    bool split(std::string_view line);
+    void failNextLine(const std::string& reason);
 
     std::string m_path;
-    std::string m_content;
-    std::size_t m_position = 0;
+    FileBytes m_file;
+    std::vector<char> m_block;
+    std::size_t m_begin = 0, m_end = 0; ///< what of the block is read and not yet handed out
+    std::int64_t m_read = 0;            ///< bytes of the file
     std::size_t m_line = 0;
+    std::size_t m_rows = 0;
     std::vector<std::string> m_header;
     std::vector<std::string_view> m_fields;
     std::string m_failure;

@@ -13,7 +13,8 @@ namespace engine {
 /// and for a book of five levels, all of them or none, bid2 to bid5, ask2 to ask5, bidvol1 to bidvol5 and
 /// askvol1 to askvol5; other columns are passed over. Times are UTC, 2025-04-07T13:08:42.034 (a blank instead
 /// of the T and a Z at the end are accepted); they must not fall from row to row. An empty bid or ask means
-/// that nobody quotes there, an empty level volume means 0.
+/// that nobody quotes there, an empty level volume means 0. Limits are those of CsvLimits; only ordinary
+/// files are read.
 /// @param[out] failure  one line "FILE:LINE: reason" when nothing is returned.
 ENGINE_EXPORT std::optional<TickSeries> readTicks(const std::string& path, std::string& failure);
 

@@ -9,10 +9,13 @@
 
 namespace engine {
 
-/// Bars in time order; every vector has one entry per bar, except the optional ones, which may be empty.
+/// Bars in the order of their source; every vector has one entry per bar, except the optional ones, which may
+/// be empty.
 struct BarSeries
 {
-    std::vector<std::int64_t> timeMs; ///< start of the bar, milliseconds since 1970-01-01 UTC
+    /// Start of the bar, milliseconds since 1970-01-01 UTC. Rises from bar to bar, but for an hour or a day
+    /// that the local clock left out.
+    std::vector<std::int64_t> timeMs;
     std::vector<double> open, high, low, close;
     std::vector<double> volume;       ///< shares, or lots for futures
     std::vector<double> amount;       ///< turnover in yuan; empty when the source has none

@@ -10,11 +10,17 @@
 
 namespace WB {
 
-/// Reads the first sheet of a workbook (.xlsx, .xls). Sheets, rows and columns count from 1. A workbook that
-/// the host cannot read, or refuses, leaves the reader empty. Never throws.
+/// Reads the first sheet of a workbook: .xlsx, .xls (5 to 2003), and the common .xls that is really text
+/// with tabs or commas. The content decides, not the file name. Sheets, rows and columns count from 1.
+///
+/// Refused, leaving the reader empty: encrypted and password-protected workbooks, files above 64 MiB,
+/// archives of more than 1,000 entries or 256 MiB unpacked, more than 2 million cells, files of no known
+/// kind. A damaged workbook gives the cells before the damage, or none. Never throws. The embedded host reads
+/// in a program of its own, and tells by TC::embedded::lastWorkbookReport() what came of it.
 ///
 /// Numbers come as plain text without a format: 1 for a cell shown as 000001, 0.25, no ".0" behind an
-/// integral number. Formula cells give their stored result where the host can read it.
+/// integral number. Numbers shown as dates come as 2024-03-09, 2024-03-09 15:30:15 or 15:30:15, truths as
+/// TRUE and FALSE, errors as #N/A. Formula cells give their stored result, or nothing when none is stored.
 class INDICATORHOST_EXPORT CExcelReader : public QObject
 {
     Q_OBJECT

@@ -22,8 +22,8 @@ INDICATORHOST_EXPORT QString formatDoubleNumber(double value, int precision, For
 /// Text of an integer in plain decimal. `width` and `flags` are kept for the client and change nothing.
 INDICATORHOST_EXPORT QString formatIntNumber(int value, int width, FormatNumberFlags flags);
 
-/// Text of a price with as many decimals as its tick has (0.01 gives two); a tick that is not positive
-/// gives two decimals. Invalid prices give "非法值".
+/// Text of a price with as many decimals as its tick has (0.01 gives two); a tick that is not positive,
+/// not finite or DBL_MAX gives two decimals. Invalid prices give "非法值".
 INDICATORHOST_EXPORT QString formatPriceDoubleNumber(double value, double priceTick);
 
 } // namespace WB

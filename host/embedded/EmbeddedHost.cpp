@@ -10,6 +10,7 @@ void reset()
     setUserRootDir(QString());
     clearModuleRights();
     setExcelAvailable(true);
+    setWorkbookProgram(QString());
     reloadInstruments();
     restoreFormulas();
     // Nobody is told of what follows who was not there from the start.

@@ -57,30 +57,19 @@ inline std::optional<std::int64_t> utcOffset(std::int64_t seconds)
     return shown - seconds;
 }
 
-/// The time at which local calendar and clock show a date and a time of day. Of a time that they show twice
-/// or never, one near it. Nothing when the platform cannot tell.
+/// The time at which local calendar and clock show a date and a time of day; of two such times the first. A
+/// time that they never show is taken as if the clock had not yet been put forward: half past two in the hour
+/// that is left out is half past three. Nothing when the platform cannot tell.
 inline std::optional<std::int64_t> secondsFromLocal(const CivilDate& date, int hour, int minute, int second)
 {
-#ifdef _WIN32
+    // Deliberate: no mktime, which answers for such times by what it was asked before.
     const std::int64_t shown = daysFromCivil(date) * kSecondsPerDay + hour * 3'600 + minute * 60 + second;
-    const std::optional<std::int64_t> nearby = utcOffset(shown);
-    const std::optional<std::int64_t> offset = nearby ? utcOffset(shown - *nearby) : nearby;
-    return offset ? std::optional(shown - *offset) : std::nullopt;
-#else
-    std::tm local {};
-    local.tm_year = static_cast<int>(date.year - 1900);
-    local.tm_mon = date.month - 1;
-    local.tm_mday = date.day;
-    local.tm_hour = hour;
-    local.tm_min = minute;
-    local.tm_sec = second;
-    local.tm_isdst = -1;
-    local.tm_wday = -1; // stays as it is when the conversion fails; -1 alone is a time of its own
-    const std::time_t seconds = std::mktime(&local);
-    if (seconds == -1 && local.tm_wday == -1)
-        return std::nullopt;
-    return static_cast<std::int64_t>(seconds);
-#endif
+    const std::optional<std::int64_t> before = utcOffset(shown - kSecondsPerDay);
+    if (!before || utcOffset(shown - *before) == before)
+        return before ? std::optional(shown - *before) : std::nullopt;
+    const std::optional<std::int64_t> after = utcOffset(shown + kSecondsPerDay);
+    const bool isShown = after && utcOffset(shown - *after) == after;
+    return shown - (isShown ? *after : *before);
 }
 
 } // namespace utils

@@ -8,6 +8,9 @@
 #include "draw/internal/Layout.h"
 #include "draw/internal/Pens.h"
 #include "draw/internal/RiseFall.h"
+#include "draw/internal/ink/Ink.h"
+#include "draw/internal/ink/PixelColumns.h"
+#include "draw/internal/ink/PriceRuns.h"
 
 #include "host/WB/NumberFormat.h"
 
@@ -38,13 +41,15 @@ public:
 
     bool exist() const { return m_exist; }
 
-    /// The bar's prices times `factor`. Empty past the end of a column and for a NaN, which has no row;
-    /// infinities and the missing marker are prices far outside the pane.
+    /// The bar's prices times `factor`. Empty past the end of a column and where one of the four, as stored,
+    /// is not finite or the missing marker. A product that is not a number has no row and counts as missing.
     std::optional<Prices> at(int bar, double factor) const
     {
         const auto open = m_open.raw(bar), high = m_high.raw(bar), low = m_low.raw(bar),
                    close = m_close.raw(bar);
         if (!open || !high || !low || !close)
+            return std::nullopt;
+        if (isMissing(*open) || isMissing(*high) || isMissing(*low) || isMissing(*close))
             return std::nullopt;
         const Prices prices { *open * factor, *high * factor, *low * factor, *close * factor };
         if (std::isnan(prices.open) || std::isnan(prices.high) || std::isnan(prices.low)
@@ -53,13 +58,32 @@ public:
         return prices;
     }
 
+    /// First bar past the bars up to `last` that can have four prices.
+    int endOfWalk(const se::RPCFormulaResult& result, int last) const
+    {
+        const int flags = static_cast<int>(std::min<std::size_t>(result.barValid.size(), INT_MAX));
+        const int end =
+            std::min({ barTotal(result), flags, m_open.size(), m_high.size(), m_low.size(), m_close.size() });
+        return last < end ? last + 1 : end;
+    }
+
+    /// The bars of a run as one candle; empty where one of them is left out or jumps.
+    std::optional<Prices> mergedOver(const se::RPCFormulaResult& result, int first, int end, double factor,
+                                     int period) const
+    {
+        const PriceRun run { m_open.values()->data() + first, m_high.values()->data() + first,
+                             m_low.values()->data() + first,  m_close.values()->data() + first,
+                             result.barValid.data() + first,  static_cast<std::size_t>(end - first) };
+        return mergePrices(run, factor, period);
+    }
+
 private:
     ColumnView m_open, m_high, m_low, m_close;
     bool m_exist;
 };
 
 /// One candle in pixels: everything that its ink needs.
-struct CandleInk
+struct CandlePixels
 {
     int left, center;
     int halfWidth;
@@ -83,7 +107,7 @@ struct CandleScale
     }
     int center(const Candle& candle) const { return saturatedSum(candle.x, halfWidth); }
 
-    CandleInk place(const Candle& candle, bool rises) const
+    CandlePixels place(const Candle& candle, bool rises) const
     {
         const int open = row(candle.prices.open), close = row(candle.prices.close);
         const long long height = std::max(std::llabs(static_cast<long long>(open) - close), 1LL);
@@ -99,23 +123,23 @@ struct CandleScale
 };
 
 /// Draws one candle with the pen that is set. The brush of a hollow body is the painter's own.
-void drawCandle(QPainter* painter, const CandleInk& ink, const QColor& color)
+void drawCandle(Ink& ink, const CandlePixels& candle, const QColor& color)
 {
-    const long long bodyWidth = 2LL * ink.halfWidth;
-    if (static_cast<long long>(ink.lowRow) - ink.highRow < 1) {
+    const long long bodyWidth = 2LL * candle.halfWidth;
+    if (static_cast<long long>(candle.lowRow) - candle.highRow < 1) {
         if (bodyWidth < 2)
-            painter->drawLine(ink.center, ink.highRow, ink.center, saturatedSum(ink.highRow, 1));
+            ink.upright(candle.center, candle.highRow, saturatedSum(candle.highRow, 1));
         else
-            painter->drawLine(ink.left, ink.highRow, saturatedSum(ink.left, 1 + bodyWidth), ink.highRow);
-    } else if (ink.rises) {
-        painter->drawLine(ink.center, ink.highRow, ink.center, ink.bodyTop);
-        painter->drawLine(ink.center, saturatedSum(ink.bodyTop, ink.bodyHeight), ink.center, ink.lowRow);
-        painter->drawRect(paintableRect(ink.left, ink.bodyTop, bodyWidth, ink.bodyHeight));
+            ink.level(candle.highRow, candle.left, saturatedSum(candle.left, 1 + bodyWidth));
+    } else if (candle.rises) {
+        ink.upright(candle.center, candle.highRow, candle.bodyTop);
+        ink.upright(candle.center, saturatedSum(candle.bodyTop, candle.bodyHeight), candle.lowRow);
+        ink.outline(paintableRect(candle.left, candle.bodyTop, bodyWidth, candle.bodyHeight));
     } else {
-        painter->drawLine(ink.center, ink.highRow, ink.center, ink.lowRow);
+        ink.upright(candle.center, candle.highRow, candle.lowRow);
         // Deliberate: a pixel wider and higher than the outline's numbers; Qt draws an outline that much
         // larger.
-        painter->fillRect(paintableRect(ink.left, ink.bodyTop, bodyWidth + 1, ink.bodyHeight + 1), color);
+        ink.fill(paintableRect(candle.left, candle.bodyTop, bodyWidth + 1, candle.bodyHeight + 1), color);
     }
 }
 
@@ -160,13 +184,29 @@ void forEachCandle(const se::RPCFormulaResult& result, const PriceColumns& colum
                    int endIndex, int period, double factor, Visit visit)
 {
     CandleBuilder builder(period);
-    forEachValidBar(result, layout.firstBar, endIndex, [&](int bar) {
+    const auto addBar = [&](int bar) {
         const std::optional<Prices> prices = columns.at(bar, factor);
         if (!prices)
             return;
         if (const std::optional<Candle> closed = builder.add(layout.x(bar), *prices))
             visit(*closed);
-    });
+    };
+    const int end = columns.endOfWalk(result, endIndex);
+    const PixelColumns<SlotLayout> runs(layout, layout.width, INT_MAX, end);
+    if (!runs.areDense()) {
+        forEachValidBar(result, layout.firstBar, endIndex, addBar);
+    } else {
+        for (int bar = std::max(layout.firstBar, 0); bar < end;) {
+            const int next = runs.endOf(bar);
+            if (const std::optional<Prices> merged = columns.mergedOver(result, bar, next, factor, period)) {
+                if (const std::optional<Candle> closed = builder.add(runs.x(bar), *merged))
+                    visit(*closed);
+            } else {
+                forEachValidBar(result, bar, next - 1, addBar);
+            }
+            bar = next;
+        }
+    }
     if (const std::optional<Candle> last = builder.finish())
         visit(*last);
 }
@@ -191,13 +231,14 @@ void CDrawStyle::drawKLine(QPainter* painter, QRect& rect, RPCFormulaResultCache
     const QColor riseColor = useOutputColour ? fromPacked(*packed) : WB::skinColor(kRiseColor);
     const QColor fallColor = useOutputColour ? fromPacked(*packed) : WB::skinColor(kFallColor);
 
+    Ink ink(painter);
     ViewExtremes extremes;
     std::optional<double> previousClose;
     const auto drawNext = [&](const Candle& candle) {
         const bool rises = candleRises(candle.prices.open, candle.prices.close, previousClose);
         const QColor& color = rises ? riseColor : fallColor;
-        painter->setPen(color);
-        drawCandle(painter, rows.place(candle, rises), color);
+        ink.setPen(color);
+        drawCandle(ink, rows.place(candle, rises), color);
         extremes.take(candle.prices, rows.center(candle));
         previousClose = candle.prices.close;
     };
@@ -205,9 +246,9 @@ void CDrawStyle::drawKLine(QPainter* painter, QRect& rect, RPCFormulaResultCache
 
     if (useOutputColour || !extremes.high || !extremes.low)
         return;
-    painter->setPen(WB::skinColor(kHighLowColor));
-    drawPriceLabel(painter, rows, *extremes.high, precision, highLabelSpot);
-    drawPriceLabel(painter, rows, *extremes.low, precision, lowLabelSpot);
+    ink.setPen(WB::skinColor(kHighLowColor));
+    drawPriceLabel(ink.painter(), rows, *extremes.high, precision, highLabelSpot);
+    drawPriceLabel(ink.painter(), rows, *extremes.low, precision, lowLabelSpot);
 }
 
 } // namespace TC

@@ -5,6 +5,7 @@
 #include "data/internal/RecordViews.h"
 #include "draw/internal/BarLayout.h"
 #include "draw/internal/Pens.h"
+#include "draw/internal/ink/DeviceClip.h"
 
 #include <QPainter>
 
@@ -39,6 +40,7 @@ void drawDots(QPainter* painter, const QRect& rect, const RPCFormulaResultCache&
         return;
 
     const ValueScale scale = valueScale(rect, range); // no fallback on a flat range
+    const DeviceClip clip(painter);
     painter->setPen(linePen(fromPacked(*color), output.lineWidth(), Qt::SolidLine));
     forEachValidBar(cache.result, bars.first, bars.last, [&](int bar) {
         const std::optional<double> value = values.finite(bar); // the missing marker is drawn like a value

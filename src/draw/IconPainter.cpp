@@ -6,6 +6,7 @@
 #include "draw/internal/LabelPlacement.h"
 #include "draw/internal/Layout.h"
 #include "draw/internal/Pens.h"
+#include "draw/internal/ink/DeviceClip.h"
 
 #include <QPainter>
 
@@ -25,6 +26,7 @@ void CDrawStyle::drawIcon(QPainter* painter, QRect& rect, QString, QPair<double,
         return;
 
     // Deliberate: the skin's colour, not the output's, and the painter keeps pen and brush.
+    const DeviceClip clip(painter);
     painter->setPen(WB::skinColor(kIconColor));
     painter->setBrush(WB::skinColor(kIconColor));
     const BarWindow bars { startIndex, endIndex, barCount, false };

@@ -5,6 +5,8 @@
 #include "data/internal/RecordViews.h"
 #include "draw/internal/BarLayout.h"
 #include "draw/internal/Pens.h"
+#include "draw/internal/ink/Ink.h"
+#include "draw/internal/ink/LineTrace.h"
 
 #include <QLinearGradient>
 #include <QPainter>
@@ -41,32 +43,17 @@ public:
     /// NaN when the value has no row.
     double at(double value) const { return m_flatRow ? *m_flatRow : m_scale.at(value); }
 
+    /// Whether rows follow the order of all finite values, one way or the other.
+    bool isMonotone() const
+    {
+        return m_flatRow
+            || (std::isfinite(m_scale.pixelsPerUnit) && m_scale.pixelsPerUnit != 0.0
+                && std::isfinite(m_scale.baseValue));
+    }
+
 private:
     ValueScale m_scale;
     std::optional<int> m_flatRow;
-};
-
-/// Adds points to a path; points without a pixel are left out.
-class PathPen
-{
-public:
-    /// The next point starts a new piece.
-    void lift() { m_down = false; }
-
-    void to(double x, double y)
-    {
-        if (!hasPixel(x) || !hasPixel(y))
-            return;
-        const QPoint point(toPixel(x), toPixel(y));
-        m_down ? m_path.lineTo(point) : m_path.moveTo(point);
-        m_down = true;
-    }
-
-    const QPainterPath& path() const { return m_path; }
-
-private:
-    QPainterPath m_path;
-    bool m_down = false;
 };
 
 /// Top and bottom colour of the fill under a line: client type 3's own, the skin's pair, or the default.
@@ -128,19 +115,20 @@ void CDrawStyle::drawSimpleLine(QPainter* painter, QRect& rect, RPCFormulaResult
     const LineRows rows(rect, range);
     const double factor = useScale ? static_cast<double>(scale) : 1.0;
 
-    PathPen line; // never lifted: the line joins across missing values
-    forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
-        if (const std::optional<double> value = values.at(bar))
-            line.to(std::min(layout.at(bar), static_cast<double>(rect.right())), rows.at(*value * factor));
-    });
-    if (line.path().isEmpty())
+    const QColor ink = isClientType3() && *color == kWhite ? accent() : fromPacked(*color);
+    const QPen pen = linePen(ink, output.lineWidth(), penStyle);
+
+    const LineSource<LineRows> source {
+        cache.result, values, bars, layout, rect.right(), rows, factor, false
+    };
+    const Polyline line = LineTrace(source).trace(hidesInnerPoints(*painter, pen));
+    if (line.isEmpty())
         return;
 
     if (gradientFill)
         fillBeneath(painter, rect, line.path());
-    const QColor ink = isClientType3() && *color == kWhite ? accent() : fromPacked(*color);
     painter->setBrush(Qt::NoBrush);
-    painter->strokePath(line.path(), linePen(ink, output.lineWidth(), penStyle));
+    strokeLine(painter, line, pen);
 }
 
 void CDrawStyle::drawSegmentLine(QPainter* painter, QRect& rect, RPCFormulaResultCache& cache,
@@ -158,15 +146,13 @@ void CDrawStyle::drawSegmentLine(QPainter* painter, QRect& rect, RPCFormulaResul
     layout.shift = -1.0; // Deliberate: one pixel left of the unbroken line, and never clipped
     const LineRows rows(rect, range);
 
-    PathPen line;
-    forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
-        if (const std::optional<double> value = values.at(bar))
-            line.to(layout.at(bar), rows.at(*value));
-        else
-            line.lift(); // a missing number breaks the line, an invalid bar does not
-    });
-    if (!line.path().isEmpty())
-        painter->strokePath(line.path(), linePen(fromPacked(*color), output.lineWidth(), Qt::SolidLine));
+    const QPen pen = linePen(fromPacked(*color), output.lineWidth(), Qt::SolidLine);
+
+    // A missing number breaks the line, an invalid bar does not.
+    const LineSource<LineRows> source { cache.result, values, bars, layout, INT_MAX, rows, 1.0, true };
+    const Polyline line = LineTrace(source).trace(hidesInnerPoints(*painter, pen));
+    if (!line.isEmpty())
+        strokeLine(painter, line, pen);
 }
 
 void CDrawStyle::drawVertLine(QPainter* painter, QRect& rect, RPCFormulaResultCache& cache,
@@ -186,7 +172,8 @@ void CDrawStyle::drawVertLine(QPainter* painter, QRect& rect, RPCFormulaResultCa
     const ValueScale scale = spanningOrToMaximum(rect, range);
     const bool hasEnds = output.columnCount() > 2;
 
-    painter->setPen(linePen(fromPacked(*color), output.lineWidth(), vertLineStyle(output, *lineStyle)));
+    Ink ink(painter);
+    ink.setPen(linePen(fromPacked(*color), output.lineWidth(), vertLineStyle(output, *lineStyle)));
     forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
         const std::optional<double> isDrawn = condition.raw(bar);
         if (!isDrawn || *isDrawn == 0.0)
@@ -201,7 +188,7 @@ void CDrawStyle::drawVertLine(QPainter* painter, QRect& rect, RPCFormulaResultCa
         }
         const double x = layout.at(bar);
         if (hasPixel(x) && hasPixel(upperRow) && hasPixel(lowerRow))
-            painter->drawLine(toPixel(x), toPixel(upperRow), toPixel(x), toPixel(lowerRow));
+            ink.upright(toPixel(x), toPixel(upperRow), toPixel(lowerRow));
     });
 }
 
@@ -220,16 +207,18 @@ void CDrawStyle::drawBoolLine(QPainter* painter, QRect& rect, RPCFormulaResultCa
     ValueScale scale = spanningOrToMaximum(rect, range);
     scale.baseRow = rect.height(); // Deliberate: the height, not the bottom
 
-    PathPen line;
+    Polyline line;
     forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
         const std::optional<double> flag = flags.raw(bar);
         if (!flag || std::isnan(*flag) || isMissingMarker(*flag))
             return;
         const double level = 1.0 - *flag <= kTolerance ? 1.0 : 0.0;
-        line.to(layout.at(bar), scale.at(level));
+        const double x = layout.at(bar), row = scale.at(level);
+        if (hasPixel(x) && hasPixel(row))
+            line.to(QPoint(toPixel(x), toPixel(row)));
     });
-    if (!line.path().isEmpty())
-        painter->strokePath(line.path(), linePen(fromPacked(*color), output.lineWidth(), penStyle));
+    if (!line.isEmpty())
+        strokeLine(painter, line, linePen(fromPacked(*color), output.lineWidth(), penStyle));
 }
 
 } // namespace TC

@@ -5,6 +5,7 @@
 #include "data/internal/RecordViews.h"
 #include "draw/internal/BarLayout.h"
 #include "draw/internal/Pens.h"
+#include "draw/internal/ink/StandingSticks.h"
 
 #include <QPainter>
 
@@ -47,6 +48,8 @@ void CDrawStyle::drawColorStick(QPainter* painter, QRect& rect, RPCFormulaResult
     const QPen fall =
         linePen(WB::skinColor(realtimeColours ? kRealtimeStickColor : kFallColor), 1.0, penStyle);
 
+    Ink ink(painter);
+    StandingSticks sticks(ink, zeroRow, coversWhole(rise) && coversWhole(fall) && hidesBeneath(*painter));
     forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
         // Deliberate: any finite number has a stick here, the missing marker as well.
         const std::optional<double> value = values.finite(bar);
@@ -55,14 +58,12 @@ void CDrawStyle::drawColorStick(QPainter* painter, QRect& rect, RPCFormulaResult
         const int x = std::min(layout.x(bar), rect.right());
         const int row = scale.row(*value);
         // Every stick shows: one that ends on the zero row is moved a pixel away from it.
-        if (*value > kTolerance) {
-            painter->setPen(rise);
-            painter->drawLine(x, row == zeroRow ? saturatedSum(row, -1) : row, x, zeroRow);
-        } else {
-            painter->setPen(fall);
-            painter->drawLine(x, zeroRow, x, row == zeroRow ? saturatedSum(row, 1) : row);
-        }
+        if (*value > kTolerance)
+            sticks.add(x, row == zeroRow ? saturatedSum(row, -1) : row, rise);
+        else
+            sticks.add(x, row == zeroRow ? saturatedSum(row, 1) : row, fall, true);
     });
+    sticks.finish();
 }
 
 namespace {
@@ -133,7 +134,8 @@ void CDrawStyle::drawStickKline(QPainter* painter, QRect& rect, QPair<double, do
                               static_cast<double>(xOffset) };
     const ValueScale scale = valueScale(rect, range);
     const QColor color = fromPacked(*packed);
-    painter->setPen(linePen(color, output.lineWidth(), Qt::SolidLine));
+    Ink ink(painter);
+    ink.setPen(linePen(color, output.lineWidth(), Qt::SolidLine));
 
     forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
         const std::optional<StickLine> stick = columns.at(bar);
@@ -145,7 +147,7 @@ void CDrawStyle::drawStickKline(QPainter* painter, QRect& rect, QPair<double, do
             return;
         const int x = layout.x(bar), y1 = toPixel(row1), y2 = toPixel(row2), width = toPixel(pixels);
         if (width <= 1) {
-            painter->drawLine(x, y1, x, y2);
+            ink.upright(x, y1, y2);
             return;
         }
         // Deliberate: the height is negative when price 2 is the higher one, and goes to Qt as it is.
@@ -153,9 +155,9 @@ void CDrawStyle::drawStickKline(QPainter* painter, QRect& rect, QPair<double, do
             paintableRect(static_cast<long long>(x) - width / 2, y1, width, static_cast<long long>(y2) - y1);
         // Deliberate: only an empty flag of exactly 1.0 outlines.
         if (stick->empty == 1.0)
-            painter->drawRect(body);
+            ink.outline(body);
         else
-            painter->fillRect(body, color);
+            ink.fill(body, color);
     });
 }
 

@@ -7,6 +7,7 @@
 #include "draw/internal/BookSeries.h"
 #include "draw/internal/TickInk.h"
 #include "draw/internal/TradeDirection.h"
+#include "draw/internal/ink/StandingSticks.h"
 #include "draw/tickPaintData.h"
 
 #include <QPainter>
@@ -88,9 +89,8 @@ class StickInk
 {
 public:
     StickInk(QPainter* painter, const StickRun& run)
-        : m_painter(painter)
-        , m_pens(painter)
-        , m_lines(painter, m_pens, run.rect.bottom())
+        : m_ink(painter)
+        , m_lines(m_ink, run.rect.bottom(), m_pens.areOpaque() && hidesBeneath(*painter))
         , m_run(run)
         , m_layout { run.bars.first, slotWidth(run.rect, run.bars.divisor()), run.rect.left(), 0,
                      run.halfWidth }
@@ -108,9 +108,9 @@ public:
         // in a pane that does not start at row 0 sticks come out short, the small ones as one-pixel marks.
         const long long height = std::max(static_cast<long long>(m_run.rect.height()) - y, 1ll);
         if (m_run.asLine)
-            m_lines.add(x, y, rise);
+            m_lines.add(x, y, m_pens.of(rise));
         else if (width == 1)
-            m_lines.add(x, height == 1 ? m_run.rect.bottom() : y, rise);
+            m_lines.add(x, height == 1 ? m_run.rect.bottom() : y, m_pens.of(rise));
         else
             paintBody(x, y, width, height, rise);
     }
@@ -123,18 +123,18 @@ private:
     void paintBody(int x, int y, long long width, long long height, bool rise)
     {
         const int bottom = m_run.rect.bottom();
-        m_pens.use(rise);
+        m_ink.setPen(m_pens.of(rise));
         if (height == 1)
-            m_painter->drawLine(x, bottom, saturatedSum(x, width), bottom);
+            m_ink.level(bottom, x, saturatedSum(x, width));
         else if (rise)
-            m_painter->drawRect(paintableRect(x, y, width, height));
+            m_ink.outline(paintableRect(x, y, width, height));
         else
-            m_painter->fillRect(paintableRect(x, y + 1ll, width, height), m_pens.fallColor());
+            m_ink.fill(paintableRect(x, y + 1ll, width, height), m_pens.fallColor());
     }
 
-    QPainter* m_painter;
+    Ink m_ink;
     DirectionPens m_pens;
-    StandingLineInk m_lines;
+    StandingSticks m_lines;
     const StickRun& m_run;
     BodyLayout m_layout;
     ValueScale m_scale;

@@ -4,6 +4,7 @@
 
 #include "data/internal/RecordViews.h"
 #include "draw/internal/Numbers.h"
+#include "draw/internal/ink/Extremes.h"
 
 #include <algorithm>
 #include <optional>
@@ -31,6 +32,14 @@ public:
         m_max = m_counted ? std::max(m_max, value) : value;
         m_min = m_counted ? std::min(m_min, value) : value;
         m_counted = true;
+    }
+
+    void count(const Extremes& extremes)
+    {
+        if (!extremes.exist())
+            return;
+        count(extremes.lowest);
+        count(extremes.highest);
     }
 
     /// Deliberate: a flag column widens the range that the caller passed in instead of replacing it, and
@@ -62,6 +71,17 @@ int walkEnd(const se::RPCFormulaResult& result, int endIndex, const ColumnView& 
     return endIndex < total ? endIndex + 1 : total;
 }
 
+/// Extremes of a series from `first` on, up to the bar before `end`; a missing flag makes a bar invalid.
+Extremes extremesOfBars(const se::RPCFormulaResult& result, const std::vector<double>& series, int first,
+                        int end, const CountRule& rule)
+{
+    const auto begin = static_cast<std::size_t>(std::max(first, 0));
+    const std::size_t past = std::min(static_cast<std::size_t>(std::max(end, 0)), result.barValid.size());
+    return begin < past
+        ? extremesOf(series.data() + begin, result.barValid.data() + begin, past - begin, rule)
+        : Extremes();
+}
+
 /// Total of a stack at a bar, columns off the axis included; a missing term adds nothing.
 double stackedValue(const se::RPCFormulaResult& result, const std::vector<int>& columns, int bar)
 {
@@ -87,6 +107,13 @@ struct ColumnScan
         if (values.isText() || !needsAxis || *needsAxis == 0)
             return;
         const int end = walkEnd(result, endIndex, values);
+        if (values.isPlainNumber() && drawType != DrawType::Text && drawType != DrawType::StackedVolume) {
+            // Deliberate: validity and zero are tested after the factor, so that a scaled missing marker is
+            // an ordinary number.
+            const CountRule rule { factor, false, countZero ? -1.0 : kTolerance };
+            range.count(extremesOfBars(result, *values.values(), startIndex, end, rule));
+            return;
+        }
         const ColumnView gate(result, columns.front()); // of gated texts
         for (int bar = std::max(startIndex, 0); bar < end; ++bar) {
             if (!isValidBar(result, bar))
@@ -101,8 +128,6 @@ struct ColumnScan
         }
     }
 
-    /// Deliberate: validity and zero are tested after the factor, so that a scaled missing marker is an
-    /// ordinary number.
     void countValue(double value) const
     {
         value *= factor;
@@ -164,15 +189,13 @@ bool CDrawStyle::calcMaxMin(double& max, double& min, int startIndex, int endInd
         if (values.isText())
             continue;
         const int end = walkEnd(result, endIndex, values);
+        if (values.isPlainNumber()) {
+            range.count(extremesOfBars(result, *values.values(), startIndex, end, { 1.0, true, -1.0 }));
+            continue;
+        }
         for (int bar = std::max(startIndex, 0); bar < end; ++bar) {
-            if (!isValidBar(result, bar))
-                continue;
-            if (values.isPlainNumber()) {
-                if (const std::optional<double> value = values.finite(bar))
-                    range.count(*value);
-            } else if (values.isFlag() && *drawType == DrawType::BoolLine) {
+            if (isValidBar(result, bar) && values.isFlag() && *drawType == DrawType::BoolLine)
                 range.countFlagColumn();
-            }
         }
     }
     return range.counted();

@@ -6,6 +6,8 @@
 #include "draw/internal/BarLayout.h"
 #include "draw/internal/Pens.h"
 #include "draw/internal/RiseFall.h"
+#include "draw/internal/ink/Ink.h"
+#include "draw/internal/ink/ShownSticks.h"
 
 #include <QPainter>
 
@@ -48,16 +50,16 @@ struct VolumeBar
     bool rises;
 };
 
-void drawThinVolume(QPainter* painter, const QRect& rect, const VolumeBar& bar)
+void drawThinVolume(Ink& ink, const QRect& rect, const VolumeBar& bar)
 {
     const int lifted = saturatedSum(rect.bottom(), -1);
     if (bar.top == rect.bottom())
-        painter->drawLine(bar.left, lifted, bar.left, lifted); // one pixel long
+        ink.point(bar.left, lifted);
     else
-        painter->drawLine(bar.left, bar.top, bar.left, rect.bottom());
+        ink.upright(bar.left, bar.top, rect.bottom());
 }
 
-void drawVolumeBody(QPainter* painter, const QRect& rect, const VolumeBar& bar, const QColor& color)
+void drawVolumeBody(Ink& ink, const QRect& rect, const VolumeBar& bar, const QColor& color)
 {
     // Deliberate: the height counts from row 0, not from the pane's bottom, so that bodies of a pane that
     // stands lower end above its bottom; and the marks of the lowest bars stand two rows above it.
@@ -65,15 +67,15 @@ void drawVolumeBody(QPainter* painter, const QRect& rect, const VolumeBar& bar, 
     const int markRow = saturatedSum(rect.bottom(), -2);
     if (bar.width == 1) {
         if (height == 1)
-            painter->drawPoint(bar.left, markRow);
+            ink.point(bar.left, markRow);
         else
-            painter->drawLine(bar.left, bar.top, bar.left, rect.bottom());
+            ink.upright(bar.left, bar.top, rect.bottom());
     } else if (height == 1) {
-        painter->drawLine(bar.left, markRow, saturatedSum(bar.left, bar.width), markRow);
+        ink.level(markRow, bar.left, saturatedSum(bar.left, bar.width));
     } else if (bar.rises) {
-        painter->drawRect(paintableRect(bar.left, bar.top, bar.width, height));
+        ink.outline(paintableRect(bar.left, bar.top, bar.width, height));
     } else {
-        painter->fillRect(paintableRect(bar.left, bar.top + 1LL, bar.width, height), color);
+        ink.fill(paintableRect(bar.left, bar.top + 1LL, bar.width, height), color);
     }
 }
 
@@ -94,7 +96,8 @@ void CDrawStyle::drawVolStick(QPainter* painter, QRect& rect, RPCFormulaResultCa
     const ValueScale scale = volumeScale(rect, range);
     const QColor riseColor = WB::skinColor(kRiseColor), fallColor = WB::skinColor(kFallColor);
 
-    forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
+    Ink ink(painter);
+    const auto drawBar = [&](int bar) {
         const std::optional<double> volume = volumes.raw(bar), open = opens.raw(bar), close = closes.raw(bar);
         if (!volume || !open || !close || isMissing(*volume) || isZero(*volume))
             return;
@@ -105,13 +108,21 @@ void CDrawStyle::drawVolStick(QPainter* painter, QRect& rect, RPCFormulaResultCa
         const bool rises = volumeRises(*open, *close, first,
                                        first ? std::optional<double>(previousClose) : closes.raw(bar - 1));
         const QColor& color = rises ? riseColor : fallColor;
-        painter->setPen(color);
-        const VolumeBar ink { layout.bodyLeft(bar), scale.row(*volume), layout.bodyWidth(), rises };
+        ink.setPen(color);
+        const VolumeBar body { layout.bodyLeft(bar), scale.row(*volume), layout.bodyWidth(), rises };
         if (thinLines)
-            drawThinVolume(painter, rect, ink);
+            drawThinVolume(ink, rect, body);
         else
-            drawVolumeBody(painter, rect, ink, color);
-    });
+            drawVolumeBody(ink, rect, body, color);
+    };
+    // Lower lines leave a mark instead, two rows above the bottom at most.
+    const long long lowestTop = std::min(rect.bottom() - 2LL, thinLines ? INT_MAX : rect.height() - 2LL);
+    const bool hides = (thinLines || layout.bodyWidth() == 1) && isOpaque(riseColor) && isOpaque(fallColor)
+        && hidesBeneath(*painter);
+    const StandingValues sticks { *volumes.values(),
+                                  std::min({ volumes.size(), opens.size(), closes.size() }), scale,
+                                  saturatedSum(0, lowestTop), hides };
+    forEachShownStick(cache.result, bars, layout, sticks, drawBar);
 }
 
 namespace {
@@ -147,6 +158,7 @@ void CDrawStyle::drawStackVolstick(QPainter* painter, QRect& rect, RPCFormulaRes
     const BodyLayout layout = stackLayout(rect, bars, halfWidth, alignByIndex);
     const ValueScale scale = volumeScale(rect, range);
 
+    Ink ink(painter);
     forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
         if (!hasPixel(layout.at(bar)))
             return;
@@ -163,11 +175,10 @@ void CDrawStyle::drawStackVolstick(QPainter* painter, QRect& rect, RPCFormulaRes
             const int height = std::max(toPixel(pixels), 1);
             if (height == 1) {
                 // Deliberate: the mark of a part too small to see lies at the bottom, not on its stack.
-                painter->setPen(colors[k]);
-                painter->drawLine(left, rect.bottom(), saturatedSum(left, layout.bodyWidth()), rect.bottom());
+                ink.setPen(colors[k]);
+                ink.level(rect.bottom(), left, saturatedSum(left, layout.bodyWidth()));
             } else {
-                painter->fillRect(paintableRect(left, scale.row(sum) + 1LL, layout.bodyWidth(), height),
-                                  colors[k]);
+                ink.fill(paintableRect(left, scale.row(sum) + 1LL, layout.bodyWidth(), height), colors[k]);
             }
         }
     });

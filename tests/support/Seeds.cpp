@@ -1,5 +1,7 @@
 #include "tests/support/Seeds.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <fstream>
 #include <numeric>
 
@@ -7,7 +9,8 @@ namespace test {
 
 std::vector<unsigned> seedsFor(const std::string& suite, unsigned count)
 {
-    std::vector<unsigned> seeds(count);
+    const char* factor = std::getenv("INDICATORUI_SEED_FACTOR");
+    std::vector<unsigned> seeds(count * std::max(1u, factor ? static_cast<unsigned>(std::atoi(factor)) : 1u));
     std::iota(seeds.begin(), seeds.end(), 1u);
     std::ifstream held(TEST_DATA_DIR "/seeds/" + suite + ".txt");
     for (unsigned seed = 0; held >> seed;)

@@ -6,7 +6,8 @@
 
 namespace test {
 
-/// `count` fixed seeds, then the ones held in tests/data/seeds/<suite>.txt because they failed once.
+/// `count` fixed seeds, times INDICATORUI_SEED_FACTOR where that is set (`./dev test --long`), then the ones
+/// held in tests/data/seeds/<suite>.txt because they failed once.
 std::vector<unsigned> seedsFor(const std::string& suite, unsigned count);
 
 } // namespace test

@@ -1,9 +1,12 @@
 #include "tests/support/Workbooks.h"
 
+#include "host/WB/CExcelReader.h"
+
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QProcess>
+#include <QStringList>
 
 #include <xlsxwriter.h>
 #include <zip.h>
@@ -100,6 +103,56 @@ QString replacePart(const QString& workbook, const QString& part, const QByteArr
              zip_source_buffer(archive, bytes.constData(), static_cast<zip_uint64_t>(bytes.size()), 0));
     zip_close(archive);
     return workbook;
+}
+
+Parts soundParts(const QByteArray& rows, const QByteArray& texts, const QByteArray& styles)
+{
+    const QByteArray head = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
+    const QByteArray main = " xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\"";
+    const QByteArray ways = "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/"
+                            "relationships\">";
+    const QByteArray types = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
+    const auto way = [&](const QByteArray& id, const QByteArray& kind, const QByteArray& target) {
+        return "<Relationship Id=\"" + id + "\" Type=\"" + types + "/" + kind + "\" Target=\"" + target
+            + "\"/>";
+    };
+    return {
+        { "_rels/.rels", head + ways + way("r1", "officeDocument", "xl/workbook.xml") + "</Relationships>" },
+        { "xl/_rels/workbook.xml.rels",
+          head + ways + way("r1", "worksheet", "worksheets/sheet1.xml")
+              + way("r2", "sharedStrings", "sharedStrings.xml") + way("r3", "styles", "styles.xml")
+              + "</Relationships>" },
+        { "xl/workbook.xml",
+          head + "<workbook" + main + " xmlns:r=\"" + types
+              + "\"><workbookPr/><sheets><sheet name=\"1\" sheetId=\"1\" r:id=\"r1\"/></sheets></workbook>" },
+        { "xl/worksheets/sheet1.xml",
+          head + "<worksheet" + main + "><sheetData>" + rows + "</sheetData></worksheet>" },
+        { "xl/sharedStrings.xml", head + "<sst" + main + ">" + texts + "</sst>" },
+        { "xl/styles.xml", head + "<styleSheet" + main + ">" + styles + "</styleSheet>" },
+    };
+}
+
+QString writeParts(const QString& path, const Parts& parts)
+{
+    QFile::remove(path);
+    zip_t* archive = openArchive(path);
+    for (auto part = parts.begin(); part != parts.end(); ++part)
+        addEntry(archive, QString::fromUtf8(part.key()),
+                 zip_source_buffer(archive, part->constData(), static_cast<zip_uint64_t>(part->size()), 0));
+    zip_close(archive);
+    return path;
+}
+
+QString sheetText(const WB::CExcelReader& reader)
+{
+    QStringList rows;
+    for (int r = 0; r < reader.getSheetRowCount(1); ++r) {
+        QStringList cells;
+        for (int c = 0; c < reader.getSheetColCount(1); ++c)
+            cells << reader.getData(1, reader.getSheetStartRow(1) + r, reader.getSheetStartCol(1) + c, true);
+        rows << cells.join(QLatin1Char('|'));
+    }
+    return rows.join(QLatin1Char('/'));
 }
 
 QByteArray bytesOf(const QString& path)

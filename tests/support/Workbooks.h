@@ -3,8 +3,13 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QMap>
 #include <QString>
 #include <QVariant>
+
+namespace WB {
+class CExcelReader;
+}
 
 namespace test {
 
@@ -29,6 +34,20 @@ QString addEmptyEntries(const QString& workbook, int count);
 
 /// Replaces a part of a workbook by other bytes. @return `path`.
 QString replacePart(const QString& workbook, const QString& part, const QByteArray& bytes);
+
+/// Parts of a workbook by their names.
+using Parts = QMap<QByteArray, QByteArray>;
+
+/// The parts of a sound workbook with one sheet. @param rows  the inside of its sheetData; texts  that of its
+/// shared texts; styles  that of its styles.
+Parts soundParts(const QByteArray& rows, const QByteArray& texts = QByteArray(),
+                 const QByteArray& styles = QByteArray());
+
+/// Writes parts into an archive. @return `path`.
+QString writeParts(const QString& path, const Parts& parts);
+
+/// The whole sheet of a reader: cells apart by "|", rows by "/".
+QString sheetText(const WB::CExcelReader& reader);
 
 /// The bytes of a file; and a file of the bytes. @return `path`.
 QByteArray bytesOf(const QString& path);

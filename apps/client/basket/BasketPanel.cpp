@@ -1,5 +1,6 @@
 #include "apps/client/basket/BasketPanel.h"
 
+#include "apps/base/FileNames.h"
 #include "apps/client/basket/ImportReport.h"
 #include "host/TC/CStockManager.h"
 #include "host/utils/CSingletonT.h"
@@ -170,7 +171,7 @@ void BasketPanel::startImport(const QString& path)
         else
             TC::CParserStockExeclTable::parserCvs(path, import.found, import.minimum);
         if (!*cancelled)
-            import.report = reportOn(codesOfFile(path, isWorkbook(path)), isWorkbook(path));
+            import.report = reportOnFile(path, isWorkbook(path));
         return import;
     }));
 }
@@ -198,7 +199,7 @@ void BasketPanel::add(Import import, const QString& source)
 {
     m_table->addData(import.found, import.minimum);
     const QString line = import.report.text(source);
-    m_report->setText(line);
+    m_report->setText(base::printable(line));
     Q_EMIT sigMessage(line);
 }
 

@@ -3,6 +3,7 @@
 #include "host/TC/CStockManager.h"
 #include "host/TC/QReadFile.h"
 #include "host/WB/CExcelReader.h"
+#include "host/embedded/ReadingSetup.h"
 #include "host/ttservice/CInstrumentDetail.h"
 #include "host/ttservice/StockTypeCenter.h"
 #include "host/utils/CSingletonT.h"
@@ -54,6 +55,8 @@ QString ImportReport::text(const QString& source) const
                     .arg(skipped.join(QStringLiteral("，")));
     if (!examples.isEmpty())
         line += QStringLiteral("，例如 %1").arg(examples.join(QStringLiteral("、")));
+    if (!trouble.isEmpty())
+        line += QStringLiteral("；%1").arg(trouble);
     return line;
 }
 
@@ -78,24 +81,28 @@ ImportReport reportOn(const QVector<QString>& codes, bool workbook)
     return report;
 }
 
-QVector<QString> codesOfFile(const QString& path, bool workbook)
+ImportReport reportOnFile(const QString& path, bool workbook)
 {
     QVector<QString> codes;
+    QString trouble;
     if (workbook) {
         WB::CExcelReader reader;
         reader.init(false);
         reader.open(path);
+        trouble = TC::embedded::textOf(TC::embedded::lastWorkbookReport());
         const int row = reader.getSheetStartRow(1), column = reader.getSheetStartCol(1);
         for (int i = 0; i < reader.getSheetRowCount(1); ++i)
             codes << reader.getData(1, row + i, column, true);
-        return codes;
+    } else {
+        QString file = path;
+        QList<QString> lines;
+        TC::QReadFile(file, lines, false);
+        for (const QString& line : lines)
+            codes << line.section(QLatin1Char(','), 0, 0);
     }
-    QString file = path;
-    QList<QString> lines;
-    TC::QReadFile(file, lines, false);
-    for (const QString& line : lines)
-        codes << line.section(QLatin1Char(','), 0, 0);
-    return codes;
+    ImportReport report = reportOn(codes, workbook);
+    report.trouble = trouble;
+    return report;
 }
 
 } // namespace client

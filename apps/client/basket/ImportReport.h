@@ -16,6 +16,7 @@ struct ImportReport
     int unknown = 0;      ///< no instrument bears the code
     int otherKind = 0;    ///< the instrument is no A share
     QStringList examples; ///< first codes that were not recognised, five at most
+    QString trouble;      ///< why a file gave nothing, or that it may have given too little; else empty
 
     /// One line for the user.
     QString text(const QString& source) const;
@@ -26,7 +27,8 @@ struct ImportReport
 ///        workbook reader does; otherwise texts are looked up as they stand.
 ImportReport reportOn(const QVector<QString>& codes, bool workbook);
 
-/// First cells of the rows of a file: the first field of a text line, the first column of a workbook.
-QVector<QString> codesOfFile(const QString& path, bool workbook);
+/// The same for a file: judges the first field of each text line, or the first column of a workbook, and says
+/// what went wrong with reading it.
+ImportReport reportOnFile(const QString& path, bool workbook);
 
 } // namespace client

@@ -2,7 +2,6 @@
 
 #include "apps/base/WholeFile.h"
 #include "apps/chart/ChartMeasures.h"
-#include "apps/chart/TextExport.h"
 #include "apps/client/chart/ChartKeys.h"
 #include "apps/client/chart/TimeAxisWidget.h"
 
@@ -77,7 +76,7 @@ void ChartView::keyPressEvent(QKeyEvent* event)
 void ChartView::exportPane(ChartPane* pane, const QString& formula, bool toClipboard)
 {
     constexpr bool withTime = true;
-    const std::string text = chart::exportText(*pane->data(), formula, withTime);
+    const std::string text = pane->data()->exported(formula, withTime);
     if (toClipboard) {
         QApplication::clipboard()->setText(QString::fromStdString(text));
         Q_EMIT sigMessage(QStringLiteral("指标数据已复制到剪贴板"));

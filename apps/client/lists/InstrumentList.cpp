@@ -1,16 +1,41 @@
 #include "apps/client/lists/InstrumentList.h"
 
+#include "apps/base/FileNames.h"
 #include "host/TC/CStockManager.h"
 #include "host/TC/Instruments.h"
 #include "host/TC/Pinyin.h"
 #include "host/utils/CSingletonT.h"
 
-#include <QDir>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QVBoxLayout>
 
+#include <filesystem>
+#include <system_error>
+
 namespace client {
+
+namespace {
+
+/// The CSV files of a folder in alphabetical order, whatever bytes their names are made of.
+QStringList barsFilesIn(const QString& folder)
+{
+    namespace files = std::filesystem;
+    QStringList paths;
+    std::error_code error;
+    for (files::directory_iterator entry(base::bytesOfName(folder).toStdString(), error), end;
+         !error && entry != end; entry.increment(error)) {
+        const QString path = base::nameFromBytes(QByteArray::fromStdString(entry->path().string()));
+        std::error_code unknown;
+        if (path.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive) && entry->is_regular_file(unknown))
+            paths << path;
+    }
+    paths.sort();
+    return paths;
+}
+
+} // namespace
 
 InstrumentList::InstrumentList(QWidget* parent)
     : QWidget(parent)
@@ -32,12 +57,12 @@ void InstrumentList::listFolder(const QString& folder)
 {
     m_list->clear();
     const auto* stocks = utils::CSingletonT<TC::CStockManager>::instance();
-    const QFileInfoList files =
-        QDir(folder).entryInfoList({ QStringLiteral("*.csv") }, QDir::Files, QDir::Name);
-    for (const QFileInfo& file : files) {
-        const QString name = TC::getDetailQsName(stocks->getInstrumentDetail(file.baseName()));
-        auto* item = new QListWidgetItem(QStringLiteral("%1  %2").arg(file.baseName(), name), m_list);
-        item->setData(Qt::UserRole, file.absoluteFilePath());
+    const QStringList paths = barsFilesIn(folder);
+    for (const QString& path : paths) {
+        const QString key = QFileInfo(path).baseName();
+        const QString name = TC::getDetailQsName(stocks->getInstrumentDetail(key));
+        auto* item = new QListWidgetItem(QStringLiteral("%1  %2").arg(base::printable(key), name), m_list);
+        item->setData(Qt::UserRole, path);
     }
 }
 

@@ -90,6 +90,13 @@ QString stateText(const RestoreNote& note)
              stateOf(now->scripts, note.before.scripts, note.wanted.scripts));
 }
 
+/// Puts a version of the manager into the store. @return whether it is there, all of it.
+bool takeOver(const QString& version)
+{
+    base::Result<FormulaFiles> files = readManagerFiles(version);
+    return files.isGood() && (store().holds(*files) || store().add(*files, managerTime(version)).isGood());
+}
+
 /// Whether a live file is as an unfinished restore can have left it.
 bool isOfRestore(const std::optional<QByteArray>& now, const std::optional<QByteArray>& before,
                  const std::optional<QByteArray>& wanted)
@@ -139,8 +146,7 @@ base::Result<bool> backUpFormulas()
         return false;
     // What the manager's next backup discards is taken over first.
     const QString leaving = managerNextToGo();
-    const bool isTakenOver = leaving.isEmpty() || store().holds(managerFiles(leaving))
-        || store().add(managerFiles(leaving), managerTime(leaving)).isGood();
+    const bool isTakenOver = leaving.isEmpty() || takeOver(leaving);
     base::Result<bool> made = store().add(*live, QDateTime::currentDateTime());
     if (isTakenOver && made.isGood() && *made)
         letManagerBackUp();
@@ -149,7 +155,12 @@ base::Result<bool> backUpFormulas()
 
 base::Result<void> restoreFormulas(const FormulaVersion& version)
 {
-    const FormulaFiles wanted = filesOf(version); // now: the backup below may push the version out
+    // Read now: the backup below may push the version out.
+    base::Result<FormulaFiles> read =
+        version.isOfManager ? readManagerFiles(version.name) : base::Result<FormulaFiles>(filesOf(version));
+    if (!read.isGood())
+        return base::Failure { QStringLiteral("备份读不了，公式未改变：%1").arg(read.reason()) };
+    const FormulaFiles wanted = *read;
     if (!wanted.formulas)
         return base::Failure { QStringLiteral("备份文件已不存在或已损坏，公式未改变。") };
     base::Result<bool> kept = backUpFormulas();

@@ -30,6 +30,11 @@ QString timestampOf(const QString& version)
     return version.section(QLatin1Char('_'), -1);
 }
 
+QString scriptsOf(const QString& version)
+{
+    return kScripts + QLatin1Char('_') + timestampOf(version);
+}
+
 std::optional<QByteArray> contentOf(const QString& name)
 {
     base::Result<std::optional<QByteArray>> content = readOptional(pathOf(name));
@@ -52,7 +57,18 @@ QDateTime managerTime(const QString& version)
 
 FormulaFiles managerFiles(const QString& version)
 {
-    return { contentOf(version), contentOf(kScripts + QLatin1Char('_') + timestampOf(version)) };
+    return { contentOf(version), contentOf(scriptsOf(version)) };
+}
+
+base::Result<FormulaFiles> readManagerFiles(const QString& version)
+{
+    base::Result<std::optional<QByteArray>> formulas = readOptional(pathOf(version));
+    base::Result<std::optional<QByteArray>> scripts = readOptional(pathOf(scriptsOf(version)));
+    if (!formulas.isGood())
+        return formulas.failure();
+    if (!scripts.isGood())
+        return scripts.failure();
+    return FormulaFiles { *formulas, *scripts };
 }
 
 QString managerNextToGo()

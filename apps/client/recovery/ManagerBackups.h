@@ -15,7 +15,11 @@ QStringList managerVersions();
 /// When a version was made: by its name, else by its file's time.
 QDateTime managerTime(const QString& version);
 
+/// Content of a version, as far as it can be read.
 FormulaFiles managerFiles(const QString& version);
+
+/// Content of a version. A file of it that is there and cannot be read is a failure.
+base::Result<FormulaFiles> readManagerFiles(const QString& version);
 
 /// The version that the manager's next backup discards; empty when it discards none.
 QString managerNextToGo();

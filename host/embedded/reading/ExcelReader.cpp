@@ -1,70 +1,44 @@
 #include "host/WB/CExcelReader.h"
 
 #include "host/embedded/ReadingSetup.h"
-#include "host/embedded/reading/SheetCells.h"
 #include "host/embedded/reading/TextDecoding.h"
-#include "host/embedded/reading/WorkbookFormats.h"
+#include "host/embedded/reading/WorkbookProgram.h"
 
-#include <QStringList>
+#include <QFile>
+#include <QFileInfo>
 
-#include <algorithm>
 #include <atomic>
+
+namespace TC::embedded {
 
 namespace {
 
-bool s_excelAvailable = true;
+std::atomic<bool> s_excelAvailable { true };
 std::atomic<int> s_readers { 0 };
+thread_local WorkbookReport s_lastReport;
 
-/// The one sheet that is read, as the client numbers it.
-constexpr int kFirstSheet = 1;
-
-bool isText(const QString& text)
+/// Refuses what no reader should be started for.
+WorkbookReport readWorkbook(const QString& path, SheetCells& cells)
 {
-    constexpr int looked = 1024;
-    const auto isControl = [](QChar c) {
-        return c < QLatin1Char(' ') && c != QLatin1Char('\t') && c != QLatin1Char('\n')
-            && c != QLatin1Char('\r');
-    };
-    return std::none_of(text.cbegin(), text.cbegin() + std::min(text.size(), looked), isControl);
-}
-
-/// Fills the cells by the kind that the first bytes show.
-void readWorkbook(const QString& path, TC::embedded::SheetCells& cells)
-{
-    QByteArray bytes;
-    if (!TC::embedded::readPlainFile(path, bytes))
-        return;
-    const bool isCompoundFile = bytes.startsWith("\xD0\xCF\x11\xE0");
-    const bool isBareStream = bytes.startsWith(QByteArray::fromRawData("\x09\x08", 2))
-        || bytes.startsWith(QByteArray::fromRawData("\x09\x04", 2))
-        || bytes.startsWith(QByteArray::fromRawData("\x09\x02", 2))
-        || bytes.startsWith(QByteArray::fromRawData("\x09\x00", 2));
-    if (bytes.startsWith("PK\x03\x04"))
-        TC::embedded::readXlsx(bytes, cells);
-    else if (isCompoundFile || isBareStream)
-        TC::embedded::readXls(path, cells);
-    else
-        TC::embedded::readTextSheet(bytes, cells);
+    const QFileInfo info(path);
+    if (!info.isFile()) {
+        const QString reason = info.exists() ? QStringLiteral("不是普通文件") : QStringLiteral("文件不存在");
+        return { WorkbookOutcome::CannotOpen, false, reason };
+    }
+    if (info.size() == 0)
+        return { WorkbookOutcome::EmptyFile, false, QString() };
+    if (info.size() > kLargestFile)
+        return { WorkbookOutcome::FileTooLarge, false, QString() };
+    if (QFile file(path); !file.open(QIODevice::ReadOnly))
+        return { WorkbookOutcome::CannotOpen, false, file.errorString() };
+    return readInProgram(path, cells);
 }
 
 } // namespace
 
-namespace TC::embedded {
-
-void readTextSheet(const QByteArray& bytes, SheetCells& cells)
+WorkbookReport lastWorkbookReport()
 {
-    const QString text = decodeText(bytes);
-    QList<QString> lines;
-    if (!isText(text) || !splitLines(text, false, lines))
-        return;
-    for (int row = 0; row < lines.size(); ++row) {
-        const QChar separator = QLatin1Char(lines[row].contains(QLatin1Char('\t')) ? '\t' : ',');
-        const QStringList fields = lines[row].split(separator);
-        for (int column = 0; column < fields.size(); ++column) {
-            if (!fields[column].isEmpty())
-                cells.setText(row, column, fields[column]);
-        }
-    }
+    return s_lastReport;
 }
 
 void setExcelAvailable(bool available)
@@ -81,6 +55,13 @@ int excelReaderCount()
 
 namespace WB {
 
+namespace {
+
+/// The one sheet that is read, as the client numbers it.
+constexpr int kFirstSheet = 1;
+
+} // namespace
+
 struct CExcelReader::Private
 {
     bool isValid = false;
@@ -91,19 +72,20 @@ struct CExcelReader::Private
 
 CExcelReader::CExcelReader(QObject* parent)
     : QObject(parent)
-    , m_data(std::make_shared<Private>())
+    , m_data(std::make_unique<Private>())
 {
-    ++s_readers;
+    ++TC::embedded::s_readers;
 }
 
 CExcelReader::~CExcelReader()
 {
-    --s_readers;
+    --TC::embedded::s_readers;
 }
 
 bool CExcelReader::init(bool)
 {
-    m_data->isValid = s_excelAvailable;
+    m_data->isValid = TC::embedded::s_excelAvailable;
+    TC::embedded::s_lastReport = {};
     return m_data->isValid;
 }
 
@@ -115,10 +97,9 @@ bool CExcelReader::isValid() const
 bool CExcelReader::open(const QString& path)
 {
     close();
-    if (!m_data->isValid)
-        return false;
-    readWorkbook(path, m_data->cells);
-    m_data->cells.finish();
+    TC::embedded::s_lastReport = {};
+    if (m_data->isValid)
+        TC::embedded::s_lastReport = TC::embedded::readWorkbook(path, m_data->cells);
     return !m_data->cells.isEmpty();
 }
 

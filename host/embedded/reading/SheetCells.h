@@ -1,34 +1,27 @@
 #pragma once
-/// @file The cells of one sheet, within limits.
+/// @file The cells of one sheet.
 
 #include <QString>
 
-#include <algorithm>
-#include <string_view>
 #include <vector>
 
 namespace TC::embedded {
 
-/// Collects the cells of a sheet; rows and columns count from 0. Cells outside the largest sheet that
-/// spreadsheets know are dropped. Past the limits the whole sheet is refused: it turns and stays empty.
+/// Cells that hold a text; rows and columns count from 0. All texts stand in one buffer, where several cells
+/// may share a stretch.
 class SheetCells
 {
 public:
-    void setText(int row, int column, const QString& text);
-    /// Plain text of a number: 15 digits, no ".0" behind an integral one.
-    void setNumber(int row, int column, double number);
-    void setBool(int row, int column, bool value);
+    /// A cell whose text is `length` UTF-16 units from `from` on.
+    struct Cell
+    {
+        qint32 row, column;
+        quint32 from, length;
+    };
 
-    /// Adds a text that several cells may share. @return its index.
-    std::size_t addShared(std::string_view utf8);
-    /// A cell with a shared text; an index that is not there leaves the cell out.
-    void setShared(int row, int column, std::size_t index);
-
-    /// To be called after the last cell and before the questions below.
-    void finish();
-    /// Empties the sheet for good.
-    void refuse();
-    bool isRefused() const { return m_refused; }
+    SheetCells() = default;
+    /// @param cells  in any order, each within `texts`; of several at one place the last one counts.
+    SheetCells(std::vector<Cell> cells, QString texts);
 
     bool isEmpty() const { return m_cells.empty(); }
     int firstRow() const { return m_firstRow; }
@@ -37,28 +30,16 @@ public:
     int lastColumn() const { return m_lastColumn; }
     QString text(int row, int column) const;
 
-    /// Gives every cell in the order in which it was set to `take(row, column, text)`, until that answers
-    /// false. @return whether all were taken.
-    template <class Take>
-    bool forEach(Take take) const
-    {
-        return std::all_of(m_cells.begin(), m_cells.end(),
-                           [&](const Cell& cell) { return take(cell.row, cell.column, cell.text); });
-    }
-
 private:
-    struct Cell
-    {
-        int row, column;
-        QString text;
-    };
-    bool takeCharacters(int count);
-
-    std::vector<Cell> m_cells;
-    std::vector<QString> m_shared;
-    qint64 m_characters = 0;
-    bool m_refused = false;
+    std::vector<Cell> m_cells; ///< by row, then by column
+    QString m_texts;
     int m_firstRow = 0, m_lastRow = -1, m_firstColumn = 0, m_lastColumn = -1;
 };
+
+// The largest sheet that spreadsheets know, and what one workbook may bring.
+constexpr int kMostRows = 1'048'576, kMostColumns = 16'384;
+constexpr int kMostCells = 2'000'000;
+constexpr int kLongestText = 32'767;        ///< UTF-16 units of a cell
+constexpr int kMostCharacters = 32'000'000; ///< UTF-16 units of all texts together
 
 } // namespace TC::embedded

@@ -1,9 +1,5 @@
 #include "host/embedded/reading/TextDecoding.h"
 
-#include "host/TC/QReadFile.h"
-
-#include <QFile>
-#include <QFileInfo>
 #include <QTextCodec>
 
 #include <algorithm>
@@ -37,16 +33,6 @@ QString decoded(const QByteArray& bytes, int from, const char* codecName, bool* 
 }
 
 } // namespace
-
-bool readPlainFile(const QString& path, QByteArray& bytes)
-{
-    const QFileInfo info(path);
-    QFile file(path);
-    if (!info.isFile() || info.size() > kLargestFile || !file.open(QIODevice::ReadOnly))
-        return false;
-    bytes = file.read(kLargestFile);
-    return true;
-}
 
 QString decodeText(const QByteArray& bytes)
 {
@@ -85,20 +71,3 @@ bool splitLines(const QString& text, bool skipEmptyLines, QList<QString>& lines)
 }
 
 } // namespace TC::embedded
-
-namespace TC {
-
-bool QReadFile(QString& path, QList<QString>& lines, bool skipEmptyLines)
-{
-    lines.clear();
-    QString text;
-    {
-        QByteArray bytes; // gone before the lines are made: both together would double the memory
-        if (!embedded::readPlainFile(path, bytes))
-            return false;
-        text = embedded::decodeText(bytes);
-    }
-    return embedded::splitLines(text, skipEmptyLines, lines);
-}
-
-} // namespace TC

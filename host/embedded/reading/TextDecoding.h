@@ -12,10 +12,6 @@ namespace TC::embedded {
 constexpr qint64 kLargestFile = 64 * 1024 * 1024; ///< bytes
 constexpr int kMostLines = 2'000'000;
 
-/// The bytes of a plain file of at most kLargestFile.
-/// @param[out] bytes  written only on success.
-bool readPlainFile(const QString& path, QByteArray& bytes);
-
 /// The text of bytes of unknown encoding: byte-order mark, NUL parity, strict UTF-8, else GB18030.
 INDICATORHOST_EXPORT QString decodeText(const QByteArray& bytes);
 

@@ -60,7 +60,7 @@ QString largeNumber(double value, int precision)
 int decimalsOfTick(double tick)
 {
     constexpr int usual = 2, most = 9;
-    if (!std::isfinite(tick) || tick <= 0.0)
+    if (!std::isfinite(tick) || tick >= DBL_MAX || tick <= 0.0)
         return usual;
     int decimals = 0;
     for (double scaled = tick; scaled < 1.0 - kTolerance; scaled *= 10.0) {

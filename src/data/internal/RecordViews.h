@@ -88,6 +88,8 @@ public:
 
     /// Numbers of an ordinary type.
     bool isPlainNumber() const { return m_values && m_type && isNumberType(*m_type); }
+    /// Integers: the largest int is their missing number.
+    bool isInteger() const { return m_type == se::ColumnType::Integer; }
     bool isFlag() const { return m_values && m_type == se::ColumnType::Flag; }
     bool isText() const { return m_type == se::ColumnType::Text; }
 

@@ -1,9 +1,12 @@
 #pragma once
-/// @file Ink of tick panes: the marks of a day's trades, many of which fall onto one pixel column.
+/// @file Ink of tick panes: the crosses of a day's trades, many of which fall onto one pixel column.
 ///
-/// Where ink hides what lies beneath pixel by pixel (see hidesBeneath), a mark that a later mark of its
+/// Where ink hides what lies beneath pixel by pixel (see hidesBeneath), a cross that a later cross of its
 /// column covers entirely is left out: no pixel changes, and a million trades cost what the pane can show.
-/// Everywhere else every mark is painted at once, in the order of the trades.
+/// Everywhere else every cross is painted at once, in the order of the trades.
+
+#include "draw/internal/ink/DeviceClip.h"
+#include "draw/internal/ink/Surface.h"
 
 #include <QColor>
 #include <QPen>
@@ -16,24 +19,18 @@ class QPainter;
 
 namespace TC::detail {
 
-/// Whether lines of opaque pens of width 1 replace the pixels under them: on the raster engine, without
-/// antialiasing or blending, moved by whole pixels at most.
-bool hidesBeneath(const QPainter& painter);
-
-/// The pens of the two directions, looked up once and set only where the direction changes.
+/// The pens of the two directions, looked up once.
 class DirectionPens
 {
 public:
-    explicit DirectionPens(QPainter* painter);
+    DirectionPens();
 
-    void use(bool rise);
+    const QPen& of(bool rise) const { return rise ? m_rise : m_fall; }
     QColor fallColor() const { return m_fall.color(); }
-    bool areOpaque() const { return m_rise.color().alpha() == 255 && m_fall.color().alpha() == 255; }
+    bool areOpaque() const { return isOpaque(m_rise.color()) && isOpaque(m_fall.color()); }
 
 private:
-    QPainter* m_painter;
     QPen m_rise, m_fall;
-    std::optional<bool> m_inUse;
 };
 
 /// Crosses; one covers another on the same point.
@@ -59,43 +56,15 @@ private:
     std::size_t* lastOnRow(int row);
 
     QPainter* m_painter;
+    DeviceClip m_clip;
     DirectionPens m_pens;
+    std::optional<bool> m_penInUse;
     int m_half;
     bool m_leavesOut;
     int m_x = 0;                          ///< pixel column of `m_column`
     std::vector<Cross> m_column;          ///< held back
     int m_firstRow;                       ///< row of the first entry of `m_lastOnRow`
     std::vector<std::size_t> m_lastOnRow; ///< per row of the pane
-};
-
-/// Lines that stand on one row; one covers those of its column that reach no farther.
-class StandingLineInk
-{
-public:
-    /// @param pens  outlive the object.
-    StandingLineInk(QPainter* painter, DirectionPens& pens, int baseRow);
-
-    /// A line between `row` and the base row.
-    void add(int x, int row, bool rise);
-    /// Paints what is held back; call it behind the last line.
-    void finish();
-
-private:
-    struct Line
-    {
-        int row;
-        bool rise;
-    };
-
-    void paint(int x, const Line& line);
-    bool covers(int row, int otherRow) const;
-
-    QPainter* m_painter;
-    DirectionPens& m_pens;
-    int m_baseRow;
-    bool m_leavesOut;
-    int m_x = 0;                ///< pixel column of `m_column`
-    std::vector<Line> m_column; ///< held back; none is covered by the next
 };
 
 } // namespace TC::detail

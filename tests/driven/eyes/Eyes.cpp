@@ -7,7 +7,6 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QBuffer>
 #include <QGenericPlugin>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -16,31 +15,12 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QSocketNotifier>
-#include <QSvgGenerator>
-#include <QXmlStreamReader>
 
 #include <cstdio>
 
 #include <unistd.h>
 
 namespace {
-
-/// The texts that a widget draws.
-QJsonArray textsDrawn(QWidget* widget)
-{
-    QBuffer picture;
-    QSvgGenerator generator;
-    generator.setOutputDevice(&picture);
-    generator.setSize(widget->size());
-    widget->render(&generator, QPoint(), QRegion(), QWidget::DrawChildren);
-    QJsonArray texts;
-    QXmlStreamReader reader(picture.data());
-    while (!reader.atEnd()) {
-        if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == QLatin1String("text"))
-            texts << reader.readElementText(QXmlStreamReader::IncludeChildElements);
-    }
-    return texts;
-}
 
 QJsonObject thing(const QWidget* window, const QString& kind, const QString& text, const QRect& onScreen)
 {
@@ -104,9 +84,6 @@ void addWidget(QJsonArray& things, const QWidget* widget)
     object[QStringLiteral("name")] = widget->objectName();
     if (const auto* view = qobject_cast<const QAbstractItemView*>(widget))
         object[QStringLiteral("rows")] = view->model() ? view->model()->rowCount() : 0;
-    if (widget->inherits("TC::CIndexTitleWidget")) {
-        object[QStringLiteral("drawn")] = textsDrawn(const_cast<QWidget*>(widget));
-    }
     things.append(object);
     if (const auto* menu = qobject_cast<const QMenu*>(widget))
         addEntries(things, menu);

@@ -219,10 +219,10 @@ TEST_P(DrawTickVolStick, DrawsAThinOnePixelMarkAsAPointOnTheBottomRow)
 {
     halfWidth = 0;
     EXPECT_EQ(drawn(trades({ 0.0 }, { 2.0 })),
-              QStringList(QStringLiteral("line 10,59 10,59 pen=#ff0000/1/solid")));
+              QStringList(QStringLiteral("point 10,59 pen=#ff0000/1/solid")));
     pane.moveTop(20); // volume 3 on row 61, but the mark is a point on row 79
     EXPECT_EQ(drawn(trades({ 3.0 }, { 2.0 })),
-              QStringList(QStringLiteral("line 10,79 10,79 pen=#ff0000/1/solid")));
+              QStringList(QStringLiteral("point 10,79 pen=#ff0000/1/solid")));
 }
 
 TEST_P(DrawTickVolStick, DrawsLinesAtEveryWidthWhenAskedTo)

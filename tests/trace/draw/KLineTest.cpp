@@ -177,7 +177,7 @@ TEST_F(DrawKLine, MapsRowsFromTopToBottomOfThePane)
     KLine call;
     call.pane.moveTop(40); // 40 to 140; the other painters would put 100 on row 39
     EXPECT_EQ(call.drawBodies({ { 0.0, 100.0, 0.0, 100.0 } }),
-              lines({ "line 3,40 3,40 pen=#ff0000/1/solid", "line 3,140 3,140 pen=#ff0000/1/solid",
+              lines({ "point 3,40 pen=#ff0000/1/solid", "point 3,140 pen=#ff0000/1/solid",
                       "rect 0,40 6x100 pen=#ff0000/1/solid brush=none" }));
 }
 
@@ -295,12 +295,26 @@ TEST_F(DrawKLine, SkipsABarWithAPriceThatIsNotANumber)
               lines({ "line 13,50 13,90 pen=#00ff00/1/solid", "fill 10,60 7x21 #00ff00" }));
 }
 
-TEST_F(DrawKLine, DrawsTheMissingMarkerFarOutsideThePane)
+TEST_F(DrawKLine, SkipsABarThatLacksOneOfItsPricesInCandlesAndLabels)
 {
-    const QStringList drawn = KLine().draw({ { 20.0, DBL_MAX, 10.0, 40.0 } });
-    // row 100 - 2147483647; the label says that the price is not valid
-    EXPECT_EQ(drawn.first(), QStringLiteral("line 3,-2147483547 3,60 pen=#ff0000/1/solid"));
-    EXPECT_TRUE(drawn[4].contains(QStringLiteral("非法值")));
+    const QStringList expected = KLine().draw({ kRising });
+    for (const double missing : { DBL_MAX, static_cast<double>(INFINITY), -static_cast<double>(INFINITY) }) {
+        EXPECT_EQ(KLine().draw({ kRising, { missing, 60.0, 5.0, 40.0 } }), expected);
+        EXPECT_EQ(KLine().draw({ kRising, { 20.0, missing, 5.0, 40.0 } }), expected);
+        EXPECT_EQ(KLine().draw({ kRising, { 20.0, 60.0, missing, 40.0 } }), expected);
+        EXPECT_EQ(KLine().draw({ kRising, { 20.0, 60.0, 5.0, missing } }), expected);
+    }
+}
+
+TEST_F(DrawKLine, LooksForMissingPricesBeforeItScalesThem)
+{
+    KLine call;
+    call.scale = 0.5F; // half the missing marker would be an ordinary number
+    EXPECT_EQ(call.draw({ { 20.0, DBL_MAX, 10.0, 40.0 } }), QStringList());
+    call.scale = 1e38F; // an infinity after the factor is a price far outside the pane
+    // row 100 - 2147483647
+    EXPECT_EQ(call.draw({ { 0.0, 1e300, 0.0, 0.0 } }).first(),
+              QStringLiteral("line 3,-2147483547 3,100 pen=#ff0000/1/solid"));
 }
 
 TEST_F(DrawKLine, LabelsTheHighestPriceAtTheRightAndTheLowestAtTheLeft)

@@ -217,7 +217,7 @@ TEST_F(DrawVolStick, ThinLinesStandAtTheLeftEdgeOfTheBodyAndReachTheBottom)
               lines({ "line 0,49 0,99 pen=#ff0000/1/solid", "line 10,49 10,99 pen=#00ff00/1/solid" }));
 }
 
-TEST_F(DrawVolStick, ThinLineOnTheBottomRowIsALineOfOnePixelOneRowAboveIt)
+TEST_F(DrawVolStick, ThinLineOnTheBottomRowIsAPointOneRowAboveIt)
 {
     VolStick call;
     call.thin = true;
@@ -226,7 +226,7 @@ TEST_F(DrawVolStick, ThinLineOnTheBottomRowIsALineOfOnePixelOneRowAboveIt)
     // 99 - 5e-7 = 98.9999995 is row 98: one line of two pixels. Only a negative volume of less than a pixel
     // truncates onto the bottom row 99.
     EXPECT_EQ(call.draw({ kRising, { -5.0, 1.0, 2.0 } }),
-              lines({ "line 0,98 0,99 pen=#ff0000/1/solid", "line 10,98 10,98 pen=#ff0000/1/solid" }));
+              lines({ "line 0,98 0,99 pen=#ff0000/1/solid", "point 10,98 pen=#ff0000/1/solid" }));
 }
 
 TEST_F(DrawVolStick, TruncatesTheStartOffsetFirst)

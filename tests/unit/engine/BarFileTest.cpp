@@ -1,11 +1,16 @@
 #include "engine/files/BarFile.h"
 
-#include <QTemporaryDir>
+#include "engine/files/CsvReader.h"
+#include "tests/support/TimeZone.h"
+
 #include <QFile>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 #include <cfloat>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -119,6 +124,76 @@ TEST(BarFile, RefusesAFolder)
     EXPECT_EQ(failure, std::string(SAMPLES_DIR) + ":1: the file cannot be read: Is a directory");
 }
 
+TEST(BarFile, RefusesWhatIsNoOrdinaryFileWithoutAWait)
+{
+    const QTemporaryDir folder;
+    const std::string pipe = folder.filePath(QStringLiteral("pipe")).toStdString();
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    for (const std::string& path : { pipe, std::string("/dev/zero") }) {
+        std::string failure;
+        EXPECT_FALSE(engine::readBars(path, failure));
+        EXPECT_EQ(failure, path + ":1: the file cannot be read: not an ordinary file");
+    }
+}
+
+TEST(BarFile, RefusesAFileThatIsTooLargeBeforeItReadsIt)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("large.csv")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    if (!file.resize(engine::CsvLimits::kLargestFile + 1))
+        GTEST_SKIP() << "this file system has no room for a file with nothing in it";
+    std::string failure;
+    EXPECT_FALSE(engine::readBars(file.fileName().toStdString(), failure));
+    EXPECT_EQ(failure, file.fileName().toStdString() + ":1: the file is larger than 4 GiB");
+}
+
+TEST(BarFile, RefusesALineThatIsTooLongAndReadsOneThatIsNot)
+{
+    const std::string row = "2024-03-05,1,2,1,2,5";
+    const auto padded = [&](std::size_t length) {
+        return row + "," + std::string(length - row.size() - 1, 'x');
+    };
+    const std::size_t longest = engine::CsvLimits::kLongestLine;
+    EXPECT_TRUE(BarText(kHeader + padded(longest) + "\n").bars);
+    EXPECT_TRUE(BarText(kHeader + padded(longest)).bars);
+    EXPECT_EQ(failureOf(padded(longest + 1) + "\n"), "bars.csv:2: the line is longer than 65536 bytes");
+    EXPECT_EQ(failureOf(padded(longest + 1)), "bars.csv:2: the line is longer than 65536 bytes");
+    EXPECT_EQ(failureOf(row + "\n" + std::string(1 << 20, ',')),
+              "bars.csv:3: the line is longer than 65536 bytes");
+    EXPECT_EQ(BarText(std::string(1 << 20, ',')).failure, "bars.csv:1: the line is longer than 65536 bytes");
+}
+
+TEST(BarFile, RefusesALineOfTooManyFields)
+{
+    EXPECT_EQ(BarText("date,open,high,low,close,volume" + std::string(994, ',') + "\n2024-03-05,1,2,1,2,5\n")
+                  .failure,
+              "bars.csv:2: the row has 6 fields instead of 1000");
+    EXPECT_EQ(BarText("date,open,high,low,close,volume" + std::string(995, ',') + "\n").failure,
+              "bars.csv:1: the line has more than 1000 fields");
+    EXPECT_EQ(failureOf("2024-03-05,1,2,1,2,5" + std::string(995, ',')),
+              "bars.csv:2: the line has more than 1000 fields");
+}
+
+/// Rows that lie across the borders of what is read at once, with every kind of line end there.
+TEST(BarFile, ReadsAFileOfAnyLengthToItsLastRow)
+{
+    for (const char* end : { "\n", "\r\n", "\n\n", " \n" }) {
+        std::string rows;
+        for (int minute = 0; minute < 60'000; ++minute) {
+            char row[64];
+            std::snprintf(row, sizeof row, "20%02d-%02d-%02d %02d:%02d,1,2,1,2,%d", minute / 17'280,
+                          minute / 1440 % 12 + 1, 1, minute / 60 % 24, minute % 60, minute);
+            rows += row + std::string(end);
+        }
+        const BarText text(kHeader + rows.substr(0, rows.size() - 1)); // the last line has no end
+        ASSERT_TRUE(text.bars) << text.failure;
+        ASSERT_EQ(text.bars->size(), 60'000u);
+        for (std::size_t bar = 0; bar < 60'000; ++bar)
+            ASSERT_EQ(text.bars->volume[bar], static_cast<double>(bar));
+    }
+}
+
 TEST(BarFile, NamesAnEmptyFile)
 {
     EXPECT_EQ(BarText("").failure, "bars.csv:1: the file is empty");
@@ -172,6 +247,30 @@ TEST(BarFile, NamesDatesOutOfOrderAndEqualOnes)
               "bars.csv:3: the date is not after the one before");
     EXPECT_EQ(failureOf("2024-03-05,1,2,1,2,5\n2024-03-05,1,2,1,2,5\n"),
               "bars.csv:3: the date is not after the one before");
+}
+
+TEST(BarFile, TakesATimeThatTheClockLeavesOutAsIfItHadNotBeenPutForward)
+{
+    const test::TimeZone zone("America/New_York");
+    // Two o'clock is seven o'clock UTC before, and six after; the hour from two to three is left out.
+    const BarText text(std::string(kHeader)
+                       + "2024-03-10 01:59,1,2,1,2,5\n2024-03-10 02:00,1,2,1,2,5\n"
+                         "2024-03-10 02:30,1,2,1,2,5\n2024-03-10 03:00,1,2,1,2,5\n");
+    ASSERT_TRUE(text.bars) << text.failure;
+    const std::int64_t start = text.bars->timeMs[0];
+    EXPECT_EQ(start, 1'710'053'940'000); // 06:59 UTC
+    EXPECT_EQ(text.bars->timeMs[1] - start, 60'000);
+    EXPECT_EQ(text.bars->timeMs[2] - start, 31 * 60'000);
+    EXPECT_EQ(text.bars->timeMs[3] - start, 60'000) << "three o'clock is the same moment as two";
+}
+
+TEST(BarFile, TakesATimeThatTheClockShowsTwiceAsTheFirst)
+{
+    const test::TimeZone zone("Europe/London");
+    const BarText text(std::string(kHeader) + "2024-10-27 01:30,1,2,1,2,5\n2024-10-27 02:00,1,2,1,2,5\n");
+    ASSERT_TRUE(text.bars) << text.failure;
+    EXPECT_EQ(text.bars->timeMs[0], 1'729'989'000'000); // 00:30 UTC
+    EXPECT_EQ(text.bars->timeMs[1] - text.bars->timeMs[0], 90 * 60'000);
 }
 
 TEST(BarFile, NamesDatesAndTimesThatDoNotExist)

@@ -194,6 +194,41 @@ TEST(FormulaService, GoesAwayInTheMiddleOfItsWork)
     EXPECT_EQ(bars.use_count(), 1) << "no request outlives its service";
 }
 
+/// Many threads over the same bars and formulas, with requests dropped and services going away in between.
+TEST(FormulaService, ThirtyServicesCarryOutWhatIsNotCancelledUnderStress)
+{
+    constexpr int services = 30, rounds = 29;
+    static const char* const names[] = { "MA", "MACD", "KDJ", "BOLL", "RSI", "CROSSSIGNAL", "NOSUCH" };
+    const auto bars = std::make_shared<const engine::BarSeries>(test::randomBars(11, 400));
+    std::vector<std::unique_ptr<Recorder>> recorders;
+    for (int k = 0; k < services; ++k)
+        recorders.push_back(std::make_unique<Recorder>());
+    std::size_t cancelled = 0, gone = 0;
+    for (int round = 0; round < rounds; ++round) {
+        for (int k = 0; k < services; ++k) {
+            auto& recorder = recorders[static_cast<std::size_t>(k)];
+            const QString id = recorder->service.request(builtIn(names[(round + k) % 7]), bars);
+            if ((round * services + k) % 10 == 0) {
+                recorder->service.cancel(id);
+                ++cancelled;
+            }
+        }
+        auto& leaving = recorders[static_cast<std::size_t>(round)];
+        gone += static_cast<std::size_t>(leaving->service.pending());
+        gone += leaving->ids.size() + leaving->failures.size();
+        leaving = std::make_unique<Recorder>();
+        QCoreApplication::processEvents();
+    }
+    std::size_t ended = 0;
+    for (const auto& recorder : recorders) {
+        recorder->finish();
+        ended += recorder->ids.size() + recorder->failures.size();
+    }
+    EXPECT_EQ(ended + gone + cancelled, static_cast<std::size_t>(services * rounds));
+    recorders.clear();
+    EXPECT_EQ(bars.use_count(), 1);
+}
+
 TEST(FormulaService, ManyServicesWorkSideBySide)
 {
     const auto bars = std::make_shared<const engine::BarSeries>(test::randomBars(3, 5'000));

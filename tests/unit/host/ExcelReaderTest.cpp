@@ -19,19 +19,7 @@ protected:
 
     QString path(const char* name) const { return m_folder.filePath(QString::fromUtf8(name)); }
 
-    /// The whole sheet: cells apart by "|", rows by "/".
-    QString sheet() const
-    {
-        QStringList rows;
-        for (int r = 0; r < m_reader.getSheetRowCount(1); ++r) {
-            QStringList cells;
-            for (int c = 0; c < m_reader.getSheetColCount(1); ++c)
-                cells << m_reader.getData(1, m_reader.getSheetStartRow(1) + r,
-                                          m_reader.getSheetStartCol(1) + c, true);
-            rows << cells.join(QLatin1Char('|'));
-        }
-        return rows.join(QLatin1Char('/'));
-    }
+    QString sheet() const { return test::sheetText(m_reader); }
 
     QTemporaryDir m_folder;
     WB::CExcelReader m_reader;
@@ -90,7 +78,7 @@ TEST_F(ExcelReader, WritesNumbersPlainly)
     EXPECT_EQ(sheet(), QStringLiteral("1|0.5|-300|0.3|1e+15|0|123456789012"));
 }
 
-TEST_F(ExcelReader, GivesTheStoredResultOfAFormulaInXlsxAndNothingInXls)
+TEST_F(ExcelReader, GivesTheStoredResultOfAFormulaAndNothingForOneThatWasNeverComputed)
 {
     m_reader.open(test::writeXlsx(path("a.xlsx"), { { 1, QStringLiteral("=A1+6"), 2 } }));
     EXPECT_EQ(sheet(), QStringLiteral("1|7|2"));

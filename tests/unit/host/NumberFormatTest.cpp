@@ -93,5 +93,6 @@ TEST(FormatPriceDoubleNumber, HasTheDecimalsOfTheTick)
     EXPECT_EQ(WB::formatPriceDoubleNumber(3.14159, 0.001), QStringLiteral("3.142"));
     EXPECT_EQ(WB::formatPriceDoubleNumber(3.14159, 5.0), QStringLiteral("3"));
     EXPECT_EQ(WB::formatPriceDoubleNumber(3.14159, 0.0), QStringLiteral("3.14"));
+    EXPECT_EQ(WB::formatPriceDoubleNumber(3.14159, DBL_MAX), QStringLiteral("3.14")); // no tick is known
     EXPECT_EQ(WB::formatPriceDoubleNumber(NAN, 0.01), kInvalid);
 }

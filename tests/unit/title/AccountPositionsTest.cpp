@@ -58,8 +58,9 @@ TEST(ShownBarDate, ATimeOfAnyYearIsWrittenWithItsMonthAndDay)
             test::FormulaBuilder().line({ 1 }).times({ msecs }).build();
         return shownBarDate(data, key, 0);
     };
-    EXPECT_TRUE(dateAt(LLONG_MIN).endsWith(QStringLiteral("0517"))) << dateAt(LLONG_MIN).toStdString();
-    EXPECT_TRUE(dateAt(LLONG_MAX).endsWith(QStringLiteral("0817"))) << dateAt(LLONG_MAX).toStdString();
+    EXPECT_EQ(dateAt(at(9999, 12, 31)), QStringLiteral("99991231"));
+    for (const long long wild : { LLONG_MIN, LLONG_MAX })
+        EXPECT_GE(dateAt(wild).size(), 8) << wild;
 }
 
 TEST(TradingAt, ShowsEachAccountsLatestPositionUpToTheBar)

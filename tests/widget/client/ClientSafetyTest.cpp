@@ -168,6 +168,7 @@ TEST_F(ClientSafety, ArrangementThatCannotBeSavedIsToldBeforeTheWindowGoes)
     m_window->close();
     EXPECT_TRUE(question.contains(QStringLiteral("面板布局无法保存"))) << question.toStdString();
     EXPECT_TRUE(m_window->isVisible());
+    EXPECT_TRUE(QFile::exists(configDir() + QStringLiteral("/out.txt"))); // the client still runs
     answerNext("退出");
     m_window->close();
     EXPECT_FALSE(m_window->isVisible());
@@ -185,6 +186,9 @@ TEST_F(ClientSafety, EachOfThreeListsDroppedAtOnceEndsInAMessage)
     }
     data->setUrls(urls);
     QSignalSpy ended(m_window->basket(), &client::BasketPanel::sigImportEnded);
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window->basket(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(m_window->basket(), &drop);
     ASSERT_TRUE(QTest::qWaitFor([&] { return ended.count() == 3; }, 30'000)) << messages().toStdString();

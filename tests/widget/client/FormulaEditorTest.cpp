@@ -11,7 +11,6 @@
 #include "tests/support/Trace.h"
 
 #include <QAction>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -21,6 +20,8 @@
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>
+
+#include <ctime>
 
 namespace {
 
@@ -298,14 +299,13 @@ TEST_F(FormulaEditorTest, DoesNotSaveWhenTheBackupFails)
 TEST_F(FormulaEditorTest, LineOfAMegabyteIsTakenInSeconds)
 {
     m_editor->show();
-    QElapsedTimer clock;
-    clock.start();
+    const std::clock_t begin = std::clock(); // of the processor: other programs do not count
     text()->setPlainText(QStringLiteral("LINE:") + QStringLiteral("MA(CLOSE,5)+").repeated(87'000)
                          + QStringLiteral("1;"));
     QTest::qWait(400); // the pause, and the look at the text
     QTest::keyClick(text(), Qt::Key_A);
     QTest::qWait(1);
-    EXPECT_LT(clock.elapsed(), test::measuresMemory() ? 10'000 : 60'000);
+    EXPECT_LT((std::clock() - begin) / CLOCKS_PER_SEC, test::measuresMemory() ? 5 : 60);
 }
 
 TEST_F(FormulaEditorTest, OpensFromTheToolsMenu)

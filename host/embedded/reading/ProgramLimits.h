@@ -1,0 +1,11 @@
+#pragma once
+/// @file What the reading program may take; it sets these limits on itself.
+
+#include <QtGlobal>
+
+namespace TC::embedded {
+
+constexpr int kProgramSeconds = 30;
+constexpr qint64 kProgramMemory = 512 * 1024 * 1024; ///< bytes beyond what the program has when it starts
+
+} // namespace TC::embedded

@@ -1,0 +1,147 @@
+#include "draw/internal/ink/Extremes.h"
+
+#include <algorithm>
+#include <cfloat>
+#include <cmath>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+namespace TC::detail {
+
+namespace {
+
+bool counts(double value, const CountRule& rule)
+{
+    const bool isNumber = rule.countsMarker ? value <= DBL_MAX : value < DBL_MAX;
+    return isNumber && value >= -DBL_MAX && std::abs(value) > rule.largestZero;
+}
+
+void gather(Extremes& extremes, double value, const CountRule& rule)
+{
+    value *= rule.factor;
+    if (counts(value, rule)) {
+        extremes.lowest = std::min(extremes.lowest, value);
+        extremes.highest = std::max(extremes.highest, value);
+    } else {
+        extremes.hasGaps = true;
+    }
+}
+
+#ifdef __SSE2__
+
+/// Two bars at a time; several pairs are under way at once, because each minimum waits for the one before.
+class PairGatherer
+{
+public:
+    explicit PairGatherer(const CountRule& rule)
+        : m_factor(_mm_set1_pd(rule.factor))
+        , m_limit(_mm_set1_pd(rule.countsMarker ? std::numeric_limits<double>::infinity() : DBL_MAX))
+        , m_zero(_mm_set1_pd(rule.largestZero))
+    {
+    }
+
+    /// @param off  all bits set where the bar is not valid.
+    void take(const double* values, __m128d off)
+    {
+        const __m128d value = _mm_mul_pd(_mm_loadu_pd(values), m_factor);
+        // The negated comparisons hold for what is not a number as well.
+        __m128d out = _mm_or_pd(_mm_cmpnlt_pd(value, m_limit), _mm_cmplt_pd(value, m_lowestNumber));
+        out = _mm_or_pd(out, _mm_cmpngt_pd(_mm_and_pd(value, m_sizeBits), m_zero));
+        out = _mm_or_pd(out, off);
+        m_gaps = _mm_or_pd(m_gaps, _mm_andnot_pd(off, out));
+        // What does not count becomes a NaN, and both instructions then keep their second operand.
+        const __m128d candidate = _mm_or_pd(value, out);
+        m_lowest = _mm_min_pd(candidate, m_lowest);
+        m_highest = _mm_max_pd(candidate, m_highest);
+    }
+
+    void addTo(Extremes& extremes) const
+    {
+        double low[2], high[2];
+        _mm_storeu_pd(low, m_lowest);
+        _mm_storeu_pd(high, m_highest);
+        extremes.lowest = std::min({ extremes.lowest, low[0], low[1] });
+        extremes.highest = std::max({ extremes.highest, high[0], high[1] });
+        extremes.hasGaps = extremes.hasGaps || _mm_movemask_pd(m_gaps) != 0;
+    }
+
+private:
+    __m128d m_factor, m_limit, m_zero;
+    __m128d m_sizeBits = _mm_castsi128_pd(_mm_set1_epi64x(0x7fff'ffff'ffff'ffff));
+    __m128d m_lowestNumber = _mm_set1_pd(-DBL_MAX);
+    __m128d m_lowest = _mm_set1_pd(std::numeric_limits<double>::infinity());
+    __m128d m_highest = _mm_set1_pd(-std::numeric_limits<double>::infinity());
+    __m128d m_gaps = _mm_setzero_pd();
+};
+
+/// Takes whole fours; gives the number of bars taken.
+std::size_t gatherFours(Extremes& extremes, const double* values, const int* flags, std::size_t count,
+                        const CountRule& rule)
+{
+    PairGatherer even(rule), odd(rule);
+    const __m128i none = _mm_setzero_si128();
+    std::size_t i = 0;
+    for (; i + 4 <= count; i += 4) {
+        const __m128i off =
+            _mm_cmpeq_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(flags + i)), none);
+        even.take(values + i, _mm_castsi128_pd(_mm_unpacklo_epi32(off, off)));
+        odd.take(values + i + 2, _mm_castsi128_pd(_mm_unpackhi_epi32(off, off)));
+    }
+    even.addTo(extremes);
+    odd.addTo(extremes);
+    return i;
+}
+
+#else
+
+std::size_t gatherFours(Extremes&, const double*, const int*, std::size_t, const CountRule&)
+{
+    return 0;
+}
+
+#endif
+
+/// The first zero of the run that counts; comparing alone does not tell 0.0 from -0.0.
+double firstZero(const double* values, const int* flags, std::size_t count, const CountRule& rule)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        const double value = values[i] * rule.factor;
+        if (value == 0.0 && flags[i] != 0 && counts(value, rule))
+            return value;
+    }
+    return 0.0;
+}
+
+void gatherRest(Extremes& extremes, const double* values, const int* flags, std::size_t from,
+                std::size_t count, const CountRule& rule)
+{
+    for (std::size_t i = from; i < count; ++i) {
+        if (flags[i] != 0)
+            gather(extremes, values[i], rule);
+    }
+    if (extremes.lowest == 0.0)
+        extremes.lowest = firstZero(values, flags, count, rule);
+    if (extremes.highest == 0.0)
+        extremes.highest = firstZero(values, flags, count, rule);
+}
+
+} // namespace
+
+Extremes extremesOf(const double* values, const int* flags, std::size_t count, const CountRule& rule)
+{
+    Extremes extremes;
+    const std::size_t taken = gatherFours(extremes, values, flags, count, rule);
+    gatherRest(extremes, values, flags, taken, count, rule);
+    return extremes;
+}
+
+Extremes plainExtremesOf(const double* values, const int* flags, std::size_t count, const CountRule& rule)
+{
+    Extremes extremes;
+    gatherRest(extremes, values, flags, 0, count, rule);
+    return extremes;
+}
+
+} // namespace TC::detail

@@ -1,0 +1,87 @@
+#pragma once
+/// @file Where ink may take a shorter way to the same pixels.
+///
+/// The plain primitives are the painters. On the raster engine some of their pixels can be left out, or
+/// stored straight into the image, without a difference; the questions that decide it are answered here.
+/// Every other engine gets every primitive in its order.
+
+#include <QImage>
+#include <QPainter>
+#include <QPen>
+#include <QRegion>
+
+#include <optional>
+
+namespace TC::detail {
+
+/// Whether the painter paints on the raster engine.
+bool isRaster(const QPainter& painter);
+
+/// Whether paint of a colour lets nothing shine through.
+inline bool isOpaque(const QColor& color)
+{
+    return color.rgba64().isOpaque();
+}
+
+/// Whether a pen of one pixel covers every pixel of its line.
+inline bool coversWhole(const QPen& pen)
+{
+    return pen.style() == Qt::SolidLine && pen.widthF() == 1.0 && isOpaque(pen.color());
+}
+
+/// Whether edges are smoothed, by either of the hints that ask for it.
+bool isAntialiased(const QPainter& painter);
+
+/// Whether the painter's coordinates are pixels of its device, moved by whole pixels at most.
+bool isOnWholePixels(const QPainter& painter);
+
+/// Pixels of the device that the painter's clip lets through, by a clip that covers each pixel wholly or not
+/// at all. Empty when a pixel may be covered in part: such pixels show how often they were painted.
+/// Asks for isOnWholePixels; looks at the painter through other transforms and puts its own back.
+std::optional<QRegion> wholePixelClip(QPainter& painter);
+
+/// Whether opaque lines of width 1 and opaque rectangles replace the pixels under them, so that what later
+/// ink covers can be left out: raster engine, whole pixels, no smoothing, no blending.
+bool hidesBeneath(QPainter& painter);
+
+/// Pixels of a raster image, behind a rectangular clip, that opaque ink is stored into.
+class Surface
+{
+public:
+    /// The pixels behind a painter; empty where storing could differ from painting, or where the format of
+    /// the image is not one of 32 bits without a separate alpha.
+    static std::optional<Surface> of(QPainter& painter);
+
+    /// The word that opaque paint of a colour leaves in a pixel.
+    static quint32 word(const QColor& color) { return color.rgba64().toArgb32(); }
+
+    /// Stores one word into a rectangle of painter coordinates, all edges inclusive, cut to the clip.
+    void fill(int left, int top, int right, int bottom, quint32 word) const;
+
+    /// Stores the same words, one per column from `left` on, into every row from `top` to `bottom`.
+    void fillRows(int left, int top, int bottom, const quint32* words, int count) const;
+
+    /// Whether a rectangle of painter coordinates, all edges inclusive, lies wholly on the device.
+    bool holds(int left, int top, int right, int bottom) const;
+
+    /// From painter to device coordinates, pixels.
+    QPoint offset() const { return m_offset; }
+    /// Size of the device in pixels; lines are cut by it, not by the clip.
+    QSize deviceSize() const { return m_size; }
+
+private:
+    /// The part of a rectangle of painter coordinates inside the clip, in device coordinates.
+    struct Area
+    {
+        int x1, y1, x2, y2; ///< inclusive; nothing where one runs backward
+    };
+    Area cut(int left, int top, int right, int bottom) const;
+
+    uchar* m_bits = nullptr;
+    qsizetype m_stride = 0; ///< bytes
+    QSize m_size;
+    QRect m_clip; ///< device coordinates, inside the image
+    QPoint m_offset;
+};
+
+} // namespace TC::detail
