@@ -48,7 +48,9 @@ base::Result<void> chooseBars(const Options& options, std::size_t total, LoadedC
 /// Whether the picture alone needs the results of the last pane, and not an export, which takes every bar.
 bool isForPictureOnly(const Options& options, const LoadedChart& chart)
 {
-    return options.exportTo.isEmpty() || (options.output.isEmpty() && chart.results.size() > 1);
+    const bool isBehindFirst =
+        chart.results.size() > 1 && chart.ownFormula.isEmpty(); // own ones may stand there
+    return options.exportTo.isEmpty() || (options.output.isEmpty() && isBehindFirst);
 }
 
 /// Points the last pane at its results, in display order.
