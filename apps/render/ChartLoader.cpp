@@ -104,12 +104,27 @@ base::Result<void> loadPane(const Options& options, const QStringList& names, co
     return {};
 }
 
+/// The bars, with the index beside them that the options name.
+base::Result<chart::OpenedBars> openBars(const Options& options)
+{
+    base::Result<chart::OpenedBars> opened = chart::openBarsFile(options.bars, options.instrument);
+    if (!opened.isGood() || options.index.isEmpty())
+        return opened;
+    base::Result<chart::OpenedBars> index = chart::openBarsFile(options.index, {});
+    if (!index.isGood())
+        return index.failure();
+    auto bars = std::make_shared<engine::BarSeries>(*opened->bars);
+    bars->index = index->bars;
+    opened->bars = std::move(bars);
+    return opened;
+}
+
 base::Result<void> loadBars(const Options& options, LoadedChart& chart)
 {
     base::Result<QString> formula = ownFormula(options.formula);
     if (!formula.isGood())
         return formula.failure();
-    base::Result<chart::OpenedBars> opened = chart::openBarsFile(options.bars, options.instrument);
+    base::Result<chart::OpenedBars> opened = openBars(options);
     if (!opened.isGood())
         return opened.failure();
     chart.ownFormula = *formula;

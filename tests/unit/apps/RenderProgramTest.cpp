@@ -379,6 +379,28 @@ TEST_F(RenderProgram, ExportsTheFormulaOfAFileOverAllBarsInAnyOfItsEncodings)
     }
 }
 
+TEST_F(RenderProgram, ComparesWithTheIndexThatIsNamed)
+{
+    ASSERT_FALSE(base::writeWholeFile(path("own.txt"), "X:INDEXC/CLOSE;"));
+    const auto exported = [&](const QStringList& more) {
+        const Outcome result =
+            run(QStringList { QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--formula"),
+                              path("own.txt"), QStringLiteral("--export"), path("out.csv") }
+                + more);
+        EXPECT_EQ(result.exitCode, 0) << result.error.toStdString();
+        QFile file(path("out.csv"));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    };
+    const QByteArray alone = exported({}),
+                     beside = exported({ QStringLiteral("--index"), sample("DFM00.csv") });
+    EXPECT_GT(beside.count("1.0000"), 1000) << beside.left(200).toStdString();
+    EXPECT_EQ(alone.count("1.0000"), 0);
+    expectRefused(run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--index"),
+                        path("none.csv"), QStringLiteral("-o"), path("out.png") }),
+                  "none.csv");
+}
+
 TEST_F(RenderProgram, PrintsHintsAndTakesTheFormulaAllTheSame)
 {
     ASSERT_FALSE(base::writeWholeFile(path("own.txt"), "X：MA(C,0);"));
