@@ -28,8 +28,9 @@ QString idOf(quint64 number)
     return QStringLiteral("request-%1").arg(number);
 }
 
-/// One request. The thread reads it; only the flag is written by both sides. It may be the thread that lets go
-/// of it last, so it holds nothing of Qt: Qt counts and frees shared texts where no checker of threads sees it.
+/// One request. The thread reads it; only the flag is written by both sides. It may be the thread that lets
+/// go of it last, so it holds nothing of Qt: Qt counts and frees shared texts where no checker of threads
+/// sees it.
 struct Job
 {
     quint64 number = 0;

@@ -14,8 +14,9 @@ namespace chart {
 namespace {
 
 constexpr double kAir = 0.06; // share of the range that is left free above and below
-/// Axes end here, so that their extent is a number; what lies beyond is drawn outside the pane.
-constexpr double kGreatest = 1e307;
+/// Axes end here, so that their extent times the pixels between two marks is a number; what lies beyond is
+/// drawn outside the pane.
+constexpr double kGreatest = 1e304;
 
 bool hasVolume(const PaneContent& pane)
 {

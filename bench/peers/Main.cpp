@@ -3,7 +3,8 @@
 /// Every cell interleaves all contenders: each round gives one picture to each of them, so that what else the
 /// machine does meets all alike. Times are those of the thread, low quantiles are robust against other load.
 /// Before each picture the upper halves of the AVX registers are cleared: code that leaves them dirty slows
-/// the next contender down by half. Arguments: [--json FILE] [--quick].
+/// the next contender down by half. Arguments: [--json FILE] [--quick] [--work NAME] [--bars COUNT], the last
+/// two for the cells of one row of the table.
 
 #include "bench/peers/Contender.h"
 #include "bench/peers/RangeScan.h"
@@ -65,6 +66,8 @@ std::vector<Result> measure(const std::vector<Contender>& contenders, bool withC
             constexpr double slow = 500.0; // milliseconds
             if (!contenders[i].paint || (round > 0 && spent[i] > slow) || (round > 2 && spent[i] > budget))
                 continue;
+            // As every repaint begins: and the pixels of the contender before are not nearer than any others.
+            image.fill(Qt::black);
             QPainter painter(&image);
             if (withClip)
                 painter.setClipRect(0, 0, bench::kWidth, bench::kHeight);
@@ -113,7 +116,11 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     const QStringList arguments = application.arguments();
     const bool quick = arguments.contains(QStringLiteral("--quick"));
-    const int json = arguments.indexOf(QStringLiteral("--json"));
+    const auto option = [&arguments](const char* name) {
+        const int place = arguments.indexOf(QLatin1String(name));
+        return place >= 0 ? arguments.value(place + 1) : QString();
+    };
+    const QString json = option("--json"), onlyWork = option("--work"), onlyBars = option("--bars");
     QJsonArray cells;
     std::printf(
         "Milliseconds of thread time, low quantile.\n\n"
@@ -121,6 +128,9 @@ int main(int argc, char** argv)
         "| best peer/own | plain/own | own/floor |\n|---|---|---|---|---|---|---|---|---|---|---|---|---|\n");
     for (const Work work : { Work::LineWalk, Work::LineNoise, Work::LineWide, Work::Candles, Work::Volume }) {
         for (const int bars : { 250, 2'000, 20'000, 200'000, 1'000'000 }) {
+            if ((!onlyWork.isEmpty() && onlyWork != QLatin1String(nameOf(work)))
+                || (!onlyBars.isEmpty() && onlyBars != QString::number(bars)))
+                continue;
             const Scene scene(work, bars);
             // A wide line of tall columns fills the pane; beyond 200,000 bars nothing more is learnt.
             const bool isSlow = work == Work::LineWide && bars > 200'000;
@@ -136,10 +146,12 @@ int main(int argc, char** argv)
                     print(nameOf(work), bars, withClip, measure(contenders, withClip, quick ? 30 : 100)));
         }
     }
-    cells.append(bench::measureRangeScan());
-    cells.append(bench::measureBookSticks());
-    if (json >= 0 && json + 1 < arguments.size()) {
-        QFile file(arguments[json + 1]);
+    if (onlyWork.isEmpty() && onlyBars.isEmpty()) {
+        cells.append(bench::measureRangeScan());
+        cells.append(bench::measureBookSticks());
+    }
+    if (!json.isEmpty()) {
+        QFile file(json);
         if (!file.open(QIODevice::WriteOnly) || file.write(QJsonDocument(cells).toJson()) < 0)
             return 1;
     }

@@ -15,8 +15,8 @@ class CInstrumentDetail;
 namespace TC {
 
 /// Look-up in the instrument database; reached through utils::CSingletonT<CStockManager>. Texts are compared
-/// exactly: no trimming, no padding, case matters. The first look-up comes from the GUI thread, where the host
-/// may load its database; later ones only read and may come from any thread.
+/// exactly: no trimming, no padding, case matters. The first look-up comes from the GUI thread, where the
+/// host may load its database; later ones only read and may come from any thread.
 class INDICATORHOST_EXPORT CStockManager
 {
 public:

@@ -4,7 +4,7 @@
 #include "host/WB/CUiResource.h"
 #include "host/utils/CSingletonT.h"
 #include "title/internal/Pictures.h"
-#include "title/internal/TextWidths.h"
+#include "title/internal/TextShapes.h"
 
 #include <QPainter>
 
@@ -135,7 +135,7 @@ void CArrowColorSimpleText::drawText(QPainter* painter, int x, int y, int width,
     for (const QRect& place : places) {
         painter->setPen(QPen(piece->color));
         // Rows are lower than the line of some fonts: unclipped, no accent or descender is shaved off.
-        painter->drawText(place, flags | Qt::TextDontClip | Qt::TextSingleLine, piece->text);
+        paintLine(painter, place, flags, piece->text, font);
         if (const QPixmap* arrow = arrowOf(*piece)) {
             const QSize size = logicalSize(arrow);
             painter->drawPixmap(place.x() + place.width(), place.y() + (lineHeight - size.height()) / 2,

@@ -11,7 +11,7 @@
 #include "title/internal/Pictures.h"
 #include "title/internal/RowCount.h"
 #include "title/internal/StripLayout.h"
-#include "title/internal/TextWidths.h"
+#include "title/internal/TextShapes.h"
 
 #include <QMouseEvent>
 #include <QTimer>
@@ -83,7 +83,7 @@ void CIndexTitleWidget::readPictures()
 void CIndexTitleWidget::uiResourceChanged()
 {
     CBaseWidget::uiResourceChanged();
-    forgetTextWidths();
+    forgetTexts();
     updateView();
 }
 

@@ -28,10 +28,9 @@ QString invalidText()
     return QStringLiteral("非法值");
 }
 
-bool isOneOf(const QString& text, std::initializer_list<const char*> utf8)
+bool isOneOf(const QString& text, std::initializer_list<QStringView> names)
 {
-    return std::any_of(utf8.begin(), utf8.end(),
-                       [&](const char* one) { return text == QString::fromUtf8(one); });
+    return std::any_of(names.begin(), names.end(), [&](QStringView name) { return text == name; });
 }
 
 /// Composes the legend of one formula at one bar.
@@ -140,13 +139,13 @@ void LegendWriter::addOutput(int output)
 /// Deliberate: the name is compared as the formula gives it, whatever became of the label.
 QString LegendWriter::numberText(const Entry& entry) const
 {
-    if (isOneOf(entry.outputName, { "成交量", "成交额" }) || !m_mainChart)
+    if (isOneOf(entry.outputName, { u"成交量", u"成交额" }) || !m_mainChart)
         return WB::formatDoubleNumber(entry.value, 3, utils::EFormatNumber_Large, false, invalidText());
     constexpr int usual = 2, exchangeRate = 4;
     int precision = usual;
     if (m_key.instrumentKey.startsWith(QStringLiteral("ED")))
         precision = exchangeRate;
-    else if (m_stock && isOneOf(entry.outputName, { "高", "开", "低", "收", "最新价", "均价" }))
+    else if (m_stock && isOneOf(entry.outputName, { u"高", u"开", u"低", u"收", u"最新价", u"均价" }))
         precision = CDrawStyle::priceTick2Precision(getDetailPriceTick(m_stock));
     return WB::formatDoubleNumber(entry.value, precision, {}, false, invalidText());
 }

@@ -15,7 +15,7 @@
 #include "title/internal/LegendPaint.h"
 #include "title/internal/Pictures.h"
 #include "title/internal/StripLayout.h"
-#include "title/internal/TextWidths.h"
+#include "title/internal/TextShapes.h"
 
 #include <QDateTime>
 #include <QFontMetrics>
@@ -46,8 +46,10 @@ void paintHeading(QPainter& painter, const QRect& column, const QString& text, c
     const QFont font = WB::skinFont(fontKey);
     painter.setFont(font);
     painter.setPen(WB::skinColor(colorKey));
-    const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideRight, column.width());
-    painter.drawText(column, kLeftMiddle | Qt::TextDontClip | Qt::TextSingleLine, shown);
+    const QString shown = isWithin(column.width(), text, font)
+        ? text
+        : QFontMetrics(font).elidedText(text, Qt::ElideRight, column.width());
+    paintLine(&painter, column, kLeftMiddle, shown, font);
 }
 
 int widthIn(const char* fontKey, const QString& text)
@@ -202,10 +204,12 @@ void CIndexTitleWidget::paintRows(QPainter& painter, const LegendRows& rows, con
     if (origin.hasSummary)
         summary = summaryBehind(saturatedSum(origin.firstX, objectsWidth(rows.first)), layout.legend);
     const int width = layout.rowsRect.width();
-    const QRegion visible = wholePieces(layout.legend, rows, origin, width, summary);
-    if (visible.isEmpty())
+    const LegendClip visible = wholePieces(layout.legend, rows, origin, width, summary);
+    if (visible.pieces.isEmpty())
         return;
-    painter.setClipRegion(visible);
+    // Under a clip of many rectangles a text takes nearly half as long again.
+    if (visible.isNeeded)
+        painter.setClipRegion(visible.region());
     paintLegend(&painter, rows, origin, width, summary);
 }
 

@@ -33,7 +33,7 @@ protected:
         return { QStringLiteral(FAULT_STEPS), QString::fromLatin1(name), home() };
     }
 
-    /// Formulas in use, and two older versions that the recovery manager keeps.
+    /// Formulas in use, and older versions that the recovery manager keeps.
     void prepare() const
     {
         for (const QString& folder : { m_folders.configDir(), m_folders.userDir() }) {
@@ -41,7 +41,7 @@ protected:
             QDir().mkpath(folder);
         }
         m_folders.setLive(kFormulas, kScripts);
-        m_folders.addBackups(2);
+        m_folders.addBackups(m_backups);
     }
 
     static bool isListed(const QByteArray& formulas, const QByteArray& scripts)
@@ -58,7 +58,7 @@ protected:
     {
         const bool isInUse = m_folders.live(kLive) == kFormulas && m_folders.live(kLua) == kScripts;
         EXPECT_TRUE(isInUse || isListed(kFormulas, kScripts));
-        for (int number = 0; number < 2; ++number) {
+        for (int number = 0; number < m_backups; ++number) {
             const QByteArray text = QByteArray::number(number);
             EXPECT_TRUE(isListed("formulas " + text, "scripts " + text)) << "version " << number;
         }
@@ -91,6 +91,7 @@ protected:
     }
 
     RecoveryFolders m_folders;
+    int m_backups = 2;
 };
 
 TEST_F(ClientFaults, OfASavedFormulaLeaveTheOldFileOrTheNewOne)
@@ -117,6 +118,7 @@ TEST_F(ClientFaults, OfASavedFormulaLeaveTheOldFileOrTheNewOne)
 
 TEST_F(ClientFaults, OfABackupCostNothingAndItIsThereWhenThatIsTold)
 {
+    m_backups = 10; // as many as the manager keeps: its next backup discards the oldest
     tryStep("backup", [&](const FaultEnd& end) {
         EXPECT_EQ(m_folders.live(kLive), kFormulas);
         EXPECT_EQ(m_folders.live(kLua), kScripts);

@@ -8,7 +8,6 @@
 ///                               process alone; prints one line "FOLDER/NAME SIZE" per file afterwards
 ///   backup-cut, restore-cut     the same, but no file can grow beyond 64 KiB: writing on fails as on a full
 ///                               disk, without a mount
-/// With RECOVERY_STEPS_RUN_ON in the environment it does not stop itself.
 /// Ends with 77 when the machine does not let it mount that disk or set that limit.
 
 #include "apps/client/recovery/FormulaBackups.h"
@@ -95,7 +94,7 @@ int main(int argc, char** argv)
     TC::embedded::setUserRootDir(userDir);
     TC::CRecoveryVersionManager manager;
     const bool isTraced = !onFullDisk && !cutsFiles;
-    if (isTraced && !std::getenv("RECOVERY_STEPS_RUN_ON"))
+    if (isTraced)
         std::raise(SIGSTOP);
     const QString version = QString::fromUtf8(argc > 4 ? argv[4] : "");
     if (operation == QLatin1String("restore-asked")) {

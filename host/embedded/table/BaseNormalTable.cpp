@@ -207,8 +207,8 @@ void CBaseNormalTable::setCellText(int row, int column, const QString& text)
 void CBaseNormalTable::setCellNumber(int row, int column, double value, int precision,
                                      FormatNumberFlags flags)
 {
-    m_contents->model.change(row, column,
-                         formatDoubleNumber(value, precision, flags, false, QStringLiteral("非法值")), true);
+    m_contents->model.change(
+        row, column, formatDoubleNumber(value, precision, flags, false, QStringLiteral("非法值")), true);
 }
 
 void CBaseNormalTable::setCellInteger(int row, int column, int value, int width, FormatNumberFlags flags)
@@ -274,7 +274,8 @@ bool CBaseNormalTable::handleEvent(int id, int, int, QString text, void* block)
 
 void CBaseNormalTable::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier && !m_contents->view->isEditing())
+    if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier
+        && !m_contents->view->isEditing())
         handleEvent(ETableEvent_Delete, -1, -1, QString(), nullptr);
     else
         m_contents->view->doKey(event);

@@ -3,14 +3,23 @@
 
 #include "title/internal/LegendRows.h"
 
+#include <QRect>
 #include <QRegion>
 #include <QVector>
 
 namespace TC::detail {
 
-/// The part of `area` that shows whole pieces only: each text with the arrow behind it either lies inside
-/// `area` altogether or is left out. The other arguments as for paintLegend.
-QRegion wholePieces(const QRect& area, const LegendRows& rows, const LegendOrigin& origin, int width,
-                    const QVector<ArrowColorTextData>& summary);
+/// The whole pieces of a strip.
+struct LegendClip
+{
+    QVector<QRect> pieces; ///< what shows: each text with its arrow and the room around it that ink may take
+    bool isNeeded = false; ///< false: the legend leaves no ink outside the pieces, so need not be clipped
+    QRegion region() const;
+};
+
+/// The pieces of a legend that `area` shows: each text with the arrow behind it either lies inside `area`
+/// altogether or is left out. The other arguments as for paintLegend.
+LegendClip wholePieces(const QRect& area, const LegendRows& rows, const LegendOrigin& origin, int width,
+                       const QVector<ArrowColorTextData>& summary);
 
 } // namespace TC::detail

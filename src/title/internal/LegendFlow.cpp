@@ -2,7 +2,7 @@
 
 #include "draw/internal/Pens.h"
 #include "title/internal/Pictures.h"
-#include "title/internal/TextWidths.h"
+#include "title/internal/TextShapes.h"
 
 namespace TC::detail {
 
@@ -43,7 +43,7 @@ private:
 /// Pixels that show of a piece: its text and the arrow behind it.
 int inkWidth(const ArrowColorTextData& piece)
 {
-    return textWidth(piece.text, WB::skinFont(kTitleFont)) + arrowWidth(piece.arrowType);
+    return textWidth(piece.text, WB::skinFont(kTitleFont)) + arrowSize(piece.arrowType).width();
 }
 
 /// Places the pieces of one object; `follower` pixels must fit behind its first piece.

@@ -17,13 +17,13 @@ inline QSize logicalSize(const QPixmap* picture)
     return picture ? (QSizeF(picture->size()) / picture->devicePixelRatio()).toSize() : QSize(0, 0);
 }
 
-/// Width of the arrow behind a legend piece; 0 for none.
-inline int arrowWidth(int arrowType)
+/// Size of the arrow behind a legend piece; empty for none.
+inline QSize arrowSize(int arrowType)
 {
     switch (arrowType) {
-    case 1: return logicalSize(WB::skinPicture(kArrowUpPicture)).width();
-    case 2: return logicalSize(WB::skinPicture(kArrowDownPicture)).width();
-    default: return 0;
+    case 1: return logicalSize(WB::skinPicture(kArrowUpPicture));
+    case 2: return logicalSize(WB::skinPicture(kArrowDownPicture));
+    default: return QSize(0, 0);
     }
 }
 

@@ -1,7 +1,7 @@
 #include "title/internal/RowCount.h"
 
 #include "host/WB/SkinLookup.h"
-#include "title/internal/TextWidths.h"
+#include "title/internal/TextShapes.h"
 
 namespace TC::detail {
 

@@ -5,7 +5,7 @@
 #include "draw/internal/Pens.h"
 #include "host/WB/NumberFormat.h"
 #include "title/internal/LegendRows.h"
-#include "title/internal/TextWidths.h"
+#include "title/internal/TextShapes.h"
 
 namespace TC::detail {
 

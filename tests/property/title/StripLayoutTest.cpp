@@ -190,7 +190,7 @@ TEST(WholePieces, LeavesOutWhatCrossesTheEdgeWithItsArrow)
     const int end = first + 9 + 3 + second + 9; // with the second piece's arrow
     const auto right = [&](int width) {
         const LegendOrigin origin = legendOrigin(QRect(0, 0, 5000, 16), TC::EIndexView_Plain, 0, false);
-        return wholePieces(QRect(0, 0, width, 16), rows, origin, 5000, {}).boundingRect().right();
+        return wholePieces(QRect(0, 0, width, 16), rows, origin, 5000, {}).region().boundingRect().right();
     };
     EXPECT_GE(right(end), end - 1);
     EXPECT_LE(right(end - 1), first + 1);
@@ -204,7 +204,7 @@ TEST(WholePieces, LeaveRoomForInkOnePixelBesideATextAndTwoBelowIt)
     LegendRows rows;
     rows.first = { object };
     const LegendOrigin origin = legendOrigin(QRect(20, 0, 500, 32), TC::EIndexView_Plain, 0, true);
-    EXPECT_EQ(wholePieces(QRect(0, 0, 500, 32), rows, origin, 500, {}),
+    EXPECT_EQ(wholePieces(QRect(0, 0, 500, 32), rows, origin, 500, {}).region(),
               QRegion(19, 0, test::widthOf(QStringLiteral("abc")) + 2, 18));
 }
 
@@ -226,7 +226,7 @@ TEST(WholePieces, LeavesOutRowsBelowTheStrip)
     const auto visible = [&](int height) {
         const QRect strip(0, 0, 500, height);
         const LegendOrigin origin = legendOrigin(strip, TC::EIndexView_Plain, 0, true);
-        return !wholePieces(strip, rows, origin, 500, {}).isEmpty();
+        return !wholePieces(strip, rows, origin, 500, {}).pieces.isEmpty();
     };
     EXPECT_TRUE(visible(32));
     EXPECT_FALSE(visible(31));

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cfloat>
+#include <cmath>
 #include <deque>
 
 namespace {
@@ -80,6 +81,15 @@ TEST(ValueMarks, AreShortForLargeNumbers)
     const auto marks = chart::valueMarks({ 5e8, 0.0 }, 100, 20, chart::PaneContent());
     ASSERT_FALSE(marks.empty());
     EXPECT_EQ(marks.back().text, QStringLiteral("5亿"));
+}
+
+TEST(ValueMarks, StandAtNumbersHoweverFarThePricesReach)
+{
+    const auto pane = paneOf(test::FormulaBuilder().line({ -1.7e308, 1e308, 1.7e308 }), false);
+    const auto marks = chart::valueMarks(chart::visibleRange(pane, { 0, 2, 100 }), 100, 90, pane);
+    ASSERT_FALSE(marks.empty());
+    for (const chart::AxisMark& mark : marks)
+        EXPECT_TRUE(std::isfinite(mark.value)) << mark.text.toStdString();
 }
 
 TEST(ValueMarks, AreAbsentOnRangesThatHaveNoExtent)

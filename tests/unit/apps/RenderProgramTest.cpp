@@ -8,15 +8,11 @@
 
 #include <QFile>
 #include <QImage>
-#include <QMap>
 #include <QProcess>
-#include <QProcessEnvironment>
 #include <QTemporaryDir>
 #include <QTextCodec>
 
 #include <gtest/gtest.h>
-
-#include <cerrno>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -32,13 +28,9 @@ struct Outcome
 class RenderProgram : public testing::Test
 {
 protected:
-    Outcome run(QStringList arguments, const QMap<QString, QString>& environment = {})
+    Outcome run(QStringList arguments)
     {
         QProcess process;
-        QProcessEnvironment all = QProcessEnvironment::systemEnvironment();
-        for (auto entry = environment.begin(); entry != environment.end(); ++entry)
-            all.insert(entry.key(), entry.value());
-        process.setProcessEnvironment(all);
         process.start(QStringLiteral(RENDER_PROGRAM), arguments);
         EXPECT_TRUE(process.waitForFinished(60'000));
         return { process.exitCode(), QString::fromUtf8(process.readAllStandardError()).trimmed() };
@@ -150,36 +142,6 @@ TEST_F(RenderProgram, LeavesTurnoverOutOfEveryBundledFileWhichHasNone)
         EXPECT_TRUE(picture.contains(QStringLiteral("MA60"))) << name;
         EXPECT_FALSE(picture.contains(QStringLiteral("成交额"))) << name;
         EXPECT_FALSE(picture.contains(QStringLiteral("非法值"))) << name;
-    }
-}
-
-TEST_F(RenderProgram, KeepsTheOldOrTheNewExportWhicheverCallFails)
-{
-    const auto exportTo = [&](const QMap<QString, QString>& environment) {
-        return run(
-            { QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--export"), path("out.csv") },
-            environment);
-    };
-    ASSERT_EQ(exportTo({}).exitCode, 0);
-    const QByteArray whole = test::RecoveryFolders::contentOf(path("out.csv"));
-    bool done = false;
-    for (int call = 1; !done; ++call) {
-        ASSERT_LT(call, 50);
-        test::RecoveryFolders::write(path("out.csv"), "old");
-        const Outcome result =
-            exportTo({ { QStringLiteral("LD_PRELOAD"), QStringLiteral(FAILING_CALLS) },
-                       { QStringLiteral("ASAN_OPTIONS"), QStringLiteral("verify_asan_link_order=0") },
-                       { QStringLiteral("FAILING_FOLDER"), m_folder.path() },
-                       { QStringLiteral("FAILING_CALL"), QString::number(call) },
-                       { QStringLiteral("FAILING_ERROR"), QString::number(ENOSPC) } });
-        done = result.exitCode == 0;
-        const QByteArray left = test::RecoveryFolders::contentOf(path("out.csv"));
-        const bool isNew = done || result.error.endsWith(QLatin1String("the file is written"));
-        EXPECT_TRUE(isNew || result.error.endsWith(QLatin1String("nothing was written")))
-            << call << " " << result.error.toStdString();
-        EXPECT_TRUE(left == (isNew ? whole : QByteArray("old"))) << call << ": " << left.size() << " bytes";
-        EXPECT_EQ(test::RecoveryFolders::namesIn(m_folder.path()), QStringList(QStringLiteral("out.csv")))
-            << call;
     }
 }
 

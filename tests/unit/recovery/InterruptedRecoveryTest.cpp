@@ -7,11 +7,9 @@
 #include "tests/support/Trace.h"
 
 #include <QProcess>
-#include <QProcessEnvironment>
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
 #include <set>
 #include <string>
 #include <vector>
@@ -233,71 +231,6 @@ TEST(KilledBackup, OfTheClientLosesNothing)
         GTEST_SKIP() << "this machine does not let one process trace another";
     EXPECT_GT(kills, 10);
 }
-
-constexpr int kCallsTried = 24; // more than a backup or a restore makes in one folder
-
-/// One call after another fails, and the program goes on.
-class FailingRecovery : public testing::TestWithParam<int>
-{
-protected:
-    /// What the operation tells when its call number `call` on the files of a folder fails.
-    static QString run(const char* operation, const RecoveryFolders& folders, const QString& folder, int call)
-    {
-        const QStringList words = command(operation, folders, RecoveryFolders::formulaBackup(0));
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("LD_PRELOAD"), QStringLiteral(FAILING_CALLS));
-        environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("verify_asan_link_order=0"));
-        environment.insert(QStringLiteral("FAILING_FOLDER"), folder);
-        environment.insert(QStringLiteral("FAILING_CALL"), QString::number(call));
-        environment.insert(QStringLiteral("FAILING_ERROR"), QString::number(GetParam()));
-        environment.insert(QStringLiteral("RECOVERY_STEPS_RUN_ON"), QStringLiteral("1"));
-        QProcess process;
-        process.setProcessEnvironment(environment);
-        process.start(words.first(), words.mid(1));
-        EXPECT_TRUE(process.waitForFinished());
-        EXPECT_EQ(process.exitCode(), 0);
-        return QString::fromUtf8(process.readAllStandardOutput()).section(QLatin1Char('\n'), 0, 0);
-    }
-};
-
-TEST_P(FailingRecovery, BackupClaimsOnlyWhatHappened)
-{
-    int failures = 0;
-    for (int call = 1; call <= kCallsTried; ++call) {
-        RecoveryFolders folders;
-        folders.setLive("live formulas", "live scripts");
-        folders.addBackups(10);
-        const QString told = run("backup-asked", folders, folders.configDir(), call);
-        const QList<QByteArray> listed = listedFormulas();
-        EXPECT_TRUE(told != QStringLiteral("backed up") || listed.contains("live formulas")) << call;
-        for (int number = 0; number < 10; ++number)
-            EXPECT_TRUE(listed.contains("formulas " + QByteArray::number(number))) << call << ": " << number;
-        failures += told == QStringLiteral("not backed up");
-    }
-    EXPECT_GT(failures, 2);
-}
-
-TEST_P(FailingRecovery, RestoreClaimsOnlyWhatHappenedAndLosesNothing)
-{
-    int failures = 0;
-    for (const bool inUserFolder : { true, false }) {
-        for (int call = 1; call <= kCallsTried; ++call) {
-            RecoveryFolders folders;
-            folders.setLive("live formulas", "live scripts");
-            folders.addBackups(1);
-            const QString told =
-                run("restore-asked", folders, inUserFolder ? folders.userDir() : folders.configDir(), call);
-            const QByteArray formulas = folders.live(kFormulas), scripts = folders.live(kScripts);
-            const bool isRestored = formulas == "formulas 0" && scripts == "scripts 0";
-            EXPECT_EQ(told == QStringLiteral("restored"), isRestored) << call << " " << inUserFolder;
-            EXPECT_TRUE(formulas == "live formulas" || listedFormulas().contains("live formulas")) << call;
-            failures += !isRestored;
-        }
-    }
-    EXPECT_GT(failures, 4);
-}
-
-INSTANTIATE_TEST_SUITE_P(With, FailingRecovery, testing::Values(ENOSPC, EIO));
 
 /// A disk without room for the file, or files that cannot grow as far, which fails at the same call.
 class FullDisk : public testing::TestWithParam<const char*>

@@ -120,6 +120,11 @@ private:
             ++count;
             m_line.to(QPoint(x, last));
         }
+        // Most is read before the end is looked at: memory is fetched ahead of a walk from left to right
+        // only.
+        constexpr int mostTail = 32; // bars; the last three rows are seldom spread over more
+        const int middle = std::max(bar, end - mostTail);
+        const Extremes inner = scan(bar, middle);
         int tail = end;
         for (count = 0; tail > bar && count < 3; --tail) {
             const std::optional<int> row = rowAt(tail - 1);
@@ -127,14 +132,18 @@ private:
                 rows[count++] = *row;
         }
         if (tail > bar)
-            addReach(x, bar, tail);
+            addReach(x, tail < middle ? scan(bar, tail) : joined(inner, scan(middle, tail)));
         while (count > 0)
             m_line.to(QPoint(x, rows[--count]));
     }
 
-    void addReach(int x, int first, int end)
+    static Extremes joined(const Extremes& a, const Extremes& b)
     {
-        const Extremes reach = scan(first, end);
+        return { std::min(a.lowest, b.lowest), std::max(a.highest, b.highest), a.hasGaps || b.hasGaps };
+    }
+
+    void addReach(int x, const Extremes& reach)
+    {
         if (!reach.exist())
             return;
         m_line.to(QPoint(x, toPixel(m_source.rows.at(reach.lowest * m_source.factor))));

@@ -121,6 +121,7 @@ std::optional<Surface> Surface::of(QPainter& painter)
     surface.m_clip = clip->boundingRect();
     const QTransform toDevice = painter.deviceTransform();
     surface.m_offset = QPoint(static_cast<int>(toDevice.dx()), static_cast<int>(toDevice.dy()));
+    surface.m_open = surface.m_clip.translated(-surface.m_offset);
     return surface;
 }
 
@@ -132,6 +133,8 @@ bool Surface::holds(int left, int top, int right, int bottom) const
 
 Surface::Area Surface::cut(int left, int top, int right, int bottom) const
 {
+    if (left >= m_open.left() && top >= m_open.top() && right <= m_open.right() && bottom <= m_open.bottom())
+        return { left + m_offset.x(), top + m_offset.y(), right + m_offset.x(), bottom + m_offset.y() };
     const auto bounded = [](int value, int move, int lowest, int highest) {
         return static_cast<int>(std::clamp<long long>(static_cast<long long>(value) + move, lowest, highest));
     };

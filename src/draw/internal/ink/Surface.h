@@ -82,6 +82,7 @@ private:
     QSize m_size;
     QRect m_clip; ///< device coordinates, inside the image
     QPoint m_offset;
+    QRect m_open; ///< the clip in painter coordinates
 };
 
 } // namespace TC::detail

@@ -10,6 +10,7 @@ namespace {
 
 constexpr int kOne = 64; ///< a pixel in 1/64
 constexpr int kHalf = 32;
+constexpr int kEdge = -1;         ///< pixels: segments are cut a little beyond the device
 constexpr int kNowhere = INT_MIN; ///< column of the last pixel where there is none
 constexpr int kAligned = 1 << 14; ///< slope of 1/4 in 1/65536
 
@@ -32,8 +33,10 @@ ThinLine::ThinLine(const Surface& surface, quint32 word)
     : m_surface(surface)
     , m_runs(surface)
     , m_word(word)
+    , m_offset(surface.offset())
     , m_right(surface.deviceSize().width() + 1)
     , m_bottom(surface.deviceSize().height() + 1)
+    , m_uncut(QRect(QPoint(), surface.deviceSize()).adjusted(kEdge, kEdge, 1, 1).translated(-m_offset))
 {
 }
 
@@ -77,12 +80,18 @@ bool ThinLine::cut(double& a1, double& b1, double& a2, double& b2, double lowest
 /// False when the segment lies outside the device.
 bool ThinLine::toDevice(const QPoint& from, const QPoint& to, Segment& segment)
 {
-    const double dx = m_surface.offset().x(), dy = m_surface.offset().y();
-    segment = { from.x() + dx, from.y() + dy, to.x() + dx, to.y() + dy };
-    constexpr double first = -1.0; // pixels: a little beyond the device
-    if (cut(segment.x1, segment.y1, segment.x2, segment.y2, first, m_right)
-        && cut(segment.y1, segment.x1, segment.y2, segment.x2, first, m_bottom))
+    const auto place = [](int coordinate, int move) { return (coordinate + move) * kOne; };
+    if (isUncut(from) && isUncut(to)) {
+        segment = { place(from.x(), m_offset.x()), place(from.y(), m_offset.y()), place(to.x(), m_offset.x()),
+                    place(to.y(), m_offset.y()) };
         return true;
+    }
+    const double dx = m_offset.x(), dy = m_offset.y();
+    double x1 = from.x() + dx, y1 = from.y() + dy, x2 = to.x() + dx, y2 = to.y() + dy;
+    if (cut(x1, y1, x2, y2, kEdge, m_right) && cut(y1, x1, y2, x2, kEdge, m_bottom)) {
+        segment = { fixedPlace(x1), fixedPlace(y1), fixedPlace(x2), fixedPlace(y2) };
+        return true;
+    }
     m_last.setX(kNowhere);
     return false;
 }
@@ -91,8 +100,7 @@ bool ThinLine::toDevice(const QPoint& from, const QPoint& to, Segment& segment)
 /// @param joins  the segment turns back on the one before it, whose last pixel it then has to paint.
 bool ThinLine::stepsOf(const Segment& segment, bool capBegin, bool capEnd, bool joins, Steps& steps) const
 {
-    const int x1 = fixedPlace(segment.x1), y1 = fixedPlace(segment.y1);
-    const int x2 = fixedPlace(segment.x2), y2 = fixedPlace(segment.y2);
+    const auto [x1, y1, x2, y2] = segment;
     steps.isSteep = std::abs(x2 - x1) < std::abs(y2 - y1);
     int begin = steps.isSteep ? y1 : x1, end = steps.isSteep ? y2 : x2;
     int across = steps.isSteep ? x1 : y1, acrossEnd = steps.isSteep ? x2 : y2;
@@ -110,7 +118,7 @@ bool ThinLine::stepsOf(const Segment& segment, bool capBegin, bool capEnd, bool 
         if (opposite == steps.direction)
             (steps.isBackward ? capEnd : capBegin) = true;
     }
-    steps.slope = slopeOf(acrossEnd - across, end - begin);
+    steps.slope = across == acrossEnd ? 0 : slopeOf(acrossEnd - across, end - begin);
     steps.across = across * 1024;
     if (capBegin) {
         begin -= kHalf;
@@ -186,7 +194,7 @@ void ThinLine::plot(Steps steps)
         plotSteep(steps);
         return;
     }
-    const int dx = m_surface.offset().x(), dy = m_surface.offset().y();
+    const int dx = m_offset.x(), dy = m_offset.y();
     int across = steps.across;
     for (int x = steps.first; x < steps.end;) {
         const int row = across >> 16, begin = x;
@@ -237,8 +245,7 @@ void ThinLine::storeRun()
 {
     if (m_runTop > m_runBottom)
         return;
-    const QPoint offset = m_surface.offset();
-    m_runs.add(m_runX - offset.x(), m_runTop - offset.y(), m_runBottom - offset.y(), m_word);
+    m_runs.add(m_runX - m_offset.x(), m_runTop - m_offset.y(), m_runBottom - m_offset.y(), m_word);
 }
 
 } // namespace TC::detail

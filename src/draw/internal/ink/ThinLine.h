@@ -5,6 +5,7 @@
 #include "draw/internal/ink/UprightRuns.h"
 
 #include <QPoint>
+#include <QRect>
 
 namespace TC::detail {
 
@@ -37,16 +38,22 @@ private:
         Direction direction;
     };
 
-    /// A segment cut to the device, device coordinates.
+    /// A segment cut to the device, device coordinates in 1/64 of a pixel.
     struct Segment
     {
-        double x1, y1, x2, y2;
+        int x1, y1, x2, y2;
     };
 
     void stroke(const QPoint& from, const QPoint& to, bool capBegin, bool capEnd);
     /// Remembers a segment as if it had been drawn: the one that leads to the start of a closed piece.
     void remember(const QPoint& from, const QPoint& to);
     bool toDevice(const QPoint& from, const QPoint& to, Segment& segment);
+    /// Whether segments between such points need no cut.
+    bool isUncut(const QPoint& point) const
+    {
+        return point.x() >= m_uncut.left() && point.x() <= m_uncut.right() && point.y() >= m_uncut.top()
+            && point.y() <= m_uncut.bottom();
+    }
     bool cut(double& a1, double& b1, double& a2, double& b2, double lowest, double highest);
     bool stepsOf(const Segment& segment, bool capBegin, bool capEnd, bool joins, Steps& steps) const;
     static QPoint pixel(const Steps& steps, int place);
@@ -58,7 +65,9 @@ private:
     Surface m_surface;
     UprightRuns m_runs;
     quint32 m_word;
+    QPoint m_offset;          ///< from painter to device coordinates
     double m_right, m_bottom; ///< device edges that segments are cut at
+    QRect m_uncut;            ///< painter coordinates between those edges
 
     QPoint
         m_last; ///< last pixel on the way; its column is INT_MIN at the start and behind what left the device

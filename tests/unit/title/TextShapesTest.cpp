@@ -1,16 +1,16 @@
-#include "title/internal/TextWidths.h"
+#include "title/internal/TextShapes.h"
 
 #include "host/WB/CSimpleText.h"
 #include "tests/support/TestFont.h"
 
 #include <gtest/gtest.h>
 
-using TC::detail::forgetTextWidths;
+using TC::detail::forgetTexts;
 using TC::detail::textWidth;
 
 TEST(TextWidth, IsTheMeasuredOneInEveryFontHoweverManyTextsWereAskedFor)
 {
-    forgetTextWidths();
+    forgetTexts();
     for (int round = 0; round < 2; ++round) {
         for (int size = 8; size < 16; ++size) { // more fonts than are kept
             const QFont font = test::font(size);

@@ -1,0 +1,138 @@
+#include "title/internal/TextShapes.h"
+
+#include "title/internal/FontShapes.h"
+
+#include <QPaintEngine>
+#include <QPainter>
+
+#include <cmath>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace TC::detail {
+
+namespace {
+
+/// By font, in the order of first use.
+std::vector<std::unique_ptr<FontShapes>>& keptFonts()
+{
+    static std::vector<std::unique_ptr<FontShapes>> kept;
+    return kept;
+}
+
+FontShapes& shapesOf(const QFont& font)
+{
+    constexpr std::size_t mostFonts = 4; // a strip uses three
+    auto& kept = keptFonts();
+    for (const auto& shapes : kept) {
+        if (shapes->isOf(font))
+            return *shapes;
+    }
+    if (kept.size() >= mostFonts)
+        kept.erase(kept.begin());
+    kept.push_back(std::make_unique<FontShapes>(font));
+    return *kept.back();
+}
+
+bool isWhole(qreal number)
+{
+    return number == std::floor(number);
+}
+
+/// Whether glyphs land on the same pixels, whoever places them: by whole factors and whole pixels no place is
+/// rounded in another way.
+/// Large glyphs are painted as outlines.
+bool keepsPixels(const QPainter& painter, const QFont& font)
+{
+    constexpr qreal largestGlyph = 48.0; // pixels of the device
+    if (painter.paintEngine()->type() != QPaintEngine::Raster || painter.layoutDirection() == Qt::RightToLeft)
+        return false;
+    const QTransform& transform = painter.deviceTransform();
+    return transform.type() <= QTransform::TxScale && transform.m11() == transform.m22()
+        && transform.m11() >= 1.0 && isWhole(transform.m11()) && isWhole(transform.dx())
+        && isWhole(transform.dy()) && font.pixelSize() > 0
+        && font.pixelSize() * transform.m11() <= largestGlyph;
+}
+
+/// Coordinates far outside saturate.
+bool isNear(const QRect& place)
+{
+    constexpr int farthest = 100000;
+    return std::abs(place.x()) < farthest && std::abs(place.y()) < farthest && place.width() < farthest
+        && place.height() < farthest;
+}
+
+QPointF cornerOf(const TextShape& shape, const QRect& place, int alignment)
+{
+    const qreal roomBeside = place.width() - shape.exactWidth, roomBelow = place.height() - shape.height;
+    return QPointF(place.x() + ((alignment & Qt::AlignHCenter) != 0 ? roomBeside / 2 : 0.0),
+                   place.y() + ((alignment & Qt::AlignVCenter) != 0 ? roomBelow / 2 : 0.0));
+}
+
+/// Where the runs go so that their places are rounded as drawText rounds them, in 1/64 of a pixel of the
+/// device; empty where no place does that.
+std::optional<QPointF> roundedCorner(const QPointF& corner, const QTransform& transform)
+{
+    constexpr qreal fixedPoint = 64.0;
+    if (isWhole(corner.x() * fixedPoint))
+        return corner;
+    if (transform.m11() != 1.0)
+        return std::nullopt;
+    // drawText cuts the text's place, on either side of 0, and adds those of its glyphs.
+    const qreal cut = std::trunc((corner.x() + transform.dx()) * fixedPoint) / fixedPoint;
+    return QPointF(cut - transform.dx(), corner.y());
+}
+
+/// Paints a text glyph by glyph where that is certain to be the same; answers whether it was.
+bool paintGlyphs(QPainter* painter, const QRect& place, int alignment, const QString& text, const QFont& font)
+{
+    constexpr int known = Qt::AlignLeft | Qt::AlignHCenter | Qt::AlignVCenter;
+    if ((alignment & ~known) != 0 || !keepsPixels(*painter, font))
+        return false;
+    const TextShape& shape = shapesOf(font).shape(text);
+    if (shape.runs.isEmpty() || !isNear(place))
+        return false;
+    const auto corner = roundedCorner(cornerOf(shape, place, alignment), painter->deviceTransform());
+    if (!corner)
+        return false;
+    for (const QGlyphRun& run : shape.runs)
+        painter->drawGlyphRun(*corner, run);
+    return true;
+}
+
+} // namespace
+
+int textWidth(const QString& text, const QFont& font)
+{
+    return shapesOf(font).width(text);
+}
+
+bool isWithin(int pixels, const QString& text, const QFont& font)
+{
+    const TextShape& shape = shapesOf(font).shape(text);
+    return !shape.runs.isEmpty() && shape.exactWidth <= pixels;
+}
+
+void paintLine(QPainter* painter, const QRect& place, int alignment, const QString& text, const QFont& font)
+{
+    if (!paintGlyphs(painter, place, alignment, text, font))
+        painter->drawText(place, alignment | Qt::TextDontClip | Qt::TextSingleLine, text);
+}
+
+bool inkStaysIn(const QRect& room, const QRect& place, int alignment, const QString& text, const QFont& font)
+{
+    constexpr qreal rasterized = 1.0; // pixels by which hinting and whole pixels may widen an outline
+    const TextShape& shape = shapesOf(font).shape(text);
+    const QRectF ink = shape.ink.translated(cornerOf(shape, place, alignment));
+    return !shape.runs.isEmpty() && isNear(place) && ink.left() - rasterized >= room.left()
+        && ink.top() - rasterized >= room.top() && ink.right() + rasterized <= room.right() + 1
+        && ink.bottom() + rasterized <= room.bottom() + 1;
+}
+
+void forgetTexts()
+{
+    keptFonts().clear();
+}
+
+} // namespace TC::detail
