@@ -48,7 +48,9 @@ base::Result<void> chooseBars(const Options& options, std::size_t total, LoadedC
 /// Whether the picture alone needs the results of the last pane, and not an export, which takes every bar.
 bool isForPictureOnly(const Options& options, const LoadedChart& chart)
 {
-    return options.exportTo.isEmpty() || (options.output.isEmpty() && chart.results.size() > 1);
+    const bool isBehindFirst =
+        chart.results.size() > 1 && chart.ownFormula.isEmpty(); // own ones may stand there
+    return options.exportTo.isEmpty() || (options.output.isEmpty() && isBehindFirst);
 }
 
 /// Points the last pane at its results, in display order.
@@ -102,12 +104,27 @@ base::Result<void> loadPane(const Options& options, const QStringList& names, co
     return {};
 }
 
+/// The bars, with the index beside them that the options name.
+base::Result<chart::OpenedBars> openBars(const Options& options)
+{
+    base::Result<chart::OpenedBars> opened = chart::openBarsFile(options.bars, options.instrument);
+    if (!opened.isGood() || options.index.isEmpty())
+        return opened;
+    base::Result<chart::OpenedBars> index = chart::openBarsFile(options.index, {});
+    if (!index.isGood())
+        return index.failure();
+    auto bars = std::make_shared<engine::BarSeries>(*opened->bars);
+    bars->index = index->bars;
+    opened->bars = std::move(bars);
+    return opened;
+}
+
 base::Result<void> loadBars(const Options& options, LoadedChart& chart)
 {
     base::Result<QString> formula = ownFormula(options.formula);
     if (!formula.isGood())
         return formula.failure();
-    base::Result<chart::OpenedBars> opened = chart::openBarsFile(options.bars, options.instrument);
+    base::Result<chart::OpenedBars> opened = openBars(options);
     if (!opened.isGood())
         return opened.failure();
     chart.ownFormula = *formula;

@@ -46,6 +46,7 @@ CommandLine::CommandLine()
     add("bars", "FILE.csv", "bars to draw; or");
     add("ticks", "FILE.csv", "trades to draw");
     add("instrument", "KEY", "instrument key such as SH600000 (default: the file's base name)");
+    add("index", "FILE.csv", "with --bars: bars of the index that formulas compare with (INDEXC)");
     add("pane", "NAME,...", "formulas of one pane; repeat for more panes (default: KLINE,MA / VOL / MACD)");
     add("formula", "FILE.txt", "draw the formula of this text, under the file's base name");
     add("check", "FILE.txt", "say what is wrong with the text of a formula, and draw nothing");
@@ -194,6 +195,7 @@ base::Result<Options> readOptions(const QStringList& arguments)
         { "bars", &options.bars },
         { "ticks", &options.ticks },
         { "instrument", &options.instrument },
+        { "index", &options.index },
         { "formula", &options.formula },
         { "check", &options.check },
         { "skin", &options.skin },

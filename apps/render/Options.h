@@ -18,6 +18,7 @@ struct Options
     QString ticks;         ///< CSV file of trades
     bool bookRule = false; ///< tick volume sticks follow the order book
     QString instrument;    ///< key such as SH600000; by default the file's base name
+    QString index;         ///< CSV file of the bars that INDEXC and its like answer from; empty: none
     QString formula;       ///< file of a formula's text, to be drawn under its base name
     QString check;         ///< file of a formula's text, to be checked alone
     /// Formula names of each pane, top to bottom; empty: the usual ones.

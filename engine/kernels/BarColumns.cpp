@@ -36,13 +36,9 @@ public:
     {
         static const BarSeries none;
         const BarSeries& index = work.bars.index ? *work.bars.index : none;
-        auto found = index.timeMs.begin();
         for (std::size_t bar = work.from; bar < work.count; ++bar) {
             const std::int64_t time = work.bars.timeMs[bar];
-            if (bar == work.from)
-                found = std::lower_bound(found, index.timeMs.end(), time);
-            while (found != index.timeMs.end() && *found < time)
-                ++found;
+            const auto found = std::lower_bound(index.timeMs.begin(), index.timeMs.end(), time);
             const bool isSame = found != index.timeMs.end() && *found == time;
             result[bar] = isSame
                 ? valueAt(index.*Column, static_cast<std::size_t>(found - index.timeMs.begin()))

@@ -472,6 +472,7 @@ std::vector<Output> ExpressionParser::readDrawing(const Output& named)
     output.drawType = *function.drawing;
     if (function.makeKernel) {
         output.columns = { callNode(function, arguments) };
+        output.isHiddenInLegend = named.name.empty(); // a value that nobody has named is no news
         return { output };
     }
     const std::string order = function.columnOrder;

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstring>
 #include <limits>
 #include <random>
@@ -264,6 +265,39 @@ TEST(FormulaEvaluation, FollowsBarsAsIfItComputedThemFromTheBeginning)
                 << text;
             change(bars, dice);
         }
+    }
+}
+
+TEST(FormulaEvaluation, FollowsALongWindowThatIsKeptInOrder)
+{
+    constexpr std::size_t length = 80; // longer than what is added up anew
+    const auto formula = formulaOf("X:AVEDEV(C," + std::to_string(length) + "),NODRAW;");
+    for (const unsigned seed : test::seedsFor("FormulaEvaluationLong", 20)) {
+        Dice dice(seed);
+        FormulaEvaluation evaluation(formula);
+        BarSeries bars;
+        for (int round = 0; round < 300; ++round) {
+            append(bars, dice);
+            bars.close.back() =
+                dice.chance(0.002) ? std::numeric_limits<double>::quiet_NaN() : dice.upTo(40) / 3.0;
+            ASSERT_TRUE(evaluation.update(bars));
+            bars.close.back() += 1.0; // the last bar changes
+            ASSERT_TRUE(evaluation.update(bars));
+        }
+        ASSERT_EQ(differenceOf(evaluation.records(), freshRecords(formula, bars, Mode::Follow)), "");
+        const Series& values = evaluation.records().result.numberSeries.at(0);
+        int compared = 0;
+        for (std::size_t bar = length - 1; bar < bars.size(); ++bar) {
+            long double mean = 0, distances = 0;
+            for (std::size_t back = 0; back < length; ++back)
+                mean += static_cast<long double>(bars.close[bar - back]) / length;
+            for (std::size_t back = 0; back < length; ++back)
+                distances += std::abs(bars.close[bar - back] - mean) / length;
+            ASSERT_EQ(std::isnan(values[bar]), std::isnan(mean)) << bar;
+            compared += !std::isnan(mean);
+            ASSERT_TRUE(std::isnan(mean) || std::abs(values[bar] - distances) < 1e-12L) << bar;
+        }
+        EXPECT_GT(compared, 0);
     }
 }
 

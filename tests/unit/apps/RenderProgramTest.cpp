@@ -10,6 +10,7 @@
 #include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTextCodec>
 
 #include <gtest/gtest.h>
 
@@ -320,6 +321,55 @@ TEST_F(RenderProgram, DrawsTheFormulaOfAText)
             red += picture.pixel(x, y) == qRgb(255, 0, 0);
     }
     EXPECT_GT(red, 500);
+}
+
+TEST_F(RenderProgram, ExportsTheFormulaOfAFileOverAllBarsInAnyOfItsEncodings)
+{
+    const QString text = QStringLiteral("{ 说明 } 均线:MA(CLOSE,5); DRAWTEXT(CLOSE>OPEN,LOW,'买');");
+    for (const char* codec : { "UTF-8", "UTF-16", "GB18030" }) {
+        ASSERT_FALSE(
+            base::writeWholeFile(path("own.txt"), QTextCodec::codecForName(codec)->fromUnicode(text)));
+        const Outcome result =
+            run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--formula"), path("own.txt"),
+                  QStringLiteral("--export"), path("out.csv") });
+        ASSERT_EQ(result.exitCode, 0) << codec << result.error.toStdString();
+        QFile exported(path("out.csv"));
+        ASSERT_TRUE(exported.open(QIODevice::ReadOnly));
+        const QByteArray all = exported.readAll();
+        EXPECT_TRUE(all.contains("均线")) << codec << all.left(100).toStdString();
+        EXPECT_GT(all.count('\n'), 1000) << codec;
+    }
+}
+
+TEST_F(RenderProgram, ComparesWithTheIndexThatIsNamed)
+{
+    ASSERT_FALSE(base::writeWholeFile(path("own.txt"), "X:INDEXC/CLOSE;"));
+    const auto exported = [&](const QStringList& more) {
+        const Outcome result =
+            run(QStringList { QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--formula"),
+                              path("own.txt"), QStringLiteral("--export"), path("out.csv") }
+                + more);
+        EXPECT_EQ(result.exitCode, 0) << result.error.toStdString();
+        QFile file(path("out.csv"));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    };
+    const QByteArray alone = exported({}),
+                     beside = exported({ QStringLiteral("--index"), sample("DFM00.csv") });
+    EXPECT_GT(beside.count("1.0000"), 1000) << beside.left(200).toStdString();
+    EXPECT_EQ(alone.count("1.0000"), 0);
+    expectRefused(run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--index"),
+                        path("none.csv"), QStringLiteral("-o"), path("out.png") }),
+                  "none.csv");
+}
+
+TEST_F(RenderProgram, PrintsHintsAndTakesTheFormulaAllTheSame)
+{
+    ASSERT_FALSE(base::writeWholeFile(path("own.txt"), "X：MA(C,0);"));
+    const Outcome result = run({ QStringLiteral("--check"), path("own.txt") });
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_TRUE(result.error.contains(QStringLiteral("own.txt:1:2: hint: a full-width sign, read as :")))
+        << result.error.toStdString();
 }
 
 TEST_F(RenderProgram, ChecksATextAndNamesEveryFault)
