@@ -46,14 +46,19 @@ inline CivilDate dateOf(const std::tm& parts)
     return { std::int64_t { parts.tm_year } + 1900, parts.tm_mon + 1, parts.tm_mday };
 }
 
+inline std::int64_t secondOfDay(int hour, int minute, int second)
+{
+    return std::int64_t { hour } * 3'600 + std::int64_t { minute } * 60 + second;
+}
+
 /// Seconds by which local time is ahead of UTC at a time.
 inline std::optional<std::int64_t> utcOffset(std::int64_t seconds)
 {
     const std::optional<std::tm> parts = localParts(seconds);
     if (!parts)
         return std::nullopt;
-    const std::int64_t shown = daysFromCivil(dateOf(*parts)) * kSecondsPerDay + parts->tm_hour * 3'600
-        + parts->tm_min * 60 + parts->tm_sec;
+    const std::int64_t shown = daysFromCivil(dateOf(*parts)) * kSecondsPerDay
+        + secondOfDay(parts->tm_hour, parts->tm_min, parts->tm_sec);
     return shown - seconds;
 }
 
@@ -63,7 +68,7 @@ inline std::optional<std::int64_t> utcOffset(std::int64_t seconds)
 inline std::optional<std::int64_t> secondsFromLocal(const CivilDate& date, int hour, int minute, int second)
 {
     // Deliberate: no mktime, which answers for such times by what it was asked before.
-    const std::int64_t shown = daysFromCivil(date) * kSecondsPerDay + hour * 3'600 + minute * 60 + second;
+    const std::int64_t shown = daysFromCivil(date) * kSecondsPerDay + secondOfDay(hour, minute, second);
     const std::optional<std::int64_t> before = utcOffset(shown - kSecondsPerDay);
     if (!before || utcOffset(shown - *before) == before)
         return before ? std::optional(shown - *before) : std::nullopt;

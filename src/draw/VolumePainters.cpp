@@ -151,6 +151,7 @@ void CDrawStyle::drawStackVolstick(QPainter* painter, QRect& rect, RPCFormulaRes
     const OutputView output(cache, outputIndex);
     const QList<QColor> colors = stackColors(cache.meta, output);
     std::vector<ColumnView> parts;
+    parts.reserve(static_cast<std::size_t>(output.columnCount()));
     for (int k = 0; k < output.columnCount(); ++k)
         parts.push_back(output.column(k));
 
