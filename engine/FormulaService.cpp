@@ -182,7 +182,7 @@ QString FormulaService::request(std::shared_ptr<const Formula> formula, std::sha
     job->formula = std::move(formula);
     job->bars = std::move(bars);
     job->parameters = parameters;
-    const QString id = idOf(job->number);
+    QString id = idOf(job->number);
     m_worker->add(std::move(job));
     return id;
 }

@@ -31,7 +31,7 @@ std::vector<BuiltInFormula> readTexts()
         const std::string source = file.readAll().toStdString();
         // They call none another, as none is known before all are read.
         formulas.push_back(
-            { name, source, readFormula(source, [](const std::string&) { return FoundFormula(); }).formula });
+            { name, source, readFormula(source, {}).formula });
     }
     return formulas;
 }
@@ -56,6 +56,11 @@ FoundFormula findBuiltInFormula(const std::string& name)
 {
     const BuiltInFormula* builtIn = findBuiltIn(language::inCapitals(name));
     return { builtIn ? builtIn->formula : nullptr, {}, {} };
+}
+
+FormulaReading readFormula(std::string_view utf8)
+{
+    return readFormula(utf8, findBuiltInFormula);
 }
 
 std::optional<FormulaRecords> computeFormula(const std::shared_ptr<const Formula>& formula,

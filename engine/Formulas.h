@@ -32,6 +32,9 @@ ENGINE_EXPORT const BuiltInFormula* findBuiltIn(const std::string& name);
 /// The built-in formula of a name in any case, for texts that call others.
 ENGINE_EXPORT FoundFormula findBuiltInFormula(const std::string& name);
 
+/// Reads a text that may call the built-in formulas; see readFormula(utf8, lookup).
+ENGINE_EXPORT FormulaReading readFormula(std::string_view utf8);
+
 /// Computes a formula once.
 ///
 /// @param formula  null gives nothing.

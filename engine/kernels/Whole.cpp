@@ -100,7 +100,7 @@ struct PeriodCode
     std::int64_t leastMinutes; ///< of the usual distance between bars
 };
 
-constexpr std::int64_t kDay = 24 * 60;
+constexpr std::int64_t kDay = std::int64_t { 24 } * 60; // minutes
 constexpr PeriodCode kPeriods[] = {
     { 11.0, 300 * kDay }, { 10.0, 80 * kDay }, { 7.0, 27 * kDay }, { 6.0, 6 * kDay }, { 5.0, kDay },
     { 4.0, 60 },          { 3.0, 30 },         { 2.0, 15 },        { 1.0, 5 },        { 0.0, 0 },

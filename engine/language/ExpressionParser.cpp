@@ -408,7 +408,7 @@ void ExpressionParser::hintAtOrder(const Function& function, const std::vector<N
     for (const NodeId argument : arguments) {
         const Node& node = m_syntax[argument];
         const bool isSeries = node.kind == Node::Kind::Call && node.function->maxArguments == 0;
-        if (!isSeries || names.find(std::string(",") + node.function->name + ",") == names.npos)
+        if (!isSeries || names.find(std::string(",") + node.function->name + ",") == std::string::npos)
             return;
         given += std::string(node.function->name) + ",";
     }
@@ -488,7 +488,7 @@ std::vector<Output> ExpressionParser::readDrawing(const Output& named)
     }
     if (!function.isBuilt)
         return { output };
-    const std::vector<Output> built = builtOutputs(function, output, output.columns, nodeMaker());
+    std::vector<Output> built = builtOutputs(function, output, output.columns, nodeMaker());
     if (!built.empty())
         return built;
     m_reader.report(name,

@@ -1,6 +1,5 @@
 #include "engine/language/Formula.h"
 
-#include "engine/Formulas.h"
 #include "engine/language/Attributes.h"
 #include "engine/language/Parser.h"
 #include "engine/language/Syntax.h"
@@ -43,8 +42,8 @@ FormulaReading readFormula(std::string_view utf8, const FormulaLookup& lookup)
         return { nullptr, problems.sorted(), {} };
     }
     const std::vector<language::Token> tokens = language::tokenize(utf8, problems);
-    language::Syntax syntax =
-        language::parse(tokens, problems, lookup ? lookup : FormulaLookup(findBuiltInFormula));
+    language::Syntax syntax = language::parse(
+        tokens, problems, lookup ? lookup : [](const std::string&) { return FoundFormula(); });
     if (!problems.empty())
         return { nullptr, problems.sorted(), problems.sortedHints() };
     return { std::make_shared<const Formula>(std::move(syntax)), {}, problems.sortedHints() };

@@ -81,8 +81,9 @@ struct FoundFormula
 using FormulaLookup = std::function<FoundFormula(const std::string& name)>;
 
 /// Reads a text. Any bytes may be given. Any thread.
-/// @param lookup  finds the formulas that the text calls; without one the built-in formulas are found.
-ENGINE_EXPORT FormulaReading readFormula(std::string_view utf8, const FormulaLookup& lookup = {});
+/// @param lookup  finds the formulas that the text calls; an empty one knows none. engine/Formulas.h has a
+///        reading that finds the built-in ones.
+ENGINE_EXPORT FormulaReading readFormula(std::string_view utf8, const FormulaLookup& lookup);
 
 /// A word that the language knows, for completion, colouring and the reference.
 struct KnownWord

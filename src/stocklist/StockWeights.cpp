@@ -98,7 +98,8 @@ void weighByFigure(Stocks& stocks, int field, Weights& relative, Weights& absolu
         // Deliberate: the vectors hold the truncated figure, the stocks the figure with its decimals.
         const double figure = figureOf(stock, field);
         const std::int64_t whole = truncated(figure);
-        relative[entry] = static_cast<float>(whole / kLot);
+        const std::int64_t lots = whole / kLot; // full lots only
+        relative[entry] = static_cast<float>(lots);
         absolute[entry++] = toFloat(static_cast<double>(whole) / divisor);
         stock.relativeWeight = figure / 100.0;
         stock.absoluteWeight = figure / divisor;

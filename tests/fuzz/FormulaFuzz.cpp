@@ -1,6 +1,7 @@
 /// @file Gives the formula reader bytes of any kind and computes whatever it takes for a formula, over bars
 /// that grow and with parameters of any kind.
 
+#include "engine/Formulas.h"
 #include "engine/evaluation/FormulaEvaluation.h"
 
 #include <cstdint>

@@ -16,12 +16,12 @@ constexpr int kCount = sizeof(kCharacters) - 1;
 /// A text in which every row of three characters occurs once.
 QString everyThree()
 {
-    std::vector<bool> seen(kCount * kCount * kCount);
+    std::vector<bool> seen(std::size_t { kCount } * kCount * kCount);
     int before = 0, last = 0;
     QString text(2, QLatin1Char(kCharacters[0]));
     // Taking the highest character that makes a new row never gets stuck before all rows are taken.
     for (int next = kCount - 1; next >= 0;) {
-        const auto row = static_cast<std::size_t>((before * kCount + last) * kCount + next);
+        const std::size_t row = (std::size_t { kCount } * before + last) * kCount + next;
         if (seen[row]) {
             --next;
             continue;

@@ -1,6 +1,7 @@
 /// @file Random formulas that follow bars as they come, against computations from the beginning: the records
 /// agree bit for bit.
 
+#include "engine/Formulas.h"
 #include "engine/evaluation/FormulaEvaluation.h"
 #include "engine/language/FunctionTable.h"
 #include "tests/support/Seeds.h"

@@ -1,6 +1,7 @@
 /// @file Every function of the formula language against a plain re-statement of it: straight loops for every
 /// bar, in long double where values are added up, over random bars with gaps.
 
+#include "engine/Formulas.h"
 #include "engine/evaluation/FormulaEvaluation.h"
 #include "tests/support/Seeds.h"
 

@@ -1,6 +1,7 @@
 /// @file The reference of the formula language keeps to the language: its formulas are read and computed, and
 /// it leaves out no word.
 
+#include "engine/Formulas.h"
 #include "engine/files/BarFile.h"
 #include "engine/evaluation/FormulaEvaluation.h"
 

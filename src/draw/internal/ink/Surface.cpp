@@ -15,7 +15,7 @@ QRegion zoomedClip(QPainter& painter, int zoom)
     const QTransform world = painter.worldTransform();
     const bool isEnabled = painter.worldMatrixEnabled();
     painter.setWorldTransform(QTransform::fromScale(1.0 / zoom, 1.0 / zoom), true);
-    const QRegion region = painter.clipRegion();
+    QRegion region = painter.clipRegion();
     painter.setWorldTransform(world);
     painter.setWorldMatrixEnabled(isEnabled);
     return region;
@@ -62,7 +62,7 @@ bool isAntialiased(const QPainter& painter)
 bool isOnWholePixels(const QPainter& painter)
 {
     constexpr double farthest = 1e6; // pixels; an int holds every place from there
-    const QTransform toDevice = painter.deviceTransform();
+    const QTransform& toDevice = painter.deviceTransform();
     return toDevice.type() <= QTransform::TxTranslate && std::trunc(toDevice.dx()) == toDevice.dx()
         && std::trunc(toDevice.dy()) == toDevice.dy() && std::abs(toDevice.dx()) <= farthest
         && std::abs(toDevice.dy()) <= farthest;
