@@ -30,8 +30,7 @@ std::vector<BuiltInFormula> readTexts()
         file.open(QIODevice::ReadOnly);
         const std::string source = file.readAll().toStdString();
         // They call none another, as none is known before all are read.
-        formulas.push_back(
-            { name, source, readFormula(source, {}).formula });
+        formulas.push_back({ name, source, readFormula(source, {}).formula });
     }
     return formulas;
 }

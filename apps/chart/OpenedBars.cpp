@@ -21,7 +21,7 @@ constexpr int kMarketLength = 2;
 Instrument instrumentOf(const QString& path, const QString& chosen, const std::vector<double>& prices)
 {
     const QString key = chosen.isEmpty() ? QFileInfo(path).baseName() : chosen;
-    if (const Instrument known = utils::CSingletonT<TC::CStockManager>::instance()->getInstrumentDetail(key))
+    if (Instrument known = utils::CSingletonT<TC::CStockManager>::instance()->getInstrumentDetail(key))
         return known;
     auto instrument = std::make_shared<ttservice::CInstrumentDetail>();
     instrument->market = WB::qsToS(key.left(kMarketLength));

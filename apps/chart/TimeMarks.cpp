@@ -22,7 +22,7 @@ qint64 monthNumber(const QDate& date)
 
 qint64 minuteNumber(const QDateTime& time)
 {
-    return time.date().toJulianDay() * 1440 + time.time().hour() * 60 + time.time().minute();
+    return time.date().toJulianDay() * 1440 + qint64 { time.time().hour() } * 60 + time.time().minute();
 }
 
 const std::vector<Division>& divisions()

@@ -1,10 +1,10 @@
 /// @file Our painters beside the plain primitives, the floor and other plotting libraries, in one run.
 ///
 /// Every cell interleaves all contenders: each round gives one picture to each of them, in changing order, so
-/// that what else the machine does meets all alike. Times are those of the thread, low quantiles are robust against other load.
-/// Before each picture the upper halves of the AVX registers are cleared: code that leaves them dirty slows
-/// the next contender down by half. Arguments: [--json FILE] [--quick] [--work NAME] [--bars COUNT], the last
-/// two for the cells of one row of the table.
+/// that what else the machine does meets all alike. Times are those of the thread, low quantiles are robust
+/// against other load. Before each picture the upper halves of the AVX registers are cleared: code that
+/// leaves them dirty slows the next contender down by half. Arguments: [--json FILE] [--quick] [--work NAME]
+/// [--bars COUNT], the last two for the cells of one row of the table.
 
 #include "bench/peers/Contender.h"
 #include "bench/peers/RangeScan.h"

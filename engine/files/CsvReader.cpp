@@ -10,7 +10,7 @@ namespace engine {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::size_t kLongestQuote = 40;  // bytes of a bad field that a failure line repeats
+constexpr std::size_t kLongestQuote = 40;                 // bytes of a bad field that a failure line repeats
 constexpr std::size_t kBlock = std::size_t { 256 } << 10; // bytes; a line and more
 constexpr const char* kTooLarge = "the file is larger than 4 GiB";
 static_assert(CsvLimits::kLargestFile == std::int64_t { 4 } << 30);

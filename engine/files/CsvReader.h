@@ -16,8 +16,8 @@ namespace engine {
 struct CsvLimits
 {
     static constexpr std::size_t kLongestLine = std::size_t { 64 } << 10; ///< bytes
-    static constexpr std::size_t kMostColumns = 1'000;     ///< in the header, and in any row
-    static constexpr std::size_t kMostRows = 20'000'000;   ///< without the header and blank lines
+    static constexpr std::size_t kMostColumns = 1'000;                    ///< in the header, and in any row
+    static constexpr std::size_t kMostRows = 20'000'000; ///< without the header and blank lines
     static constexpr std::int64_t kLargestFile = std::int64_t { 4 } << 30; ///< bytes
 };
 

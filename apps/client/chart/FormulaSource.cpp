@@ -16,7 +16,7 @@ QString FormulaSource::request(const QString& name, const std::shared_ptr<const 
     if (!recipe)
         return QString();
     const std::vector<double> parameters(recipe->parameters.begin(), recipe->parameters.end());
-    const QString id = m_service.request(recipe->formula, bars, parameters);
+    QString id = m_service.request(recipe->formula, bars, parameters);
     m_open.insert(id, *recipe);
     return id;
 }

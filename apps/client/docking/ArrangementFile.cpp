@@ -15,7 +15,7 @@ namespace client {
 namespace {
 
 constexpr int kFormat = 1;
-constexpr qint64 kMaxBytes = 16 * 1024 * 1024; // an arrangement takes a few kilobytes
+constexpr qint64 kMaxBytes = qint64 { 16 } << 20; // an arrangement takes a few kilobytes
 
 QString text(const char* source)
 {

@@ -63,7 +63,7 @@ QString markPath()
 /// Where a damaged file is kept; what was kept there before goes.
 QString freshAside(const QString& path)
 {
-    const QString aside = path + QStringLiteral(".damaged");
+    QString aside = path + QStringLiteral(".damaged");
     QFile::remove(aside);
     return aside;
 }
@@ -235,13 +235,13 @@ QString DockArrangement::readFile(ArrangementFile& file)
     const QString path = filePath();
     if (!QFile::exists(path))
         return QString();
-    const QString message = file.read(path);
+    QString message = file.read(path);
     if (!message.isEmpty()) {
         if (m_mayWrite)
             QFile::rename(path, freshAside(path));
         return message;
     }
-    const QString leftOut = leaveOutFatal(file);
+    QString leftOut = leaveOutFatal(file);
     m_named = file.named;
     return leftOut;
 }

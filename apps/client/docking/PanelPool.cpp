@@ -20,7 +20,7 @@ PanelPool::~PanelPool()
 
 void PanelPool::setMaker(const QString& panelId, Maker maker)
 {
-    m_makers.insert(panelId, std::move(maker));
+    m_makers[panelId] = std::move(maker);
 }
 
 TC::IIndexDockableWidget* PanelPool::lend(const QString& panelId)

@@ -200,10 +200,10 @@ base::Result<void> FormulaStore::change(const Change& change)
     base::Result<Content> content = load();
     if (!content.isGood())
         return content.failure();
-    const base::Result<void> changed = change(content->entries);
+    base::Result<void> changed = change(content->entries);
     if (!changed.isGood())
         return changed;
-    const base::Result<void> ready = m_beforeChange ? m_beforeChange() : base::Result<void>();
+    base::Result<void> ready = m_beforeChange ? m_beforeChange() : base::Result<void>();
     if (!ready.isGood())
         return ready;
     content->root.insert(kFormulas, content->entries);

@@ -9,7 +9,7 @@
 
 namespace TC::embedded {
 
-constexpr qint64 kLargestFile = 64 * 1024 * 1024; ///< bytes
+constexpr qint64 kLargestFile = qint64 { 64 } << 20; ///< bytes
 constexpr int kMostLines = 2'000'000;
 
 /// The text of bytes of unknown encoding: byte-order mark, NUL parity, strict UTF-8, else GB18030.

@@ -107,7 +107,7 @@ WorkbookReport readInProgram(const QString& file, SheetCells& cells)
     WorkbookReport report { WorkbookOutcome::ProgramFailed, false, QString() };
     if (!takeAnswer(answerOf(program, timer), report, cells)) {
         program.kill();
-        if (timer.elapsed() >= kProgramSeconds * 1'000)
+        if (timer.elapsed() >= qint64 { kProgramSeconds } * 1'000)
             report.outcome = WorkbookOutcome::OutOfTime;
     }
     if (!program.waitForFinished(kFarewell))

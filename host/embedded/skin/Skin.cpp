@@ -103,7 +103,7 @@ QString currentSkin()
 
 QString loadSkin(const QString& nameOrPath)
 {
-    const QString failure = readSkin(nameOrPath, currentOne());
+    QString failure = readSkin(nameOrPath, currentOne());
     if (failure.isEmpty())
         tellHandlers();
     return failure;

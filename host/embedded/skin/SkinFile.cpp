@@ -33,7 +33,7 @@ QString chooseFamily(const QJsonValue& value)
     const QStringList known = QFontDatabase().families();
     const QJsonArray families = value.toArray();
     for (const QJsonValue& entry : families) {
-        const QString family = entry.toString();
+        QString family = entry.toString();
         const auto isIt = [&](const QString& name) { // several makers of one family are named behind it
             return name == family || name.startsWith(family + QStringLiteral(" ["));
         };

@@ -9,10 +9,10 @@ namespace TC::embedded {
 
 namespace {
 
-constexpr int kScale = 3;                        // drawn once, sharp up to this device pixel ratio
-constexpr int kLargestFile = 1024 * 1024;        // bytes
-constexpr int kLargestSide = 512;                // pixels at device pixel ratio 1
-constexpr qint64 kMostPixels = 32 * 1024 * 1024; // device pixels of one skin: 128 MiB
+constexpr int kScale = 3;                           // drawn once, sharp up to this device pixel ratio
+constexpr int kLargestFile = 1024 * 1024;           // bytes
+constexpr int kLargestSide = 512;                   // pixels at device pixel ratio 1
+constexpr qint64 kMostPixels = qint64 { 32 } << 20; // device pixels of one skin: 128 MiB
 
 } // namespace
 

@@ -177,6 +177,7 @@ void TableModel::sortBy(int column, Qt::SortOrder order)
     std::iota(m_shown.begin(), m_shown.end(), 0);
     if (column >= 0 && column < m_columns.size()) {
         std::vector<SortKey> keys;
+        keys.reserve(static_cast<std::size_t>(m_shown.size()));
         for (int row = 0; row < m_shown.size(); ++row)
             keys.push_back(keyOf(m_cells[row * m_columns.size() + column]));
         const auto key = [&](int row) -> const SortKey& { return keys[static_cast<std::size_t>(row)]; };

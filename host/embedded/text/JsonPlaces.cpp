@@ -57,7 +57,7 @@ int JsonPlaces::childOf(int value, const QString& step) const
     bool isNumber = false;
     const int position = step.toInt(&isNumber);
     if (isNumber && position >= 0 && position < parent.elementCount)
-        return m_elements[static_cast<std::size_t>(parent.firstElement + position)];
+        return m_elements[static_cast<std::size_t>(parent.firstElement) + static_cast<std::size_t>(position)];
     return m_members.value({ value, step }, -1);
 }
 

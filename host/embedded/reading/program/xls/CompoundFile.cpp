@@ -67,20 +67,21 @@ void CompoundFile::readTable()
 {
     const int numbers = 1 << (m_sectorShift - 2); // in one sector
     std::vector<quint32> tableSectors;
+    tableSectors.reserve(kHeaderTableSectors);
     for (int i = 0; i < kHeaderTableSectors; ++i)
-        tableSectors.push_back(number32(m_bytes, 76 + 4 * i));
+        tableSectors.push_back(number32(m_bytes, 76 + qint64 { 4 } * i));
     quint32 further = number32(m_bytes, 68);
     for (qint64 left = m_bytes.size() >> m_sectorShift; further < kLastNumber && left > 0; --left) {
         const QByteArray list = sector(further);
         for (int i = 0; i < numbers - 1; ++i)
-            tableSectors.push_back(number32(list, 4 * i));
-        further = list.isEmpty() ? kLastNumber : number32(list, 4 * (numbers - 1));
+            tableSectors.push_back(number32(list, qint64 { 4 } * i));
+        further = list.isEmpty() ? kLastNumber : number32(list, qint64 { 4 } * (numbers - 1));
     }
     const auto sectorCount = static_cast<std::size_t>(m_bytes.size() >> m_sectorShift);
     for (const quint32 number : tableSectors) {
         const QByteArray part = number < kLastNumber ? sector(number) : QByteArray();
         for (int i = 0; i < part.size() / 4 && m_next.size() < sectorCount; ++i)
-            m_next.push_back(number32(part, 4 * i));
+            m_next.push_back(number32(part, qint64 { 4 } * i));
     }
 }
 
@@ -113,7 +114,7 @@ void CompoundFile::readDirectory()
 {
     const QByteArray directory = chain(number32(m_bytes, 48), m_bytes.size());
     for (int at = 0; at + kEntrySize <= directory.size(); at += kEntrySize) {
-        const int type = directory[at + 66];
+        const int type = static_cast<unsigned char>(directory[at + 66]);
         const quint32 start = number32(directory, at + 116), size = number32(directory, at + 120);
         if (type == kRootType && m_smallSectors.isEmpty()) {
             m_smallSectors = chain(start, size);
@@ -148,7 +149,7 @@ QByteArray CompoundFile::stream(const char* name, bool& isWhole) const
         isWhole = false;
         return QByteArray();
     }
-    const QByteArray bytes =
+    QByteArray bytes =
         entry->size < m_smallLimit ? smallChain(entry->start, entry->size) : chain(entry->start, entry->size);
     isWhole = static_cast<quint32>(bytes.size()) == entry->size;
     return bytes;

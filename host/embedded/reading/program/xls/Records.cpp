@@ -109,7 +109,7 @@ QString RecordReader::text(bool hasLongLength)
     const int flags = byte();
     const int looks = flags & hasLooks ? word() : 0;
     const quint32 reading = flags & hasReading ? doubleWord() : 0;
-    const QString text = letters(count, (flags & wide) != 0);
+    QString text = letters(count, (flags & wide) != 0);
     skip(qint64(looks) * 4 + reading);
     return text;
 }
@@ -118,7 +118,7 @@ QByteArray RecordReader::rest(int count)
 {
     if (atEnd())
         return QByteArray();
-    const QByteArray bytes = m_parts[m_part].mid(m_at, count);
+    QByteArray bytes = m_parts[m_part].mid(m_at, count);
     m_isWhole = m_isWhole && bytes.size() == count;
     skip(bytes.size());
     return bytes;

@@ -9,7 +9,7 @@ namespace workbook {
 namespace {
 
 constexpr zip_int64_t kMostEntries = 1'000;
-constexpr qint64 kMostUnpacked = 256 * 1024 * 1024; // bytes
+constexpr qint64 kMostUnpacked = qint64 { 256 } << 20; // bytes
 
 zip_t* openArchive(const QByteArray& bytes, int flags)
 {
@@ -83,7 +83,7 @@ Archive::End Archive::read(const QByteArray& part, const Receiver& receiver)
                                                                  zip_fclose);
     if (!file)
         return End::Damaged;
-    std::array<char, 64 * 1024> buffer;
+    std::array<char, std::size_t { 64 } << 10> buffer;
     for (;;) {
         const zip_int64_t size = zip_fread(file.get(), buffer.data(), buffer.size());
         m_unpacked += size;

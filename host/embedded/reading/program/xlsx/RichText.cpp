@@ -37,7 +37,8 @@ void resolveEscapes(QString& text)
 
 void decodeInto(QString& text, std::string_view utf8)
 {
-    constexpr std::size_t mostBytes = 8 * TC::embedded::kLongestText; // escapes are longer than letters
+    constexpr std::size_t mostBytes =
+        std::size_t { 8 } * TC::embedded::kLongestText; // escapes are longer than letters
     text = QString::fromUtf8(utf8.data(), static_cast<int>(std::min(utf8.size(), mostBytes)));
     if (text.contains(QLatin1String("_x")))
         resolveEscapes(text);
@@ -68,7 +69,7 @@ void RichText::endElement()
 
 void RichText::characters(std::string_view utf8)
 {
-    constexpr std::size_t most = 16 * TC::embedded::kLongestText;
+    constexpr std::size_t most = std::size_t { 16 } * TC::embedded::kLongestText;
     if (m_isIn && m_utf8.size() < most)
         m_utf8.append(utf8);
 }

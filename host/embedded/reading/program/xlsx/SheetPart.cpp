@@ -91,7 +91,7 @@ void SheetPart::endElement()
 
 void SheetPart::characters(std::string_view utf8)
 {
-    constexpr std::size_t most = 16 * TC::embedded::kLongestText; // bytes
+    constexpr std::size_t most = std::size_t { 16 } * TC::embedded::kLongestText; // bytes
     const Place place = m_path.empty() ? Place::Elsewhere : m_path.back();
     if (place == Place::Value && m_value.size() < most)
         m_value.append(utf8);
