@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file A formula of 10 outputs written as text, against a plain stream and against the floor.
 ///
 /// Each round writes the same records three ways: the export, an ostringstream that spells out the layout,

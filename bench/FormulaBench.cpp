@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Formulas as texts. The first case computes MACD over a million bars beside the same loops written by
 /// hand, counter "ratio"; the others time one more bar for ten formulas of four outputs over a million bars,
 /// and the reading of a text of 2,000 statements.

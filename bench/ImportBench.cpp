@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Import of a basket of 100,000 rows, beside the least that any import must do: unpacking the
 /// sheet and walking over its XML, and reading the text file and splitting it. The counter "ratio" is the
 /// time over that floor within this run.

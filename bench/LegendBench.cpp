@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The legend of a pane for one bar: composed, against formatting the same numbers alone; and shown on
 /// a strip, against the plain way of composing it for every step and measuring every piece where it is asked
 /// for.

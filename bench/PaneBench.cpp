@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file One pane of line, candles or volume, from 250 to 1,000,000 bars.
 ///
 /// Counters: `to_floor`, time of the painter divided by the time of one fillRect per pixel column of the same

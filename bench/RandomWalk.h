@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Prices for benchmarks: the same random walk in every run.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file A day of trades for benchmarks: the same in every run.
 

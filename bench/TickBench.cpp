@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file A million trades painted, against the plain walk over the same trades without painting.
 ///
 /// Each round times both, so that the counter "paint/walk" is a ratio within one run.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Includes point one way: host <- data <- draw <- title; stocklist, dock and recovery use host only; the
 # library never includes host/embedded, engine or apps. Within the engine no arrow runs back up either: series <-
 # records; series, calendar <- files; kernels <- language <- evaluation <- the top. Prints every line that does

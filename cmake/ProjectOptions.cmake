@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Options that every target of the project shares: link `indicatorui_options` privately.
 add_library(indicatorui_options INTERFACE)
 

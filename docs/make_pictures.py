@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Makes the pictures of the documentation: chart.png, and those beside the formulas of formulas.md.
 
 Usage: make_pictures.py [--into FOLDER] RENDERER [NAME...]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/FormulaService.h"
 
 #include <QMetaObject>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/Formulas.h"
 
 #include "engine/evaluation/FormulaEvaluation.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The engine's built-in formulas, and how any formula is computed: bars in, formula records out.
 ///

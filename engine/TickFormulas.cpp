@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/TickFormulas.h"
 
 #include "engine/records/RecordBuilder.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What `cmake --install` puts where: the libraries, their headers and a CMake package, so that a client
 # writes find_package(IndicatorUI) and links IndicatorUI::indicatorui; and the programs.
 include(CMakePackageConfigHelpers)

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Writes samples/ticks/SYNTHETIC-five-levels.csv: one made-up trading day with a book of five levels.
 
 No market data goes into it. The seed is fixed and only random() is drawn from, so every run and every Python 3

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/base/WholeFile.h"
 
 #include "apps/base/FileNames.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/chart/BarPeriod.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/chart/ChartPicture.h"
 
 #include "apps/chart/ChartMeasures.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file A whole chart as one picture: panes with legends below each other, value axes at the right, time
 /// axis below.

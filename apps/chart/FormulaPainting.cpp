@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/chart/FormulaPainting.h"
 
 #include "data/RecordReading.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/chart/OpenedBars.h"
 
 #include "apps/base/FileNames.h"

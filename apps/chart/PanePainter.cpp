@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/chart/PanePainter.h"
 
 #include "apps/chart/FormulaPainting.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file One pane: background, grid, formulas, value axis, crosshair.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/chart/PaneResults.h"
 
 #include "host/TC/Instruments.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/chart/PaneScale.h"
 
 #include "draw/CDrawStyle.h"

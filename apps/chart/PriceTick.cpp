@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/chart/PriceTick.h"
 
 #include <algorithm>

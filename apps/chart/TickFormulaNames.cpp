@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/chart/TickFormulaNames.h"
 
 #include "host/embedded/FormulaSetup.h"

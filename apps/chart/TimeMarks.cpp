@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/chart/TimeMarks.h"
 
 #include <QDateTime>

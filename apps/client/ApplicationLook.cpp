@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/ApplicationLook.h"
 
 #include "draw/CDrawStyle.h"

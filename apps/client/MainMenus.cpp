@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The menus of the client's window.
 
 #include "apps/client/MainWindow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/OneClient.h"
 
 #include "host/TC/Folders.h"

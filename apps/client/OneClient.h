@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Which of the clients that run at once may write the shared files of the configuration.
 

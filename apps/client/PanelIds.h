@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Identifiers of the client's panels; their titles come from the library's table.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/PlainTexts.h"
 
 #include <QApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Texts are shown as they are written, whatever markup their characters may look like.
 

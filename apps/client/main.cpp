@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file indicatorui-client: the reference chart client.
 
 #include "apps/base/FileNames.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/render/ChartLoader.h"
 
 #include "apps/chart/BarPeriod.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/render/FormulaFile.h"
 
 #include "apps/base/FileNames.h"

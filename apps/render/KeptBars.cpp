@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/render/KeptBars.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/render/Options.h"
 
 #include <QCommandLineParser>

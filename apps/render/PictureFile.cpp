@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/render/PictureFile.h"
 
 #include "apps/base/WholeFile.h"

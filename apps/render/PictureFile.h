@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file A painted chart as a PNG, SVG or PDF file.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file indicatorui-render: a chart of a bars file as a picture, without a display.
 
 #include "apps/base/FileNames.h"

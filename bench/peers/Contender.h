@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file What is measured: one kind of work, painted by us and by everybody else.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Our painters beside the plain primitives, the floor and other plotting libraries, in one run.
 ///
 /// Every cell interleaves all contenders: each round gives one picture to each of them, in changing order, so

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/peers/Contender.h"
 #include "draw/CDrawStyle.h"
 #include "tests/support/PlainPainting.h"

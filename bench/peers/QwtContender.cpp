@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/peers/Contender.h"
 
 #include <qwt_plot_curve.h>

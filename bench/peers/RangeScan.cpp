@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/peers/RangeScan.h"
 
 #include "bench/SyntheticDay.h"

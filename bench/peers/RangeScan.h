@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Work that has no peer: the scan for a pane's range, and volume sticks by the order book.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Thread time of a call, from a fixed state of the vector registers.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/calendar/Times.h"
 
 #include "host/utils/LocalZone.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/evaluation/FormulaEvaluation.h"
 
 #include "engine/evaluation/OutputRecords.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/evaluation/OutputRecords.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/evaluation/Plan.h"
 
 #include "engine/kernels/Periods.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file What a formula can call, and how a kernel tells of itself.
 

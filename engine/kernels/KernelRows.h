@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The rows that the kernels' files bring to the table of functions. A new function is one more row
 /// beside its kernel.

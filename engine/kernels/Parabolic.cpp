@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/kernels/KernelRows.h"
 #include "engine/kernels/Periods.h"
 #include "engine/kernels/Recurrence.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/kernels/Folds.h"
 #include "engine/kernels/KernelRows.h"
 #include "engine/kernels/SortedWindow.h"

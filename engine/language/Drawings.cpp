@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/language/Drawings.h"
 
 namespace engine::language {

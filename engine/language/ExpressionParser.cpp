@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/language/ExpressionParser.h"
 
 #include "engine/language/Attributes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/language/FunctionTable.h"
 
 #include "engine/kernels/KernelRows.h"

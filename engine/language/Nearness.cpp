@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/language/Nearness.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/language/OutputAttributes.h"
 
 #include "engine/language/ForeignWords.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/language/Parser.h"
 
 #include "engine/language/ExpressionParser.h"

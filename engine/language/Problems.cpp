@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/language/Problems.h"
 
 #include <algorithm>

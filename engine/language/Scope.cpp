@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/language/Scope.h"
 
 #include "engine/language/Attributes.h"

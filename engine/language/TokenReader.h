@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Walks over the tokens of a text and reports what is wrong with them.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/records/RecordBuilder.h"
 
 namespace engine {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file One number per bar or trade, and what stands where there is none.
 

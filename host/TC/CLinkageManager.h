@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The user's own trading in an instrument, as the client's trading side reports it.
 

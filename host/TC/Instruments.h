@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Questions about an instrument that may be missing. A null instrument gives the stated default.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The client's table: rows, columns, cells, editing, selection, keys.
 

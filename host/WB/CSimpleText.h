@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file A text with its colour and font: how the client measures and paints short labels.
 

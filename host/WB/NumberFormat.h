@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Texts of numbers as the client shows them: fixed notation, decimal point, no grouping.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Names and file names as widgets show them: as they are written, whatever marks they hold.
 ///

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Skin look-ups that always answer: the fallback stands where the skin has no such key.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Events that a legend strip sends to its host (CEventDeliverer::deliverEvent).
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Events that a table handles itself (IBaseTable::handleEvent).
 

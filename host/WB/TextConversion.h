@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Texts of the engine (UTF-8 bytes) as Qt strings and back.
 

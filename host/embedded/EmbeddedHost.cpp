@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/EmbeddedHost.h"
 
 namespace TC::embedded {

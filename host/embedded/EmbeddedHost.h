@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Set-up of the embedded host: what tests and applications steer.
 ///

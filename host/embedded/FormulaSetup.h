@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Formulas that the embedded formula manager knows: the engine's built-in ones, and the user's own
 /// from the file "configFormula" of TC::getUserRootDir() (see docs/configFormula.md; at most

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Reading of workbooks by the embedded host: its switches, and what came of the last reading.
 

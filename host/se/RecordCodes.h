@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The codes of a formula's records: what engine, library and panes say to one another.
 ///

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Arithmetic of the Gregorian calendar, without any time zone.
 ///

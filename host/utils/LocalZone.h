@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The local time zone, the one place that asks the platform for it.
 ///

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The objects of CSingletonT. Belongs to the library that stands behind the seam: a library that held
 /// them in a header template would have objects of its own wherever symbols are not shared between libraries.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/IndexBaseData.h"
 
 #include "data/internal/RecordViews.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Results as comma-separated text.
 
 #include "data/IndexBaseData.h"

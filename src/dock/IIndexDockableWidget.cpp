@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dock/IIndexDockableWidget.h"
 
 #include "dock/IndexTitle.h"

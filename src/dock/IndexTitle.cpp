@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dock/IndexTitle.h"
 
 #include "host/WB/NumberFormat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Candles.
 
 #include "draw/CDrawStyle.h"

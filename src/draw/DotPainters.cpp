@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Dots: one small circle per value.
 
 #include "draw/CDrawStyle.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Painter of the small marks of signals.
 
 #include "draw/CDrawStyle.h"

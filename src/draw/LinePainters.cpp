@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Lines: unbroken, broken, vertical, step.
 
 #include "draw/CDrawStyle.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/PaneMapping.h"
 
 #include "draw/internal/BarLayout.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Where the painters put bars and values, and back: for grids, axes, crosshairs and a host's own ink.
 ///

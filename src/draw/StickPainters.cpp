@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Sticks from the zero row, and bars between two prices.
 
 #include "draw/CDrawStyle.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Painters of texts and numbers. They share the columns condition and price, and the position code
 /// of the result's first output.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Painters of tick panes: a cross per trade, a volume stick per trade.
 
 #include "draw/CDrawStyle.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Vertical range of what a pane shows, and the candles' mapping of values to rows.
 
 #include "draw/CDrawStyle.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Texts and keys of values, shared by painters and legend.
 
 #include "draw/CDrawStyle.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Volume bars: coloured by rise and fall, and stacked.
 
 #include "draw/CDrawStyle.h"

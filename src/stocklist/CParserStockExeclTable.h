@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The table in which a user holds a basket of stocks with their weights.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Stock lists from text files, the clipboard and workbooks.
 
 #include "stocklist/CParserStockExeclTable.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The rows of the basket: filling, filtering, editing, removing.
 
 #include "stocklist/CParserStockExeclTable.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The basket as text: clipboard and files.
 
 #include "stocklist/CParserStockExeclTable.h"

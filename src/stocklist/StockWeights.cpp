@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The weights of a basket by its six rules.
 
 #include "stocklist/CParserStockExeclTable.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "title/CArrowColorSimpleText.h"
 
 #include "draw/internal/Numbers.h"

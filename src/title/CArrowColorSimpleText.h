@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file A row of coloured legend pieces that measures and paints itself.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "title/CIndexTitleWidget.h"
 
 #include "data/IndexBaseData.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Whether a legend value rose or fell.
 
 #include "draw/CDrawStyle.h"

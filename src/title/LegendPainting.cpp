@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The legend of a pane from its results: composed and painted.
 
 #include "draw/CDrawStyle.h"

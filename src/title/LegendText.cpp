@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Composition of a formula's legend: which pieces, in which order and colour.
 
 #include "draw/CDrawStyle.h"

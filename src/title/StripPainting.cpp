@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file What the legend strip paints.
 
 #include "title/CIndexTitleWidget.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Configures, builds and runs the client's project as USE says (see CMakeLists.txt beside this file), below
 # FOLDER. SOURCE: the library's; BUILD: a build tree to install the package from; GENERATOR, LAUNCHER and
 # BUILD_TYPE as there. Unoptimized: this is about the build, not about speed.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file A client's first steps with the library: a row, the palette, a pane's data.
 
 #include "data/IndexBaseData.h"

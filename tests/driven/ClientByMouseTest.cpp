@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The client's docks and its restore dialog, worked with the mouse as a trader does.
 
 #include "tests/driven/DrivenClient.h"

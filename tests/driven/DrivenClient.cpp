@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/driven/DrivenClient.h"
 
 #include <QDir>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The client as a trader has it: a program of its own on a screen, worked with mouse and keyboard.
 

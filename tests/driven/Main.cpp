@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Start of the driven tests: a desktop for the client.
 
 #include <QElapsedTimer>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file What the client's steps leave behind when a call on their files fails or is their last. Whatever it
 /// is, formulas and scripts in use before are in use or in a listed backup, every file is old or new, and
 /// what the user is told happened did.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file A library to be loaded before a program (LD_PRELOAD): one of its calls on files of a folder fails,
 /// or is the last thing that the program comes to.
 ///

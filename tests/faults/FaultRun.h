@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Programs whose calls on files fail or are their last, one call after another.
 

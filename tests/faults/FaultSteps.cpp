@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file One step of the client in a process of its own, for tests in which its files fail or it is killed.
 ///
 /// fault_steps STEP HOME

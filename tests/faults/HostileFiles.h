@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Text files that nobody sound would write, made from sound ones by a seed.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Hostile text files given to the programs, within limits of time and memory: each is used or refused,
 /// in one line.
 

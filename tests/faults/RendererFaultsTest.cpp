@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file What the renderer leaves behind when a call on its files fails or is its last.
 
 #include "tests/faults/FaultRun.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Gives the formula reader bytes of any kind and computes whatever it takes for a formula, over bars
 /// that grow and with parameters of any kind.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The first chart that the programs show, composed of all its parts.
 
 #include "apps/chart/ChartPicture.h"

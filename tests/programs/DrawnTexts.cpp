@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file A library to be loaded before a Qt program (LD_PRELOAD): each text that the program draws into a
 /// rectangle, as legends are drawn, is printed as a line of the standard output first.
 

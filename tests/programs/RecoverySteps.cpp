@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file A backup or a restore in a process of its own, for tests that kill it or fill its disk.
 ///
 /// recovery_steps OPERATION CONFIG_DIR USER_DIR [VERSION]

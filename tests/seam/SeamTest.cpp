@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The library over a second host: nothing of the embedded default is linked here.
 
 #include "dock/IIndexDockableWidget.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The client under a hand that does anything: random moves, clicks, drags, wheels and keys.
 ///
 /// soak SECONDS SEED

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Work that may crash, hang or eat memory, in a process of its own.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file A reader of exported texts that shares nothing with their writer.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/support/DamagedFormula.h"
 
 #include "tests/support/FormulaBuilder.h"

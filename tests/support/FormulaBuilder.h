@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Formula records for tests, with only the values that matter in the test.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/support/InkScene.h"
 
 #include "host/embedded/EmbeddedHost.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Random surfaces and random series for tests that compare ink with the plain primitives.
 

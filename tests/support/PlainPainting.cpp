@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/support/PlainPainting.h"
 
 #include <QPaintDevice>

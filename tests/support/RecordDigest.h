@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file A short text that stands for all that the panes read of a computed formula.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/support/RecoveryFolders.h"
 
 #include "host/embedded/EmbeddedHost.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Files that grow no further than a size, as on a disk that is full.
 

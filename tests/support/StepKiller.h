@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Ends a program in the middle of its work, at a chosen call to the system.
 

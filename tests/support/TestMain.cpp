@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Start of every test program: the same pictures, texts and times everywhere.
 
 #include "host/embedded/EmbeddedHost.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/support/Trace.h"
 
 #include <QPaintDevice>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/support/Workbooks.h"
 
 #include "host/WB/CExcelReader.h"

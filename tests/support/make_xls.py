@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Writes an Excel 97 workbook: make_xls.py KIND PATH, with a JSON list of rows on standard input.
 
 KIND is plain, password (a workbook that states a password) or encrypted (the container of an encrypted

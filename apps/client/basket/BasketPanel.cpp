@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/basket/BasketPanel.h"
 
 #include "apps/base/FileNames.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The basket page: stocks with weights from files and the clipboard.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/chart/ChartKeys.h"
 
 #include <Qt>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/chart/ChartPane.h"
 
 #include "apps/client/PlainTexts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file One pane of the chart: legend strip above, plot below.
 

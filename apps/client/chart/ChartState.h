@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file What all panes of a chart share: the bars, the shown run of them, the crosshair.
 

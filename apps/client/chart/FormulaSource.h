@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Where panes get formula results from: the engine in its own thread.
 

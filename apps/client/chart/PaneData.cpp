@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/chart/PaneData.h"
 
 #include "draw/CDrawStyle.h"

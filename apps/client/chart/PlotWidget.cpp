@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/chart/PlotWidget.h"
 
 #include "apps/chart/ChartMeasures.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The drawing area of one pane: formulas, value axis, crosshair, mouse and wheel.
 

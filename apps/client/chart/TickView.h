@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The tick page: every trade as a cross above, its volume as a stick below.
 

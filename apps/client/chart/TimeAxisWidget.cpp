@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/chart/TimeAxisWidget.h"
 
 #include "apps/chart/ChartMeasures.h"

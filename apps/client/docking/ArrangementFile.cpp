@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/docking/ArrangementFile.h"
 
 #include "apps/base/WholeFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/docking/PanelPool.h"
 
 #include <QTimer>

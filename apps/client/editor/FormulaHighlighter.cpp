@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/editor/FormulaHighlighter.h"
 
 #include "engine/language/Formula.h"

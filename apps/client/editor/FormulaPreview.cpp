@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/editor/FormulaPreview.h"
 
 #include "apps/chart/ChartMeasures.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/editor/FormulaStore.h"
 
 #include "apps/base/WholeFile.h"

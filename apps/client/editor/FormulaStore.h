@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The user's own formulas as they stand in their file; docs/configFormula.md describes it.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/editor/FormulaText.h"
 
 #include "apps/client/editor/FormulaHighlighter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/lists/FormulaList.h"
 
 #include "host/TC/CFormulaOperateManager.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/lists/InstrumentList.h"
 
 #include "apps/base/FileNames.h"

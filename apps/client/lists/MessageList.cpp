@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/lists/MessageList.h"
 
 #include <QTime>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/recovery/FormulaBackups.h"
 
 #include "apps/base/WholeFile.h"

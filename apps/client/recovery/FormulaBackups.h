@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The client's way to the backups of the formulas: its own store, and what the recovery manager keeps.
 

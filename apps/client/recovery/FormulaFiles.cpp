@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/recovery/FormulaFiles.h"
 
 #include "apps/base/FileNames.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The user's formulas and scripts as files: the two live ones, and both packed into one.
 

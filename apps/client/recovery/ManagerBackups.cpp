@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/recovery/ManagerBackups.h"
 
 #include "host/TC/Folders.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The backups that TC::CRecoveryVersionManager keeps, as far as the client has to know its files.
 

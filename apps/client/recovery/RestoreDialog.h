@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The dialog that brings an earlier version of the formulas back.
 

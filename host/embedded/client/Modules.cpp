@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/ModuleSetup.h"
 #include "host/luawrapper/LuaModuleCtrl.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/TC/CLinkageManager.h"
 #include "host/TC/CReplayManager.h"
 #include "host/embedded/TradingSetup.h"

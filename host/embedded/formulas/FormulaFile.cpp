@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/formulas/KnownFormulas.h"
 #include "host/embedded/text/JsonPlaces.h"
 #include "host/embedded/text/OneLine.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/TC/CFormulaHistoryDataManager.h"
 
 #include "host/embedded/BacktestSetup.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file A formula that the embedded host knows, and how a formula file becomes some.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/InstrumentSetup.h"
 #include "host/embedded/instruments/InstrumentStore.h"
 

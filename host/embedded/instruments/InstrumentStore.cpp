@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/instruments/InstrumentStore.h"
 
 #include "host/embedded/text/OneLine.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/instruments/StoreDatabase.h"
 
 #include "host/WB/TextConversion.h"

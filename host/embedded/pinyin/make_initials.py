@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Writes PinyinInitials.inc: the initials of every reading of each basic CJK character.
 
 Input: Unihan_Readings.txt.bz2 of the Unicode character database (Debian package unicode-data).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/reading/WorkbookProgram.h"
 
 #include <QFile>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/TC/QReadFile.h"
 
 #include "host/embedded/reading/TextDecoding.h"

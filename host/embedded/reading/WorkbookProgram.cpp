@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/reading/WorkbookProgram.h"
 
 #include "host/embedded/reading/CellTransfer.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Reading of a workbook in a program of its own, so that no file can harm the client.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/ReadingSetup.h"
 
 namespace TC::embedded {

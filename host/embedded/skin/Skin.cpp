@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/skin/Skin.h"
 
 #include "host/WB/CUiResource.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/skin/SkinPicture.h"
 
 #include "host/embedded/text/OrdinaryFile.h"

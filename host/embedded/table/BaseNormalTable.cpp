@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/WB/CBaseNormalTable.h"
 
 #include "host/WB/CIntValidator.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/WB/CStandardTable.h"
 
 #include "host/WB/CLineEdit.h"

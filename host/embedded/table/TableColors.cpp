@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/table/TableColors.h"
 
 #include "host/WB/SkinLookup.h"

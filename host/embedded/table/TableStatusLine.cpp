@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/table/TableStatusLine.h"
 
 #include <QHeaderView>

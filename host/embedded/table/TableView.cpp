@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/table/TableView.h"
 
 #include "host/WB/CLineEdit.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/text/JsonPlaces.h"
 
 #include <QJsonArray>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Where the values of a JSON text stand, for messages about them.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/WB/NumberFormat.h"
 
 #include <QLatin1Char>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Messages of one line, whatever a name or a path in them holds.
 

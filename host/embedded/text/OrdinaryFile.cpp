@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/text/OrdinaryFile.h"
 
 #include <QFile>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/TC/PeriodNames.h"
 
 #include <QStringList>

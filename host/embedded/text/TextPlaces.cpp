@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/text/TextPlaces.h"
 
 #include <algorithm>

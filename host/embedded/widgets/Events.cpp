@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/WB/CBaseWidget.h"
 #include "host/WB/CEventDeliverer.h"
 #include "host/WB/CUiResource.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/WB/CPushButton.h"
 
 #include "host/WB/SkinLookup.h"

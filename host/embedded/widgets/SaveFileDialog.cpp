@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/WB/SaveFileDialog.h"
 
 #include "host/embedded/TableSetup.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/WB/CSimpleText.h"
 
 #include "host/WB/SkinLookup.h"

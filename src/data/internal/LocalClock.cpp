@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/internal/LocalClock.h"
 
 #include "host/utils/LocalZone.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Numbers as a stream of the classic locale writes them, without the stream.
 

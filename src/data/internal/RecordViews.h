@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Checked reading of a formula's records. What does not exist reads as empty, so that nobody who
 /// reads them tests an index.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/internal/BookRule.h"
 
 #include "draw/CDrawStyle.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file What left the order book between two trades, and what that says about the trade's direction.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Candles from bars: bars on one pixel column become one candle unless the price jumps.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file What the painters share of a pane's geometry: the window of bars, the answers on a flat range, the
 /// client's variant.

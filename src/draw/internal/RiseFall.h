@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Whether a bar rises or falls: the colour rules of volume bars and candles, without a painter.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/internal/TickInk.h"
 
 #include "draw/internal/Numbers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Ink of tick panes: the crosses of a day's trades, many of which fall onto one pixel column.
 ///

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/internal/TradeDirection.h"
 
 #include "data/internal/ElementAt.h"

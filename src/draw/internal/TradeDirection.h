@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Which way each trade of a run goes, decided without a painter.
 

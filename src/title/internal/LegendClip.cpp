@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "title/internal/LegendClip.h"
 
 #include "draw/internal/Numbers.h"

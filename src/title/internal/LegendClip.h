@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Which part of a strip shows a legend without cutting a piece in two.
 

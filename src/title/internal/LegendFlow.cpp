@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "title/internal/LegendFlow.h"
 
 #include "draw/internal/Pens.h"

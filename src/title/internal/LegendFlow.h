@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file A legend that is too long for one row, flowing over the rows of its strip.
 

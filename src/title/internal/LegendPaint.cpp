@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "title/internal/LegendPaint.h"
 
 #include "draw/internal/Numbers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "title/internal/LegendRows.h"
 
 #include "draw/CDrawStyle.h"

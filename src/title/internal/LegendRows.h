@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file A pane's legend before it is painted: what stands in which row, and where.
 

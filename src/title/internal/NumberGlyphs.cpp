@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "title/internal/NumberGlyphs.h"
 
 #include "title/internal/TextLine.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file How a font sets numbers, learnt once from Qt's own layout.
 

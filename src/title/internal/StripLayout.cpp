@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "title/internal/StripLayout.h"
 
 #include "draw/internal/Numbers.h"

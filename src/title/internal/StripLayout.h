@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Where everything stands on a legend strip, computed without a painter.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "title/internal/TextLine.h"
 
 #include <QFontMetricsF>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "title/internal/TextShapes.h"
 
 #include "title/internal/FontShapes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Legend texts measured and painted without laying each one out: what stands before a number seldom
 /// changes, and the number is put together from glyphs that are known.

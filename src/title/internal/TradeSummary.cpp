@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The user's own trading as legend texts.
 
 #include "title/internal/TradeSummary.h"

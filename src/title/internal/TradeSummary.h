@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The user's own trading as a legend shows it, behind the first row.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Writes the workbooks of Gnumeric's ssconvert into the current folder; needs the Debian package gnumeric.
 
 What each workbook holds is stated in the text file of the same name.

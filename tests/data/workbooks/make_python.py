@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Writes the workbooks of openpyxl, XlsxWriter and xlwt into the current folder: make_python.py
 
 Needs the Debian packages python3-openpyxl, python3-xlsxwriter and python3-xlwt. What each workbook holds is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The eyes of the driven tests: a plugin that tells where things stand on the screen.
 ///
 /// Loaded into the unchanged program by QT_QPA_GENERIC_PLUGINS=eyes. Each line on the standard input is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The data holder and the export on records in which something is wrong.
 
 #include "host/embedded/EmbeddedHost.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/internal/LocalClock.h"
 #include "tests/support/TimeZone.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/internal/NumberText.h"
 #include "tests/support/Seeds.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/CDrawStyle.h"
 #include "draw/internal/BookSeries.h"
 #include "tests/support/BookFormula.h"

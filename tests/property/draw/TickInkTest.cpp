@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/CDrawStyle.h"
 #include "draw/internal/TickInk.h"
 #include "draw/internal/ink/Surface.h"

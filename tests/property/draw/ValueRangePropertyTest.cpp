@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/CDrawStyle.h"
 #include "tests/support/DamagedFormula.h"
 #include "tests/support/Seeds.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Files with random damage: the readers answer with sound series or with one failure line.
 
 #include "engine/files/TickFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Whatever bars and parameters the engine is given, its records are sound.
 
 #include "tests/support/EngineBars.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Random formulas that follow bars as they come, against computations from the beginning: the records
 /// agree bit for bit.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Every function of the formula language against a plain re-statement of it: straight loops for every
 /// bar, in long double where values are added up, over random bars with gaps.
 

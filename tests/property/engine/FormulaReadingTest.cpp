@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Damaged formulas and heaps of words: reading gives a formula that computes, or problems that point
 /// into the text.
 

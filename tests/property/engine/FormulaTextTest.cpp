@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Any bytes are a formula or a list of faults.
 
 #include "tests/support/EngineBars.h"

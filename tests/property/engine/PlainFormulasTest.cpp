@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The built-in formulas against plain re-statements: every window summed anew in long double, every
 /// recursion written out, on the bundled files and on random walks.
 

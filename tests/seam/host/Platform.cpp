@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file A second host, just enough to link the library against: everything that it asks for, in its simplest
 /// form.
 

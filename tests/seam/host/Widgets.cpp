@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The second host's widgets: they show nothing and hold nothing.
 
 #include "host/WB/CBaseWidget.h"

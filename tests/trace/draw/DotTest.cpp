@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/CDrawStyle.h"
 #include "tests/support/FormulaBuilder.h"
 #include "tests/support/Trace.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/CDrawStyle.h"
 #include "host/embedded/EmbeddedHost.h"
 #include "tests/support/FormulaBuilder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/PaneMapping.h"
 
 #include "draw/CDrawStyle.h"

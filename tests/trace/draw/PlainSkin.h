@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Skin colours that are easy to tell apart in a trace.
 

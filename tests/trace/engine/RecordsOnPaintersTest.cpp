@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file What the engine computes, in the hands of the painters, the range and the legend that read it.
 
 #include "draw/CDrawStyle.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "title/CArrowColorSimpleText.h"
 
 #include "tests/support/Legend.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/recovery/BackupStore.h"
 #include "tests/support/RecoveryFolders.h"
 #include "tests/support/SmallFiles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/chart/BarPeriod.h"
 #include "host/TC/PeriodNames.h"
 #include "tests/support/EngineBars.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/chart/BarView.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The client as its users start it: as a program, on the offscreen platform.
 
 #include "tests/support/Trace.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The pictures of the documentation show what the programs draw, and are all there.
 
 #include <QDir>

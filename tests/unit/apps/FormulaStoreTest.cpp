@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Reading and changing the file of the user's formulas.
 
 #include "apps/client/editor/FormulaStore.h"

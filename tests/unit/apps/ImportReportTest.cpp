@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/basket/ImportReport.h"
 
 #include "host/embedded/EmbeddedHost.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The renderer as its users call it: as a program.
 
 #include "apps/base/FileNames.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Sound files are drawn whatever the local clock does on their days, in every zone.
 
 #include <QFile>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Formulas over the bundled bars, exported and read again by a reader of its own.
 
 #include "engine/files/BarFile.h"

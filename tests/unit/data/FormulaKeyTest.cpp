@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/CFormulaKey.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/support/FormulaBuilder.h"
 
 #include <gtest/gtest.h>

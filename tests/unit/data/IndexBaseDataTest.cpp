@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/EmbeddedHost.h"
 #include "tests/support/FormulaBuilder.h"
 #include "tests/support/Pane.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/RecordReading.h"
 
 #include "tests/support/FormulaBuilder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/internal/CandleBuilder.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/internal/LabelPlacement.h"
 
 #include <gtest/gtest.h>

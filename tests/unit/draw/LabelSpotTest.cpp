@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/internal/LabelSpot.h"
 
 #include <gtest/gtest.h>

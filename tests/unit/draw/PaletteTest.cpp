@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/CDrawStyle.h"
 #include "draw/internal/Pens.h"
 #include "host/embedded/EmbeddedHost.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/internal/ink/Extremes.h"
 #include "draw/internal/ink/PriceRuns.h"
 #include "tests/support/InkScene.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/internal/RiseFall.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Formulas as traders write them: every one is read, computed over every bundled file, and compared
 /// with what plain loops of another program say (tests/data/formulas/corpus/restate.py).
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file Formulas that call one another.
 
 #include "tests/support/EngineBars.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file How the outputs of a text reach the painters and the legend.
 
 #include "tests/support/EngineBars.h"

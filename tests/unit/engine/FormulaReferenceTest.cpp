@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The reference of the formula language keeps to the language: its formulas are read and computed, and
 /// it leaves out no word.
 

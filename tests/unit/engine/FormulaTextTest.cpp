@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file What texts say: statements, operators, faults.
 
 #include "tests/support/EngineBars.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The table of functions as a whole; what each of them computes is tested elsewhere.
 
 #include "engine/language/FunctionTable.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/support/EngineBars.h"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/Formulas.h"
 
 #include "tests/support/EngineBars.h"

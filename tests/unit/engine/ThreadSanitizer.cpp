@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file What the thread sanitizer is told. Qt comes from the distribution, built without the sanitizer: its
 /// locks are invisible, and memory that it moves under them inside the library would be reported. Accesses in
 /// our own code are not touched by this.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "engine/files/TickFile.h"
 #include "engine/TickFormulas.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/utils/CivilDate.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/TC/CFormulaOperateManager.h"
 #include "host/TC/CFormulaHistoryDataManager.h"
 #include "host/embedded/EmbeddedHost.h"

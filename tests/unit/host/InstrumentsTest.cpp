@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/TC/CStockManager.h"
 #include "host/TC/Instruments.h"
 #include "host/TC/ParserStockDetail.h"

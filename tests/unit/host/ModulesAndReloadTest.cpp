@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/EmbeddedHost.h"
 #include "host/luawrapper/LuaModuleCtrl.h"
 #include "host/se/LoadConfig.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/TC/Pinyin.h"
 
 #include <gtest/gtest.h>

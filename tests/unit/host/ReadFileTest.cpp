@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/TC/QReadFile.h"
 #include "tests/support/Trace.h"
 #include "tests/support/Workbooks.h"

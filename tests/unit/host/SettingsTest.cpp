@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/TC/CAppConfig.h"
 #include "host/TC/Folders.h"
 #include "host/embedded/EmbeddedHost.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/utils/CSingletonT.h"
 
 #include "tests/support/ChildRun.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/WB/CUiResource.h"
 #include "host/WB/CUiResourceChangeHandler.h"
 #include "host/embedded/EmbeddedHost.h"

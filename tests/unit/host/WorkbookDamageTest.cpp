@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/WB/CExcelReader.h"
 #include "host/embedded/ReadingSetup.h"
 #include "tests/support/Seeds.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "recovery/CRecoveryVersionManager.h"
 
 #include "host/embedded/EmbeddedHost.h"

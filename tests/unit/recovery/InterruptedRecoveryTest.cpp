@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file What is left when the client dies in the middle of a backup or a restore, or its disk is full.
 
 #include "apps/client/recovery/FormulaBackups.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "stocklist/CParserStockExeclTable.h"
 
 #include "host/TC/CStockManager.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "title/internal/AccountPositions.h"
 
 #include "host/TC/PeriodNames.h"

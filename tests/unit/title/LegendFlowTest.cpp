@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "title/internal/LegendFlow.h"
 
 #include "tests/support/Legend.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "title/internal/RowCount.h"
 
 #include "tests/support/Legend.h"

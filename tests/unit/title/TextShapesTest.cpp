@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "title/internal/TextShapes.h"
 
 #include "host/WB/CSimpleText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file What the client's window does when something is about to be lost.
 
 #include "apps/client/MainWindow.h"

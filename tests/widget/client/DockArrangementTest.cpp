@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/docking/DockArrangement.h"
 
 #include "host/embedded/EmbeddedHost.h"

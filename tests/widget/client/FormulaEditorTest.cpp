@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "apps/client/editor/FormulaEditor.h"
 
 #include "apps/client/MainWindow.h"

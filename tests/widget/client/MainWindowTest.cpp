@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file The reference client as a whole, in a real window of the offscreen platform.
 
 #include "apps/client/basket/BasketPanel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dock/IIndexDockableWidget.h"
 
 #include "host/embedded/EmbeddedHost.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file A basket for tests: records made in a line, rows read back as text.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/widget/stocklist/BasketTable.h"
 
 #include "host/embedded/EmbeddedHost.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "title/CIndexPanelBaseWidget.h"
 
 #include "tests/support/Trace.h"

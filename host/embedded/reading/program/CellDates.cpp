@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/reading/program/CellDates.h"
 
 #include <QDate>

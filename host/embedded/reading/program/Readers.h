@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file One reader per kind of file. Each fills `cells` with the first sheet, or refuses them with a reason.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file indicatorui-workbook PARENT < WORKBOOK: reads the first sheet of a workbook for the library, which
 /// starts it, and writes the cells to standard output. PARENT is the library's process id: this program ends
 /// with it. Whatever a file does to its reader, it does it here.

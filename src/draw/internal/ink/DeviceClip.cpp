@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/internal/ink/DeviceClip.h"
 
 #include "draw/internal/ink/Surface.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file A clip rectangle as large as the device, for the time of one painter call.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Lowest and highest number of a run of bars, at the speed of memory.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The ink of sticks, bodies and outlines: the plain primitives, stored directly where that is the
 /// same.

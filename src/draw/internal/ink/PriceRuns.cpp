@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "draw/internal/ink/PriceRuns.h"
 
 #include <limits>

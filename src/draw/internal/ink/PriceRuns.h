@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The prices of a run of bars merged into one candle, at the speed of memory.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Volume sticks of one pixel that later ones leave in sight.
 

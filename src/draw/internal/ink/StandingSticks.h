@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Upright lines that stand on one row, many of which fall onto one pixel column.
 

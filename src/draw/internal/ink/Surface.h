@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Where ink may take a shorter way to the same pixels.
 ///

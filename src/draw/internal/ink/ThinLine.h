@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file A solid line of one pixel, pixel for pixel as the raster engine's aliased pen draws it.
 

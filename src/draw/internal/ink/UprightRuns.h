@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file Upright runs of pixels on neighbouring columns, stored row by row.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Says what the formulas of this folder give, by plain loops: writes stated.csv.
 
 An interpreter of its own: every function is a loop over its window, bar by bar, as docs/formulas.md states it. Slow and

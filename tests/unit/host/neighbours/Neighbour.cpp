@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// @file A library that asks for an object of the process and shares no symbol with any other library, as on
 /// platforms where each library has its own copies of what templates make.
 

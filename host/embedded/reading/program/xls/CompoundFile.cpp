@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/reading/program/xls/CompoundFile.h"
 
 #include <QtEndian>

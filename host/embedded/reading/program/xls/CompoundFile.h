@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file The streams of a compound file, the small file system in which old office programs keep their
 /// documents.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 /// @file A workbook of records: what all sheets share, and the cells of a sheet.
 

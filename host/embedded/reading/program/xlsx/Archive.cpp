@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/reading/program/xlsx/Archive.h"
 
 #include <zip.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/reading/program/xlsx/Relationships.h"
 
 #include <QList>

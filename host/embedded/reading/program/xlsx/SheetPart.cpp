@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/reading/program/xlsx/SheetPart.h"
 
 #include <algorithm>

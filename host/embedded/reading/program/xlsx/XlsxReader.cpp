@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/embedded/reading/program/Readers.h"
 #include "host/embedded/reading/program/xlsx/Relationships.h"
 #include "host/embedded/reading/program/xlsx/SharedTexts.h"
