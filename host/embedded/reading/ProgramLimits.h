@@ -7,6 +7,6 @@
 namespace TC::embedded {
 
 constexpr int kProgramSeconds = 30;
-constexpr qint64 kProgramMemory = 512 * 1024 * 1024; ///< bytes beyond what the program has when it starts
+constexpr qint64 kProgramMemory = qint64 { 512 } << 20; ///< bytes beyond what the program has when it starts
 
 } // namespace TC::embedded
