@@ -89,6 +89,7 @@ void MainWindow::startRun()
         base::removeUnfinishedFiles(TC::getUserRootDir());
         tell(mendInterruptedRestore());
     }
+    tell(TC::embedded::instrumentStoreNotice());
     tellFormulaProblems(TC::embedded::loadFormulas());
     if (!m_oneClient.isFirst())
         return;

@@ -60,6 +60,7 @@ std::vector<Result> measure(const std::vector<Contender>& contenders, bool withC
     QImage image(bench::kWidth, bench::kHeight, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::black);
     std::vector<Result> results;
+    results.reserve(contenders.size());
     for (const Contender& contender : contenders)
         results.push_back({ contender.name, {} });
     std::vector<double> spent(contenders.size(), 0.0);
@@ -122,7 +123,7 @@ QJsonObject print(const char* work, int bars, bool withClip, const std::vector<R
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    const QStringList arguments = application.arguments();
+    const QStringList arguments = QApplication::arguments();
     const bool quick = arguments.contains(QStringLiteral("--quick"));
     const auto option = [&arguments](const char* name) {
         const int place = arguments.indexOf(QLatin1String(name));

@@ -8,9 +8,8 @@
 /// instrument of the list is known whatever became of it:
 /// - a damaged store is kept as "instruments.sqlite.damaged-<date>-<time>" and made again from the list;
 /// - a sound store that lacks instruments of the list is completed, rows that it has stay as they are;
-/// - a store that cannot be looked at (locked, no permission, no ordinary file, of a later version) stays as
-/// it
-///   is, and the list is used;
+/// - a store that cannot be looked at (locked, no permission, no ordinary file, of a later version) stays
+///   as it is, and the list is used;
 /// - where nothing can be written the list is used without a store.
 /// instrumentStoreNotice() says which it was. A change of a row's content that leaves the database in
 /// agreement with itself (a letter of a name) is no damage: the store is meant to be edited.

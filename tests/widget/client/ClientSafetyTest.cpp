@@ -7,6 +7,9 @@
 #include "apps/client/editor/FormulaText.h"
 #include "apps/client/lists/MessageList.h"
 #include "apps/client/recovery/FormulaBackups.h"
+#include "host/TC/CStockManager.h"
+#include "host/TC/Folders.h"
+#include "host/TC/Instruments.h"
 #include "host/embedded/EmbeddedHost.h"
 #include "host/utils/CSingletonT.h"
 #include "recovery/CRecoveryVersionManager.h"
@@ -158,6 +161,21 @@ TEST_F(ClientSafety, InterruptedRestoreIsFinishedAndToldAtTheStart)
     EXPECT_EQ(live(QStringLiteral("configFormula")), "{\"formulas\": []}");
     EXPECT_EQ(live(QStringLiteral("lua")), "old scripts");
     EXPECT_TRUE(messages().contains(QStringLiteral("被中断，现已完成"))) << messages().toStdString();
+}
+
+TEST_F(ClientSafety, DamagedInstrumentStoreIsToldAtTheStart)
+{
+    const QString store = QDir(TC::getUserRootDir()).filePath(QStringLiteral("instruments.sqlite"));
+    write(store, QByteArray("SQLite format 3\0 and nothing that follows from it", 50));
+    TC::embedded::reloadInstruments();
+    start();
+    EXPECT_TRUE(messages().contains(QStringLiteral("证券数据库已损坏"))) << messages().toStdString();
+    const QStringList kept =
+        QDir(TC::getUserRootDir()).entryList({ QStringLiteral("instruments.sqlite.damaged-*") });
+    EXPECT_EQ(kept.size(), 1);
+    EXPECT_TRUE(TC::getDetailQsKey(utils::CSingletonT<TC::CStockManager>::instance()->getInstrumentDetail(
+                                       QStringLiteral("SH600030")))
+                    .contains(QStringLiteral("600030")));
 }
 
 TEST_F(ClientSafety, ArrangementThatCannotBeSavedIsToldBeforeTheWindowGoes)
