@@ -18,7 +18,7 @@ Series valuesOver(const std::string& text)
     return records ? test::seriesOf(*records, "X") : Series();
 }
 
-std::string faultOf(const std::string& text, const engine::FormulaLookup& lookup = {})
+std::string faultOf(const std::string& text, const engine::FormulaLookup& lookup = engine::findBuiltInFormula)
 {
     const auto problems = engine::readFormula(text, lookup).problems;
     return problems.empty() ? "" : problems.front().english;
