@@ -14,6 +14,7 @@ namespace {
 
 constexpr int kMarkSpacing = 38; // least rows between two marks of a value axis
 constexpr int kTimeSpacing = 74; // least columns between two marks of the time axis
+constexpr int kTagHeight = 18;   // of a value beside the pointer
 constexpr int kTextMargin = 6;   // between the frame and an axis text
 
 QColor background()
@@ -75,34 +76,31 @@ void paintTag(QPainter& painter, const QRect& box, const QString& text)
     painter.drawText(box, Qt::AlignCenter, text);
 }
 
-void paintCrosshair(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane,
-                    const BarView& view, const QPair<double, double>& range, const Crosshair& crosshair)
+/// Where the value of a row stands on the axis.
+QRect tagOf(const PaneGeometry& geometry, int row)
 {
-    if (crosshair.bar < view.first || crosshair.bar > view.last)
-        return;
-    painter.setPen(dotted(WB::skinColor("clr_chart_crosshair", Qt::gray)));
-    const int column = geometry.plot.left() + view.centre(crosshair.bar);
-    painter.drawLine(column, geometry.plot.top(), column, geometry.plot.bottom());
-    if (!crosshair.row)
-        return;
-    const int row = geometry.plot.top() + *crosshair.row;
+    return QRect(geometry.axis.left() + 1, row - kTagHeight / 2, geometry.axis.width() - 1, kTagHeight);
+}
+
+/// The row of the pointer with its value.
+void paintPointer(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane,
+                  const QPair<double, double>& range, int pointer)
+{
+    const int row = geometry.plot.top() + pointer;
     painter.drawLine(geometry.plot.left(), row, geometry.plot.right(), row);
-    useAxisFont(painter);
-    const double value = valueAt(*crosshair.row, range, geometry.plot.height());
+    const double value = valueAt(pointer, range, geometry.plot.height());
     const double step = (range.first - range.second) / geometry.plot.height();
-    const int height = painter.fontMetrics().height() + 2;
-    paintTag(painter, QRect(geometry.axis.left() + 1, row - height / 2, geometry.axis.width() - 1, height),
-             valueText(value, pane, step));
+    useAxisFont(painter);
+    paintTag(painter, tagOf(geometry, row), valueText(value, pane, step));
 }
 
 } // namespace
 
-void paintPane(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane, const BarView& view,
-               const Crosshair& crosshair)
+void paintPlot(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane, const BarView& view,
+               const QPair<double, double>& range)
 {
     painter.save();
     painter.fillRect(geometry.plot.united(geometry.axis), background());
-    const QPair<double, double> range = visibleRange(pane, view);
     const auto marks = valueMarks(range, geometry.plot.height(), kMarkSpacing, pane);
     paintGrid(painter, geometry, marks, range);
 
@@ -114,10 +112,45 @@ void paintPane(QPainter& painter, const PaneGeometry& geometry, const PaneConten
     painter.restore();
 
     paintAxis(painter, geometry, marks, range);
-    paintCrosshair(painter, geometry, pane, view, range, crosshair);
     painter.setPen(frame());
     painter.drawLine(geometry.axis.topLeft(), geometry.axis.bottomLeft());
     painter.restore();
+}
+
+void paintCrosshair(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane,
+                    const BarView& view, const QPair<double, double>& range, const Crosshair& crosshair)
+{
+    if (crosshair.bar < view.first || crosshair.bar > view.last)
+        return;
+    painter.save();
+    painter.setPen(dotted(WB::skinColor("clr_chart_crosshair", Qt::gray)));
+    const int column = geometry.plot.left() + view.centre(crosshair.bar);
+    painter.drawLine(column, geometry.plot.top(), column, geometry.plot.bottom());
+    if (crosshair.row)
+        paintPointer(painter, geometry, pane, range, *crosshair.row);
+    painter.restore();
+}
+
+QRegion crosshairRegion(const PaneGeometry& geometry, const BarView& view, const Crosshair& crosshair)
+{
+    if (crosshair.bar < view.first || crosshair.bar > view.last)
+        return QRegion();
+    QRegion region(geometry.plot.left() + view.centre(crosshair.bar) - 1, geometry.plot.top(), 3,
+                   geometry.plot.height());
+    if (crosshair.row) {
+        const int row = geometry.plot.top() + *crosshair.row;
+        region += QRect(geometry.plot.left(), row - 1, geometry.plot.width(), 3);
+        region += tagOf(geometry, row);
+    }
+    return region;
+}
+
+void paintPane(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane, const BarView& view,
+               const Crosshair& crosshair)
+{
+    const QPair<double, double> range = visibleRange(pane, view);
+    paintPlot(painter, geometry, pane, view, range);
+    paintCrosshair(painter, geometry, pane, view, range, crosshair);
 }
 
 void paintTimeAxis(QPainter& painter, const QRect& rect, const std::vector<std::int64_t>& times,
