@@ -47,6 +47,9 @@ QRegion crosshairRegion(const PaneGeometry& geometry, const BarView& view, const
 void paintPane(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane, const BarView& view,
                const Crosshair& crosshair);
 
+/// The bars that the time axis marks, for the grid of the panes above it.
+std::vector<int> timeGrid(const std::vector<std::int64_t>& times, const BarView& view);
+
 /// Paints the time axis below the panes into `rect`, whose left edge is the plots' left edge.
 void paintTimeAxis(QPainter& painter, const QRect& rect, const std::vector<std::int64_t>& times,
                    const BarView& view, const Crosshair& crosshair);

@@ -69,6 +69,8 @@ void PlotWidget::paintKept()
     m_kept = QPixmap(size() * devicePixelRatioF());
     m_kept.setDevicePixelRatio(devicePixelRatioF());
     m_pane = m_content();
+    if (m_state->bars())
+        m_pane.markedBars = chart::timeGrid(m_state->bars()->timeMs, barView());
     m_range = chart::visibleRange(m_pane, barView());
     QPainter painter(&m_kept);
     painter.setFont(font());
