@@ -22,6 +22,8 @@ namespace client {
 
 namespace {
 
+constexpr int kMainHeight = 150, kOwnHeight = 80; // least heights of plots, pixels: three labels on an axis
+constexpr int kAdjustmentUnknown = -1;            // files do not say whether their prices are adjusted
 constexpr int kLegendOpened = 1050; // milliseconds until the strip has noticed a resting pointer
 
 } // namespace
@@ -36,9 +38,11 @@ ChartPane::ChartPane(bool main, ChartState* state, FormulaSource* source, const 
 {
     const TC::EIndexDisplayType display = main ? TC::EIndexDisplay_Heading : TC::EIndexDisplay_Legend;
     const TC::EIndexViewType view = main ? TC::EIndexView_Module : TC::EIndexView_Indented;
-    m_title = new TC::CIndexTitleWidget(m_data.get(), display, view, view, 0, 0, m_klineParam, this);
+    m_title = new TC::CIndexTitleWidget(m_data.get(), display, view, view, 0, kAdjustmentUnknown,
+                                        m_klineParam, this);
     m_plot = new PlotWidget(
         state, [this] { return m_data->content(); }, this);
+    m_plot->setMinimumHeight(main ? kMainHeight : kOwnHeight);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);

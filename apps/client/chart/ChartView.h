@@ -8,12 +8,16 @@
 
 #include <vector>
 
+class QHBoxLayout;
+class QScrollArea;
 class QSplitter;
+class QStackedWidget;
 
 namespace client {
 
-/// All panes of one instrument. Keys: up and down zoom, left and right move, Home and End jump. GUI thread
-/// only.
+/// All panes of one instrument, each at least as high as it takes to be read: more of them are scrolled.
+/// Without bars it says how to open some. Keys: up and down zoom, left and right move, Home and End jump. GUI
+/// thread only.
 class ChartView : public QWidget
 {
     Q_OBJECT
@@ -32,16 +36,27 @@ public:
 
 Q_SIGNALS:
     void sigMessage(const QString& text);
+    /// The user wants to choose a bars file.
+    void sigOpenRequested();
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    QWidget* makeChartPage();
+    void showEveryPane();
     void exportPane(ChartPane* pane, const QString& formula, bool toClipboard);
 
     FormulaSource* m_source;
     ChartState m_state;
+    QStackedWidget* m_pages;
+    QScrollArea* m_scroll;
     QSplitter* m_splitter;
+    QHBoxLayout* m_axisRow = nullptr; ///< leaves the room of the scroll bar free
     std::vector<ChartPane*> m_panes;
 };
 

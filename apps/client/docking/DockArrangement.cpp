@@ -154,7 +154,14 @@ QString DockArrangement::save()
         return QString();
     QFile::remove(markPath()); // whatever was applied is survived
     const QByteArray place = m_manager->window()->saveGeometry();
+    m_saved = m_manager->saveState(kStateVersion) + place;
     return ArrangementFile { m_manager->saveState(kStateVersion), m_named, place }.write(filePath());
+}
+
+void DockArrangement::saveChange()
+{
+    if (m_saved != m_manager->saveState(kStateVersion) + m_manager->window()->saveGeometry())
+        save();
 }
 
 QString DockArrangement::restore(bool mayWrite)

@@ -58,6 +58,8 @@ public:
     static QString filePath();
     /// Writes the file; the one before stays whole until the new one is complete.
     QString save();
+    /// Saves when docks or window stand otherwise than when they were last saved; a failure waits for save().
+    void saveChange();
     /// Brings back the arrangement of the last save(). Without a file the default one is applied. With a
     /// damaged file too, the damaged one is kept with ".damaged" behind its name, and there is a message. The
     /// same becomes of an arrangement that ended the program while it was applied.
@@ -86,6 +88,7 @@ private:
     PanelPool& m_pool;
     QPointer<ads::CDockManager> m_manager;
     std::vector<QPointer<ads::CDockWidget>> m_removed; ///< to be deleted when the event loop runs
+    QByteArray m_saved;                                ///< what save() wrote last
     QByteArray m_default;
     QMap<QString, QByteArray> m_named;
     bool m_mayWrite = true;
