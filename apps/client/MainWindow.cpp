@@ -39,6 +39,7 @@ constexpr int kListWidth = 230, kChartWidth = 1170, kListHeight = 400, kChartHei
               kMessageHeight = 90;
 
 constexpr int kStatusDuration = 8000; // milliseconds
+const QSize kUsable(1024, 640);       // the first window is no smaller on any screen
 const QSize kFrame(16, 48);           // that window managers draw around a window
 
 /// Invented trades and accounts, to show what the legend can say.
@@ -65,7 +66,8 @@ MainWindow::MainWindow()
     , m_last(SessionKeeper::last())
     , m_keeper([this] { return session(); })
 {
-    resize(QSize(1400, 860).boundedTo(QGuiApplication::primaryScreen()->availableSize() - kFrame));
+    const QSize room = QGuiApplication::primaryScreen()->availableSize() - kFrame;
+    resize(QSize(1400, 860).boundedTo(room.expandedTo(kUsable)));
     setAcceptDrops(true);
     buildPanels();
     nameInstrument();

@@ -20,9 +20,8 @@ QStringList legendTexts(const QString& bars)
     environment.insert(QStringLiteral("INDICATORUI_HOME"), home.path());
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
     environment.insert(QStringLiteral("LD_PRELOAD"), QStringLiteral(DRAWN_TEXTS));
-    // At a fractional pixel ratio every text of a legend is handed to the painter as text, none as glyphs;
-    // below one, the platform's small screen has room for a whole legend.
-    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("0.625"));
+    // At a fractional pixel ratio every text of a legend is handed to the painter as text, none as glyphs.
+    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("1.25"));
     environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("verify_asan_link_order=0"));
     QProcess program;
     program.setProcessEnvironment(environment);
