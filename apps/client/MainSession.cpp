@@ -3,8 +3,10 @@
 
 #include "apps/client/MainWindow.h"
 #include "apps/client/chart/ChartView.h"
+#include "apps/client/chart/ParameterDialog.h"
 #include "apps/client/chart/TickView.h"
 #include "apps/client/lists/InstrumentList.h"
+#include "engine/language/Formula.h"
 #include "host/TC/CFormulaOperateManager.h"
 #include "host/TC/Instruments.h"
 #include "host/embedded/EmbeddedHost.h"
@@ -61,6 +63,31 @@ void MainWindow::reopen()
         const int last = std::max(0, m_chart->state()->barTotal() - 1 - m_last.behind);
         m_chart->state()->show(std::max(0, last - m_last.shown + 1), last);
     }
+}
+
+void MainWindow::showParameters(const QString& formula)
+{
+    const auto recipe = TC::embedded::resolveFormula(formula);
+    if (!recipe || !recipe->formula)
+        return;
+    auto* dialog = new ParameterDialog(formula, recipe->formula->parameters(), recipe->parameters, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::accepted, this,
+            [this, dialog, formula] { setParameters(formula, dialog->values()); });
+    dialog->open();
+}
+
+void MainWindow::setParameters(const QString& formula, const QVector<double>& values)
+{
+    const auto recipe = TC::embedded::resolveFormula(formula);
+    const auto known = utils::CSingletonT<TC::CFormulaOperateManager>::instance()->getFormula(formula);
+    if (!recipe || recipe->base.isEmpty() || !known)
+        return;
+    TC::CFormulaDetail detail = *known;
+    detail.numberParams = values;
+    TC::embedded::setFormula(detail);
+    m_parameters[formula] = values;
+    followFormulas();
 }
 
 Session MainWindow::session() const

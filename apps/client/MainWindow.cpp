@@ -101,6 +101,8 @@ void MainWindow::startRun()
     }
     tell(TC::embedded::instrumentStoreNotice());
     tellFormulaProblems(TC::embedded::loadFormulas());
+    for (auto entry = m_last.parameters.begin(); entry != m_last.parameters.end(); ++entry)
+        setParameters(entry.key(), entry.value());
     reopen();
     m_chart->setFocus();
     if (!m_oneClient.isFirst())
@@ -205,6 +207,8 @@ void MainWindow::buildPanels()
     connect(m_instruments, &InstrumentList::sigOpen, this, &MainWindow::openBars);
     connect(m_chart, &ChartView::sigOpenRequested, this, &MainWindow::chooseBars);
     connect(m_ticks, &TickView::sigOpenRequested, this, &MainWindow::chooseTicks);
+    connect(m_chart, &ChartView::sigParametersRequested, this, &MainWindow::showParameters);
+    connect(m_formulas, &FormulaList::sigShowRequested, m_chart, &ChartView::showFormula);
     connect(m_formulas, &FormulaList::sigPaneRequested, this,
             [this](const QString& name) { m_chart->addPane({ name }); });
     connect(m_formulas, &FormulaList::sigEditRequested, this, &MainWindow::showFormulaEditor);

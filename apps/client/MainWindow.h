@@ -67,6 +67,9 @@ private:
     void takeChoices();
     /// Opens what the last session showed, unless other bars are open already.
     void reopen();
+    void showParameters(const QString& formula);
+    /// Gives a built-in formula other parameters wherever it is shown.
+    void setParameters(const QString& formula, const QVector<double>& values);
     /// What the window shows now.
     Session session() const;
     /// The window's title names the instrument.

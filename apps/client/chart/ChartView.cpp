@@ -6,6 +6,7 @@
 #include "apps/client/chart/ChartKeys.h"
 #include "apps/client/EmptyPage.h"
 #include "apps/client/chart/TimeAxisWidget.h"
+#include "engine/language/Formula.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -107,12 +108,22 @@ ChartPane* ChartView::addPane(const QStringList& formulas)
     m_splitter->setStretchFactor(m_splitter->count() - 1, main ? chart::kMainShare : 1);
     m_panes.push_back(pane);
     connect(pane, &ChartPane::sigCloseRequested, this, [this, pane] { closePane(pane); });
+    connect(pane, &ChartPane::sigParametersRequested, this, &ChartView::sigParametersRequested);
     connect(pane, &ChartPane::sigMaximizeRequested, this, [this, pane] { toggleMaximized(pane); });
     connect(
         pane, &ChartPane::sigExportRequested, this,
         [this, pane](const QString& formula, bool toClipboard) { exportPane(pane, formula, toClipboard); });
     QTimer::singleShot(0, pane, [this, pane] { m_scroll->ensureWidgetVisible(pane, 0, 0); });
     return pane;
+}
+
+void ChartView::showFormula(const QString& name)
+{
+    const auto recipe = TC::embedded::resolveFormula(name);
+    if (recipe && recipe->formula->kind() != 0)
+        m_panes.front()->data()->addFormula(name);
+    else
+        addPane({ name });
 }
 
 void ChartView::closePane(ChartPane* pane)

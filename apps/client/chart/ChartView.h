@@ -30,12 +30,16 @@ public:
 
     /// Adds a pane below the others; the first one is the main pane and cannot be closed.
     ChartPane* addPane(const QStringList& formulas);
+    /// Shows a formula where it belongs: over the candles, or in a pane of its own.
+    void showFormula(const QString& name);
     void closePane(ChartPane* pane);
     /// Gives one pane the whole height, or all their shares again.
     void toggleMaximized(ChartPane* pane);
 
 Q_SIGNALS:
     void sigMessage(const QString& text);
+    /// The user wants other parameters for a formula.
+    void sigParametersRequested(const QString& formula);
     /// The user wants to choose a bars file.
     void sigOpenRequested();
 
