@@ -54,6 +54,8 @@ void MainWindow::takeChoices()
         chooseSkin(m_last.skin);
     for (const QStringList& formulas : m_last.panes.empty() ? usualPanes() : m_last.panes)
         m_chart->addPane(formulas);
+    m_instruments->setFilter(m_last.filter);
+    m_ticks->setFollowsBook(m_last.bookRule);
 }
 
 void MainWindow::reopen()
@@ -97,6 +99,7 @@ Session MainWindow::session() const
     now.skin = m_skin;
     now.bars = m_barsPath;
     now.ticks = m_ticksPath;
+    now.filter = m_instruments->filter();
     now.shown = state->last() - state->first() + 1;
     now.behind = std::max(0, state->barTotal() - 1 - state->last());
     now.bookRule = m_ticks->followsBook();

@@ -13,6 +13,7 @@
 #include "apps/client/editor/FormulaEditor.h"
 #include "apps/client/lists/FormulaList.h"
 #include "apps/client/lists/InstrumentList.h"
+#include "apps/client/lists/InstrumentSearch.h"
 #include "apps/client/lists/MessageList.h"
 #include "host/TC/Folders.h"
 #include "host/TC/Instruments.h"
@@ -207,6 +208,11 @@ void MainWindow::buildPanels()
     connect(m_instruments, &InstrumentList::sigOpen, this, &MainWindow::openBars);
     connect(m_chart, &ChartView::sigOpenRequested, this, &MainWindow::chooseBars);
     connect(m_ticks, &TickView::sigOpenRequested, this, &MainWindow::chooseTicks);
+    m_search = new InstrumentSearch(m_chart);
+    connect(m_search, &InstrumentSearch::sigOpen, this, &MainWindow::openBars);
+    connect(m_chart, &ChartView::sigStepRequested, m_instruments, &InstrumentList::step);
+    connect(m_chart, &ChartView::sigSearchRequested, this,
+            [this](const QString& typed) { m_search->open(m_instruments->instruments(), typed); });
     connect(m_chart, &ChartView::sigParametersRequested, this, &MainWindow::showParameters);
     connect(m_formulas, &FormulaList::sigShowRequested, m_chart, &ChartView::showFormula);
     connect(m_formulas, &FormulaList::sigPaneRequested, this,
@@ -226,7 +232,7 @@ base::Result<void> MainWindow::openBars(const QString& path)
     base::Result<chart::OpenedBars> opened = chart::openBarsFile(path);
     if (!opened.isGood())
         return told(opened.failure());
-    m_instruments->listFolder(QFileInfo(path).absolutePath());
+    m_instruments->showFile(path);
     clearOverlays();
     m_barsPath = QFileInfo(path).absoluteFilePath();
     m_chart->state()->setBars(opened->instrument, opened->bars);

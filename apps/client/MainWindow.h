@@ -23,6 +23,7 @@ class ChartView;
 class FormulaEditor;
 class FormulaList;
 class InstrumentList;
+class InstrumentSearch;
 class MessageList;
 class TickView;
 
@@ -109,6 +110,7 @@ private:
     TickView* m_ticks = nullptr;
     BasketPanel* m_basket = nullptr;
     InstrumentList* m_instruments = nullptr;
+    InstrumentSearch* m_search = nullptr;
     FormulaList* m_formulas = nullptr;
     MessageList* m_messages = nullptr;
     QPointer<FormulaEditor> m_editor; ///< while it is open

@@ -154,7 +154,13 @@ void ChartView::toggleMaximized(ChartPane* pane)
 
 void ChartView::keyPressEvent(QKeyEvent* event)
 {
-    if (!moveByKey(m_state, event->key()))
+    const QString typed = event->text();
+    const bool isPlain = !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown)
+        Q_EMIT sigStepRequested(event->key() == Qt::Key_PageUp ? -1 : 1);
+    else if (isPlain && !typed.isEmpty() && typed.at(0).isLetterOrNumber())
+        Q_EMIT sigSearchRequested(typed);
+    else if (!moveByKey(m_state, event->key()))
         QWidget::keyPressEvent(event);
 }
 

@@ -38,6 +38,10 @@ public:
 
 Q_SIGNALS:
     void sigMessage(const QString& text);
+    /// The user wants the instrument that many places further in the list.
+    void sigStepRequested(int places);
+    /// The user has typed the beginning of an instrument's code or name.
+    void sigSearchRequested(const QString& typed);
     /// The user wants other parameters for a formula.
     void sigParametersRequested(const QString& formula);
     /// The user wants to choose a bars file.

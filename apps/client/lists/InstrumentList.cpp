@@ -8,10 +8,12 @@
 #include "host/utils/CSingletonT.h"
 
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
@@ -38,6 +40,11 @@ QStringList barsFilesIn(const QString& folder)
 
 } // namespace
 
+bool ListedInstrument::isMeantBy(const QString& typed) const
+{
+    return text.contains(typed, Qt::CaseInsensitive) || TC::isInByPy(text, typed);
+}
+
 InstrumentList::InstrumentList(QWidget* parent)
     : QWidget(parent)
     , m_filter(new QLineEdit(this))
@@ -45,34 +52,121 @@ InstrumentList::InstrumentList(QWidget* parent)
 {
     m_filter->setPlaceholderText(QStringLiteral("代码、名称或拼音首字母"));
     m_filter->setClearButtonEnabled(true);
+    setFocusProxy(m_filter);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(2, 2, 2, 2);
     layout->addWidget(m_filter);
     layout->addWidget(m_list);
-    connect(m_filter, &QLineEdit::textChanged, this, &InstrumentList::filter);
-    connect(m_list, &QListWidget::itemActivated, this,
-            [this](QListWidgetItem* item) { Q_EMIT sigOpen(item->data(Qt::UserRole).toString()); });
+    m_filter->installEventFilter(this);
+    m_list->installEventFilter(this);
+    connect(m_filter, &QLineEdit::textChanged, this, &InstrumentList::applyFilter);
+    connect(m_list, &QListWidget::itemDoubleClicked, this, &InstrumentList::openCurrent);
 }
 
-void InstrumentList::listFolder(const QString& folder)
+void InstrumentList::showFile(const QString& path)
 {
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    list(QFileInfo(absolute).absolutePath());
+    const auto found =
+        std::find_if(m_instruments.begin(), m_instruments.end(),
+                     [&](const ListedInstrument& instrument) { return instrument.path == absolute; });
+    m_list->setCurrentRow(found == m_instruments.end() ? -1
+                                                       : static_cast<int>(found - m_instruments.begin()));
+}
+
+void InstrumentList::list(const QString& folder)
+{
+    const QStringList paths = barsFilesIn(folder);
+    const bool isSame = std::equal(
+        paths.begin(), paths.end(), m_instruments.begin(), m_instruments.end(),
+        [](const QString& path, const ListedInstrument& instrument) { return path == instrument.path; });
+    if (isSame)
+        return;
+    m_instruments.clear();
     m_list->clear();
     const auto* stocks = utils::CSingletonT<TC::CStockManager>::instance();
-    const QStringList paths = barsFilesIn(folder);
     for (const QString& path : paths) {
         const QString key = QFileInfo(path).baseName();
         const QString name = TC::getDetailQsName(stocks->getInstrumentDetail(key));
-        auto* item = new QListWidgetItem(QStringLiteral("%1  %2").arg(base::printable(key), name), m_list);
-        item->setData(Qt::UserRole, path);
+        m_instruments.push_back({ path, QStringLiteral("%1  %2").arg(base::printable(key), name) });
+        m_list->addItem(m_instruments.back().text);
     }
+    applyFilter();
 }
 
-void InstrumentList::filter(const QString& text)
+QString InstrumentList::filter() const
 {
-    for (int row = 0; row < m_list->count(); ++row) {
-        QListWidgetItem* item = m_list->item(row);
-        item->setHidden(!item->text().contains(text, Qt::CaseInsensitive)
-                        && !TC::isInByPy(item->text(), text));
+    return m_filter->text();
+}
+
+void InstrumentList::setFilter(const QString& text)
+{
+    m_filter->setText(text);
+}
+
+void InstrumentList::applyFilter()
+{
+    for (int row = 0; row < m_list->count(); ++row)
+        m_list->item(row)->setHidden(
+            !m_instruments[static_cast<std::size_t>(row)].isMeantBy(m_filter->text()));
+}
+
+int InstrumentList::rowBehind(int places) const
+{
+    const int direction = places < 0 ? -1 : 1;
+    int found = -1;
+    // Without a current row the first step leads to the first one, or the last one.
+    int row = m_list->currentRow() < 0 && direction < 0 ? m_list->count() : m_list->currentRow();
+    for (int left = std::abs(places); left > 0; --left) {
+        do
+            row += direction;
+        while (row >= 0 && row < m_list->count() && m_list->item(row)->isHidden());
+        if (row < 0 || row >= m_list->count())
+            break;
+        found = row;
+    }
+    return found;
+}
+
+void InstrumentList::step(int places)
+{
+    const int row = rowBehind(places);
+    if (row < 0)
+        return;
+    m_list->setCurrentRow(row);
+    openCurrent();
+}
+
+void InstrumentList::openCurrent()
+{
+    int row = m_list->currentRow();
+    if (row < 0 || m_list->item(row)->isHidden()) {
+        m_list->setCurrentRow(-1);
+        row = rowBehind(1); // the first one that the filter leaves
+        m_list->setCurrentRow(row);
+    }
+    if (row >= 0)
+        Q_EMIT sigOpen(QString(m_instruments[static_cast<std::size_t>(row)].path)); // the list may change
+}
+
+/// Keys mean the same in the filter and in the list.
+bool InstrumentList::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const auto move = [this](int places) {
+        if (const int row = rowBehind(places); row >= 0)
+            m_list->setCurrentRow(row);
+    };
+    constexpr int page = 10;
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: openCurrent(); return true;
+    case Qt::Key_Up: move(-1); return true;
+    case Qt::Key_Down: move(1); return true;
+    case Qt::Key_PageUp: move(-page); return true;
+    case Qt::Key_PageDown: move(page); return true;
+    default: return QWidget::eventFilter(watched, event);
     }
 }
 
