@@ -54,6 +54,13 @@ void paintLegend(QPainter& painter, const ChartPicture& picture, const PicturePa
 
 } // namespace
 
+QSize leastSize(std::size_t panes)
+{
+    constexpr int leastPlot = 100, alone = 2 * kRowHeight + kLeastHeight;
+    const int shares = kMainShare + static_cast<int>(panes) - 1;
+    return QSize(kAxisWidth + leastPlot, kTimeHeight + (panes > 1 ? shares * kLeastHeight : alone));
+}
+
 void paintChart(QPainter& painter, const ChartPicture& picture, const QSize& size)
 {
     const int shares = kMainShare + static_cast<int>(picture.panes.size()) - 1;

@@ -9,6 +9,7 @@
 
 #include <QSize>
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -34,7 +35,10 @@ struct ChartPicture
     int first = 0, last = -1;        ///< bars, both inclusive; legends show the last one
 };
 
-/// Paints the picture into (0, 0) to `size`. Sizes too small for the panes leave panes out from below.
+/// The least size on which every pane is drawn.
+QSize leastSize(std::size_t panes);
+
+/// Paints the picture into (0, 0) to `size`. Sizes below the least one leave panes out from below.
 void paintChart(QPainter& painter, const ChartPicture& picture, const QSize& size);
 
 } // namespace chart

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/chart/PaneResults.h"
 
+#include "apps/chart/ExportText.h"
 #include "host/TC/Instruments.h"
 #include "host/ttservice/CInstrumentDetail.h"
 
@@ -35,7 +36,7 @@ std::string PaneResults::exported(const QString& formula, bool withTime)
     if (caches.empty())
         return std::string();
     if (!formula.isEmpty())
-        return getResultTxtStr(caches.front()->result, caches.front()->meta, withTime);
+        return withoutMissing(getResultTxtStr(caches.front()->result, caches.front()->meta, withTime));
     // The results are lent, as a copy of millions of bars would take more room than the text.
     std::vector<se::RPCFormulaResult> results;
     std::vector<se::RPCFormulaMetaResult> metas;
@@ -46,7 +47,7 @@ std::string PaneResults::exported(const QString& formula, bool withTime)
     std::string text = getResultTxtStr(results, metas, withTime);
     for (std::size_t index = 0; index < caches.size(); ++index)
         caches[index]->result = std::move(results[index]);
-    return text;
+    return withoutMissing(text);
 }
 
 void PaneResults::clear()

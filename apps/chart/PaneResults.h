@@ -22,7 +22,8 @@ public:
     void add(const TC::CFormulaKey& key, engine::FormulaRecords records);
 
     /// The text of a formula's results, or of all of them side by side in the display order of the pane when
-    /// `formula` is empty. Formulas whose results have not arrived are left out; empty when none is there.
+    /// `formula` is empty; cells of missing numbers are empty. Formulas whose results have not arrived are
+    /// left out; empty when none is there.
     std::string exported(const QString& formula, bool withTime);
 
     /// Forgets every formula.

@@ -64,6 +64,7 @@ CommandLine::CommandLine()
                          text("where to paint the picture: .png, .svg or .pdf"),
                          text("FILE") });
     m_parser.addOption({ { text("h"), text("help") }, text("show this text") });
+    m_parser.addOption({ text("version"), text("show the version") });
 }
 
 void CommandLine::add(const char* name, const char* value, const char* description)
@@ -183,6 +184,11 @@ QString usage()
     return CommandLine().help();
 }
 
+QString versionLine()
+{
+    return QStringLiteral("indicatorui-render " INDICATORUI_VERSION "\n");
+}
+
 base::Result<Options> readOptions(const QStringList& arguments)
 {
     CommandLine line;
@@ -190,7 +196,8 @@ base::Result<Options> readOptions(const QStringList& arguments)
         return base::Failure { line.wrong() };
     Options options;
     options.help = line.has("help");
-    if (options.help)
+    options.version = line.has("version");
+    if (options.help || options.version)
         return options;
     const std::pair<const char*, QString*> texts[] = {
         { "bars", &options.bars },

@@ -34,10 +34,13 @@ struct Options
     QString exportOne;        ///< name of the one formula to export; empty: all, side by side
     bool withTime = false;    ///< exported rows carry the time of day
     bool help = false;        ///< nothing else counts then
+    bool version = false;     ///< likewise
 };
 
 /// Text of --help.
 QString usage();
+/// Text of --version.
+QString versionLine();
 
 /// Reads the arguments (without the program's name).
 /// @return defaults where an option is not given; or one line that names the argument and what is wrong.

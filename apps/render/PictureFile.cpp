@@ -40,12 +40,15 @@ QByteArray asPng(const QSize& size, double dpr, const Paint& paint)
     return paintOn(image, paint) && image.save(&buffer, "PNG") ? bytes : QByteArray();
 }
 
+constexpr int kDotsPerInch = 96; // so large is a pixel on paper
+
 QByteArray asSvg(const QSize& size, const Paint& paint)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     QSvgGenerator generator;
     generator.setOutputDevice(&buffer);
+    generator.setResolution(kDotsPerInch);
     generator.setSize(size);
     generator.setViewBox(QRect(QPoint(0, 0), size));
     generator.setTitle(QStringLiteral("Indicator chart"));
@@ -54,13 +57,13 @@ QByteArray asSvg(const QSize& size, const Paint& paint)
 
 QByteArray asPdf(const QSize& size, const Paint& paint)
 {
-    constexpr int dotsPerInch = 96;
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
-    writer.setResolution(dotsPerInch);
-    writer.setPageSize(QPageSize(QSizeF(size) * 72.0 / dotsPerInch, QPageSize::Point));
+    writer.setResolution(kDotsPerInch);
+    writer.setPageSize(
+        QPageSize(QSizeF(size) * 72.0 / kDotsPerInch, QPageSize::Point, QString(), QPageSize::ExactMatch));
     writer.setPageMargins(QMarginsF(0, 0, 0, 0));
     return paintOn(writer, paint) ? bytes : QByteArray();
 }

@@ -74,7 +74,8 @@ base::Result<void> renderChart(const render::Options& options)
     if (!options.skin.isEmpty()) {
         const QString failure = TC::embedded::loadSkin(options.skin);
         if (!failure.isEmpty())
-            return base::Failure { failure };
+            return base::Failure { QStringLiteral("%1; shipped skins are %2")
+                                       .arg(failure, TC::embedded::skinNames().join(QStringLiteral(", "))) };
     }
     print(TC::embedded::loadFormulas()); // a user's formula that is left out is told of
     base::Result<render::LoadedChart> chart = render::loadChart(options);
@@ -85,6 +86,14 @@ base::Result<void> renderChart(const render::Options& options)
         if (!exported.isGood() || options.output.isEmpty())
             return exported;
     }
+    const QSize least = chart::leastSize(chart->picture.panes.size());
+    if (options.size.width() < least.width() || options.size.height() < least.height())
+        return base::Failure { QStringLiteral("--size %1x%2 is too small for %3 panes: at least %4x%5")
+                                   .arg(options.size.width())
+                                   .arg(options.size.height())
+                                   .arg(chart->picture.panes.size())
+                                   .arg(least.width())
+                                   .arg(least.height()) };
     return render::writePicture(options.output, options.size, options.dpr, [&](QPainter& painter) {
         chart::paintChart(painter, chart->picture, options.size);
     });
@@ -101,8 +110,9 @@ int run(int argc, char** argv)
     for (int i = 1; i < argc; ++i)
         arguments << base::nameFromBytes(argv[i]);
     base::Result<render::Options> options = render::readOptions(arguments);
-    if (options.isGood() && options->help) {
-        std::fputs(render::usage().toUtf8().constData(), stdout);
+    if (options.isGood() && (options->help || options->version)) {
+        const QString text = options->help ? render::usage() : render::versionLine();
+        std::fputs(text.toUtf8().constData(), stdout);
         return 0;
     }
     if (options.isGood() && !options->check.isEmpty())

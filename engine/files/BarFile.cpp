@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "engine/files/BarFile.h"
 
+#include "engine/files/BarHeader.h"
+#include "engine/files/BarTime.h"
 #include "engine/files/CsvReader.h"
-#include "engine/calendar/Times.h"
 
 namespace engine {
 
@@ -14,12 +15,12 @@ class BarReader
 public:
     explicit BarReader(CsvReader& csv)
         : m_csv(csv)
-        , m_date(csv.require("date"))
-        , m_time(csv.find("time"))
-        , m_prices { csv.require("open"), csv.require("high"), csv.require("low"), csv.require("close") }
-        , m_volume(csv.require("volume"))
-        , m_amount(csv.find("amount"))
-        , m_openInterest(csv.find("open_interest"))
+        , m_date(require("date"))
+        , m_time(find("time"))
+        , m_prices { require("open"), require("high"), require("low"), require("close") }
+        , m_volume(find("volume"))
+        , m_amount(find("amount"))
+        , m_openInterest(find("open_interest"))
     {
     }
 
@@ -33,7 +34,9 @@ public:
         if (m_bars.high.back() < m_bars.low.back())
             m_csv.fail("the high " + std::string(m_csv.text(m_prices[1])) + " is below the low "
                        + std::string(m_csv.text(m_prices[2])));
-        m_bars.volume.push_back(m_csv.number(m_volume));
+        // A source without volumes, or without that of one bar: nothing was traded as far as it knows.
+        const bool hasVolume = m_volume && !m_csv.text(*m_volume).empty();
+        m_bars.volume.push_back(hasVolume ? m_csv.number(*m_volume) : 0.0);
         if (m_amount)
             m_bars.amount.push_back(m_csv.number(*m_amount));
         if (m_openInterest)
@@ -46,36 +49,30 @@ private:
     static constexpr std::vector<double> BarSeries::*kPrices[] = { &BarSeries::open, &BarSeries::high,
                                                                    &BarSeries::low, &BarSeries::close };
 
-    /// The date, and the time in a column of its own or after a blank in the date's.
+    std::optional<std::size_t> find(std::string_view column) const
+    {
+        return findBarColumn(m_csv.header(), column);
+    }
+    std::size_t require(std::string_view column) { return m_csv.require(find(column), column); }
+
     void readTime()
     {
-        std::string_view date = m_csv.text(m_date), time = m_time ? m_csv.text(*m_time) : std::string_view();
-        if (const std::size_t blank = date.find(' '); blank != std::string_view::npos && time.empty()) {
-            time = date.substr(date.find_first_not_of(' ', blank));
-            date = date.substr(0, blank);
-        }
-        CivilTime civil;
-        if (!readDate(date, civil))
-            return m_csv.fail("\"" + std::string(date.substr(0, 40)) + "\" is not a date");
-        if (!time.empty() && !readTimeOfDay(time, civil))
-            return m_csv.fail("\"" + std::string(time.substr(0, 40)) + "\" is not a time");
-        const std::optional<std::int64_t> msecs = localMs(civil);
-        if (!msecs)
-            return m_csv.fail("the date is out of range");
-        // Where the clock is put forward or back, what was written in order need not lie in order.
-        const std::int64_t written = utcMs(civil);
-        if (!m_bars.timeMs.empty() && written <= m_lastWritten)
+        std::string failure;
+        const std::optional<BarTime> time =
+            readBarTime(m_csv.text(m_date), m_time ? m_csv.text(*m_time) : std::string_view(), failure);
+        if (!time)
+            return m_csv.fail(failure);
+        if (!m_bars.timeMs.empty() && time->written <= m_lastWritten)
             return m_csv.fail("the date is not after the one before");
-        m_lastWritten = written;
-        m_bars.timeMs.push_back(*msecs);
+        m_lastWritten = time->written;
+        m_bars.timeMs.push_back(time->timeMs);
     }
 
     CsvReader& m_csv;
     std::size_t m_date;
     std::optional<std::size_t> m_time;
     std::size_t m_prices[4];
-    std::size_t m_volume;
-    std::optional<std::size_t> m_amount, m_openInterest;
+    std::optional<std::size_t> m_volume, m_amount, m_openInterest;
     std::int64_t m_lastWritten = 0; ///< date and time of the row before as they stand there
     BarSeries m_bars;
 };

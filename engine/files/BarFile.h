@@ -10,9 +10,9 @@
 
 namespace engine {
 
-/// Reads bars from a UTF-8 CSV file whose header names its columns: date, optionally time, open, high, low,
-/// close, volume, and optionally amount and open_interest; other columns are passed over. Dates are local;
-/// 2024-03-05 or 2024/03/05, times 09:30 or 09:30:00, in their own column or after a blank in the date's.
+/// Reads bars from a CSV file whose header names its columns, in English or in Chinese (UTF-8 or GB18030):
+/// date, optionally time, open, high, low, close, and optionally volume, amount and open_interest; other
+/// columns are passed over. A volume that is missing is 0. Forms of dates are those of readBarTime.
 /// Without a time a bar starts at midnight. Times must rise from row to row as they are written; what the
 /// local zone makes of them is another matter: a time that its clock leaves out is taken as if the clock had
 /// not yet been put forward, of one that it shows twice the first. A high must not be below its low; opens

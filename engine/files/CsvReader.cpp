@@ -82,7 +82,11 @@ std::optional<std::size_t> CsvReader::find(std::string_view name) const
 
 std::size_t CsvReader::require(std::string_view name)
 {
-    const std::optional<std::size_t> column = find(name);
+    return require(find(name), name);
+}
+
+std::size_t CsvReader::require(std::optional<std::size_t> column, std::string_view name)
+{
     if (!column)
         fail((looksLikeData(m_header.front()) ? "the first line is no header: it names no column \""
                                               : "the header has no column \"")

@@ -33,10 +33,14 @@ public:
     /// Reads the header. @return false with failure() set when the file cannot be read or holds nothing.
     bool readHeader();
 
+    /// Names of the columns, in lower case.
+    const std::vector<std::string>& header() const { return m_header; }
     /// Position of a column in the header, names in any case; nothing when there is none.
     std::optional<std::size_t> find(std::string_view name) const;
     /// As find, but a missing column is a failure.
     std::size_t require(std::string_view name);
+    /// A position that was found otherwise; a missing column of the name is a failure.
+    std::size_t require(std::optional<std::size_t> column, std::string_view name);
 
     /// Goes to the next line that is not blank and splits it. @return false at the end, or after a failure,
     /// which a line with fewer fields than the header is.

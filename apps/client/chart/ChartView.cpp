@@ -7,10 +7,12 @@
 #include "apps/client/EmptyPage.h"
 #include "apps/client/chart/TimeAxisWidget.h"
 #include "engine/language/Formula.h"
+#include "host/TC/Instruments.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollArea>
@@ -173,10 +175,14 @@ void ChartView::exportPane(ChartPane* pane, const QString& formula, bool toClipb
         Q_EMIT sigMessage(QStringLiteral("指标数据已复制到剪贴板"));
         return;
     }
-    const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("导出指标"), QStringLiteral("."),
-                                                      QStringLiteral("CSV (*.csv)"));
+    const QString shown = formula.isEmpty() ? pane->data()->getFormulas().join(QLatin1Char('-')) : formula;
+    const QString proposed = QStringLiteral("%1-%2.csv").arg(TC::getDetailQsKey(m_state.instrument()), shown);
+    QString path = QFileDialog::getSaveFileName(this, QStringLiteral("导出指标"), proposed,
+                                                QStringLiteral("CSV (*.csv)"));
     if (path.isEmpty())
         return;
+    if (QFileInfo(path).suffix().isEmpty())
+        path += QStringLiteral(".csv");
     const auto fault = base::writeWholeFile(path, QByteArray::fromStdString(text));
     Q_EMIT sigMessage(fault ? fault->chinese() : QStringLiteral("已导出 %1").arg(path));
 }

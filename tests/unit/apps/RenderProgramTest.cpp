@@ -172,6 +172,43 @@ TEST_F(RenderProgram, RefusesPicturesBeyondAGibibyte)
     EXPECT_EQ(sized("4000x300", "4").exitCode, 0);
 }
 
+TEST_F(RenderProgram, RefusesSizesTooSmallForThePanesAndDrawsTheLeastOne)
+{
+    const auto sized = [&](const char* size, QStringList more) {
+        return run(QStringList { QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--size"),
+                                 QString::fromLatin1(size), QStringLiteral("-o"), path("out.png") }
+                   + more);
+    };
+    const QStringList one { QStringLiteral("--pane"), QStringLiteral("KLINE") };
+    expectRefused(sized("400x219", {}), "too small for 3 panes: at least 166x220");
+    expectRefused(sized("165x400", {}), "at least 166x220");
+    expectRefused(sized("400x91", one), "too small for 1 panes: at least 166x92");
+    EXPECT_EQ(sized("166x220", {}).exitCode, 0);
+    EXPECT_EQ(sized("166x92", one).exitCode, 0);
+}
+
+TEST_F(RenderProgram, GivesSvgAndPdfTheirSizeAt96DotsPerInch)
+{
+    for (const char* name : { "out.svg", "out.pdf" })
+        ASSERT_EQ(run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--size"),
+                        QStringLiteral("960x480"), QStringLiteral("-o"), path(name) })
+                      .exitCode,
+                  0);
+    const QByteArray svg = test::RecoveryFolders::contentOf(path("out.svg"));
+    EXPECT_TRUE(svg.contains("width=\"254mm\" height=\"127mm\""))
+        << svg.left(300).toStdString(); // 10 x 5 inches
+    EXPECT_TRUE(test::RecoveryFolders::contentOf(path("out.pdf")).contains("/MediaBox [0 0 720"));
+}
+
+TEST_F(RenderProgram, TellsItsVersion)
+{
+    QProcess process;
+    process.start(QStringLiteral(RENDER_PROGRAM), { QStringLiteral("--version") });
+    ASSERT_TRUE(process.waitForFinished(60'000));
+    EXPECT_EQ(process.exitCode(), 0);
+    EXPECT_TRUE(process.readAllStandardOutput().startsWith("indicatorui-render 0."));
+}
+
 TEST_F(RenderProgram, EndsInOneLineWhenMemoryGivesOut)
 {
     if (!test::measuresMemory())

@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTextCodec>
 
 #include <gtest/gtest.h>
 
@@ -276,13 +277,57 @@ TEST(BarFile, TakesATimeThatTheClockShowsTwiceAsTheFirst)
 
 TEST(BarFile, NamesDatesAndTimesThatDoNotExist)
 {
-    for (const char* date : { "2023-02-29", "2024-13-01", "2024-00-01", "2024-01-32", "20240105", "2024-1/5",
+    for (const char* date : { "2023-02-29", "2024-13-01", "2024-00-01", "2024-01-32", "20241305", "2024-1/5",
                               "-024-01-05", "2024-01-05x", "" })
         EXPECT_EQ(failureOf(std::string(date) + ",1,2,1,2,5\n"),
                   "bars.csv:2: \"" + std::string(date) + "\" is not a date");
     for (const char* time : { "24:00", "12:60", "12", "12:3", "12:30:61", "12:30x" })
         EXPECT_EQ(failureOf("2024-01-05 " + std::string(time) + ",1,2,1,2,5\n"),
                   "bars.csv:2: \"" + std::string(time) + "\" is not a time");
+}
+
+TEST(BarFile, ReadsDatesInTheFormsOfDataServices)
+{
+    const auto first = [](const char* column, const char* date) {
+        const BarText text(std::string(column) + ",open,high,low,close,volume\n" + date + ",1,2,1,2,5\n");
+        EXPECT_TRUE(text.bars) << date << ": " << text.failure;
+        return text.bars ? text.bars->timeMs[0] : 0;
+    };
+    const std::int64_t day = first("date", "2024-01-02"), opening = first("date", "2024-01-02 09:30");
+    EXPECT_EQ(first("date", "20240102"), day);
+    EXPECT_EQ(first("date", "20240102 09:30"), opening);
+    EXPECT_EQ(first("date", "2024-01-02T09:30"), opening);
+    EXPECT_EQ(first("datetime", "2024-01-02T09:30:00.000"), opening);
+    EXPECT_EQ(first("date", std::to_string(opening / 1000).c_str()), opening);
+    EXPECT_EQ(first("date", std::to_string(opening).c_str()), opening);
+    EXPECT_EQ(failureOf("2024-01-02T,1,2,1,2,5\n2024-01-02T25:00,1,2,1,2,5\n"),
+              "bars.csv:3: \"25:00\" is not a time");
+}
+
+TEST(BarFile, FindsChineseColumnsInUtf8AndGbk)
+{
+    const QString header = QStringLiteral("日期,时间,开盘价,最高价,最低价,收盘价,成交量,成交额");
+    for (const char* codec : { "UTF-8", "GBK" }) {
+        const BarText text(QTextCodec::codecForName(codec)->fromUnicode(header).toStdString()
+                           + "\r\n20240102,09:31,2,4,1,3,50,99\r\n");
+        ASSERT_TRUE(text.bars) << codec << text.failure;
+        EXPECT_EQ(text.bars->open[0], 2);
+        EXPECT_EQ(text.bars->high[0], 4);
+        EXPECT_EQ(text.bars->low[0], 1);
+        EXPECT_EQ(text.bars->close[0], 3);
+        EXPECT_EQ(text.bars->volume[0], 50);
+        EXPECT_EQ(text.bars->amount[0], 99);
+    }
+}
+
+TEST(BarFile, TakesAMissingVolumeForNone)
+{
+    const BarText without("date,open,high,low,close\n2024-03-05,1,2,1,2\n");
+    ASSERT_TRUE(without.bars) << without.failure;
+    EXPECT_EQ(without.bars->volume, std::vector<double> { 0.0 });
+    const BarText gaps(std::string(kHeader) + "2024-03-05,1,2,1,2,\n2024-03-06,1,2,1,2,7\n");
+    ASSERT_TRUE(gaps.bars) << gaps.failure;
+    EXPECT_EQ(gaps.bars->volume, (std::vector<double> { 0.0, 7.0 }));
 }
 
 TEST(BarFile, ReadsTheLeapDayOfACentury)

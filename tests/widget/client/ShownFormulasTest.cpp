@@ -6,6 +6,7 @@
 #include "tests/widget/client/ClientWindow.h"
 #include "title/CIndexTitleWidget.h"
 
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
@@ -121,4 +122,20 @@ TEST_F(ClientWindow, ShowsAllPanesAgainBeforeOneIsAdded)
     activate(m_window.get(), "KDJ");
     for (client::ChartPane* pane : panes())
         EXPECT_TRUE(pane->isVisible());
+}
+
+TEST_F(ClientWindow, CopiesResultsWithEmptyCellsWhereNumbersAreMissing)
+{
+    openShare();
+    activate(m_window.get(), "SAR");
+    client::PaneData* data = panes()[0]->data();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return data->getData().size() == 3; }));
+    choose(panes()[0], nullptr, "复制全部指标");
+    const QStringList lines = QApplication::clipboard()->text().split(QLatin1Char('\n'));
+    ASSERT_GT(lines.size(), 5000);
+    const QStringList first = lines.at(1).split(QLatin1Char(','));
+    EXPECT_EQ(first.size(), lines.at(0).split(QLatin1Char(',')).size());
+    EXPECT_TRUE(first.contains(QString())) << lines.at(1).toStdString(); // no average of five days yet
+    for (const char* mark : { "1797693", "nan", "inf" })
+        EXPECT_TRUE(lines.filter(QString::fromLatin1(mark)).isEmpty()) << mark;
 }
