@@ -9,7 +9,7 @@
 namespace chart {
 
 /// A run of bars over the width of a pane, one slot each: the slots of the library's candles. Bar `first` has
-/// its left edge on column 0, its centre `halfWidth()` to the right.
+/// its left edge on column 0.
 struct BarView
 {
     int first = 0, last = -1; ///< bars, both inclusive
@@ -21,8 +21,12 @@ struct BarView
     /// Half the width of a candle's body in pixels; 0 where only lines fit.
     int halfWidth() const { return std::max(0, static_cast<int>((slotWidth() - 1.0) * 0.42)); }
 
+    /// Columns by which all that is drawn moves to the right, so that candles stand in the middle of their
+    /// slots.
+    int shift() const { return std::max(0, static_cast<int>((slotWidth() - (2 * halfWidth() + 1)) / 2)); }
+
     /// Column of a bar's centre.
-    int centre(int bar) const { return slots().x(bar) + halfWidth(); }
+    int centre(int bar) const { return slots().x(bar) + halfWidth() + shift(); }
 
     /// Bar under a column; limited to the shown ones. -1 when nothing is shown.
     int barAt(int column) const

@@ -41,6 +41,7 @@ void paintOutput(QPainter& painter, TC::CDrawStyle& style, const PaneContent& pa
     const int barCount = view.count() - 1;
     const bool fullWidth = false;
     const int half = view.halfWidth();
+    const int crossWidth = std::clamp(2 * half + 1, 6, 10);
     const int first = view.first, last = view.last;
     const auto index = static_cast<std::size_t>(output);
     switch (cache.meta.drawType[index]) {
@@ -57,8 +58,10 @@ void paintOutput(QPainter& painter, TC::CDrawStyle& style, const PaneContent& pa
                              fullWidth, barCount, false, false);
         break;
     case DrawType::Tick:
-        style.drawTick(&painter, rect, range, cache, first, last, output, std::clamp(2 * half + 1, 6, 10),
-                       0.0, 0.0, fullWidth, barCount);
+        // A cross stands its own width to the right of the slot's edge: it is brought over the slot's column.
+        painter.translate(half - crossWidth, 0);
+        style.drawTick(&painter, rect, range, cache, first, last, output, crossWidth, 0.0, 0.0, fullWidth,
+                       barCount);
         break;
     case DrawType::TickVolume:
         if (pane.bookRule)
@@ -129,6 +132,7 @@ void paintFormulas(QPainter& painter, const PaneContent& pane, const BarView& vi
             if (meta.lineWidth[output] == 0)
                 continue;
             painter.save();
+            painter.translate(view.shift(), 0);
             paintOutput(painter, style, pane, formula, static_cast<int>(output), view, range, height);
             painter.restore();
         }

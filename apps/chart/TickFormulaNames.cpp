@@ -14,7 +14,7 @@ void registerTickFormulas()
     formula.displayName = formula.realName = QString::fromLatin1(kTickPrices);
     formula.kind = mainChart;
     TC::embedded::setFormula(formula);
-    formula.displayName = formula.realName = QString::fromLatin1(kTickVolumes);
+    formula.displayName = formula.realName = QString::fromUtf8(kTickVolumes);
     formula.kind = ownPane;
     TC::embedded::setFormula(formula);
 }

@@ -2,6 +2,7 @@
 /// @file What the client's window keeps from one run to the next, and what it opens.
 
 #include "apps/client/MainWindow.h"
+#include "apps/chart/OpenedBars.h"
 #include "apps/client/chart/ChartView.h"
 #include "apps/client/chart/ParameterDialog.h"
 #include "apps/client/chart/TickView.h"
@@ -65,6 +66,18 @@ void MainWindow::reopen()
         const int last = std::max(0, m_chart->state()->barTotal() - 1 - m_last.behind);
         m_chart->state()->show(std::max(0, last - m_last.shown + 1), last);
     }
+    if (m_ticksPath.isEmpty())
+        reopenTicks();
+}
+
+void MainWindow::reopenTicks()
+{
+    base::Result<chart::OpenedTicks> opened =
+        m_last.ticks.isEmpty() ? base::Failure {} : chart::openTicksFile(m_last.ticks);
+    if (!opened.isGood())
+        return tell(opened.reason());
+    m_ticksPath = m_last.ticks;
+    m_ticks->setTicks(*opened);
 }
 
 void MainWindow::showParameters(const QString& formula)

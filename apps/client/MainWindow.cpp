@@ -253,6 +253,7 @@ base::Result<void> MainWindow::openTicks(const QString& path)
     if (ads::CDockWidget* dock = m_docks.dock(kTickPanel)) {
         dock->toggleView(true);
         dock->setAsCurrentTab();
+        m_ticks->setFocus();
     }
     slotShowMessage(
         QStringLiteral("已打开 %1（%2 笔）")

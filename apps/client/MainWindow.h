@@ -68,6 +68,7 @@ private:
     void takeChoices();
     /// Opens what the last session showed, unless other bars are open already.
     void reopen();
+    void reopenTicks();
     void showParameters(const QString& formula);
     /// Gives a built-in formula other parameters wherever it is shown.
     void setParameters(const QString& formula, const QVector<double>& values);

@@ -164,7 +164,7 @@ base::Result<void> loadTicks(const Options& options, LoadedChart& chart)
     addFormula(chart, QString::fromLatin1(chart::kTickPrices), std::move(records.prices));
     finishPane(chart, false);
     addPane(chart);
-    addFormula(chart, QString::fromLatin1(chart::kTickVolumes), std::move(records.volumes));
+    addFormula(chart, QString::fromUtf8(chart::kTickVolumes), std::move(records.volumes));
     finishPane(chart, options.bookRule);
     return {};
 }

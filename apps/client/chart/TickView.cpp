@@ -24,6 +24,7 @@ namespace client {
 namespace {
 
 constexpr int kShownTrades = 600;
+constexpr int kUnadjusted = -1; // trades are never adjusted, which needs no word
 
 } // namespace
 
@@ -74,10 +75,11 @@ TickView::Pane TickView::makePane(bool main)
 {
     Pane pane;
     pane.results = std::make_unique<chart::PaneResults>();
-    pane.title = new TC::CIndexTitleWidget(
-        pane.results.get(), main ? TC::EIndexDisplay_Heading : TC::EIndexDisplay_Legend,
-        main ? TC::EIndexView_Module : TC::EIndexView_Plain, TC::EIndexView_Module, 0, 0,
-        boost::make_shared<TC::CKLineUiParam>(), this);
+    pane.param = boost::make_shared<TC::CKLineUiParam>();
+    pane.title = new TC::CIndexTitleWidget(pane.results.get(),
+                                           main ? TC::EIndexDisplay_Heading : TC::EIndexDisplay_Legend,
+                                           main ? TC::EIndexView_Module : TC::EIndexView_Plain,
+                                           TC::EIndexView_Module, 0, kUnadjusted, pane.param, this);
     pane.title->setPeroid(TC::EFormulaPeriod_Tick);
     pane.plot = new PlotWidget(
         &m_state, [this, results = pane.results.get()] { return contentOf(*results); }, this);
@@ -95,6 +97,7 @@ void TickView::show(Pane& pane, const QString& formula, engine::FormulaRecords r
 {
     pane.results->clear();
     pane.results->add(TC::CFormulaKey(TC::getDetailQsKey(m_state.instrument()), formula), std::move(records));
+    pane.param->barCount = m_state.barTotal();
     pane.title->setStock(m_state.instrument());
     pane.title->resetSize();
     pane.title->updateView();
@@ -110,7 +113,7 @@ void TickView::setTicks(const chart::OpenedTicks& opened)
     m_state.show(m_state.barTotal() - kShownTrades, m_state.barTotal() - 1);
     engine::TickRecords records = engine::computeTicks(*opened.ticks);
     show(m_prices, QString::fromLatin1(chart::kTickPrices), std::move(records.prices));
-    show(m_volumes, QString::fromLatin1(chart::kTickVolumes), std::move(records.volumes));
+    show(m_volumes, QString::fromUtf8(chart::kTickVolumes), std::move(records.volumes));
 }
 
 bool TickView::followsBook() const

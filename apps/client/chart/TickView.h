@@ -7,6 +7,8 @@
 #include "apps/chart/PaneResults.h"
 #include "apps/client/chart/ChartState.h"
 
+#include <boost/shared_ptr.hpp>
+
 #include <QWidget>
 
 #include <memory>
@@ -54,6 +56,7 @@ private:
         std::unique_ptr<chart::PaneResults> results;
         TC::CIndexTitleWidget* title = nullptr;
         PlotWidget* plot = nullptr;
+        boost::shared_ptr<TC::CKLineUiParam> param; ///< of the title
     };
 
     Pane makePane(bool main);

@@ -28,3 +28,13 @@ TEST(BarView, LeavesRoomBetweenBodies)
         EXPECT_LE(2 * view.halfWidth() + 1, std::max(1, slot - (slot > 3 ? 1 : 0))) << slot;
     }
 }
+
+TEST(BarView, PutsCandlesInTheMiddleOfTheirSlots)
+{
+    for (int slot = 1; slot < 200; ++slot) {
+        const BarView view { 50, 59, 10 * slot };
+        const int left = view.centre(52) - view.halfWidth() - 2 * slot,
+                  right = 3 * slot - 1 - view.centre(52) - view.halfWidth();
+        EXPECT_LE(std::abs(left - right), 1) << slot;
+    }
+}
