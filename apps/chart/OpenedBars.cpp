@@ -47,7 +47,7 @@ base::Result<OpenedBars> openBarsFile(const QString& path, const QString& key)
     if (!bars)
         return failureOf(failure);
     return OpenedBars { instrumentOf(path, key, bars->close),
-                        std::make_shared<const engine::BarSeries>(std::move(*bars)) };
+                        std::make_shared<engine::BarSeries>(std::move(*bars)) };
 }
 
 base::Result<OpenedTicks> openTicksFile(const QString& path, const QString& key)

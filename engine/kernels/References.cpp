@@ -10,7 +10,7 @@ namespace {
 class ReferenceKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar) {
             const std::optional<std::size_t> back = barsOf(arguments[1][bar]);
@@ -23,7 +23,7 @@ public:
 class ReferenceAheadKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar) {
             const std::optional<std::size_t> ahead = barsOf(arguments[1][bar]);
@@ -41,6 +41,7 @@ std::vector<Function> referenceFunctions()
             .takes("X,N", "ss")
             .alias("REFV")
             .window(1, 0.0)
+            .reachesBackBy(1)
             .runs<ReferenceKernel>(),
         FunctionRow("REFX", "X 在 N 根之后的值（未来数据）", "X of N bars later (looks into the future)")
             .takes("X,N", "ss")

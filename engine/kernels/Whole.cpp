@@ -14,10 +14,10 @@ namespace {
 class ConstantKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         if (work.count > 0)
-            std::fill(result + work.from, result + work.count, arguments[0][work.count - 1]);
+            result.fill(work.from, work.count, arguments[0][work.count - 1]);
     }
 };
 
@@ -25,7 +25,7 @@ public:
 class DateReferenceKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         std::unordered_map<int, std::size_t> lastBars;
         LocalTime clock;
@@ -46,7 +46,7 @@ public:
 class BackSetKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         std::size_t reached = work.count; // the first bar that is set
         for (std::size_t bar = work.count; bar-- > work.from;) {
@@ -62,7 +62,7 @@ public:
 class BackFilterKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         std::size_t held = 0; // bars that are still to be held back
         for (std::size_t bar = work.count; bar-- > 0;) {
@@ -79,7 +79,7 @@ public:
 class BarsLeftKernel : public Kernel
 {
 public:
-    void compute(const Operand*, const Work& work, double* result) override
+    void compute(const Operand*, const Work& work, Result result) override
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar)
             result[bar] = static_cast<double>(work.count - bar);
@@ -89,9 +89,9 @@ public:
 class BarsKernel : public Kernel
 {
 public:
-    void compute(const Operand*, const Work& work, double* result) override
+    void compute(const Operand*, const Work& work, Result result) override
     {
-        std::fill(result + work.from, result + work.count, static_cast<double>(work.count));
+        result.fill(work.from, work.count, static_cast<double>(work.count));
     }
 };
 
@@ -111,7 +111,7 @@ constexpr PeriodCode kPeriods[] = {
 class PeriodKernel : public Kernel
 {
 public:
-    void compute(const Operand*, const Work& work, double* result) override
+    void compute(const Operand*, const Work& work, Result result) override
     {
         std::vector<std::int64_t> distances;
         for (std::size_t bar = 1; bar < work.count; ++bar)
@@ -124,7 +124,7 @@ public:
                        return *middle >= period.leastMinutes;
                    })->code;
         }
-        std::fill(result + work.from, result + work.count, code);
+        result.fill(work.from, work.count, code);
     }
 
 private:

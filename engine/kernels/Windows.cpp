@@ -72,7 +72,7 @@ struct ExistFold : CountFold
 class MeanDeviationKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         m_mean.compute(arguments, work, result);
         const std::size_t length = arguments[1].isConstant ? barsOf(arguments[1][0]).value_or(0) : 0;
@@ -85,7 +85,7 @@ public:
 private:
     static constexpr std::size_t kLongestAdded = 64;
 
-    static void computeAnew(const Operand* arguments, const Work& work, double* result)
+    static void computeAnew(const Operand* arguments, const Work& work, Result result)
     {
         for (std::size_t bar = work.from; bar < work.count && !work.cancelled(); ++bar) {
             if (isMissing(result[bar]))
@@ -99,7 +99,7 @@ private:
         }
     }
 
-    void computeSorted(const Operand& values, std::size_t length, const Work& work, double* result)
+    void computeSorted(const Operand& values, std::size_t length, const Work& work, Result result)
     {
         if (!m_sorted || work.from == 0) {
             m_sorted.emplace(length + 1);
@@ -149,6 +149,7 @@ FunctionRow window(const char* name, const char* chinese, const char* english)
     return FunctionRow(name, chinese, english)
         .takes("X,N", "ss")
         .window(1)
+        .reachesBackBy(1)
         .runs<WindowKernel<Fold, Window::Whole>>();
 }
 
@@ -158,6 +159,7 @@ FunctionRow windowThere(const char* name, const char* chinese, const char* engli
     return FunctionRow(name, chinese, english)
         .takes("X,N", "ss")
         .window(1, 0.0)
+        .reachesBackBy(1)
         .runs<WindowKernel<Fold, Window::There>>();
 }
 
@@ -167,6 +169,7 @@ FunctionRow condition(const char* name, const char* chinese, const char* english
     return FunctionRow(name, chinese, english)
         .takes("COND,N", "ss")
         .window(1, 0.0)
+        .reachesBackBy(1)
         .runs<WindowKernel<Fold, Window::Conditions>>();
 }
 
