@@ -83,14 +83,6 @@ protected:
                           } });
     }
 
-    /// Lets a minute pass: a lock that does not yet say whose it is holds half a minute.
-    void forgetLock() const
-    {
-        QFile lock(m_folders.userDir() + QStringLiteral("/configFormula.lock"));
-        if (lock.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
-            lock.setFileTime(QDateTime::currentDateTime().addSecs(-60), QFileDevice::FileModificationTime);
-    }
-
     RecoveryFolders m_folders;
     int m_backups = 2;
 };
@@ -111,7 +103,6 @@ TEST_F(ClientFaults, OfASavedFormulaLeaveTheOldFileOrTheNewOne)
         EXPECT_TRUE(left == kFormulas || isListed(kFormulas, kScripts)) << "no backup was made before";
         expectNothingLost();
         if (end.wasKilled && left == kFormulas) {
-            forgetLock();
             EXPECT_EQ(test::runWhole(step("save")).told.toStdString(), "done");
         }
     });

@@ -173,7 +173,7 @@ double priceOf(Dice& dice)
 void append(BarSeries& bars, Dice& dice)
 {
     const std::int64_t before = bars.timeMs.empty() ? 1'500'000'000'000 : bars.timeMs.back();
-    bars.timeMs.push_back(before + 60'000 * (1 + dice.upTo(600)));
+    bars.timeMs.push_back(before + 60'000 * static_cast<std::int64_t>(1 + dice.upTo(600)));
     for (const auto column : kColumns)
         (bars.*column).push_back(priceOf(dice));
 }

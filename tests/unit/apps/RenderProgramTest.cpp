@@ -138,7 +138,7 @@ TEST_F(RenderProgram, LeavesTurnoverOutOfEveryBundledFileWhichHasNone)
         ASSERT_EQ(result.exitCode, 0) << result.error.toStdString();
         const QStringList lines =
             QString::fromUtf8(test::RecoveryFolders::contentOf(path("out.csv"))).split(QLatin1Char('\n'));
-        const QString heading = lines.first();
+        const QString& heading = lines.first();
         EXPECT_TRUE(heading.startsWith(QStringLiteral("时间,开,高,低,收,成交量,涨跌,涨跌百分比,振幅,"))
                     && heading.endsWith(QStringLiteral(",MA5,MA10,MA20,MA60")))
             << name << ": " << heading.toStdString();
