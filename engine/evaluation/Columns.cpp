@@ -25,7 +25,8 @@ Result Columns::makeRoom(StepId step, std::size_t from, std::size_t to)
 {
     Column& column = m_columns[static_cast<std::size_t>(step)];
     if (column.room == 0) {
-        language::makeRoom(column.values, to, m_bars);
+        reserveFor(column.values, to, m_bars);
+        column.values.resize(to);
     } else {
         column.values.resize(column.room);
         if (to - column.first > column.room) {

@@ -48,16 +48,15 @@ private:
     std::vector<Column> m_columns; ///< by step; empty for numbers
 };
 
-/// Lengthens a column, with room for later bars when it has grown before.
+/// Makes a column large enough, with room for later bars when it has grown before.
 /// @param expected  the length that it will soon have.
 template <class Value>
-void makeRoom(std::vector<Value>& column, std::size_t count, std::size_t expected)
+void reserveFor(std::vector<Value>& column, std::size_t count, std::size_t expected)
 {
     if (column.empty())
         column.reserve(expected);
     else if (column.capacity() < count)
         column.reserve(count + count / 4);
-    column.resize(count);
 }
 
 } // namespace engine::language

@@ -32,18 +32,6 @@ std::string decimalText(double value, int decimals)
     return text;
 }
 
-double inRecord(double value, WhenMissing whenMissing)
-{
-    if (!isMissing(value))
-        return value;
-    switch (whenMissing) {
-    case WhenMissing::Marker: return kMissingMarker;
-    case WhenMissing::Zero: return 0.0;
-    case WhenMissing::Missing: break;
-    }
-    return value;
-}
-
 /// The name that the records give to an output.
 /// @param index  position among the outputs of the text.
 std::string recordName(const Output& output, std::size_t index, const std::vector<double>& parameters)
@@ -243,30 +231,44 @@ void OutputRecords::fillBars(const BarSeries& bars, std::size_t from, std::size_
     const auto hasPrice = [](const std::vector<double>& prices, std::size_t bar) {
         return bar < prices.size() && !isMissing(valueOrMissing(prices[bar]));
     };
-    makeRoom(result.barTimes, to - m_first, m_expected);
-    makeRoom(result.barValid, to - m_first, m_expected);
-    for (std::size_t bar = from; bar < to; ++bar) {
-        result.barTimes[bar - m_first].msecs = bars.timeMs[bar];
-        result.barValid[bar - m_first] = hasPrice(bars.close, bar) || hasPrice(bars.open, bar)
-            || hasPrice(bars.high, bar) || hasPrice(bars.low, bar);
-    }
+    reserveFor(result.barTimes, to - m_first, m_expected);
+    reserveFor(result.barValid, to - m_first, m_expected);
+    result.barTimes.resize(to - m_first);
+    result.barValid.resize(to - m_first);
+    se::RPCBarTime* const times = result.barTimes.data() + (from - m_first);
+    int* const valid = result.barValid.data() + (from - m_first);
+    for (std::size_t bar = from; bar < to; ++bar)
+        times[bar - from].msecs = bars.timeMs[bar];
+    for (std::size_t bar = from; bar < to; ++bar)
+        valid[bar - from] = hasPrice(bars.close, bar) || hasPrice(bars.open, bar) || hasPrice(bars.high, bar)
+            || hasPrice(bars.low, bar);
 }
 
 void OutputRecords::fillNumbers(const NumberLink& link, std::size_t from, std::size_t to,
                                 const Columns& columns)
 {
     Series& series = m_records.result.numberSeries[link.series];
-    makeRoom(series, to - m_first, m_expected);
     const Operand values = columns.operand(link.step);
-    if (link.condition == kAlways) {
-        for (std::size_t bar = firstChanged(link.step, from); bar < to; ++bar)
-            series[bar - m_first] = inRecord(values[bar], link.whenMissing);
-        return;
+    std::size_t first = firstChanged(link.step, from);
+    if (link.condition != kAlways)
+        first = std::min(first, firstChanged(link.condition, from));
+    reserveFor(series, to - m_first, m_expected);
+    series.resize(first - m_first);
+    if (values.isConstant)
+        series.resize(to - m_first, *values.values);
+    else
+        series.insert(series.end(), values.from(first), values.from(to));
+    double* const added = series.data() + (first - m_first);
+    if (link.condition != kAlways) {
+        const Operand condition = columns.operand(link.condition);
+        for (std::size_t bar = first; bar < to; ++bar)
+            added[bar - first] = isTrue(condition[bar]) ? added[bar - first] : kMissing;
     }
-    const Operand condition = columns.operand(link.condition);
-    const std::size_t first = std::min(firstChanged(link.step, from), firstChanged(link.condition, from));
-    for (std::size_t bar = first; bar < to; ++bar)
-        series[bar - m_first] = inRecord(isTrue(condition[bar]) ? values[bar] : kMissing, link.whenMissing);
+    if (link.whenMissing == WhenMissing::Missing)
+        return;
+    const double instead = link.whenMissing == WhenMissing::Marker ? kMissingMarker : 0.0;
+    for (std::size_t index = 0; index < to - first; ++index)
+        added[index] = isMissing(added[index]) ? instead : added[index];
 }
 
 void OutputRecords::fillTexts(std::size_t from, std::size_t to, const Columns& columns)

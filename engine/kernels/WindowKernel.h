@@ -56,6 +56,33 @@ private:
         return Fold::of(kTakesGaps || !isMissing(value) ? value : 0.0, bar);
     }
 
+    /// Takes in a value that is there behind a stretch, or before it.
+    static State later(const State& state, double value, std::size_t bar)
+    {
+        if constexpr (takesValues<Fold>(0))
+            return Fold::later(state, value);
+        else
+            return Fold::merged(state, Fold::of(value, bar));
+    }
+    static State earlier(double value, std::size_t bar, const State& state)
+    {
+        if constexpr (takesValues<Fold>(0))
+            return Fold::earlier(value, state);
+        else
+            return Fold::merged(Fold::of(value, bar), state);
+    }
+
+    template <class F, class = decltype(F::later(typename F::State(), 0.0))>
+    static constexpr bool takesValues(int)
+    {
+        return true;
+    }
+    template <class F>
+    static constexpr bool takesValues(long)
+    {
+        return false;
+    }
+
     static double answer(const State& window, std::size_t length, std::size_t bar)
     {
         return valueOrMissing(Fold::answer(window, static_cast<double>(length), bar));
@@ -87,8 +114,34 @@ private:
     void computeRun(const Operand& values, std::size_t length, std::size_t begin, std::size_t end,
                     Result result)
     {
-        foldHeads(values, length, begin, end);
-        foldTails(values, length, begin, end);
+        const bool isClear = kTakesGaps || !hasGap(values.from(begin), end - begin);
+        const std::size_t firstThere = begin - m_present; // if there is no gap
+        foldHeads(values, length, begin, end, isClear);
+        foldTails(values, length, begin, end, isClear ? firstThere : end);
+        if (!isClear) {
+            answerGaps(values, length, begin, end, result);
+            return;
+        }
+        m_present += end - begin;
+        std::size_t whole = firstThere + length - 1;
+        if (kWindow == Window::There)
+            whole = std::min(whole, length);
+        whole = std::clamp(whole, begin, end);
+        for (std::size_t bar = begin; bar < whole; ++bar)
+            result[bar] = kTakesFewer ? answer(m_heads[bar - begin], length, bar) : kMissing;
+        if (whole == end)
+            return;
+        const State* const heads = m_heads.data() + (whole - begin);
+        const State* const tails = m_tails.data() + (whole + 1 - length - m_firstTail);
+        double* const out = result.from(whole);
+        for (std::size_t index = 0; index < end - whole; ++index)
+            out[index] = answer(Fold::merged(tails[index], heads[index]), length, whole + index);
+    }
+
+    /// The answers of a run in which values are missing.
+    void answerGaps(const Operand& values, std::size_t length, std::size_t begin, std::size_t end,
+                    Result result)
+    {
         const State* heads = m_heads.data();
         for (std::size_t bar = begin; bar < end; ++bar, ++heads) {
             m_present = isThere(values[bar]) ? m_present + 1 : 0;
@@ -96,44 +149,65 @@ private:
                 result[bar] =
                     answer(Fold::merged(m_tails[bar + 1 - length - m_firstTail], *heads), length, bar);
             else
-                result[bar] =
-                    kTakesGaps || (kTakesFewer && m_present > 0) ? answer(*heads, length, bar) : kMissing;
+                result[bar] = kTakesFewer && m_present > 0 ? answer(*heads, length, bar) : kMissing;
         }
     }
 
+    static bool hasGap(const double* values, std::size_t count)
+    {
+        std::size_t gaps = 0;
+        for (std::size_t index = 0; index < count; ++index)
+            gaps += isMissing(values[index]);
+        return gaps > 0;
+    }
+
     /// The states of the bars from the beginning of a block up to each of a run.
-    void foldHeads(const Operand& values, std::size_t length, std::size_t begin, std::size_t end)
+    void foldHeads(const Operand& values, std::size_t length, std::size_t begin, std::size_t end,
+                   bool isClear)
     {
         m_heads.resize(kRun);
+        State head = m_head;
+        State* heads = m_heads.data();
         std::size_t inBlock = begin % length;
-        for (std::size_t bar = begin; bar < end; ++bar, ++inBlock) {
-            if (inBlock == length || inBlock == 0) {
-                inBlock = 0;
-                m_head = State {};
+        for (std::size_t bar = begin; bar < end; inBlock = 0) {
+            if (inBlock == 0)
+                head = State {};
+            const double* const in = values.from(bar);
+            const std::size_t count = std::min(end - bar, length - inBlock);
+            for (std::size_t index = 0; index < count; ++index) {
+                head = isClear ? later(head, in[index], bar + index)
+                               : Fold::merged(head, stateOf(in[index], bar + index));
+                heads[index] = head;
             }
-            m_head = Fold::merged(m_head, stateOf(values[bar], bar));
-            m_heads[bar - begin] = m_head;
+            heads += count;
+            bar += count;
         }
+        m_head = head;
     }
 
     /// The states from each bar up to the end of its block, for the blocks that end with a run; none for the
     /// first bar of a block, as a window that begins there is a head.
-    void foldTails(const Operand& values, std::size_t length, std::size_t begin, std::size_t end)
+    /// @param firstThere  from here on every value is there.
+    void foldTails(const Operand& values, std::size_t length, std::size_t begin, std::size_t end,
+                   std::size_t firstThere)
     {
-        if (const std::size_t oldest = begin - std::min(begin, length);
-            oldest > m_firstTail + length + kRun) {
+        const std::size_t oldest = begin - std::min(begin, length);
+        if (oldest > m_firstTail + length + kRun && !m_isBehindKept) {
             m_tails.erase(m_tails.begin(),
                           m_tails.begin() + static_cast<std::ptrdiff_t>(oldest - m_firstTail));
             m_firstTail = oldest;
         }
+        if (end - m_foldedBars >= length)
+            m_tails.resize(end - end % length - m_firstTail);
         for (; end - m_foldedBars >= length; m_foldedBars += length) {
-            m_tails.resize(m_foldedBars + length - m_firstTail);
             State* const tails = m_tails.data() + (m_foldedBars - m_firstTail);
+            const double* const in = values.from(m_foldedBars);
+            const bool isClear = m_foldedBars >= firstThere;
             State tail {};
-            for (std::size_t inBlock = length; --inBlock > 0;) {
-                const std::size_t bar = m_foldedBars + inBlock;
-                tail = Fold::merged(stateOf(values[bar], bar), tail);
-                tails[inBlock] = tail;
+            for (std::size_t index = length; --index > 0;) {
+                const std::size_t bar = m_foldedBars + index;
+                tail = isClear ? earlier(in[index], bar, tail) : Fold::merged(stateOf(in[index], bar), tail);
+                tails[index] = tail;
             }
             tails[0] = State {};
         }
