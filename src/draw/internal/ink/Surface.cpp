@@ -41,24 +41,6 @@ bool roundsAsQt4(const QPainter& painter)
     return static_cast<int>(painter.renderHints()) & qt4Compatible;
 }
 
-/// Stores a word `rows` times, a stride apart. Four rows a turn: the speed of a shorter loop hangs on where
-/// the compiler happens to put it.
-void storeDown(uchar* pixel, qsizetype stride, int rows, quint32 word)
-{
-    const auto store = [&] {
-        *reinterpret_cast<quint32*>(pixel) = word;
-        pixel += stride;
-    };
-    for (; rows >= 4; rows -= 4) {
-        store();
-        store();
-        store();
-        store();
-    }
-    for (; rows > 0; --rows)
-        store();
-}
-
 bool isBlending(const QPainter& painter)
 {
     return painter.compositionMode() != QPainter::CompositionMode_SourceOver || painter.opacity() != 1.0;
@@ -171,7 +153,8 @@ void Surface::fill(int left, int top, int right, int bottom, quint32 word) const
         return;
     uchar* row = m_bits + area.y1 * m_stride;
     if (area.x1 == area.x2) {
-        storeDown(row + area.x1 * qsizetype { sizeof(word) }, m_stride, area.y2 - area.y1 + 1, word);
+        for (int y = area.y1; y <= area.y2; ++y, row += m_stride)
+            reinterpret_cast<quint32*>(row)[area.x1] = word;
         return;
     }
     for (int y = area.y1; y <= area.y2; ++y, row += m_stride) {
