@@ -98,19 +98,20 @@ void CDrawStyle::drawVolStick(QPainter* painter, QRect& rect, RPCFormulaResultCa
     const QColor riseColor = WB::skinColor(kRiseColor), fallColor = WB::skinColor(kFallColor);
 
     Ink ink(painter);
-    const auto drawBar = [&](const StandingStick& bar) {
-        if (isMissing(bar.value) || isZero(bar.value))
+    const auto drawStick = [&](const StandingStick& stick) {
+        if (isMissing(stick.value) || isZero(stick.value))
             return;
-        if (!hasPixel(layout.at(bar.bar)) || !hasPixel(scale.at(bar.value)))
+        if (!hasPixel(layout.at(stick.bar)) || !hasPixel(scale.at(stick.value)))
             return;
         // The bar before counts even when it is not valid and has no body of its own.
-        const bool first = bar.bar == startIndex;
+        const bool first = stick.bar == startIndex;
         const bool rises =
-            volumeRises(bar.open, bar.close, first,
-                        first ? std::optional<double>(previousClose) : closes.raw(bar.bar - 1));
+            volumeRises(stick.open, stick.close, first,
+                        first ? std::optional<double>(previousClose) : closes.raw(stick.bar - 1));
         const QColor& color = rises ? riseColor : fallColor;
         ink.setPen(color);
-        const VolumeBar body { layout.bodyLeft(bar.bar), scale.row(bar.value), layout.bodyWidth(), rises };
+        const VolumeBar body { layout.bodyLeft(stick.bar), scale.row(stick.value), layout.bodyWidth(),
+                               rises };
         if (thinLines)
             drawThinVolume(ink, rect, body);
         else
@@ -123,7 +124,7 @@ void CDrawStyle::drawVolStick(QPainter* painter, QRect& rect, RPCFormulaResultCa
     const StandingValues sticks { *volumes.values(),          *opens.values(),
                                   *closes.values(),           scale,
                                   saturatedSum(0, lowestTop), hides };
-    forEachShownStick(cache.result, bars, layout, sticks, drawBar);
+    forEachShownStick(cache.result, bars, layout, sticks, drawStick);
 }
 
 namespace {

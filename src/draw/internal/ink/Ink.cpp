@@ -38,8 +38,9 @@ void Ink::setPen(const QColor& color)
     m_pen.reset();
     m_isPenChosen = true;
     m_isPenSent = false;
-    m_isThin = isOpaque(color);
-    m_word = Surface::word(color);
+    const QRgba64 paint = color.rgba64();
+    m_isThin = paint.isOpaque();
+    m_word = paint.toArgb32();
 }
 
 const QPen& Ink::pen()
@@ -140,7 +141,8 @@ void Ink::ellipse(const QRect& rect)
 
 void Ink::fill(const QRect& rect, const QColor& color)
 {
-    if (!m_surface || !isOpaque(color)) {
+    const QRgba64 paint = color.rgba64();
+    if (!m_surface || !paint.isOpaque()) {
         painter()->fillRect(rect, color);
         return;
     }
@@ -149,9 +151,9 @@ void Ink::fill(const QRect& rect, const QColor& color)
     const int y1 = std::min(rect.y(), rect.y() + rect.height());
     const int y2 = std::max(rect.y(), rect.y() + rect.height()) - 1;
     if (x1 == x2 && y1 <= y2)
-        m_runs->add(x1, y1, y2, Surface::word(color));
+        m_runs->add(x1, y1, y2, paint.toArgb32());
     else if (x1 <= x2 && y1 <= y2)
-        surface().fill(x1, y1, x2, y2, Surface::word(color));
+        surface().fill(x1, y1, x2, y2, paint.toArgb32());
 }
 
 } // namespace TC::detail

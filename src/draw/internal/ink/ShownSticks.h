@@ -64,8 +64,8 @@ public:
 private:
     bool isValid(int bar) const { return m_flags[static_cast<std::size_t>(bar)] != 0; }
 
-    /// Reads together what is scattered in memory, so that it is waited for once; answers whether all bars are
-    /// valid.
+    /// Reads together what is scattered in memory, so that it is waited for once; answers whether all bars
+    /// are valid.
     bool readPrices(std::vector<StandingStick>& sticks) const
     {
         bool areValid = true;
