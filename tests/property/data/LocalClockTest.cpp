@@ -91,8 +91,7 @@ TEST_P(LocalClockInZone, AgreesWithALookUpAroundEveryChange)
 
 TEST_P(LocalClockInZone, AgreesWithALookUpForEveryBarSpacing)
 {
-    for (const std::int64_t spacing :
-         { 60L, 300L, 1'800L, kHour, 24 * kHour, 168 * kHour, 744 * kHour }) {
+    for (const std::int64_t spacing : { 60L, 300L, 1'800L, kHour, 24 * kHour, 168 * kHour, 744 * kHour }) {
         std::vector<std::int64_t> times;
         for (int bar = -1000; bar < 1000; ++bar)
             times.push_back(1'710'000'000 + bar * spacing);
