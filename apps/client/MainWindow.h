@@ -11,6 +11,7 @@
 #include "apps/client/docking/DockArrangement.h"
 #include "apps/client/docking/PanelPool.h"
 #include "apps/client/recovery/RestoreDialog.h"
+#include "apps/client/session/SessionKeeper.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -44,6 +45,9 @@ public:
     /// Shows invented trades and accounts in the main legend, or none.
     void setDemoAccount(bool on);
 
+    /// Loads a skin by its name or file. A failure is shown.
+    void chooseSkin(const QString& nameOrPath);
+
     ChartView* chart() { return m_chart; }
     TickView* ticks() { return m_ticks; }
     BasketPanel* basket() { return m_basket; }
@@ -53,10 +57,26 @@ public Q_SLOTS:
     void slotShowMessage(const QString& text);
 
 protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    /// Takes the last session's choices that need no data: skin, parameters, panes.
+    void takeChoices();
+    /// Opens what the last session showed, unless other bars are open already.
+    void reopen();
+    void showParameters(const QString& formula);
+    /// Gives a built-in formula other parameters wherever it is shown.
+    void setParameters(const QString& formula, const QVector<double>& values);
+    /// What the window shows now.
+    Session session() const;
+    /// The window's title names the instrument.
+    void nameInstrument();
+    void chooseBars();
+    void chooseTicks();
+
     void buildPanels();
     void buildFileMenu();
     void buildViewMenu();
@@ -93,6 +113,11 @@ private:
     MessageList* m_messages = nullptr;
     QPointer<FormulaEditor> m_editor; ///< while it is open
     std::vector<PaneData::Overlay> m_overlays;
+    Session m_last; ///< the session before this one
+    SessionKeeper m_keeper;
+    QString m_barsPath, m_ticksPath;             ///< of what is open
+    QString m_skin;                              ///< as it was chosen: a name or a path
+    QMap<QString, QVector<double>> m_parameters; ///< that the user changed
     bool m_demoAccount = false;
     bool m_restored = false;
 };

@@ -31,6 +31,27 @@ void PaneData::setFormulas(const QStringList& names)
     request();
 }
 
+void PaneData::addFormula(const QString& name)
+{
+    if (!m_formulas.contains(name))
+        setFormulas(m_formulas + QStringList(name));
+}
+
+void PaneData::removeFormula(const QString& name)
+{
+    QStringList left = m_formulas;
+    left.removeAll(name);
+    setFormulas(left);
+}
+
+void PaneData::moveFormula(int from, int to)
+{
+    if (from < 0 || to < 0 || from >= m_formulas.size() || to >= m_formulas.size())
+        return;
+    m_formulas.move(from, to);
+    Q_EMIT sigChanged();
+}
+
 void PaneData::setOverlays(const std::vector<Overlay>& overlays)
 {
     m_overlays = overlays;

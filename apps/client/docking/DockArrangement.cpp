@@ -154,7 +154,14 @@ base::Result<void> DockArrangement::save()
         return {};
     QFile::remove(markPath()); // whatever was applied is survived
     const QByteArray place = m_manager->window()->saveGeometry();
+    m_saved = m_manager->saveState(kStateVersion) + place;
     return ArrangementFile { m_manager->saveState(kStateVersion), m_named, place }.write(filePath());
+}
+
+void DockArrangement::saveChange()
+{
+    if (m_saved != m_manager->saveState(kStateVersion) + m_manager->window()->saveGeometry())
+        static_cast<void>(save());
 }
 
 base::Result<void> DockArrangement::restore(bool mayWrite)

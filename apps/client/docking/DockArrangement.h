@@ -59,6 +59,8 @@ public:
     static QString filePath();
     /// Writes the file; the one before stays whole until the new one is complete.
     base::Result<void> save();
+    /// Saves when docks or window stand otherwise than when they were last saved; a failure waits for save().
+    void saveChange();
     /// Brings back the arrangement of the last save(). Without a file the default one is applied. With a
     /// damaged file too, which is a failure; the damaged one is kept with ".damaged" behind its name. The
     /// same becomes of an arrangement that ended the program while it was applied.
@@ -88,6 +90,7 @@ private:
     PanelPool& m_pool;
     QPointer<ads::CDockManager> m_manager;
     std::vector<QPointer<ads::CDockWidget>> m_removed; ///< to be deleted when the event loop runs
+    QByteArray m_saved;                                ///< what save() wrote last
     QByteArray m_default;
     QMap<QString, QByteArray> m_named;
     bool m_mayWrite = true;

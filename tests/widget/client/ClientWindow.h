@@ -38,6 +38,7 @@ protected:
         TC::embedded::setConfigDir(m_folder.filePath(QStringLiteral("config")));
         utils::CSingletonT<TC::CRecoveryVersionManager>::release(); // it reads the folders when it is made
         m_window = std::make_unique<client::MainWindow>();
+        m_window->resize(1400, 860); // whatever the screen is
         m_window->show();
         QTest::qWait(20); // the arrangement is restored once the window stands
     }
