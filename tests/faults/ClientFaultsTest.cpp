@@ -150,14 +150,14 @@ TEST_F(ClientFaults, OfASavedArrangementLeaveTheOldOneOrTheNewOne)
     const QByteArray renewed(20'000, 'n');
     const auto prepareOld = [&] {
         prepare();
-        ASSERT_EQ(old.write(path), QString());
+        ASSERT_EQ(old.write(path).reason(), QString());
     };
     test::tryFaults("arrange", { step("arrange"), home(), prepareOld, [&](const FaultEnd& end) {
                                     expectOneWord(end);
-                                    client::ArrangementFile left;
-                                    EXPECT_EQ(left.read(path), QString());
-                                    EXPECT_TRUE(left.last == old.last || left.last == renewed);
-                                    EXPECT_TRUE(!end.claimsSuccess() || left.last == renewed);
+                                    auto left = client::ArrangementFile::read(path);
+                                    ASSERT_TRUE(left.isGood()) << left.reason().toStdString();
+                                    EXPECT_TRUE(left->last == old.last || left->last == renewed);
+                                    EXPECT_TRUE(!end.claimsSuccess() || left->last == renewed);
                                 } });
 }
 

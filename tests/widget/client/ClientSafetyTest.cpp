@@ -138,7 +138,7 @@ TEST_F(ClientSafety, BackupIsToldAsItEnded)
 TEST_F(ClientSafety, SecondClientIsToldAndLeavesTheFilesOfTheFirst)
 {
     start();
-    m_window->docks()->store(QStringLiteral("mine"));
+    EXPECT_TRUE(m_window->docks()->store(QStringLiteral("mine")).isGood());
     const QByteArray arrangement = contentOf(client::DockArrangement::filePath());
     client::MainWindow second;
     second.show();
