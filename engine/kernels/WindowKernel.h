@@ -111,9 +111,10 @@ private:
         m_tails.resize(m_foldedBars - m_firstTail);
     }
 
-    void computeRun(const Operand& values, std::size_t length, std::size_t begin, std::size_t end,
+    void computeRun(const Operand& asked, std::size_t length, std::size_t begin, std::size_t end,
                     Result result)
     {
+        const Operand values = asked.isConstant ? repeated(asked[0], std::min(begin, length), begin) : asked;
         const bool isClear = kTakesGaps || !hasGap(values.from(begin), end - begin);
         const std::size_t firstThere = begin - m_present; // if there is no gap
         foldHeads(values, length, begin, end, isClear);
@@ -136,6 +137,13 @@ private:
         double* const out = result.from(whole);
         for (std::size_t index = 0; index < end - whole; ++index)
             out[index] = answer(Fold::merged(tails[index], heads[index]), length, whole + index);
+    }
+
+    /// A number as the column that a run reads, from some bars back on.
+    Operand repeated(double number, std::size_t back, std::size_t begin)
+    {
+        m_repeated.assign(back + kRun, number);
+        return { m_repeated.data(), false, begin - back };
     }
 
     /// The answers of a run in which values are missing.
@@ -254,6 +262,7 @@ private:
     State m_head {};              ///< of the block up to the last bar
     std::size_t m_present = 0;    ///< bars in a row up to it that are there
     bool m_isBehindKept = false;  ///< these bars will be computed again
+    Series m_repeated;            ///< a number as a column
     std::vector<State> m_heads;   ///< of a run
     std::vector<State> m_tails;   ///< from a bar on
     std::size_t m_firstTail = 0;  ///< that bar
