@@ -14,7 +14,9 @@ namespace chart {
 /// colours; empty for a name that it does not know.
 std::optional<engine::FormulaRecords> computeNamed(const QString& name, const engine::BarSeries& bars);
 
-/// Finds the formulas that a text may call: the user's own and the built-in ones.
-engine::FormulaLookup knownFormulas();
+/// Finds the formulas that a text may call: the user's own and the built-in ones, as they are now. Made on
+/// the GUI thread, to be called from any.
+/// @param reader  name of the formula whose text is read, which would call itself; empty for none.
+engine::FormulaLookup knownFormulas(const QString& reader = QString());
 
 } // namespace chart

@@ -23,6 +23,7 @@
 #include <QCloseEvent>
 #include <QFile>
 #include <QFileInfo>
+#include <QLabel>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
@@ -61,6 +62,10 @@ MainWindow::MainWindow()
 {
     resize(1400, 860);
     setWindowTitle(QStringLiteral("Indicator UI"));
+    m_indexName = new QLabel;
+    m_indexName->setObjectName(QStringLiteral("comparedIndex"));
+    m_indexName->hide();
+    statusBar()->addPermanentWidget(m_indexName);
     buildPanels();
     buildFileMenu();
     buildViewMenu();
@@ -90,6 +95,8 @@ void MainWindow::startRun()
         tell(mendInterruptedRestore());
     }
     tell(TC::embedded::instrumentStoreNotice());
+    tell(m_index.restore().reason());
+    followIndex();
     tellFormulaProblems(TC::embedded::loadFormulas());
     if (!m_oneClient.isFirst())
         return;
@@ -205,7 +212,7 @@ base::Result<void> MainWindow::openBars(const QString& path)
         return told(opened.failure());
     m_instruments->listFolder(QFileInfo(path).absolutePath());
     clearOverlays();
-    m_chart->state()->setBars(opened->instrument, opened->bars);
+    m_chart->state()->setBars(opened->instrument, m_index.beside(opened->bars));
     slotShowMessage(QStringLiteral("已打开 %1 %2（%3 根K线）")
                         .arg(TC::getDetailQsKey(opened->instrument), TC::getDetailQsName(opened->instrument),
                              QString::number(opened->bars->size())));
@@ -247,6 +254,36 @@ void MainWindow::clearOverlays()
 {
     m_overlays.clear();
     m_chart->panes().front()->setOverlays(m_overlays);
+}
+
+base::Result<void> MainWindow::compareWith(const QString& path)
+{
+    const base::Result<void> chosen = m_index.choose(path);
+    followIndex();
+    if (!chosen.isGood())
+        return told(chosen.failure());
+    slotShowMessage(QStringLiteral("对照指数：%1").arg(m_index.name()));
+    return {};
+}
+
+void MainWindow::compareWithNothing()
+{
+    const base::Result<void> forgotten = m_index.forget();
+    followIndex();
+    slotShowMessage(forgotten.isGood() ? QStringLiteral("已取消对照指数") : forgotten.reason());
+}
+
+void MainWindow::followIndex()
+{
+    m_indexName->setText(QStringLiteral("对照指数：%1").arg(base::printable(m_index.name())));
+    m_indexName->setHidden(m_index.name().isEmpty());
+    ChartState* state = m_chart->state();
+    const std::shared_ptr<const engine::BarSeries> bars = m_index.beside(state->bars());
+    if (bars == state->bars())
+        return;
+    const int first = state->first(), last = state->last();
+    state->setBars(state->instrument(), bars);
+    state->show(first, last);
 }
 
 void MainWindow::setDemoAccount(bool on)
