@@ -354,7 +354,7 @@ TEST_F(UserFormulas, DraftsAreKeptOutWithoutAComplaint)
                                {"name": "USES", "source": "A:IDEA.A;"},
                                {"name": "idea", "base": "MA"},
                                {"name": "ODD", "base": "MA", "draft": 1})")),
-              (QStringList { text("configFormula:3:60: 1:3: 所调用的公式 IDEA 是草稿"),
+              (QStringList { text("configFormula:3:59: 1:3: the formula IDEA that is called is a draft"),
                              text("configFormula:4:41: the name \"idea\" is taken"),
                              text("configFormula:5:71: \"draft\" must be true or false") }));
 }

@@ -262,7 +262,7 @@ TEST_F(FormulaEditorTest, TextThatCallsItselfIsFaulty)
 {
     setText("LINE:MINE.LINE+1;");
     EXPECT_FALSE(m_editor->check());
-    setText("LINE:SHORTMA.MA3+1;");
+    setText("LINE:SHORTMA.MA5+1;");
     EXPECT_TRUE(m_editor->check());
 }
 
