@@ -10,16 +10,35 @@
 
 namespace chart {
 
-std::optional<engine::FormulaRecords> computeNamed(const QString& name, const engine::BarSeries& bars)
+namespace {
+
+std::unique_ptr<engine::FormulaEvaluation> evaluationOf(const TC::embedded::FormulaRecipe& recipe)
+{
+    const std::vector<double> parameters(recipe.parameters.begin(), recipe.parameters.end());
+    return std::make_unique<engine::FormulaEvaluation>(recipe.formula, parameters,
+                                                       engine::FormulaEvaluation::Mode::Once);
+}
+
+} // namespace
+
+std::optional<engine::FormulaRecords> computeNamed(const QString& name, const engine::BarSeries& bars,
+                                                   std::size_t first, std::size_t end)
 {
     const std::optional<TC::embedded::FormulaRecipe> recipe = TC::embedded::resolveFormula(name);
-    if (!recipe)
+    if (!recipe || !recipe->formula)
         return std::nullopt;
-    const std::vector<double> parameters(recipe->parameters.begin(), recipe->parameters.end());
-    std::optional<engine::FormulaRecords> records = engine::computeFormula(recipe->formula, bars, parameters);
-    if (records)
-        TC::embedded::applyColors(*recipe, records->meta);
+    const std::unique_ptr<engine::FormulaEvaluation> evaluation = evaluationOf(*recipe);
+    if (!evaluation->advance(bars, first, end))
+        return std::nullopt;
+    engine::FormulaRecords records = evaluation->take();
+    TC::embedded::applyColors(*recipe, records.meta);
     return records;
+}
+
+std::unique_ptr<engine::FormulaEvaluation> evaluationOfNamed(const QString& name)
+{
+    const std::optional<TC::embedded::FormulaRecipe> recipe = TC::embedded::resolveFormula(name);
+    return recipe && recipe->formula ? evaluationOf(*recipe) : nullptr;
 }
 
 engine::FormulaLookup knownFormulas(const QString& reader)

@@ -59,7 +59,7 @@ base::Result<OpenedBars> openBarsFile(const QString& path, const QString& key)
     const Instrument instrument = instrumentOf(path, key, bars->close);
     bars->floatingShares = sharesOf(instrument, TC::embedded::kFloatingSharesField);
     bars->totalShares = sharesOf(instrument, TC::embedded::kTotalSharesField);
-    return OpenedBars { instrument, std::make_shared<const engine::BarSeries>(std::move(*bars)) };
+    return OpenedBars { instrument, std::make_shared<engine::BarSeries>(std::move(*bars)) };
 }
 
 base::Result<OpenedTicks> openTicksFile(const QString& path, const QString& key)

@@ -88,7 +88,7 @@ void MainWindow::startRun()
     TC::embedded::setReloadReceiver(
         [this](const std::string&, const std::string&, const std::string&) { followFormulas(); });
     tell(m_oneClient.enter());
-    tell(m_docks.restore(m_oneClient.isFirst()));
+    tell(m_docks.restore(m_oneClient.isFirst()).reason());
     if (m_oneClient.isFirst()) {
         base::removeUnfinishedFiles(TC::getConfigDir());
         base::removeUnfinishedFiles(TC::getUserRootDir());
@@ -326,7 +326,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
-    const QString failure = m_docks.save();
+    const QString failure = m_docks.save().reason();
     if (!failure.isEmpty()
         && !isConfirmed(this, failure + QStringLiteral("\n仍然退出？"), QStringLiteral("退出"))) {
         event->ignore();

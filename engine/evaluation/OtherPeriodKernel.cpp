@@ -2,7 +2,6 @@
 #include "engine/evaluation/FormulaEvaluation.h"
 #include "engine/language/OtherPeriod.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace engine::language {
@@ -18,9 +17,9 @@ public:
     {
     }
 
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
-        std::fill(result + work.from, result + work.count, kMissing);
+        result.fill(work.from, work.count, kMissing);
         const std::vector<std::size_t> groups = groupsOf(work.bars.timeMs, m_period);
         std::vector<double> parameters;
         for (std::size_t index = 0; index < m_formula->parameters().size() && work.count > 0; ++index)

@@ -55,6 +55,9 @@ struct Function
     bool isElementwise = false; ///< a bar of the result depends on nothing but that bar of the arguments
     /// The argument that says how many bars later a value is read; nothing where no later bar counts.
     std::optional<std::size_t> lookAheadArgument;
+    /// How many bars before a bar the bars of the arguments still count for it, besides what the kernel
+    /// keeps: a number, or the value of an argument that is a constant. Neither: any number of them.
+    std::optional<std::size_t> reach, reachArgument;
     /// The optional column of the bars without which there is no value at all; null when there is none.
     std::vector<double> BarSeries::*neededColumn = nullptr;
     /// The value changes with bars that come later, however many.
@@ -121,7 +124,7 @@ public:
     FunctionRow& elementwise()
     {
         m_row.isElementwise = true;
-        return *this;
+        return reachesBack(0);
     }
 
     FunctionRow& looksAheadBy(std::size_t argument)
@@ -133,6 +136,18 @@ public:
     FunctionRow& looksAheadEndlessly()
     {
         m_row.looksAheadEndlessly = true;
+        return *this;
+    }
+
+    FunctionRow& reachesBack(std::size_t bars)
+    {
+        m_row.reach = bars;
+        return *this;
+    }
+
+    FunctionRow& reachesBackBy(std::size_t argument)
+    {
+        m_row.reachArgument = argument;
         return *this;
     }
 

@@ -16,7 +16,7 @@ struct Knot
 };
 
 /// The straight line through two knots, from one bar to another.
-void drawLine(const Knot& first, const Knot& second, std::size_t begin, std::size_t end, double* result)
+void drawLine(const Knot& first, const Knot& second, std::size_t begin, std::size_t end, Result result)
 {
     const double bars = static_cast<double>(second.bar - first.bar);
     for (std::size_t bar = begin; bar < end; ++bar) {
@@ -29,9 +29,9 @@ void drawLine(const Knot& first, const Knot& second, std::size_t begin, std::siz
 class PolyLineKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
-        std::fill(result, result + work.count, kMissing);
+        result.fill(0, work.count, kMissing);
         std::optional<Knot> last;
         for (std::size_t bar = 0; bar < work.count; ++bar) {
             if (!isTrue(arguments[0][bar]) || isMissing(arguments[1][bar]))
@@ -50,9 +50,9 @@ public:
 class ConnectionKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
-        std::fill(result, result + work.count, kMissing);
+        result.fill(0, work.count, kMissing);
         std::optional<Knot> begin;
         std::optional<std::pair<Knot, Knot>> goingOn;
         std::size_t drawn = 0; // bars that are done with
@@ -83,7 +83,7 @@ public:
 class PartKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar)
             result[bar] = isTrue(arguments[0][bar]) ? arguments[1][bar] : kMissing;
@@ -96,7 +96,7 @@ public:
 class StepsKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         const Operand &condition = arguments[0], &price = arguments[1];
         const auto isOfLine = [&](std::size_t run) { return run % 2 == (isTrue(arguments[2][0]) ? 1 : 0); };
@@ -135,7 +135,7 @@ std::vector<Function> lineDrawings()
             .looksAheadEndlessly()
             .draws(se::DrawType::SegmentLine)
             .runs<ConnectionKernel>(),
-        FunctionRow("part").takes("COND,PRICE", "ss").isOperator().runs<PartKernel>(),
+        FunctionRow("part").takes("COND,PRICE", "ss").isOperator().reachesBack(0).runs<PartKernel>(),
         FunctionRow("steps")
             .takes("COND,PRICE,LINE,AHEAD", "sscc")
             .isOperator()

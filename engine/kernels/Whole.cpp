@@ -15,10 +15,10 @@ namespace {
 class ConstantKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         if (work.count > 0)
-            std::fill(result + work.from, result + work.count, arguments[0][work.count - 1]);
+            result.fill(work.from, work.count, arguments[0][work.count - 1]);
     }
 };
 
@@ -26,7 +26,7 @@ public:
 class DateReferenceKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         std::unordered_map<int, std::size_t> lastBars;
         LocalTime clock;
@@ -47,7 +47,7 @@ public:
 class BackSetKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         std::size_t reached = work.count; // the first bar that is set
         for (std::size_t bar = work.count; bar-- > work.from;) {
@@ -63,7 +63,7 @@ public:
 class BackFilterKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         std::size_t held = 0; // bars that are still to be held back
         for (std::size_t bar = work.count; bar-- > 0;) {
@@ -80,7 +80,7 @@ public:
 class BarsLeftKernel : public Kernel
 {
 public:
-    void compute(const Operand*, const Work& work, double* result) override
+    void compute(const Operand*, const Work& work, Result result) override
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar)
             result[bar] = static_cast<double>(work.count - bar);
@@ -90,9 +90,9 @@ public:
 class BarsKernel : public Kernel
 {
 public:
-    void compute(const Operand*, const Work& work, double* result) override
+    void compute(const Operand*, const Work& work, Result result) override
     {
-        std::fill(result + work.from, result + work.count, static_cast<double>(work.count));
+        result.fill(work.from, work.count, static_cast<double>(work.count));
     }
 };
 
@@ -112,13 +112,13 @@ constexpr PeriodCode kPeriods[] = {
 class PeriodKernel : public Kernel
 {
 public:
-    void compute(const Operand*, const Work& work, double* result) override
+    void compute(const Operand*, const Work& work, Result result) override
     {
         const std::optional<std::int64_t> minutes = usualMinutes(work.bars.timeMs);
         const auto isReached = [&](const PeriodCode& period) { return *minutes >= period.leastMinutes; };
         const double code =
             minutes ? std::find_if(std::begin(kPeriods), std::end(kPeriods) - 1, isReached)->code : kMissing;
-        std::fill(result + work.from, result + work.count, code);
+        result.fill(work.from, work.count, code);
     }
 };
 

@@ -98,19 +98,19 @@ void CDrawStyle::drawVolStick(QPainter* painter, QRect& rect, RPCFormulaResultCa
     const QColor riseColor = WB::skinColor(kRiseColor), fallColor = WB::skinColor(kFallColor);
 
     Ink ink(painter);
-    const auto drawBar = [&](int bar) {
-        const std::optional<double> volume = volumes.raw(bar), open = opens.raw(bar), close = closes.raw(bar);
-        if (!volume || !open || !close || isMissing(*volume) || isZero(*volume))
+    const auto drawBar = [&](const StandingStick& bar) {
+        if (isMissing(bar.value) || isZero(bar.value))
             return;
-        if (!hasPixel(layout.at(bar)) || !hasPixel(scale.at(*volume)))
+        if (!hasPixel(layout.at(bar.bar)) || !hasPixel(scale.at(bar.value)))
             return;
         // The bar before counts even when it is not valid and has no body of its own.
-        const bool first = bar == startIndex;
-        const bool rises = volumeRises(*open, *close, first,
-                                       first ? std::optional<double>(previousClose) : closes.raw(bar - 1));
+        const bool first = bar.bar == startIndex;
+        const bool rises =
+            volumeRises(bar.open, bar.close, first,
+                        first ? std::optional<double>(previousClose) : closes.raw(bar.bar - 1));
         const QColor& color = rises ? riseColor : fallColor;
         ink.setPen(color);
-        const VolumeBar body { layout.bodyLeft(bar), scale.row(*volume), layout.bodyWidth(), rises };
+        const VolumeBar body { layout.bodyLeft(bar.bar), scale.row(bar.value), layout.bodyWidth(), rises };
         if (thinLines)
             drawThinVolume(ink, rect, body);
         else

@@ -102,7 +102,7 @@ void ChartPane::updateView()
 {
     fitLegend();
     showLegendOf(m_state->crosshairBar());
-    m_plot->update();
+    m_plot->renew();
 }
 
 /// The legend follows the crosshair; without one it shows the last bar.

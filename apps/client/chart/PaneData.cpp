@@ -115,7 +115,18 @@ chart::PaneContent PaneData::content()
     chart::PaneContent pane = PaneResults::content(m_state->instrument(), keys());
     pane.periodSeconds = m_state->period();
     bringOntoOneAxis(pane);
+    if (pane.showsPrices)
+        pane.lastPrice = lastPrice();
     return pane;
+}
+
+std::optional<chart::LastPrice> PaneData::lastPrice() const
+{
+    if (!m_state->bars() || m_state->bars()->close.empty())
+        return std::nullopt;
+    const std::vector<double>& closes = m_state->bars()->close;
+    const double before = closes.size() > 1 ? closes[closes.size() - 2] : closes.back();
+    return chart::LastPrice { closes.back(), closes.back() >= before };
 }
 
 /// Overlaid prices are scaled so that both instruments meet on the first shown bar.

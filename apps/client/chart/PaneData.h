@@ -45,6 +45,7 @@ Q_SIGNALS:
 
 private:
     void bringOntoOneAxis(chart::PaneContent& pane) const;
+    std::optional<chart::LastPrice> lastPrice() const;
     void requestOne(const TC::CFormulaKey& key, const ChartState::Bars& bars);
     void store(const QString& id, const std::shared_ptr<const engine::FormulaRecords>& records,
                const TC::embedded::FormulaRecipe& recipe);

@@ -46,7 +46,7 @@ TickView::TickView(QWidget* parent)
     layout->addWidget(new TimeAxisWidget(&m_state, this));
     m_volumes.title->setCloseBtnVisible(false);
     connect(m_rule, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
-            [this] { m_volumes.plot->update(); });
+            [this] { m_volumes.plot->renew(); });
     connect(&m_state, &ChartState::sigCrosshairChanged, this, [this] {
         m_prices.title->updateIndexId(m_state.crosshairBar());
         m_volumes.title->updateIndexId(m_state.crosshairBar());
@@ -87,7 +87,7 @@ void TickView::show(Pane& pane, const QString& formula, engine::FormulaRecords r
     pane.title->setStock(m_state.instrument());
     pane.title->resetSize();
     pane.title->updateView();
-    pane.plot->update();
+    pane.plot->renew();
 }
 
 void TickView::setTicks(const chart::OpenedTicks& opened)

@@ -202,6 +202,7 @@ base::Result<FormulaStore::Content> FormulaStore::load() const
 base::Result<void> FormulaStore::change(const Change& change)
 {
     QLockFile lock(m_path + QStringLiteral(".lock")); // between the reading and the writing of all clients
+    lock.setStaleLockTime(kLongestWaitMs / 2); // what a killed client left; one that lives keeps its lock
     if (!lock.tryLock(kLongestWaitMs) && lock.error() == QLockFile::LockFailedError)
         return base::Failure { QStringLiteral("另一个客户端正在改公式文件，未作改动。") };
     base::Result<Content> content = load();

@@ -17,6 +17,7 @@
 #include "recovery/CRecoveryVersionManager.h"
 #include "stocklist/CParserStockExeclTable.h"
 #include "tests/support/Trace.h"
+#include "tests/widget/client/ClientWindow.h"
 #include "title/CIndexTitleWidget.h"
 
 #include <QAbstractItemView>
@@ -36,44 +37,8 @@
 #include <gtest/gtest.h>
 #include <qtadvanceddocking/DockWidgetTab.h>
 
-namespace {
-
-QString sample(const char* name)
-{
-    return QStringLiteral(SAMPLES_DIR "/") + QString::fromLatin1(name);
-}
-
-class ClientWindow : public testing::Test
-{
-protected:
-    ClientWindow()
-    {
-        TC::embedded::setUserRootDir(m_folder.filePath(QStringLiteral("user")));
-        TC::embedded::setConfigDir(m_folder.filePath(QStringLiteral("config")));
-        utils::CSingletonT<TC::CRecoveryVersionManager>::release(); // it reads the folders when it is made
-        m_window = std::make_unique<client::MainWindow>();
-        m_window->show();
-        QTest::qWait(20); // the arrangement is restored once the window stands
-    }
-
-    /// Opens the bundled share and waits for the results of all panes.
-    void openShare()
-    {
-        ASSERT_TRUE(m_window->openBars(sample("bars/SH600030.csv")).isGood());
-        for (client::ChartPane* pane : panes())
-            ASSERT_TRUE(QTest::qWaitFor(
-                [&] { return pane->data()->getData().size() == pane->data()->getFormulaSize(); }));
-    }
-
-    client::ChartView* chart() { return m_window->chart(); }
-    const std::vector<client::ChartPane*>& panes() { return m_window->chart()->panes(); }
-    client::PlotWidget* plot(std::size_t pane) { return panes()[pane]->findChild<client::PlotWidget*>(); }
-
-    QTemporaryDir m_folder;
-    std::unique_ptr<client::MainWindow> m_window;
-};
-
-} // namespace
+using test::ClientWindow;
+using test::sample;
 
 TEST_F(ClientWindow, ComparesWithTheIndexThatTheUserChoosesAndKeepsItForTheNextRun)
 {

@@ -95,6 +95,12 @@ void Ink::point(int x, int row)
         painter()->drawPoint(x, row);
 }
 
+bool Ink::isRun(const QRect& rect) const
+{
+    return isStored() && m_isHollow && rect.width() == 0 && rect.height() > 0
+        && m_surface->holds(rect.x(), rect.y(), rect.x(), rect.y() + rect.height());
+}
+
 void Ink::outline(const QRect& rect)
 {
     const int left = std::min(rect.x(), rect.x() + rect.width());
@@ -117,6 +123,19 @@ void Ink::outline(const QRect& rect)
     pixels.fill(left, bottom, right, bottom, m_word);
     pixels.fill(left, top, left, bottom, m_word);
     pixels.fill(right, top, right, bottom, m_word);
+}
+
+void Ink::ellipse(const QRect& rect)
+{
+    if (isStored() && m_isHollow) {
+        if (!m_stamp || !m_stamp->isOf(rect.size()))
+            m_stamp.emplace(rect.size(), pen());
+        if (m_stamp->fits(*m_surface, rect.topLeft())) {
+            m_stamp->store(surface(), rect.topLeft(), m_word);
+            return;
+        }
+    }
+    painter()->drawEllipse(rect);
 }
 
 void Ink::fill(const QRect& rect, const QColor& color)
