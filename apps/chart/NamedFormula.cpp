@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "apps/chart/NamedFormula.h"
 
+#include "host/TC/CFormulaOperateManager.h"
 #include "host/embedded/FormulaSetup.h"
+#include "host/utils/CSingletonT.h"
+
+#include <QHash>
+#include <QSet>
 
 namespace chart {
 
@@ -36,12 +41,30 @@ std::unique_ptr<engine::FormulaEvaluation> evaluationOfNamed(const QString& name
     return recipe && recipe->formula ? evaluationOf(*recipe) : nullptr;
 }
 
-engine::FormulaLookup knownFormulas()
+engine::FormulaLookup knownFormulas(const QString& reader)
 {
-    return [](const std::string& name) {
-        const auto recipe = TC::embedded::resolveFormula(QString::fromStdString(name));
-        return recipe && recipe->formula ? engine::FoundFormula { recipe->formula, {}, {} }
-                                         : engine::findBuiltInFormula(name);
+    QHash<QString, std::shared_ptr<const engine::Formula>> known;
+    QSet<QString> own;
+    const auto* manager = utils::CSingletonT<TC::CFormulaOperateManager>::instance();
+    const QStringList names = TC::embedded::formulaNames();
+    for (const QString& name : names) {
+        const auto recipe = TC::embedded::resolveFormula(name);
+        const auto detail = manager->getFormula(name);
+        if (!recipe || !detail)
+            continue;
+        const QString realName = detail->realName.toCaseFolded();
+        known.insert(name.toCaseFolded(), recipe->formula);
+        if (!known.contains(realName))
+            known.insert(realName, recipe->formula);
+        if (!reader.isEmpty() && detail->realName == reader)
+            own << realName << name.toCaseFolded();
+    }
+    return [known, own](const std::string& called) {
+        const QString name = QString::fromStdString(called).toCaseFolded();
+        if (own.contains(name))
+            return engine::FoundFormula { nullptr, "公式调用了自己", "the formula calls itself" };
+        const std::shared_ptr<const engine::Formula> formula = known.value(name);
+        return formula ? engine::FoundFormula { formula, {}, {} } : engine::findBuiltInFormula(called);
     };
 }
 

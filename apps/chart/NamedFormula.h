@@ -20,7 +20,9 @@ std::optional<engine::FormulaRecords> computeNamed(const QString& name, const en
 /// Such a formula ready to be computed once; null for a name that the manager does not know.
 std::unique_ptr<engine::FormulaEvaluation> evaluationOfNamed(const QString& name);
 
-/// Finds the formulas that a text may call: the user's own and the built-in ones.
-engine::FormulaLookup knownFormulas();
+/// Finds the formulas that a text may call: the user's own and the built-in ones, as they are now. Made on
+/// the GUI thread, to be called from any.
+/// @param reader  name of the formula whose text is read, which would call itself; empty for none.
+engine::FormulaLookup knownFormulas(const QString& reader = QString());
 
 } // namespace chart

@@ -96,6 +96,13 @@ void MainWindow::buildOverlayMenu()
             static_cast<void>(overlayBars(path));
     });
     menu->addAction(QStringLiteral("清除叠加"), this, &MainWindow::clearOverlays);
+    menu->addSeparator();
+    menu->addAction(QStringLiteral("对照指数…"), this, [this] {
+        const QString path = chooseFile(this, QStringLiteral("对照指数"));
+        if (!path.isEmpty())
+            static_cast<void>(compareWith(path));
+    });
+    menu->addAction(QStringLiteral("取消对照指数"), this, &MainWindow::compareWithNothing);
 }
 
 void MainWindow::buildToolsMenu()

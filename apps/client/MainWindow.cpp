@@ -25,6 +25,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
@@ -69,6 +70,10 @@ MainWindow::MainWindow()
     const QSize room = QGuiApplication::primaryScreen()->availableSize() - kFrame;
     resize(QSize(1400, 860).boundedTo(room.expandedTo(kUsable)));
     setAcceptDrops(true);
+    m_indexName = new QLabel;
+    m_indexName->setObjectName(QStringLiteral("comparedIndex"));
+    m_indexName->hide();
+    statusBar()->addPermanentWidget(m_indexName);
     buildPanels();
     nameInstrument();
     buildFileMenu();
@@ -100,6 +105,8 @@ void MainWindow::startRun()
         tell(mendInterruptedRestore());
     }
     tell(TC::embedded::instrumentStoreNotice());
+    tell(m_index.restore().reason());
+    followIndex();
     tellFormulaProblems(TC::embedded::loadFormulas());
     for (auto entry = m_last.parameters.begin(); entry != m_last.parameters.end(); ++entry)
         setParameters(entry.key(), entry.value());
@@ -229,7 +236,7 @@ base::Result<void> MainWindow::openBars(const QString& path)
     m_instruments->listFolder(QFileInfo(path).absolutePath());
     clearOverlays();
     m_barsPath = QFileInfo(path).absoluteFilePath();
-    m_chart->state()->setBars(opened->instrument, opened->bars);
+    m_chart->state()->setBars(opened->instrument, m_index.beside(opened->bars));
     nameInstrument();
     slotShowMessage(QStringLiteral("已打开 %1 %2（%3 根K线）")
                         .arg(TC::getDetailQsKey(opened->instrument), TC::getDetailQsName(opened->instrument),
@@ -273,6 +280,36 @@ void MainWindow::clearOverlays()
 {
     m_overlays.clear();
     m_chart->panes().front()->setOverlays(m_overlays);
+}
+
+base::Result<void> MainWindow::compareWith(const QString& path)
+{
+    const base::Result<void> chosen = m_index.choose(path);
+    followIndex();
+    if (!chosen.isGood())
+        return told(chosen.failure());
+    slotShowMessage(QStringLiteral("对照指数：%1").arg(m_index.name()));
+    return {};
+}
+
+void MainWindow::compareWithNothing()
+{
+    const base::Result<void> forgotten = m_index.forget();
+    followIndex();
+    slotShowMessage(forgotten.isGood() ? QStringLiteral("已取消对照指数") : forgotten.reason());
+}
+
+void MainWindow::followIndex()
+{
+    m_indexName->setText(QStringLiteral("对照指数：%1").arg(base::printable(m_index.name())));
+    m_indexName->setHidden(m_index.name().isEmpty());
+    ChartState* state = m_chart->state();
+    const std::shared_ptr<const engine::BarSeries> bars = m_index.beside(state->bars());
+    if (bars == state->bars())
+        return;
+    const int first = state->first(), last = state->last();
+    state->setBars(state->instrument(), bars);
+    state->show(first, last);
 }
 
 void MainWindow::setDemoAccount(bool on)

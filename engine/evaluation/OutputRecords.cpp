@@ -10,6 +10,7 @@ namespace {
 
 constexpr const char* kNoName = "__noname"; // the legend shows the value alone
 constexpr const char* kNoShow = "__noshow"; // the legend leaves the output out
+constexpr const char* kHidden = "output"; // before the number of one that is left out: kNoName would undo it
 
 constexpr int kDefaultStackColors[] = { 0x0000FF, 0x00FF00, 0xFF0000, 0x00FFFF,
                                         0xFFFF54, 0xFF00FF, 0x808080, 0x004080 };
@@ -36,8 +37,9 @@ std::string decimalText(double value, int decimals)
 /// @param index  position among the outputs of the text.
 std::string recordName(const Output& output, std::size_t index, const std::vector<double>& parameters)
 {
+    const char* const noName = output.isHiddenInLegend ? kHidden : kNoName;
     std::string name =
-        output.name.empty() ? kNoName + std::to_string(index + 1) : shownName(output, parameters);
+        output.name.empty() ? noName + std::to_string(index + 1) : shownName(output, parameters);
     if (output.drawType == se::DrawType::StackedVolume)
         name = joined(output.columnNames); // one legend piece each
     return output.isHiddenInLegend ? name + kNoShow : name;

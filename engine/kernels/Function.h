@@ -10,6 +10,34 @@
 
 namespace engine::language {
 
+/// Makes the kernels of a function; may be empty.
+class KernelMaker
+{
+public:
+    using Plain = KernelPointer (*)();
+    using Bound = KernelPointer (*)(const void* what);
+
+    KernelMaker() = default;
+    KernelMaker(Plain plain)
+        : m_plain(plain)
+    {
+    }
+    /// @param what  given to each call; must outlive the function.
+    KernelMaker(Bound bound, const void* what)
+        : m_bound(bound)
+        , m_what(what)
+    {
+    }
+
+    explicit operator bool() const { return m_plain || m_bound; }
+    KernelPointer operator()() const { return m_plain ? m_plain() : m_bound(m_what); }
+
+private:
+    Plain m_plain = nullptr;
+    Bound m_bound = nullptr;
+    const void* m_what = nullptr;
+};
+
 /// One thing that a formula can call by name: a series of the bars, a function, or a drawing statement.
 /// Operators are functions too, which cannot be called by name.
 struct Function
@@ -40,9 +68,9 @@ struct Function
     std::optional<se::DrawType::Code> drawing; ///< of a drawing statement
     /// Of a drawing statement: a digit per column, the argument that it takes; empty where they are in order.
     const char* columnOrder = "";
-    bool isBuilt = false;                    ///< a drawing put together from others, see BuiltDrawings.h
-    KernelPointer (*makeKernel)() = nullptr; ///< null for drawings whose columns are their arguments
-    const char* chinese = "";                ///< one line each; empty for operators
+    bool isBuilt = false;     ///< a drawing put together from others, see BuiltDrawings.h
+    KernelMaker makeKernel;   ///< empty for drawings whose columns are their arguments
+    const char* chinese = ""; ///< one line each; empty for operators
     const char* english = "";
 };
 
@@ -154,7 +182,7 @@ public:
     template <class Made>
     FunctionRow& runs()
     {
-        m_row.makeKernel = []() -> KernelPointer { return std::make_unique<Made>(); };
+        m_row.makeKernel = KernelMaker([]() -> KernelPointer { return std::make_unique<Made>(); });
         return *this;
     }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "engine/calendar/LocalTime.h"
 #include "engine/kernels/KernelRows.h"
+#include "engine/kernels/PeriodGroups.h"
 #include "engine/kernels/Periods.h"
 
 #include <algorithm>
@@ -113,22 +114,12 @@ class PeriodKernel : public Kernel
 public:
     void compute(const Operand*, const Work& work, Result result) override
     {
-        std::vector<std::int64_t> distances;
-        for (std::size_t bar = 1; bar < work.count; ++bar)
-            distances.push_back((work.bars.timeMs[bar] - work.bars.timeMs[bar - 1]) / kMsPerMinute);
-        double code = kMissing;
-        if (!distances.empty()) {
-            const auto middle = distances.begin() + static_cast<std::ptrdiff_t>(distances.size() / 2);
-            std::nth_element(distances.begin(), middle, distances.end());
-            code = std::find_if(std::begin(kPeriods), std::end(kPeriods) - 1, [&](const PeriodCode& period) {
-                       return *middle >= period.leastMinutes;
-                   })->code;
-        }
+        const std::optional<std::int64_t> minutes = usualMinutes(work.bars.timeMs);
+        const auto isReached = [&](const PeriodCode& period) { return *minutes >= period.leastMinutes; };
+        const double code =
+            minutes ? std::find_if(std::begin(kPeriods), std::end(kPeriods) - 1, isReached)->code : kMissing;
         result.fill(work.from, work.count, code);
     }
-
-private:
-    static constexpr std::int64_t kMsPerMinute = 60'000;
 };
 
 } // namespace

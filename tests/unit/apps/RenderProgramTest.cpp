@@ -11,9 +11,11 @@
 #include "tests/support/Trace.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QTemporaryDir>
 #include <QTextCodec>
 
@@ -433,6 +435,38 @@ TEST_F(RenderProgram, ComparesWithTheIndexThatIsNamed)
     expectRefused(run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--index"),
                         path("none.csv"), QStringLiteral("-o"), path("out.png") }),
                   "none.csv");
+}
+
+TEST_F(RenderProgram, TakesNumbersOfSharesFromTheUsersListOfInstruments)
+{
+    ASSERT_FALSE(base::writeWholeFile(path("own.txt"), "X:CAPITAL; Y:TOTALCAPITAL; Z:VOL/CAPITAL*100;"));
+    ASSERT_TRUE(QDir().mkpath(path("home/user")));
+    const auto exported = [&](const QByteArray& list) {
+        EXPECT_FALSE(base::writeWholeFile(path("home/user/instruments.csv"), list));
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("INDICATORUI_HOME"), path("home"));
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(RENDER_PROGRAM),
+                      { QStringLiteral("--bars"), sample("SH600030.csv"), QStringLiteral("--formula"),
+                        path("own.txt"), QStringLiteral("--export"), path("out.csv") });
+        EXPECT_TRUE(process.waitForFinished(60'000));
+        EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+        QFile file(path("out.csv"));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    };
+    const QByteArray none = exported("market,code\nSH,600030\n");
+    EXPECT_FALSE(none.contains("12000000000")) << none.left(200).toStdString();
+    const QByteArray list = "code,market,流通股本,总股本\r\n600030,SH,12000000000,14820546829\r\n"
+                            "600030,SZ,1,1\r\n";
+    const QTextCodec* codec = QTextCodec::codecForName("GB18030");
+    for (const QByteArray& bytes : { list, codec->fromUnicode(QString::fromUtf8(list)) }) {
+        const QByteArray known = exported(bytes);
+        EXPECT_EQ(known.count(",12000000000.0000,14820546829.0000,"), 5639) << known.left(200).toStdString();
+        EXPECT_TRUE(known.contains(",0.6451\n") || known.endsWith(",0.6451"))
+            << known.right(200).toStdString();
+    }
 }
 
 TEST_F(RenderProgram, PrintsHintsAndTakesTheFormulaAllTheSame)
