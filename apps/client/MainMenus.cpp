@@ -75,18 +75,14 @@ void MainWindow::buildViewMenu()
         arrangements->addAction(QStringLiteral("保存为…"), this, [this] {
             const QString name =
                 QInputDialog::getText(this, QStringLiteral("保存布局"), QStringLiteral("名称"));
-            const QString failure = name.isEmpty() ? QString() : m_docks.store(name);
-            if (!failure.isEmpty())
-                slotShowMessage(failure);
+            if (!name.isEmpty())
+                tell(m_docks.store(name).reason());
         });
         arrangements->addSeparator();
         const QStringList stored = m_docks.names();
         for (const QString& name : stored) {
-            arrangements->addAction(menuText(name), this, [this, name] {
-                const QString failure = m_docks.apply(name);
-                if (!failure.isEmpty())
-                    slotShowMessage(failure);
-            });
+            arrangements->addAction(menuText(name), this,
+                                    [this, name] { tell(m_docks.apply(name).reason()); });
         }
     });
 }
@@ -100,6 +96,13 @@ void MainWindow::buildOverlayMenu()
             static_cast<void>(overlayBars(path));
     });
     menu->addAction(QStringLiteral("清除叠加"), this, &MainWindow::clearOverlays);
+    menu->addSeparator();
+    menu->addAction(QStringLiteral("对照指数…"), this, [this] {
+        const QString path = chooseFile(this, QStringLiteral("对照指数"));
+        if (!path.isEmpty())
+            static_cast<void>(compareWith(path));
+    });
+    menu->addAction(QStringLiteral("取消对照指数"), this, &MainWindow::compareWithNothing);
 }
 
 void MainWindow::buildToolsMenu()

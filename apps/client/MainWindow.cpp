@@ -26,6 +26,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
@@ -70,6 +71,10 @@ MainWindow::MainWindow()
     const QSize room = QGuiApplication::primaryScreen()->availableSize() - kFrame;
     resize(QSize(1400, 860).boundedTo(room.expandedTo(kUsable)));
     setAcceptDrops(true);
+    m_indexName = new QLabel;
+    m_indexName->setObjectName(QStringLiteral("comparedIndex"));
+    m_indexName->hide();
+    statusBar()->addPermanentWidget(m_indexName);
     buildPanels();
     nameInstrument();
     buildFileMenu();
@@ -94,13 +99,15 @@ void MainWindow::startRun()
     TC::embedded::setReloadReceiver(
         [this](const std::string&, const std::string&, const std::string&) { followFormulas(); });
     tell(m_oneClient.enter());
-    tell(m_docks.restore(m_oneClient.isFirst()));
+    tell(m_docks.restore(m_oneClient.isFirst()).reason());
     if (m_oneClient.isFirst()) {
         base::removeUnfinishedFiles(TC::getConfigDir());
         base::removeUnfinishedFiles(TC::getUserRootDir());
         tell(mendInterruptedRestore());
     }
     tell(TC::embedded::instrumentStoreNotice());
+    tell(m_index.restore().reason());
+    followIndex();
     tellFormulaProblems(TC::embedded::loadFormulas());
     for (auto entry = m_last.parameters.begin(); entry != m_last.parameters.end(); ++entry)
         setParameters(entry.key(), entry.value());
@@ -235,7 +242,7 @@ base::Result<void> MainWindow::openBars(const QString& path)
     m_instruments->showFile(path);
     clearOverlays();
     m_barsPath = QFileInfo(path).absoluteFilePath();
-    m_chart->state()->setBars(opened->instrument, opened->bars);
+    m_chart->state()->setBars(opened->instrument, m_index.beside(opened->bars));
     nameInstrument();
     slotShowMessage(QStringLiteral("已打开 %1 %2（%3 根K线）")
                         .arg(TC::getDetailQsKey(opened->instrument), TC::getDetailQsName(opened->instrument),
@@ -282,6 +289,36 @@ void MainWindow::clearOverlays()
     m_chart->panes().front()->setOverlays(m_overlays);
 }
 
+base::Result<void> MainWindow::compareWith(const QString& path)
+{
+    const base::Result<void> chosen = m_index.choose(path);
+    followIndex();
+    if (!chosen.isGood())
+        return told(chosen.failure());
+    slotShowMessage(QStringLiteral("对照指数：%1").arg(m_index.name()));
+    return {};
+}
+
+void MainWindow::compareWithNothing()
+{
+    const base::Result<void> forgotten = m_index.forget();
+    followIndex();
+    slotShowMessage(forgotten.isGood() ? QStringLiteral("已取消对照指数") : forgotten.reason());
+}
+
+void MainWindow::followIndex()
+{
+    m_indexName->setText(QStringLiteral("对照指数：%1").arg(base::printable(m_index.name())));
+    m_indexName->setHidden(m_index.name().isEmpty());
+    ChartState* state = m_chart->state();
+    const std::shared_ptr<const engine::BarSeries> bars = m_index.beside(state->bars());
+    if (bars == state->bars())
+        return;
+    const int first = state->first(), last = state->last();
+    state->setBars(state->instrument(), bars);
+    state->show(first, last);
+}
+
 void MainWindow::setDemoAccount(bool on)
 {
     m_demoAccount = on;
@@ -323,7 +360,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
         return;
     }
     m_keeper.keep();
-    const QString failure = m_docks.save();
+    const QString failure = m_docks.save().reason();
     if (!failure.isEmpty()
         && !isConfirmed(this, failure + QStringLiteral("\n仍然退出？"), QStringLiteral("退出"))) {
         event->ignore();

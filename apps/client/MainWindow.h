@@ -4,6 +4,7 @@
 
 #include "apps/base/Result.h"
 #include "apps/client/ApplicationLook.h"
+#include "apps/client/ComparedIndex.h"
 #include "apps/client/OneClient.h"
 #include "apps/client/PlainTexts.h"
 #include "apps/client/chart/FormulaSource.h"
@@ -15,6 +16,8 @@
 
 #include <QMainWindow>
 #include <QPointer>
+
+class QLabel;
 
 namespace client {
 
@@ -43,6 +46,9 @@ public:
     /// Lays the prices of a bars file over the chart; as openBars.
     base::Result<void> overlayBars(const QString& path);
     void clearOverlays();
+    /// Chooses the bars file that INDEXC and its like read, and keeps it for later runs; as openBars.
+    base::Result<void> compareWith(const QString& path);
+    void compareWithNothing();
     /// Shows invented trades and accounts in the main legend, or none.
     void setDemoAccount(bool on);
 
@@ -85,6 +91,8 @@ private:
     void buildOverlayMenu();
     void buildToolsMenu();
     void refreshDemoAccount();
+    /// Lets the formulas read the index that is chosen now, and the status line name it.
+    void followIndex();
     /// Shows a failure and hands it on.
     base::Failure told(const base::Failure& failure);
     /// Restores the arrangement, mends what the previous run left unfinished, starts the mark of a running
@@ -115,6 +123,8 @@ private:
     FormulaList* m_formulas = nullptr;
     MessageList* m_messages = nullptr;
     QPointer<FormulaEditor> m_editor; ///< while it is open
+    ComparedIndex m_index;
+    QLabel* m_indexName = nullptr; ///< in the status line; hidden without an index
     std::vector<PaneData::Overlay> m_overlays;
     Session m_last; ///< the session before this one
     SessionKeeper m_keeper;

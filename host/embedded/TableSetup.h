@@ -19,6 +19,7 @@ INDICATORHOST_EXPORT void clearSaveDialogAnswer();
 struct SaveDialogRequest
 {
     QString title, folder, filter;
+    QString answer; ///< the chosen path; empty when the user cancelled
 };
 
 /// The last request since clearSaveDialogAnswer(); empty texts when there was none.

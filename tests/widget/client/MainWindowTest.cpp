@@ -24,6 +24,11 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QAction>
+#include <QTimer>
+#include <QLineEdit>
+#include <QLabel>
+#include <QFileDialog>
 #include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -34,6 +39,46 @@
 
 using test::ClientWindow;
 using test::sample;
+
+TEST_F(ClientWindow, ComparesWithTheIndexThatTheUserChoosesAndKeepsItForTheNextRun)
+{
+    const auto indexName = [&] { return m_window->findChild<QLabel*>(QStringLiteral("comparedIndex")); };
+    const auto trigger = [&](const QString& entry) {
+        for (QAction* action : m_window->findChildren<QAction*>()) {
+            if (action->text() == entry)
+                action->trigger();
+        }
+    };
+    openShare();
+    chart()->state()->show(100, 200);
+    EXPECT_FALSE(indexName()->isVisible());
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(sample("bars/SH000001.csv"));
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    trigger(QStringLiteral("对照指数…"));
+    EXPECT_EQ(indexName()->text(), QStringLiteral("对照指数：SH000001 上证指数"));
+    EXPECT_TRUE(indexName()->isVisible());
+    EXPECT_EQ(chart()->state()->first(), 100);
+    ASSERT_TRUE(chart()->state()->bars()->index);
+    EXPECT_EQ(chart()->state()->bars()->index->size(), 8709u);
+
+    EXPECT_FALSE(m_window->compareWith(QStringLiteral("none.csv")).isGood());
+    EXPECT_TRUE(chart()->state()->bars()->index) << "a file that cannot be opened changes nothing";
+
+    m_window->close();
+    m_window = std::make_unique<client::MainWindow>();
+    m_window->show();
+    QTest::qWait(20);
+    EXPECT_EQ(indexName()->text(), QStringLiteral("对照指数：SH000001 上证指数"));
+    openShare();
+    EXPECT_TRUE(chart()->state()->bars()->index);
+    trigger(QStringLiteral("取消对照指数"));
+    EXPECT_FALSE(indexName()->isVisible());
+    EXPECT_FALSE(chart()->state()->bars()->index);
+}
 
 TEST_F(ClientWindow, OpensBarsWithCandlesVolumeAndMacd)
 {

@@ -1,0 +1,19 @@
+# SPDX-License-Identifier: MIT
+# The two programs, their manual pages, and what lists the client in the menus of a desktop.
+install(TARGETS indicatorui-client indicatorui-render EXPORT IndicatorUIApps
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT apps)
+install(EXPORT IndicatorUIApps NAMESPACE IndicatorUI:: DESTINATION ${package_folder} COMPONENT apps)
+
+foreach(program indicatorui-client indicatorui-render)
+    configure_file(${PROJECT_SOURCE_DIR}/packaging/man/${program}.1.in ${PROJECT_BINARY_DIR}/packaging/${program}.1
+                   @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/packaging/${program}.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1
+            COMPONENT apps)
+endforeach()
+
+set(desktop ${PROJECT_SOURCE_DIR}/packaging/desktop)
+install(FILES ${desktop}/indicatorui-client.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT apps)
+install(FILES ${desktop}/indicatorui-client.svg
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT apps)
+install(FILES ${desktop}/indicatorui-client.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
+        COMPONENT apps)

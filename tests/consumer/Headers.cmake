@@ -1,0 +1,18 @@
+# SPDX-License-Identifier: MIT
+# Compiles every installed header alone, against what is installed and nothing else.
+get_target_property(headers IndicatorUI::indicatorui INTERFACE_INCLUDE_DIRECTORIES)
+list(GET headers 0 headers)
+file(GLOB_RECURSE names RELATIVE ${headers} CONFIGURE_DEPENDS ${headers}/*.h)
+list(LENGTH names count)
+if(count LESS 70)
+    message(FATAL_ERROR "${count} headers below ${headers}: some are not installed")
+endif()
+set(sources "")
+foreach(name IN LISTS names)
+    set(source ${PROJECT_BINARY_DIR}/alone/${name}.cpp)
+    file(CONFIGURE OUTPUT ${source} CONTENT "#include <${name}>\n#include <${name}>\n")
+    list(APPEND sources ${source})
+endforeach()
+add_library(headers_alone OBJECT ${sources})
+target_compile_options(headers_alone PRIVATE -Wall -Wextra -Wpedantic -Werror)
+target_link_libraries(headers_alone PRIVATE IndicatorUI::indicatorui IndicatorUI::indicatorengine)
