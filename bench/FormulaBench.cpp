@@ -1,21 +1,31 @@
 // SPDX-License-Identifier: MIT
-/// @file Formulas as texts. The first case computes MACD over a million bars beside the same loops written by
-/// hand, counter "ratio"; the others time one more bar for ten formulas of four outputs over a million bars,
-/// and the reading of a text of 2,000 statements.
+/// @file Formulas as texts, over a million bars. The cases "besidePlain" compute a formula, its records
+/// included, beside a loop written by hand (PlainFormulas.h), by turns in one run: counters "own" and "plain"
+/// are milliseconds of thread time, low quantiles, and "ratio" is what one takes of the other. "appendOneBar"
+/// times one more bar for every built-in formula, "appendToTen" one for ten formulas of four outputs,
+/// "readText" the reading of 2,000 statements.
 
+#include "bench/PlainFormulas.h"
 #include "bench/RandomWalk.h"
+#include "engine/Formulas.h"
 #include "engine/evaluation/FormulaEvaluation.h"
 
 #include <benchmark/benchmark.h>
 
-#include <chrono>
+#include <algorithm>
+#include <climits>
+#include <cmath>
+#include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <string>
+
+#include <malloc.h>
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
 using Series = std::vector<double>;
+using engine::FormulaEvaluation;
 
 constexpr std::size_t kBars = 1'000'000;
 
@@ -41,46 +51,77 @@ std::shared_ptr<const engine::Formula> formulaOf(const std::string& text)
     return formula;
 }
 
-Series averageByHand(const Series& values, double period)
+/// Milliseconds that this thread has worked.
+double threadTime()
 {
-    Series averages(values.size());
-    double average = values.front();
-    for (std::size_t bar = 0; bar < values.size(); ++bar) {
-        average += 2.0 / (period + 1.0) * (values[bar] - average);
-        averages[bar] = average;
+    timespec time;
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
+double lowQuantile(Series values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 5];
+}
+
+/// Ends the program unless both say the same but for rounding.
+void compare(const char* name, const engine::FormulaRecords& records, const bench::Lines& lines)
+{
+    for (std::size_t line = 0; line < lines.size(); ++line) {
+        const auto column = static_cast<std::size_t>(records.meta.outputColumns[line][0]);
+        const auto series = static_cast<std::size_t>(records.result.columnSeries[column]);
+        const Series& own = records.result.numberSeries[series];
+        for (std::size_t bar = 100; bar < kBars; ++bar) { // where every line has begun
+            const double plain = lines[line][bar];
+            const bool isSame = std::abs(own[bar] - plain) <= 1e-6 * std::max(1.0, std::abs(plain))
+                || (std::isnan(own[bar]) && std::isnan(plain)) || own[bar] == plain;
+            if (isSame)
+                continue;
+            std::fprintf(stderr, "%s: line %zu, bar %zu: %g instead of %g\n", name, line, bar, own[bar],
+                         plain);
+            std::exit(1);
+        }
     }
-    return averages;
 }
 
-void macdByHand(const Series& close)
+struct Contest
 {
-    const Series fast = averageByHand(close, 12), slow = averageByHand(close, 26);
-    Series difference(close.size()), histogram(close.size());
-    for (std::size_t bar = 0; bar < close.size(); ++bar)
-        difference[bar] = fast[bar] - slow[bar];
-    const Series signal = averageByHand(difference, 9);
-    for (std::size_t bar = 0; bar < close.size(); ++bar)
-        histogram[bar] = 2.0 * (difference[bar] - signal[bar]);
-    benchmark::DoNotOptimize(histogram.data());
-}
+    const char* name;
+    const char* text; ///< null: the built-in formula of the name
+    bench::Lines (*plain)(const engine::BarSeries&);
+};
 
-void computeMacd(benchmark::State& state)
+constexpr Contest kContests[] = {
+    { "MACD", nullptr, bench::plainMacd },
+    { "KDJ", nullptr, bench::plainKdj },
+    { "BOLL", nullptr, bench::plainBands },
+    { "MA", nullptr, bench::plainMeans },
+    { "SAR", nullptr, bench::plainSar },
+    { "DMI", nullptr, bench::plainDmi },
+    { "HHV", "X:HHV(HIGH,20);", bench::plainHighest },
+};
+
+void besidePlain(benchmark::State& state, const Contest& contest)
 {
     const engine::BarSeries bars = walk(kBars);
-    const auto formula =
-        formulaOf("DIF:EMA(CLOSE,12)-EMA(CLOSE,26);DEA:EMA(DIF,9);MACD:2*(DIF-DEA),COLORSTICK;");
-    Clock::duration computing {}, byHand {};
+    const auto formula = contest.text ? formulaOf(contest.text) : engine::findBuiltIn(contest.name)->formula;
+    Series own, plain;
     for (auto _ : state) {
-        const auto start = Clock::now();
-        engine::FormulaEvaluation evaluation(formula, {}, engine::FormulaEvaluation::Mode::Once);
-        benchmark::DoNotOptimize(evaluation.update(bars));
-        const auto computed = Clock::now();
-        macdByHand(bars.close);
-        byHand += Clock::now() - computed;
-        computing += computed - start;
-        state.SetIterationTime(std::chrono::duration<double>(computed - start).count());
+        const double start = threadTime();
+        FormulaEvaluation evaluation(formula, {}, FormulaEvaluation::Mode::Once);
+        evaluation.update(bars);
+        const double computed = threadTime();
+        const bench::Lines lines = contest.plain(bars);
+        plain.push_back(threadTime() - computed);
+        own.push_back(computed - start);
+        if (own.size() == 1)
+            compare(contest.name, evaluation.records(), lines);
+        state.SetIterationTime(own.back() / 1e3);
     }
-    state.counters["ratio"] = static_cast<double>(computing.count()) / static_cast<double>(byHand.count());
+    state.counters["own"] = lowQuantile(own);
+    state.counters["plain"] = lowQuantile(plain);
+    state.counters["ratio"] = lowQuantile(own) / lowQuantile(plain);
 }
 
 /// Adds a bar like one of the first thousand.
@@ -92,25 +133,36 @@ void appendOne(engine::BarSeries& bars)
         column->push_back((*column)[source]);
 }
 
-void appendOneBar(benchmark::State& state)
+void followBars(benchmark::State& state, const std::vector<std::shared_ptr<const engine::Formula>>& formulas)
 {
     engine::BarSeries bars = walk(kBars);
-    std::vector<std::unique_ptr<engine::FormulaEvaluation>> evaluations;
-    for (int formula = 1; formula <= 10; ++formula) {
-        const std::string period = std::to_string(5 * formula);
-        evaluations.push_back(std::make_unique<engine::FormulaEvaluation>(
-            formulaOf("MID:MA(CLOSE," + period + ");UPPER:MID+2*STD(CLOSE," + period + ");TREND:EMA(CLOSE,"
-                      + period + ")-MID;HIGHEST:HHV(HIGH," + period + ");")));
+    std::vector<std::unique_ptr<FormulaEvaluation>> evaluations;
+    for (const auto& formula : formulas) {
+        evaluations.push_back(std::make_unique<FormulaEvaluation>(formula));
         evaluations.back()->update(bars);
     }
     appendOne(bars); // makes room for later ones
     for (const auto& evaluation : evaluations)
         evaluation->update(bars);
     for (auto _ : state) {
+        state.PauseTiming();
         appendOne(bars);
+        state.ResumeTiming();
         for (const auto& evaluation : evaluations)
             benchmark::DoNotOptimize(evaluation->update(bars));
     }
+}
+
+void appendToTen(benchmark::State& state)
+{
+    std::vector<std::shared_ptr<const engine::Formula>> formulas;
+    for (int formula = 1; formula <= 10; ++formula) {
+        const std::string period = std::to_string(5 * formula);
+        formulas.push_back(formulaOf("MID:MA(CLOSE," + period + ");UPPER:MID+2*STD(CLOSE," + period
+                                     + ");TREND:EMA(CLOSE," + period + ")-MID;HIGHEST:HHV(HIGH," + period
+                                     + ");"));
+    }
+    followBars(state, formulas);
 }
 
 void readText(benchmark::State& state)
@@ -126,7 +178,28 @@ void readText(benchmark::State& state)
 
 } // namespace
 
-BENCHMARK(computeMacd)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(appendOneBar)->Unit(benchmark::kMillisecond);
+BENCHMARK(appendToTen)->Unit(benchmark::kMicrosecond);
 BENCHMARK(readText)->Unit(benchmark::kMillisecond);
-BENCHMARK_MAIN();
+
+int main(int argc, char** argv)
+{
+    for (const Contest& contest : kContests)
+        benchmark::RegisterBenchmark((std::string("besidePlain/") + contest.name).c_str(), besidePlain,
+                                     contest)
+            ->UseManualTime()
+            ->Iterations(25)
+            ->Unit(benchmark::kMillisecond);
+    for (const engine::BuiltInFormula& builtIn : engine::builtInFormulas())
+        benchmark::RegisterBenchmark(
+            ("appendOneBar/" + builtIn.name).c_str(),
+            [&builtIn](benchmark::State& state) { followBars(state, { builtIn.formula }); })
+            ->Iterations(20'000)
+            ->Unit(benchmark::kMicrosecond);
+    // Memory goes round inside the program: the system's handing out of fresh pages would take more time than
+    // the computing, on either side.
+    mallopt(M_MMAP_THRESHOLD, 1 << 30);
+    mallopt(M_TRIM_THRESHOLD, INT_MAX);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -4,6 +4,10 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QTemporaryDir>
+#include <QUrl>
+
+#include <memory>
 
 namespace base {
 
@@ -17,6 +21,24 @@ QByteArray bytesOfName(const QString& name);
 /// A text as one line of a message: control characters, line ends of any kind and bytes that are no text are
 /// written as \n, \t or \xNN, marks that turn the direction of writing as \uNNNN.
 QString printable(const QString& text);
+
+/// The name of the file that a dropped or pasted address means; empty when it is no local file.
+QString nameFromUrl(const QUrl& url);
+
+/// A file of any name under one that Qt opens as well: its own, or, where that holds bytes that are no text,
+/// a link in a folder that goes with this object.
+class PlainlyNamed
+{
+public:
+    explicit PlainlyNamed(const QString& name);
+
+    /// @return the name for Qt; @p name of the constructor when no link could be made.
+    QString name() const { return m_name; }
+
+private:
+    QString m_name;
+    std::unique_ptr<QTemporaryDir> m_folder; ///< null when no link is needed
+};
 
 /// Opens a file of any name for reading. @return the descriptor, which the caller closes; -1 with errno set.
 int openForReading(const QString& name);

@@ -10,6 +10,7 @@
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -26,47 +27,16 @@ QString systemWords(int error)
     return qt_error_string(error);
 }
 
-/// A descriptor that is closed at the end.
-class Descriptor
+bool writeAll(int file, const char* bytes, std::size_t count)
 {
-public:
-    explicit Descriptor(int number)
-        : m_number(number)
-    {
-    }
-    ~Descriptor()
-    {
-        if (m_number >= 0)
-            ::close(m_number);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    bool isOpen() const { return m_number >= 0; }
-    int number() const { return m_number; }
-
-    /// Closes it now. @return false, with errno set, when the system could not keep what was written.
-    bool close()
-    {
-        const int number = m_number;
-        m_number = -1;
-        return ::close(number) == 0;
-    }
-
-private:
-    int m_number;
-};
-
-bool writeAll(int file, const QByteArray& content)
-{
-    for (int written = 0; written < content.size();) {
-        const ssize_t count =
-            ::write(file, content.constData() + written, static_cast<std::size_t>(content.size() - written));
-        if (count < 0 && errno == EINTR)
+    while (count > 0) {
+        const ssize_t written = ::write(file, bytes, count);
+        if (written < 0 && errno == EINTR)
             continue;
-        if (count <= 0)
+        if (written <= 0)
             return false;
-        written += static_cast<int>(count);
+        bytes += written;
+        count -= static_cast<std::size_t>(written);
     }
     return true;
 }
@@ -101,23 +71,13 @@ QByteArray folderOf(const QByteArray& path)
 /// Brings the entry of a folder to the disk; file systems that cannot are not asked twice.
 bool syncFolder(const QByteArray& folder)
 {
-    const Descriptor open(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    return !open.isOpen() || ::fsync(open.number()) == 0 || errno == EINVAL || errno == ENOTSUP;
-}
-
-/// Writes the new file beside the old one. @return whether it is safe on the disk; else errno tells why.
-bool writeBeside(QByteArray& beside, const QByteArray& content, mode_t permissions)
-{
-    Descriptor file(::mkostemp(beside.data(), O_CLOEXEC));
-    if (!file.isOpen())
-        return false;
-    const bool done = writeAll(file.number(), content) && ::fchmod(file.number(), permissions) == 0
-        && ::fsync(file.number()) == 0 && file.close();
-    if (!done) {
-        const int error = errno;
-        ::unlink(beside.constData());
-        errno = error;
-    }
+    const int open = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (open < 0)
+        return true;
+    const bool done = ::fsync(open) == 0 || errno == EINVAL || errno == ENOTSUP;
+    const int error = errno;
+    ::close(open);
+    errno = error;
     return done;
 }
 
@@ -137,36 +97,80 @@ QString WriteFault::chinese() const
     return QStringLiteral("%1：%2（%3）").arg(printable(path), state, cause);
 }
 
-std::optional<WriteFault> writeWholeFile(const QString& path, const QByteArray& content)
+WholeFile::WholeFile(const QString& path)
 {
-    WriteFault fault { WriteFault::OldContent, path, QString() };
-    const QByteArray target = endOfLinks(bytesOfName(path));
-    if (target.isEmpty()) {
-        fault.cause = systemWords(errno);
-        return fault;
+    m_fault.path = path;
+    m_target = endOfLinks(bytesOfName(path));
+    if (m_target.isEmpty()) {
+        fail(systemWords(errno));
+    } else if (const std::optional<mode_t> permissions = permissionsFor(m_target)) {
+        m_permissions = *permissions;
+        open();
+    } else {
+        fail(QStringLiteral("not an ordinary file"));
     }
-    const std::optional<mode_t> permissions = permissionsFor(target);
-    if (!permissions) {
-        fault.cause = QStringLiteral("not an ordinary file");
-        return fault;
-    }
-    const QByteArray folder = folderOf(target);
-    QByteArray beside = folder + '/' + kUnfinished.toLatin1() + "XXXXXX";
-    if (!writeBeside(beside, content, *permissions)) {
-        fault.cause = systemWords(errno);
-        return fault;
-    }
-    if (::rename(beside.constData(), target.constData()) != 0) {
-        fault.cause = systemWords(errno);
-        ::unlink(beside.constData());
-        return fault;
-    }
-    if (!syncFolder(folder)) {
-        fault.left = WriteFault::NewContent;
-        fault.cause = systemWords(errno);
-        return fault;
+}
+
+WholeFile::~WholeFile()
+{
+    if (m_descriptor >= 0)
+        ::close(m_descriptor);
+    if (!m_beside.isEmpty())
+        ::unlink(m_beside.constData());
+}
+
+bool WholeFile::append(const char* bytes, std::size_t count)
+{
+    return !m_failed && keep(writeAll(m_descriptor, bytes, count));
+}
+
+std::optional<WriteFault> WholeFile::finish()
+{
+    const bool isOnDisk =
+        !m_failed && keep(::fchmod(m_descriptor, m_permissions) == 0 && ::fsync(m_descriptor) == 0);
+    // Closing may tell that the system could not keep what was written.
+    if (!isOnDisk || !keep(::close(std::exchange(m_descriptor, -1)) == 0)
+        || !keep(::rename(m_beside.constData(), m_target.constData()) == 0))
+        return m_fault;
+    m_beside.clear();
+    if (!syncFolder(folderOf(m_target))) {
+        m_fault.left = WriteFault::NewContent;
+        fail(systemWords(errno));
+        return m_fault;
     }
     return std::nullopt;
+}
+
+/// Makes the new file.
+void WholeFile::open()
+{
+    m_beside = folderOf(m_target) + '/' + kUnfinished.toLatin1() + "XXXXXX";
+    m_descriptor = ::mkostemp(m_beside.data(), O_CLOEXEC);
+    if (m_descriptor >= 0)
+        return;
+    fail(systemWords(errno));
+    m_beside.clear();
+}
+
+void WholeFile::fail(const QString& cause)
+{
+    m_fault.cause = cause;
+    m_failed = true;
+}
+
+/// Takes note of a call that failed, in the words of errno. @return whether it was done.
+bool WholeFile::keep(bool done)
+{
+    if (!done)
+        fail(systemWords(errno));
+    return done;
+}
+
+std::optional<WriteFault> writeWholeFile(const QString& path, const QByteArray& content)
+{
+    WholeFile file(path);
+    file.append(content.constData(), static_cast<std::size_t>(content.size()));
+    return file.finish();
 }
 
 void removeUnfinishedFiles(const QString& folder)

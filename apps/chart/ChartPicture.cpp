@@ -61,6 +61,7 @@ void paintChart(QPainter& painter, const ChartPicture& picture, const QSize& siz
     const BarView view { picture.first, picture.last, size.width() - kAxisWidth };
 
     painter.fillRect(QRect(QPoint(0, 0), size), WB::skinColor("ic_clr_graph_kline_bg", Qt::gray));
+    const std::vector<int> grid = timeGrid(picture.times, view);
     int top = 0, share = 0;
     for (std::size_t i = 0; i < picture.panes.size(); ++i) {
         const bool main = i == 0;
@@ -71,7 +72,9 @@ void paintChart(QPainter& painter, const ChartPicture& picture, const QSize& siz
         const int plotTop = top + (main ? 2 * kRowHeight : kRowHeight);
         const PaneGeometry geometry { QRect(0, plotTop, view.width, bottom - plotTop),
                                       QRect(view.width, plotTop, kAxisWidth, bottom - plotTop) };
-        paintPane(painter, geometry, picture.panes[i].content, view, Crosshair());
+        PaneContent content = picture.panes[i].content;
+        content.markedBars = grid;
+        paintPane(painter, geometry, content, view, Crosshair());
         painter.save();
         painter.translate(0, top);
         paintLegend(painter, picture, picture.panes[i], main, size.width());

@@ -7,10 +7,13 @@
 #include "engine/files/TickFile.h"
 #include "host/TC/CStockManager.h"
 #include "host/WB/TextConversion.h"
+#include "host/embedded/InstrumentSetup.h"
 #include "host/ttservice/CInstrumentDetail.h"
 #include "host/utils/CSingletonT.h"
 
 #include <QFileInfo>
+
+#include <limits>
 
 namespace chart {
 
@@ -32,6 +35,13 @@ Instrument instrumentOf(const QString& path, const QString& chosen, const std::v
     return instrument;
 }
 
+/// A number of shares that the instrument database knows; NaN when it does not.
+double sharesOf(const Instrument& instrument, int field)
+{
+    const double shares = instrument->getNumber(field);
+    return shares > 0.0 ? shares : std::numeric_limits<double>::quiet_NaN();
+}
+
 /// What the engine says of a file, whose name may hold any bytes.
 base::Failure failureOf(const std::string& text)
 {
@@ -46,8 +56,10 @@ base::Result<OpenedBars> openBarsFile(const QString& path, const QString& key)
     std::optional<engine::BarSeries> bars = engine::readBars(base::bytesOfName(path).toStdString(), failure);
     if (!bars)
         return failureOf(failure);
-    return OpenedBars { instrumentOf(path, key, bars->close),
-                        std::make_shared<const engine::BarSeries>(std::move(*bars)) };
+    const Instrument instrument = instrumentOf(path, key, bars->close);
+    bars->floatingShares = sharesOf(instrument, TC::embedded::kFloatingSharesField);
+    bars->totalShares = sharesOf(instrument, TC::embedded::kTotalSharesField);
+    return OpenedBars { instrument, std::make_shared<engine::BarSeries>(std::move(*bars)) };
 }
 
 base::Result<OpenedTicks> openTicksFile(const QString& path, const QString& key)

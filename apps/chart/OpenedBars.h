@@ -22,7 +22,7 @@ using Instrument = std::shared_ptr<ttservice::CInstrumentDetail>;
 struct OpenedBars
 {
     Instrument instrument;
-    std::shared_ptr<const engine::BarSeries> bars;
+    std::shared_ptr<engine::BarSeries> bars;
 };
 
 /// Trades and their instrument.

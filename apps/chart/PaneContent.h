@@ -7,6 +7,7 @@
 
 #include <QList>
 
+#include <optional>
 #include <vector>
 
 namespace chart {
@@ -22,6 +23,13 @@ struct PaneFormula
     bool overlaid = false; ///< candles of another instrument, all in one colour
 };
 
+/// The price that the instrument stands at.
+struct LastPrice
+{
+    double price = 0.0;
+    bool rises = true; ///< it is not below the close before
+};
+
 /// Formulas in the order in which they are painted; later ones lie on top.
 struct PaneContent
 {
@@ -29,7 +37,9 @@ struct PaneContent
     bool showsPrices = false; ///< the pane's axis shows prices of the instrument
     double priceTick = 0.01;  ///< smallest price step of the instrument
     int periodSeconds = 86400;
-    bool bookRule = false; ///< tick volume sticks follow the order book
+    std::optional<LastPrice> lastPrice; ///< marked by a line and on the axis
+    std::vector<int> markedBars;        ///< bars with a line of the grid
+    bool bookRule = false;              ///< tick volume sticks follow the order book
 };
 
 } // namespace chart

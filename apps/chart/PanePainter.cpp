@@ -4,6 +4,7 @@
 #include "apps/chart/FormulaPainting.h"
 #include "apps/chart/PaneScale.h"
 #include "apps/chart/TimeMarks.h"
+#include "apps/chart/ValueMarks.h"
 #include "host/WB/SkinLookup.h"
 
 #include <QPainter>
@@ -14,6 +15,7 @@ namespace {
 
 constexpr int kMarkSpacing = 38; // least rows between two marks of a value axis
 constexpr int kTimeSpacing = 74; // least columns between two marks of the time axis
+constexpr int kTagHeight = 18;   // of a value beside the pointer
 constexpr int kTextMargin = 6;   // between the frame and an axis text
 
 QColor background()
@@ -42,69 +44,98 @@ QPen dotted(const QColor& color)
 }
 
 void paintGrid(QPainter& painter, const PaneGeometry& geometry, const std::vector<AxisMark>& marks,
-               const QPair<double, double>& range)
+               const PaneContent& pane, const BarView& view, const QPair<double, double>& range)
 {
     painter.setPen(dotted(WB::skinColor("clr_chart_grid", Qt::darkGray)));
     for (const AxisMark& mark : marks) {
         const int row = geometry.plot.top() + rowOf(mark.value, range, geometry.plot.height());
         painter.drawLine(geometry.plot.left(), row, geometry.plot.right(), row);
     }
+    for (int bar : pane.markedBars) {
+        const int column = geometry.plot.left() + view.centre(bar);
+        painter.drawLine(column, geometry.plot.top(), column, geometry.plot.bottom());
+    }
+}
+
+/// Row of the last price, if the pane marks it and its axis reaches there.
+std::optional<int> lastPriceRow(const PaneGeometry& geometry, const PaneContent& pane,
+                                const QPair<double, double>& range)
+{
+    if (!pane.lastPrice)
+        return std::nullopt;
+    const int row = rowOf(pane.lastPrice->price, range, geometry.plot.height());
+    return row >= 0 && row < geometry.plot.height() ? std::optional(row) : std::nullopt;
 }
 
 void paintAxis(QPainter& painter, const PaneGeometry& geometry, const std::vector<AxisMark>& marks,
-               const QPair<double, double>& range)
+               const PaneContent& pane, const QPair<double, double>& range)
 {
+    const std::optional<int> covered = lastPriceRow(geometry, pane, range);
     useAxisFont(painter);
     painter.setPen(axisText());
-    const int height = painter.fontMetrics().height();
     for (const AxisMark& mark : marks) {
-        const int row = geometry.plot.top() + rowOf(mark.value, range, geometry.plot.height());
-        if (row - height / 2 < geometry.plot.top() || row + height / 2 > geometry.plot.bottom())
+        const int row = rowOf(mark.value, range, geometry.plot.height());
+        if (!hasLabelRoom(row, geometry.plot.height())
+            || (covered && std::abs(row - *covered) < kLabelHeight))
             continue;
-        painter.drawText(QRect(geometry.axis.left() + kTextMargin, row - height / 2,
-                               geometry.axis.width() - kTextMargin, height),
-                         Qt::AlignLeft | Qt::AlignVCenter, mark.text);
+        painter.drawText(QRect(geometry.axis.left() + kTextMargin,
+                               geometry.plot.top() + row - kLabelHeight / 2,
+                               geometry.axis.width() - kTextMargin, kLabelHeight),
+                         Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, mark.text);
     }
 }
 
 /// A text in a filled box, as crosshairs show their value and time.
-void paintTag(QPainter& painter, const QRect& box, const QString& text)
+void paintTag(QPainter& painter, const QRect& box, const QString& text, const QColor& color)
 {
-    painter.fillRect(box, axisText());
+    painter.fillRect(box, color);
     painter.setPen(background());
     painter.drawText(box, Qt::AlignCenter, text);
 }
 
-void paintCrosshair(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane,
-                    const BarView& view, const QPair<double, double>& range, const Crosshair& crosshair)
+/// Where the value of a row stands on the axis.
+QRect tagOf(const PaneGeometry& geometry, int row)
 {
-    if (crosshair.bar < view.first || crosshair.bar > view.last)
+    return QRect(geometry.axis.left() + 1, row - kTagHeight / 2, geometry.axis.width() - 1, kTagHeight);
+}
+
+/// The row of the pointer with its value.
+void paintPointer(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane,
+                  const QPair<double, double>& range, int pointer)
+{
+    const int row = geometry.plot.top() + pointer;
+    painter.drawLine(geometry.plot.left(), row, geometry.plot.right(), row);
+    const double value = valueAt(pointer, range, geometry.plot.height());
+    const double step = (range.first - range.second) / geometry.plot.height();
+    useAxisFont(painter);
+    paintTag(painter, tagOf(geometry, row), valueText(value, pane, step), axisText());
+}
+
+/// A line at the last price, and the price on the axis.
+void paintLastPrice(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane,
+                    const QPair<double, double>& range)
+{
+    const std::optional<int> lastRow = lastPriceRow(geometry, pane, range);
+    if (!lastRow)
         return;
-    painter.setPen(dotted(WB::skinColor("clr_chart_crosshair", Qt::gray)));
-    const int column = geometry.plot.left() + view.centre(crosshair.bar);
-    painter.drawLine(column, geometry.plot.top(), column, geometry.plot.bottom());
-    if (!crosshair.row)
-        return;
-    const int row = geometry.plot.top() + *crosshair.row;
+    const QColor color =
+        WB::skinColor(pane.lastPrice->rises ? "ic_clr_kline_rise" : "ic_clr_kline_fall", axisText());
+    const int row = geometry.plot.top() + *lastRow;
+    painter.setPen(QPen(color, 0, Qt::DashLine));
     painter.drawLine(geometry.plot.left(), row, geometry.plot.right(), row);
     useAxisFont(painter);
-    const double value = valueAt(*crosshair.row, range, geometry.plot.height());
-    const double step = (range.first - range.second) / geometry.plot.height();
-    const int height = painter.fontMetrics().height() + 2;
-    paintTag(painter, QRect(geometry.axis.left() + 1, row - height / 2, geometry.axis.width() - 1, height),
-             valueText(value, pane, step));
+    paintTag(painter, tagOf(geometry, row), valueText(pane.lastPrice->price, pane, pane.priceTick), color);
 }
 
 } // namespace
 
-void paintPane(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane, const BarView& view,
-               const Crosshair& crosshair)
+void paintPlot(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane, const BarView& view,
+               const QPair<double, double>& range)
 {
     painter.save();
     painter.fillRect(geometry.plot.united(geometry.axis), background());
-    const QPair<double, double> range = visibleRange(pane, view);
     const auto marks = valueMarks(range, geometry.plot.height(), kMarkSpacing, pane);
-    paintGrid(painter, geometry, marks, range);
+    paintGrid(painter, geometry, marks, pane, view, range);
 
     painter.save();
     painter.setClipRect(geometry.plot, Qt::IntersectClip);
@@ -113,11 +144,55 @@ void paintPane(QPainter& painter, const PaneGeometry& geometry, const PaneConten
     paintFormulas(painter, pane, view, range, geometry.plot.height());
     painter.restore();
 
-    paintAxis(painter, geometry, marks, range);
-    paintCrosshair(painter, geometry, pane, view, range, crosshair);
+    paintAxis(painter, geometry, marks, pane, range);
+    paintLastPrice(painter, geometry, pane, range);
     painter.setPen(frame());
     painter.drawLine(geometry.axis.topLeft(), geometry.axis.bottomLeft());
     painter.restore();
+}
+
+void paintCrosshair(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane,
+                    const BarView& view, const QPair<double, double>& range, const Crosshair& crosshair)
+{
+    if (crosshair.bar < view.first || crosshair.bar > view.last)
+        return;
+    painter.save();
+    painter.setPen(dotted(WB::skinColor("clr_chart_crosshair", Qt::gray)));
+    const int column = geometry.plot.left() + view.centre(crosshair.bar);
+    painter.drawLine(column, geometry.plot.top(), column, geometry.plot.bottom());
+    if (crosshair.row)
+        paintPointer(painter, geometry, pane, range, *crosshair.row);
+    painter.restore();
+}
+
+QRegion crosshairRegion(const PaneGeometry& geometry, const BarView& view, const Crosshair& crosshair)
+{
+    if (crosshair.bar < view.first || crosshair.bar > view.last)
+        return QRegion();
+    QRegion region(geometry.plot.left() + view.centre(crosshair.bar) - 1, geometry.plot.top(), 3,
+                   geometry.plot.height());
+    if (crosshair.row) {
+        const int row = geometry.plot.top() + *crosshair.row;
+        region += QRect(geometry.plot.left(), row - 1, geometry.plot.width(), 3);
+        region += tagOf(geometry, row);
+    }
+    return region;
+}
+
+void paintPane(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane, const BarView& view,
+               const Crosshair& crosshair)
+{
+    const QPair<double, double> range = visibleRange(pane, view);
+    paintPlot(painter, geometry, pane, view, range);
+    paintCrosshair(painter, geometry, pane, view, range, crosshair);
+}
+
+std::vector<int> timeGrid(const std::vector<std::int64_t>& times, const BarView& view)
+{
+    std::vector<int> bars;
+    for (const TimeMark& mark : timeMarks(times, view, kTimeSpacing))
+        bars.push_back(mark.bar);
+    return bars;
 }
 
 void paintTimeAxis(QPainter& painter, const QRect& rect, const std::vector<std::int64_t>& times,
@@ -143,7 +218,7 @@ void paintTimeAxis(QPainter& painter, const QRect& rect, const std::vector<std::
         const int left =
             std::max(rect.left(),
                      std::min(rect.left() + view.centre(crosshair.bar) - width / 2, rect.right() - width));
-        paintTag(painter, QRect(left, rect.top() + 1, width, rect.height() - 1), text);
+        paintTag(painter, QRect(left, rect.top() + 1, width, rect.height() - 1), text, axisText());
     }
     painter.restore();
 }

@@ -5,7 +5,9 @@
 #include "apps/chart/BarView.h"
 #include "apps/chart/PaneContent.h"
 
+#include <QPair>
 #include <QRect>
+#include <QRegion>
 
 #include <optional>
 
@@ -27,9 +29,26 @@ struct Crosshair
     std::optional<int> row; ///< row of the plot, when the pointer is in this pane
 };
 
-/// Paints a pane. Colours and fonts come from the skin; `view.width` must be the plot's width.
+/// Paints everything of a pane but the crosshair. Colours and fonts come from the skin; `view.width` must be
+/// the plot's width.
+/// @param range  (maximum, minimum) of the value axis; see visibleRange.
+void paintPlot(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane, const BarView& view,
+               const QPair<double, double>& range);
+
+/// Paints the crosshair over a painted plot: a column through the pane, and where the pointer is in it a row
+/// and its value on the axis. Of the pane only what the texts of its axis need is read.
+void paintCrosshair(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane,
+                    const BarView& view, const QPair<double, double>& range, const Crosshair& crosshair);
+
+/// What paintCrosshair paints on.
+QRegion crosshairRegion(const PaneGeometry& geometry, const BarView& view, const Crosshair& crosshair);
+
+/// Both, with the visible range of the pane.
 void paintPane(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane, const BarView& view,
                const Crosshair& crosshair);
+
+/// The bars that the time axis marks, for the grid of the panes above it.
+std::vector<int> timeGrid(const std::vector<std::int64_t>& times, const BarView& view);
 
 /// Paints the time axis below the panes into `rect`, whose left edge is the plots' left edge.
 void paintTimeAxis(QPainter& painter, const QRect& rect, const std::vector<std::int64_t>& times,

@@ -31,23 +31,6 @@ bool hasVolume(const PaneContent& pane)
     return false;
 }
 
-/// Smallest 1, 2 or 5 times a power of ten that is at least `least`.
-double roundStep(double least)
-{
-    const double power = std::pow(10.0, std::floor(std::log10(least)));
-    for (double factor : { 1.0, 2.0, 5.0 }) {
-        if (factor * power >= least * (1.0 - 1e-9))
-            return factor * power;
-    }
-    return 10.0 * power;
-}
-
-/// Decimals that tell marks of a step apart.
-int decimalsOf(double step)
-{
-    return std::clamp(static_cast<int>(std::ceil(-std::log10(step) - 1e-9)), 0, 8);
-}
-
 } // namespace
 
 QPair<double, double> visibleRange(const PaneContent& pane, const BarView& view)
@@ -74,22 +57,6 @@ QPair<double, double> visibleRange(const PaneContent& pane, const BarView& view)
     return { highest + air, lowest - air };
 }
 
-std::vector<AxisMark> valueMarks(const QPair<double, double>& range, int height, int spacing,
-                                 const PaneContent& pane)
-{
-    const double extent = range.first - range.second;
-    if (!(extent > 0.0) || !std::isfinite(extent) || height < spacing)
-        return {};
-    double step = roundStep(extent * spacing / height);
-    if (pane.showsPrices)
-        step = std::max(step, pane.priceTick);
-    std::vector<AxisMark> marks;
-    const double first = std::ceil(range.second / step), last = std::floor(range.first / step);
-    for (double n = first; n <= last && marks.size() < 100; n += 1.0)
-        marks.push_back({ n * step, valueText(n * step, pane, step) });
-    return marks;
-}
-
 int rowOf(double value, const QPair<double, double>& range, int height)
 {
     constexpr int limit = 1'000'000'000; // far outside any pane, and a pixel that Qt can still reckon with
@@ -99,17 +66,6 @@ int rowOf(double value, const QPair<double, double>& range, int height)
 double valueAt(int row, const QPair<double, double>& range, int height)
 {
     return TC::valueScale(QRect(0, 0, 1, height), range).valueAt(row);
-}
-
-QString valueText(double value, const PaneContent& pane, double step)
-{
-    constexpr int largeStyle = -2;
-    if (pane.showsPrices)
-        return TC::CDrawStyle::toStringByPrec(TC::CDrawStyle::priceTick2Precision(pane.priceTick), value,
-                                              0.0);
-    if (std::abs(value) >= 1e4)
-        return TC::CDrawStyle::toStringByPrec(largeStyle, value, 0.0);
-    return TC::CDrawStyle::toStringByPrec(decimalsOf(step), value, 0.0);
 }
 
 } // namespace chart

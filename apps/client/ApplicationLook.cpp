@@ -57,6 +57,10 @@ void ApplicationLook::uiResourceChanged()
     for (QPalette::ColorRole role : { QPalette::Text, QPalette::WindowText, QPalette::ButtonText })
         palette.setColor(QPalette::Disabled, role, muted);
     QApplication::setPalette(palette);
+    QFont font = QApplication::font(); // one family for legends, axes and widgets
+    font.setFamily(WB::skinFont("fnt_default", font).family());
+    if (font != QApplication::font())
+        QApplication::setFont(font);
     renewStyleSheets();
 }
 

@@ -25,19 +25,8 @@ QString chooseFile(QWidget* parent, const QString& title)
 void MainWindow::buildFileMenu()
 {
     QMenu* menu = menuBar()->addMenu(QStringLiteral("文件(&F)"));
-    menu->addAction(
-        QStringLiteral("打开K线…"), this,
-        [this] {
-            const QString path = chooseFile(this, QStringLiteral("打开K线"));
-            if (!path.isEmpty())
-                static_cast<void>(openBars(path)); // a failure is shown
-        },
-        QKeySequence::Open);
-    menu->addAction(QStringLiteral("打开分笔…"), this, [this] {
-        const QString path = chooseFile(this, QStringLiteral("打开分笔"));
-        if (!path.isEmpty())
-            static_cast<void>(openTicks(path));
-    });
+    menu->addAction(QStringLiteral("打开K线…"), this, &MainWindow::chooseBars, QKeySequence::Open);
+    menu->addAction(QStringLiteral("打开分笔…"), this, &MainWindow::chooseTicks);
     menu->addAction(QStringLiteral("导入股票列表…"), this, [this] {
         const QString path =
             QFileDialog::getOpenFileName(this, QStringLiteral("导入股票"), QString(),
@@ -56,11 +45,8 @@ void MainWindow::buildViewMenu()
     QMenu* skinMenu = menu->addMenu(QStringLiteral("皮肤"));
     const QStringList names = TC::embedded::skinNames();
     for (const QString& name : names) {
-        QAction* action = skinMenu->addAction(menuText(name), this, [this, name] {
-            const QString failure = TC::embedded::loadSkin(name);
-            if (!failure.isEmpty())
-                slotShowMessage(failure);
-        });
+        QAction* action = skinMenu->addAction(menuText(TC::embedded::skinTitle(name)), this,
+                                              [this, name] { chooseSkin(name); });
         action->setCheckable(true);
         action->setChecked(name == TC::embedded::currentSkin());
         skins->addAction(action);
@@ -68,9 +54,12 @@ void MainWindow::buildViewMenu()
     skinMenu->addAction(QStringLiteral("打开皮肤文件…"), this, [this] {
         const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("皮肤"), QString(),
                                                           QStringLiteral("JSON (*.json)"));
-        const QString failure = path.isEmpty() ? QString() : TC::embedded::loadSkin(path);
-        if (!failure.isEmpty())
-            slotShowMessage(failure);
+        if (!path.isEmpty())
+            chooseSkin(path);
+    });
+    connect(skinMenu, &QMenu::aboutToShow, this, [skins, names] {
+        for (int skin = 0; skin < names.size(); ++skin)
+            skins->actions().at(skin)->setChecked(names.at(skin) == TC::embedded::currentSkin());
     });
 
     QMenu* panels = menu->addMenu(QStringLiteral("面板"));
@@ -86,18 +75,14 @@ void MainWindow::buildViewMenu()
         arrangements->addAction(QStringLiteral("保存为…"), this, [this] {
             const QString name =
                 QInputDialog::getText(this, QStringLiteral("保存布局"), QStringLiteral("名称"));
-            const QString failure = name.isEmpty() ? QString() : m_docks.store(name);
-            if (!failure.isEmpty())
-                slotShowMessage(failure);
+            if (!name.isEmpty())
+                tell(m_docks.store(name).reason());
         });
         arrangements->addSeparator();
         const QStringList stored = m_docks.names();
         for (const QString& name : stored) {
-            arrangements->addAction(menuText(name), this, [this, name] {
-                const QString failure = m_docks.apply(name);
-                if (!failure.isEmpty())
-                    slotShowMessage(failure);
-            });
+            arrangements->addAction(menuText(name), this,
+                                    [this, name] { tell(m_docks.apply(name).reason()); });
         }
     });
 }
@@ -111,6 +96,13 @@ void MainWindow::buildOverlayMenu()
             static_cast<void>(overlayBars(path));
     });
     menu->addAction(QStringLiteral("清除叠加"), this, &MainWindow::clearOverlays);
+    menu->addSeparator();
+    menu->addAction(QStringLiteral("对照指数…"), this, [this] {
+        const QString path = chooseFile(this, QStringLiteral("对照指数"));
+        if (!path.isEmpty())
+            static_cast<void>(compareWith(path));
+    });
+    menu->addAction(QStringLiteral("取消对照指数"), this, &MainWindow::compareWithNothing);
 }
 
 void MainWindow::buildToolsMenu()

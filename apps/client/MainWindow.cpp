@@ -20,9 +20,13 @@
 #include "host/utils/CSingletonT.h"
 #include "recovery/CRecoveryVersionManager.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFile>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
@@ -36,6 +40,8 @@ constexpr int kListWidth = 230, kChartWidth = 1170, kListHeight = 400, kChartHei
               kMessageHeight = 90;
 
 constexpr int kStatusDuration = 8000; // milliseconds
+const QSize kUsable(1024, 640);       // the first window is no smaller on any screen
+const QSize kFrame(16, 48);           // that window managers draw around a window
 
 /// Invented trades and accounts, to show what the legend can say.
 TC::CPositionNumber demoPositions()
@@ -58,17 +64,26 @@ TC::CPositionNumber demoPositions()
 
 MainWindow::MainWindow()
     : m_docks(this, m_pool)
+    , m_last(SessionKeeper::last())
+    , m_keeper([this] { return session(); })
 {
-    resize(1400, 860);
-    setWindowTitle(QStringLiteral("Indicator UI"));
+    const QSize room = QGuiApplication::primaryScreen()->availableSize() - kFrame;
+    resize(QSize(1400, 860).boundedTo(room.expandedTo(kUsable)));
+    setAcceptDrops(true);
+    m_indexName = new QLabel;
+    m_indexName->setObjectName(QStringLiteral("comparedIndex"));
+    m_indexName->hide();
+    statusBar()->addPermanentWidget(m_indexName);
     buildPanels();
+    nameInstrument();
     buildFileMenu();
     buildViewMenu();
     buildOverlayMenu();
     buildToolsMenu();
-    m_chart->addPane({ QStringLiteral("KLINE"), QStringLiteral("MA") });
-    m_chart->addPane({ QStringLiteral("VOL") });
-    m_chart->addPane({ QStringLiteral("MACD") });
+    takeChoices();
+    connect(&m_keeper, &SessionKeeper::sigMessage, this, &MainWindow::slotShowMessage);
+    connect(&m_keeper, &SessionKeeper::sigKeep, this, [this] { m_docks.saveChange(); });
+    statusBar()->showMessage(QStringLiteral("就绪"));
     m_chart->setFocus();
 }
 
@@ -83,16 +98,23 @@ void MainWindow::startRun()
     TC::embedded::setReloadReceiver(
         [this](const std::string&, const std::string&, const std::string&) { followFormulas(); });
     tell(m_oneClient.enter());
-    tell(m_docks.restore(m_oneClient.isFirst()));
+    tell(m_docks.restore(m_oneClient.isFirst()).reason());
     if (m_oneClient.isFirst()) {
         base::removeUnfinishedFiles(TC::getConfigDir());
         base::removeUnfinishedFiles(TC::getUserRootDir());
         tell(mendInterruptedRestore());
     }
     tell(TC::embedded::instrumentStoreNotice());
+    tell(m_index.restore().reason());
+    followIndex();
     tellFormulaProblems(TC::embedded::loadFormulas());
+    for (auto entry = m_last.parameters.begin(); entry != m_last.parameters.end(); ++entry)
+        setParameters(entry.key(), entry.value());
+    reopen();
+    m_chart->setFocus();
     if (!m_oneClient.isFirst())
         return;
+    m_keeper.start();
     if (utils::CSingletonT<TC::CRecoveryVersionManager>::instance()->init() && !formulaVersions().empty())
         showRestoreDialog(RestoreDialog::Occasion::FailedRun);
 }
@@ -181,11 +203,19 @@ void MainWindow::buildPanels()
                 splitter->setSizes({ kListWidth, kChartWidth });
         }
     }
+    for (const auto& [id, title] : kPanelTitles) {
+        if (ads::CDockWidget* dock = m_docks.dock(id))
+            dock->setWindowTitle(title);
+    }
     m_docks.rememberDefault();
 
     connect(m_chart, &ChartView::sigMessage, this, &MainWindow::slotShowMessage);
     connect(m_basket, &BasketPanel::sigMessage, this, &MainWindow::slotShowMessage);
     connect(m_instruments, &InstrumentList::sigOpen, this, &MainWindow::openBars);
+    connect(m_chart, &ChartView::sigOpenRequested, this, &MainWindow::chooseBars);
+    connect(m_ticks, &TickView::sigOpenRequested, this, &MainWindow::chooseTicks);
+    connect(m_chart, &ChartView::sigParametersRequested, this, &MainWindow::showParameters);
+    connect(m_formulas, &FormulaList::sigShowRequested, m_chart, &ChartView::showFormula);
     connect(m_formulas, &FormulaList::sigPaneRequested, this,
             [this](const QString& name) { m_chart->addPane({ name }); });
     connect(m_formulas, &FormulaList::sigEditRequested, this, &MainWindow::showFormulaEditor);
@@ -205,7 +235,9 @@ base::Result<void> MainWindow::openBars(const QString& path)
         return told(opened.failure());
     m_instruments->listFolder(QFileInfo(path).absolutePath());
     clearOverlays();
-    m_chart->state()->setBars(opened->instrument, opened->bars);
+    m_barsPath = QFileInfo(path).absoluteFilePath();
+    m_chart->state()->setBars(opened->instrument, m_index.beside(opened->bars));
+    nameInstrument();
     slotShowMessage(QStringLiteral("已打开 %1 %2（%3 根K线）")
                         .arg(TC::getDetailQsKey(opened->instrument), TC::getDetailQsName(opened->instrument),
                              QString::number(opened->bars->size())));
@@ -217,6 +249,7 @@ base::Result<void> MainWindow::openTicks(const QString& path)
     base::Result<chart::OpenedTicks> opened = chart::openTicksFile(path);
     if (!opened.isGood())
         return told(opened.failure());
+    m_ticksPath = QFileInfo(path).absoluteFilePath();
     m_ticks->setTicks(*opened);
     if (ads::CDockWidget* dock = m_docks.dock(kTickPanel)) {
         dock->toggleView(true);
@@ -247,6 +280,36 @@ void MainWindow::clearOverlays()
 {
     m_overlays.clear();
     m_chart->panes().front()->setOverlays(m_overlays);
+}
+
+base::Result<void> MainWindow::compareWith(const QString& path)
+{
+    const base::Result<void> chosen = m_index.choose(path);
+    followIndex();
+    if (!chosen.isGood())
+        return told(chosen.failure());
+    slotShowMessage(QStringLiteral("对照指数：%1").arg(m_index.name()));
+    return {};
+}
+
+void MainWindow::compareWithNothing()
+{
+    const base::Result<void> forgotten = m_index.forget();
+    followIndex();
+    slotShowMessage(forgotten.isGood() ? QStringLiteral("已取消对照指数") : forgotten.reason());
+}
+
+void MainWindow::followIndex()
+{
+    m_indexName->setText(QStringLiteral("对照指数：%1").arg(base::printable(m_index.name())));
+    m_indexName->setHidden(m_index.name().isEmpty());
+    ChartState* state = m_chart->state();
+    const std::shared_ptr<const engine::BarSeries> bars = m_index.beside(state->bars());
+    if (bars == state->bars())
+        return;
+    const int first = state->first(), last = state->last();
+    state->setBars(state->instrument(), bars);
+    state->show(first, last);
 }
 
 void MainWindow::setDemoAccount(bool on)
@@ -289,7 +352,8 @@ void MainWindow::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
-    const QString failure = m_docks.save();
+    m_keeper.keep();
+    const QString failure = m_docks.save().reason();
     if (!failure.isEmpty()
         && !isConfirmed(this, failure + QStringLiteral("\n仍然退出？"), QStringLiteral("退出"))) {
         event->ignore();
@@ -297,6 +361,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     }
     if (m_oneClient.isFirst())
         utils::CSingletonT<TC::CRecoveryVersionManager>::instance()->quit();
+    m_keeper.stop();
     m_oneClient.leave();
     QMainWindow::closeEvent(event);
 }

@@ -4,6 +4,7 @@
 
 #include "apps/base/Result.h"
 #include "apps/client/ApplicationLook.h"
+#include "apps/client/ComparedIndex.h"
 #include "apps/client/OneClient.h"
 #include "apps/client/PlainTexts.h"
 #include "apps/client/chart/FormulaSource.h"
@@ -11,9 +12,12 @@
 #include "apps/client/docking/DockArrangement.h"
 #include "apps/client/docking/PanelPool.h"
 #include "apps/client/recovery/RestoreDialog.h"
+#include "apps/client/session/SessionKeeper.h"
 
 #include <QMainWindow>
 #include <QPointer>
+
+class QLabel;
 
 namespace client {
 
@@ -41,8 +45,14 @@ public:
     /// Lays the prices of a bars file over the chart; as openBars.
     base::Result<void> overlayBars(const QString& path);
     void clearOverlays();
+    /// Chooses the bars file that INDEXC and its like read, and keeps it for later runs; as openBars.
+    base::Result<void> compareWith(const QString& path);
+    void compareWithNothing();
     /// Shows invented trades and accounts in the main legend, or none.
     void setDemoAccount(bool on);
+
+    /// Loads a skin by its name or file. A failure is shown.
+    void chooseSkin(const QString& nameOrPath);
 
     ChartView* chart() { return m_chart; }
     TickView* ticks() { return m_ticks; }
@@ -53,16 +63,34 @@ public Q_SLOTS:
     void slotShowMessage(const QString& text);
 
 protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    /// Takes the last session's choices that need no data: skin, parameters, panes.
+    void takeChoices();
+    /// Opens what the last session showed, unless other bars are open already.
+    void reopen();
+    void showParameters(const QString& formula);
+    /// Gives a built-in formula other parameters wherever it is shown.
+    void setParameters(const QString& formula, const QVector<double>& values);
+    /// What the window shows now.
+    Session session() const;
+    /// The window's title names the instrument.
+    void nameInstrument();
+    void chooseBars();
+    void chooseTicks();
+
     void buildPanels();
     void buildFileMenu();
     void buildViewMenu();
     void buildOverlayMenu();
     void buildToolsMenu();
     void refreshDemoAccount();
+    /// Lets the formulas read the index that is chosen now, and the status line name it.
+    void followIndex();
     /// Shows a failure and hands it on.
     base::Failure told(const base::Failure& failure);
     /// Restores the arrangement, mends what the previous run left unfinished, starts the mark of a running
@@ -92,7 +120,14 @@ private:
     FormulaList* m_formulas = nullptr;
     MessageList* m_messages = nullptr;
     QPointer<FormulaEditor> m_editor; ///< while it is open
+    ComparedIndex m_index;
+    QLabel* m_indexName = nullptr; ///< in the status line; hidden without an index
     std::vector<PaneData::Overlay> m_overlays;
+    Session m_last; ///< the session before this one
+    SessionKeeper m_keeper;
+    QString m_barsPath, m_ticksPath;             ///< of what is open
+    QString m_skin;                              ///< as it was chosen: a name or a path
+    QMap<QString, QVector<double>> m_parameters; ///< that the user changed
     bool m_demoAccount = false;
     bool m_restored = false;
 };

@@ -6,7 +6,6 @@
 #include "apps/chart/OpenedBars.h"
 #include "apps/chart/TickFormulaNames.h"
 #include "apps/render/FormulaFile.h"
-#include "apps/render/KeptBars.h"
 #include "engine/language/Formula.h"
 #include "engine/TickFormulas.h"
 #include "host/TC/Instruments.h"
@@ -14,6 +13,7 @@
 #include "host/embedded/FormulaSetup.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace render {
 
@@ -46,12 +46,22 @@ base::Result<void> chooseBars(const Options& options, std::size_t total, LoadedC
     return {};
 }
 
-/// Whether the picture alone needs the results of the last pane, and not an export, which takes every bar.
-bool isForPictureOnly(const Options& options, const LoadedChart& chart)
+/// What the picture needs of the bars, [first, end): those that it shows and the one before, which candles,
+/// sticks and legends look at.
+std::pair<std::size_t, std::size_t> neededBars(const chart::ChartPicture& picture)
 {
-    const bool isBehindFirst =
-        chart.results.size() > 1 && chart.ownFormula.isEmpty(); // own ones may stand there
-    return options.exportTo.isEmpty() || (options.output.isEmpty() && isBehindFirst);
+    return { static_cast<std::size_t>(std::max(0, picture.first - 1)),
+             static_cast<std::size_t>(picture.last + 1) };
+}
+
+/// Lets the picture hold the times of the bars that it needs and count them from the first of those.
+void keepNeeded(const std::vector<std::int64_t>& times, chart::ChartPicture& picture)
+{
+    const auto [first, end] = neededBars(picture);
+    picture.times.assign(times.begin() + static_cast<std::ptrdiff_t>(first),
+                         times.begin() + static_cast<std::ptrdiff_t>(end));
+    picture.first -= static_cast<int>(first);
+    picture.last -= static_cast<int>(first);
 }
 
 /// Points the last pane at its results, in display order.
@@ -88,17 +98,15 @@ base::Result<QString> ownFormula(const QString& file)
 }
 
 /// Computes the formulas of one pane more.
-base::Result<void> loadPane(const Options& options, const QStringList& names, const engine::BarSeries& bars,
-                            LoadedChart& chart)
+base::Result<void> loadPane(const QStringList& names, const engine::BarSeries& bars, LoadedChart& chart)
 {
     addPane(chart);
+    const auto [first, end] = neededBars(chart.picture);
     for (const QString& name : names) {
-        std::optional<engine::FormulaRecords> records = chart::computeNamed(name, bars);
+        std::optional<engine::FormulaRecords> records = chart::computeNamed(name, bars, first, end);
         if (!records)
             return base::Failure { QStringLiteral("--pane: unknown formula \"%1\"; known are %2")
                                        .arg(name, TC::embedded::formulaNames().join(QStringLiteral(", "))) };
-        if (isForPictureOnly(options, chart))
-            keepBars(*records, neededBars(chart.picture));
         addFormula(chart, name, std::move(*records));
     }
     finishPane(chart, false);
@@ -114,9 +122,7 @@ base::Result<chart::OpenedBars> openBars(const Options& options)
     base::Result<chart::OpenedBars> index = chart::openBarsFile(options.index, {});
     if (!index.isGood())
         return index.failure();
-    auto bars = std::make_shared<engine::BarSeries>(*opened->bars);
-    bars->index = index->bars;
-    opened->bars = std::move(bars);
+    opened->bars->index = index->bars;
     return opened;
 }
 
@@ -130,20 +136,20 @@ base::Result<void> loadBars(const Options& options, LoadedChart& chart)
         return opened.failure();
     chart.ownFormula = *formula;
     chart.picture.instrument = opened->instrument;
-    chart.picture.times = opened->bars->timeMs;
     const base::Result<void> chosen = chooseBars(options, opened->bars->size(), chart);
     if (!chosen.isGood())
         return chosen;
     const TC::EFormulaPeriod period = chart::barPeriod(opened->bars->timeMs);
     chart.picture.periodName = TC::getCycleName(TC::getPeriodIndex(period));
     for (const QStringList& names : options.panes.empty() ? usualPanes(*formula) : options.panes) {
-        base::Result<void> loaded = loadPane(options, names, *opened->bars, chart);
+        base::Result<void> loaded = loadPane(names, *opened->bars, chart);
         if (!loaded.isGood())
             return loaded;
         chart.picture.panes.back().content.periodSeconds = period;
     }
-    if (options.exportTo.isEmpty())
-        keepBars(chart.picture, neededBars(chart.picture));
+    keepNeeded(opened->bars->timeMs, chart.picture);
+    if (!options.exportTo.isEmpty())
+        chart.bars = opened->bars;
     return {};
 }
 

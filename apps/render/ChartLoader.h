@@ -7,14 +7,16 @@
 #include "apps/render/Options.h"
 
 #include <deque>
+#include <memory>
 
 namespace render {
 
-/// The results of each pane; the picture's panes point into them.
+/// The results of each pane, of bars no more than the picture shows; the picture's panes point into them.
 struct LoadedChart
 {
     std::deque<chart::PaneResults> results;
     chart::ChartPicture picture;
+    std::shared_ptr<const engine::BarSeries> bars; ///< all of them, for an export; else null, as for trades
     QString ownFormula; ///< name of the formula of a file of its own; empty without one
 };
 

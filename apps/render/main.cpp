@@ -3,11 +3,11 @@
 
 #include "apps/base/FileNames.h"
 #include "apps/base/MemoryShortage.h"
-#include "apps/base/WholeFile.h"
 #include "apps/render/ChartLoader.h"
 #include "apps/render/FormulaFile.h"
 #include "apps/render/Options.h"
 #include "apps/render/PictureFile.h"
+#include "apps/render/TextExport.h"
 #include "host/embedded/EmbeddedHost.h"
 #include "host/embedded/FormulaSetup.h"
 
@@ -15,39 +15,8 @@
 #include <QPainter>
 
 #include <cstdio>
-#include <limits>
 
 namespace {
-
-base::Result<void> writeExport(const render::Options& options, chart::PaneResults& pane, const QString& one)
-{
-    const std::string text = pane.exported(one, options.withTime);
-    if (text.size() > std::numeric_limits<int>::max())
-        return base::Failure { QStringLiteral("--export: the text is larger than 2 GiB") };
-    const QByteArray bytes = QByteArray::fromRawData(text.data(), static_cast<int>(text.size())); // no copy
-    if (const auto fault = base::writeWholeFile(options.exportTo, bytes))
-        return base::Failure { fault->english() };
-    return {};
-}
-
-/// Writes the first pane's formulas as text, or the one that was named. Of a formula's own file that formula
-/// is what is asked for, whatever pane it stands in.
-base::Result<void> exportPane(const render::Options& options, render::LoadedChart& chart)
-{
-    const bool isOwn = !chart.ownFormula.isEmpty() && options.exportOne.isEmpty() && options.panes.empty();
-    if (isOwn) {
-        for (chart::PaneResults& pane : chart.results) {
-            if (pane.getFormulas().contains(chart.ownFormula))
-                return writeExport(options, pane, chart.ownFormula);
-        }
-    }
-    chart::PaneResults& pane = chart.results.front();
-    if (!options.exportOne.isEmpty() && !pane.getFormulas().contains(options.exportOne))
-        return base::Failure {
-            QStringLiteral("--export-one: the first pane has no formula \"%1\"").arg(options.exportOne)
-        };
-    return writeExport(options, pane, options.exportOne);
-}
 
 /// Prints lines about the texts of formulas.
 void print(const QStringList& lines)
@@ -81,7 +50,7 @@ base::Result<void> renderChart(const render::Options& options)
     if (!chart.isGood())
         return chart.failure();
     if (!options.exportTo.isEmpty()) {
-        const base::Result<void> exported = exportPane(options, *chart);
+        const base::Result<void> exported = render::writeExport(options, *chart);
         if (!exported.isGood() || options.output.isEmpty())
             return exported;
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "engine/evaluation/FormulaEvaluation.h"
 
+#include "engine/evaluation/Columns.h"
 #include "engine/evaluation/OutputRecords.h"
 
 #include <algorithm>
@@ -28,7 +29,8 @@ std::vector<double> clampedParameters(const std::vector<Parameter>& asked, const
 
 } // namespace
 
-/// Runs the steps of the plan one after another, a whole column at a time.
+/// Runs the steps of the plan one after another over blocks of bars; each over all bars where any looks
+/// ahead.
 class FormulaEvaluation::Worker
 {
 public:
@@ -37,41 +39,56 @@ public:
         , m_parameters(clampedParameters(m_formula->parameters(), parameters))
         , m_plan(buildPlan(m_formula->syntax(), m_parameters))
         , m_mode(mode)
-        , m_columns(m_plan)
+        , m_isWhole(m_plan.looksAhead())
         , m_lastReader(lastReaders())
-        , m_maxColumns(maxColumns())
     {
         begin(BarSeries());
     }
 
     bool update(const BarSeries& bars, const std::atomic<bool>* cancelled)
     {
-        if (m_maxColumns * bars.size() > FormulaLimits::kMaxNumbers)
-            return cancel();
         const bool hasSameColumns =
             m_hasAmount == !bars.amount.empty() && m_hasOpenInterest == !bars.openInterest.empty();
-        if (!hasSameColumns || bars.size() < m_known || m_mode == Mode::Once)
+        if (m_known == 0 || !hasSameColumns || bars.size() < m_known || m_mode == Mode::Once) {
             begin(bars);
-        const std::size_t from = m_known == 0 ? 0 : m_known - 1;
-        m_known = 0; // until all is done
-        for (std::size_t step = 0; step < m_plan.steps.size(); ++step) {
-            if (cancelled && cancelled->load(std::memory_order_relaxed))
-                return cancel();
-            run(static_cast<StepId>(step), bars, from, cancelled);
+            m_records->begin(0, bars.size());
         }
-        if (cancelled && cancelled->load(std::memory_order_relaxed))
+        if (needsTooMuch(bars.size(), bars.size()))
             return cancel();
-        if (m_mode == Mode::Once)
-            m_records->fillOnce(bars, m_columns);
-        else
-            m_records->fill(bars, from, m_columns);
+        const std::size_t from = m_known == 0 ? 0 : m_known - 1;
+        const std::size_t last = bars.size() - std::min<std::size_t>(bars.size(), 1);
+        m_known = 0; // until all is done
+        if (!compute(bars, { from, last, bars.size() }, from, cancelled))
+            return cancel();
         m_known = bars.size();
+        return true;
+    }
+
+    bool advance(const BarSeries& bars, std::size_t first, std::size_t end,
+                 const std::atomic<bool>* cancelled)
+    {
+        if (m_known == 0)
+            begin(bars);
+        if (m_mode != Mode::Once || first < m_known || first > end || end > bars.size()
+            || needsTooMuch(bars.size(), end - first))
+            return cancel();
+        m_records->begin(first, end - first);
+        if (m_isWhole && m_known > 0)
+            m_records->fill(bars, first, end, *m_columns);
+        else if (!compute(bars, { m_known, end, end }, first, cancelled))
+            return cancel();
+        m_known = end;
         return true;
     }
 
     OutputRecords& records() { return *m_records; }
 
 private:
+    struct Bars
+    {
+        std::size_t from, keep, end; ///< as Work takes them
+    };
+
     /// Forgets what the kernels keep.
     void begin(const BarSeries& bars)
     {
@@ -79,6 +96,8 @@ private:
         m_hasAmount = !bars.amount.empty();
         m_hasOpenInterest = !bars.openInterest.empty();
         m_records.emplace(m_formula->syntax(), m_plan, m_parameters, bars);
+        const bool keepsAll = m_mode == Mode::Follow || m_isWhole;
+        m_columns.emplace(m_plan, keepsAll ? Columns::Keep::All : Columns::Keep::LastBars, bars.size());
         m_kernels.clear();
         for (const Step& step : m_plan.steps)
             m_kernels.push_back(step.isConstant ? nullptr : step.function->makeKernel());
@@ -90,20 +109,51 @@ private:
         return false;
     }
 
-    void run(StepId id, const BarSeries& bars, std::size_t from, const std::atomic<bool>* cancelled)
+    /// Runs all steps, and fills the records from a bar on. @return false when cancelled.
+    bool compute(const BarSeries& bars, const Bars& asked, std::size_t recorded,
+                 const std::atomic<bool>* cancelled)
+    {
+        if (m_isWhole) {
+            const std::size_t last = bars.size() - std::min<std::size_t>(bars.size(), 1);
+            if (!runSteps({ bars, asked.from, last, bars.size(), cancelled }))
+                return false;
+            m_records->fill(bars, recorded, asked.end, *m_columns);
+            return true;
+        }
+        for (std::size_t from = asked.from; from < asked.end;) {
+            const std::size_t end = std::min(from + kBlock, asked.end);
+            if (!runSteps({ bars, from, std::min(end, asked.keep), end, cancelled }))
+                return false;
+            if (end > recorded)
+                m_records->fill(bars, std::max(from, recorded), end, *m_columns);
+            from = end;
+        }
+        return !cancelled || !cancelled->load(std::memory_order_relaxed);
+    }
+
+    /// @return false when cancelled.
+    bool runSteps(const Work& work)
+    {
+        for (std::size_t step = 0; step < m_plan.steps.size(); ++step) {
+            if (work.cancelled())
+                return false;
+            if (!m_plan.steps[step].isConstant)
+                run(static_cast<StepId>(step), work);
+        }
+        return !work.cancelled();
+    }
+
+    void run(StepId id, const Work& asked)
     {
         const Step& step = m_plan.steps[static_cast<std::size_t>(id)];
-        if (step.isConstant)
-            return;
-        const std::size_t last = bars.size() == 0 ? 0 : bars.size() - 1;
         const auto less = [&](std::size_t bar) { return bar - std::min(bar, step.lookAhead); };
-        std::vector<Operand> operands;
+        m_operands.clear();
         for (const StepId argument : step.arguments)
-            operands.push_back(m_columns.operand(argument));
-        makeRoom(m_columns[id], bars.size());
-        const Work work { bars, less(from), less(last), bars.size(), cancelled };
-        m_kernels[static_cast<std::size_t>(id)]->compute(operands.data(), work, m_columns[id].data());
-        if (m_mode == Mode::Once)
+            m_operands.push_back(m_columns->operand(argument));
+        const Work work { asked.bars, less(asked.from), less(asked.keep), asked.count, asked.cancelledFlag };
+        const Result result = m_columns->makeRoom(id, asked.from, asked.count);
+        m_kernels[static_cast<std::size_t>(id)]->compute(m_operands.data(), work, result);
+        if (m_isWhole && m_mode == Mode::Once)
             release(id);
     }
 
@@ -113,7 +163,7 @@ private:
         m_kernels[static_cast<std::size_t>(id)].reset();
         for (const StepId argument : m_plan.steps[static_cast<std::size_t>(id)].arguments) {
             if (m_lastReader[static_cast<std::size_t>(argument)] == id)
-                m_columns[argument] = Series();
+                m_columns->release(argument);
         }
     }
 
@@ -132,16 +182,22 @@ private:
         return readers;
     }
 
-    /// How many columns stand at once, those of the records included, texts by the room they take.
-    std::size_t maxColumns() const
+    /// Whether columns and records would take more than FormulaLimits::kMaxNumbers numbers.
+    bool needsTooMuch(std::size_t bars, std::size_t recorded) const
+    {
+        const std::size_t columns =
+            m_isWhole && m_mode == Mode::Once ? maxStanding() : m_columns->wholeColumns();
+        return columns * bars + recordedColumns() * recorded > FormulaLimits::kMaxNumbers;
+    }
+
+    /// How many columns stand at once where each is freed behind its last reader.
+    std::size_t maxStanding() const
     {
         std::size_t standing = 0, most = 0;
         for (std::size_t step = 0; step < m_plan.steps.size(); ++step) {
             if (m_plan.steps[step].isConstant)
                 continue;
             most = std::max(most, ++standing);
-            if (m_mode == Mode::Follow)
-                continue;
             const std::vector<StepId>& arguments = m_plan.steps[step].arguments;
             const std::set<StepId> read(arguments.begin(), arguments.end());
             standing -=
@@ -150,23 +206,31 @@ private:
                         && m_lastReader[static_cast<std::size_t>(argument)] == static_cast<StepId>(step);
                 }));
         }
+        return most;
+    }
+
+    /// Columns of the records, texts by the room they take.
+    std::size_t recordedColumns() const
+    {
+        std::size_t recorded = 0;
         for (const std::vector<StepId>& columns : m_plan.outputColumns)
-            most += columns.size();
+            recorded += columns.size();
         for (const Output& output : m_formula->syntax().outputs) {
             if (!output.text.empty())
-                most += (sizeof(std::string) + output.text.size()) / sizeof(double) + 1;
+                recorded += (sizeof(std::string) + output.text.size()) / sizeof(double) + 1;
         }
-        return most;
+        return recorded;
     }
 
     const std::shared_ptr<const Formula> m_formula;
     const std::vector<double> m_parameters;
     const Plan m_plan;
     const Mode m_mode;
-    Columns m_columns;
+    const bool m_isWhole; ///< values depend on later bars, so that every step needs all of them
     const std::vector<StepId> m_lastReader;
-    const std::size_t m_maxColumns;
+    std::optional<Columns> m_columns;
     std::vector<KernelPointer> m_kernels; ///< by step; null for numbers
+    std::vector<Operand> m_operands;      ///< of the step that is run
     std::optional<OutputRecords> m_records;
     bool m_hasAmount = false, m_hasOpenInterest = false;
     std::size_t m_known = 0; ///< bars of the last update that was completed
@@ -183,6 +247,12 @@ FormulaEvaluation::~FormulaEvaluation() = default;
 bool FormulaEvaluation::update(const BarSeries& bars, const std::atomic<bool>* cancelled)
 {
     return m_worker->update(bars, cancelled);
+}
+
+bool FormulaEvaluation::advance(const BarSeries& bars, std::size_t first, std::size_t end,
+                                const std::atomic<bool>* cancelled)
+{
+    return m_worker->advance(bars, first, end, cancelled);
 }
 
 const FormulaRecords& FormulaEvaluation::records() const

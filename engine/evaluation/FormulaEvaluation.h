@@ -19,7 +19,8 @@ namespace engine {
 class ENGINE_EXPORT FormulaEvaluation
 {
 public:
-    /// Once computes and is done with; Follow keeps the columns of all steps for the next bar.
+    /// Once computes and is done with, and keeps of every step no more bars than later steps need, unless one
+    /// of them looks ahead; Follow keeps the columns of all steps for the next bar.
     enum class Mode { Once, Follow };
 
     /// @param parameters  in the order of the formula's. Missing ones and NaN take their default, others are
@@ -35,6 +36,15 @@ public:
     /// @return false when cancelled, or when the columns would take more than FormulaLimits::kMaxNumbers
     ///         numbers; the next call then begins from the beginning.
     bool update(const BarSeries& bars, const std::atomic<bool>* cancelled = nullptr);
+
+    /// Computes on to a bar and makes records of a stretch alone, whose first entry is the bar `first`, so
+    /// that no more of them stands at once. For Mode::Once.
+    /// @param bars  the same in every call.
+    /// @param first  not before the `end` of the call before.
+    /// @param end  one behind the last bar of the stretch.
+    /// @return as update(); false as well for another mode or a stretch that does not lie there.
+    bool advance(const BarSeries& bars, std::size_t first, std::size_t end,
+                 const std::atomic<bool>* cancelled = nullptr);
 
     /// Records with one time and one validity flag per bar and every series of that length. A bar without any
     /// of the four prices is marked as carrying nothing. Lines hold DBL_MAX where there is no value, so that

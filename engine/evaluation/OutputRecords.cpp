@@ -10,6 +10,7 @@ namespace {
 
 constexpr const char* kNoName = "__noname"; // the legend shows the value alone
 constexpr const char* kNoShow = "__noshow"; // the legend leaves the output out
+constexpr const char* kHidden = "output"; // before the number of one that is left out: kNoName would undo it
 
 constexpr int kDefaultStackColors[] = { 0x0000FF, 0x00FF00, 0xFF0000, 0x00FFFF,
                                         0xFFFF54, 0xFF00FF, 0x808080, 0x004080 };
@@ -32,24 +33,13 @@ std::string decimalText(double value, int decimals)
     return text;
 }
 
-double inRecord(double value, WhenMissing whenMissing)
-{
-    if (!isMissing(value))
-        return value;
-    switch (whenMissing) {
-    case WhenMissing::Marker: return kMissingMarker;
-    case WhenMissing::Zero: return 0.0;
-    case WhenMissing::Missing: break;
-    }
-    return value;
-}
-
 /// The name that the records give to an output.
 /// @param index  position among the outputs of the text.
 std::string recordName(const Output& output, std::size_t index, const std::vector<double>& parameters)
 {
+    const char* const noName = output.isHiddenInLegend ? kHidden : kNoName;
     std::string name =
-        output.name.empty() ? kNoName + std::to_string(index + 1) : shownName(output, parameters);
+        output.name.empty() ? noName + std::to_string(index + 1) : shownName(output, parameters);
     if (output.drawType == se::DrawType::StackedVolume)
         name = joined(output.columnNames); // one legend piece each
     return output.isHiddenInLegend ? name + kNoShow : name;
@@ -214,96 +204,91 @@ void OutputRecords::addStackedColors(const Output& output)
 std::size_t OutputRecords::firstChanged(StepId step, std::size_t from) const
 {
     const std::size_t ahead = m_plan.steps[static_cast<std::size_t>(step)].lookAhead;
-    return from - std::min(from, ahead);
+    return std::max(from - std::min(from, ahead), m_first);
 }
 
-void OutputRecords::fill(const BarSeries& bars, std::size_t from, const Columns& columns)
+void OutputRecords::begin(std::size_t first, std::size_t count)
 {
-    fillBars(bars, from);
-    fillTexts(bars.size(), from, columns);
+    m_first = first;
+    m_expected = count;
+    m_records.result.barTimes.clear();
+    m_records.result.barValid.clear();
+    for (Series& series : m_records.result.numberSeries)
+        series.clear();
+    for (std::vector<std::string>& texts : m_records.result.textSeries)
+        texts.clear();
+}
+
+void OutputRecords::fill(const BarSeries& bars, std::size_t from, std::size_t to, const Columns& columns)
+{
+    fillBars(bars, from, to);
+    fillTexts(from, to, columns);
     for (const NumberLink& link : m_numbers)
-        fillNumbers(link, bars.size(), from, columns);
+        fillNumbers(link, from, to, columns);
 }
 
-void OutputRecords::fillOnce(const BarSeries& bars, Columns& columns)
-{
-    fillBars(bars, 0);
-    fillTexts(bars.size(), 0, columns);
-    std::map<StepId, int> readers;
-    for (const NumberLink& link : m_numbers) {
-        ++readers[link.step];
-        ++readers[link.condition];
-    }
-    for (const NumberLink& link : m_numbers) {
-        Series& series = m_records.result.numberSeries[link.series];
-        if (readers[link.step] > 1 || link.condition != kAlways || columns[link.step].empty()) {
-            fillNumbers(link, bars.size(), 0, columns);
-            continue;
-        }
-        series = std::move(columns[link.step]);
-        if (link.whenMissing != WhenMissing::Missing)
-            std::transform(series.begin(), series.end(), series.begin(),
-                           [&](double value) { return inRecord(value, link.whenMissing); });
-    }
-}
-
-void OutputRecords::fillBars(const BarSeries& bars, std::size_t from)
+void OutputRecords::fillBars(const BarSeries& bars, std::size_t from, std::size_t to)
 {
     se::RPCFormulaResult& result = m_records.result;
     const auto hasPrice = [](const std::vector<double>& prices, std::size_t bar) {
         return bar < prices.size() && !isMissing(valueOrMissing(prices[bar]));
     };
-    result.barTimes.resize(bars.size());
-    result.barValid.resize(bars.size());
-    for (std::size_t bar = from; bar < bars.size(); ++bar) {
-        result.barTimes[bar].msecs = bars.timeMs[bar];
-        result.barValid[bar] = hasPrice(bars.close, bar) || hasPrice(bars.open, bar)
-            || hasPrice(bars.high, bar) || hasPrice(bars.low, bar);
-    }
+    reserveFor(result.barTimes, to - m_first, m_expected);
+    reserveFor(result.barValid, to - m_first, m_expected);
+    result.barTimes.resize(to - m_first);
+    result.barValid.resize(to - m_first);
+    se::RPCBarTime* const times = result.barTimes.data() + (from - m_first);
+    int* const valid = result.barValid.data() + (from - m_first);
+    for (std::size_t bar = from; bar < to; ++bar)
+        times[bar - from].msecs = bars.timeMs[bar];
+    for (std::size_t bar = from; bar < to; ++bar)
+        valid[bar - from] = hasPrice(bars.close, bar) || hasPrice(bars.open, bar) || hasPrice(bars.high, bar)
+            || hasPrice(bars.low, bar);
 }
 
-void OutputRecords::fillNumbers(const NumberLink& link, std::size_t count, std::size_t from,
+void OutputRecords::fillNumbers(const NumberLink& link, std::size_t from, std::size_t to,
                                 const Columns& columns)
 {
     Series& series = m_records.result.numberSeries[link.series];
-    makeRoom(series, count);
     const Operand values = columns.operand(link.step);
-    if (link.condition == kAlways) {
-        for (std::size_t bar = firstChanged(link.step, from); bar < count; ++bar)
-            series[bar] = inRecord(values[bar], link.whenMissing);
-        return;
+    std::size_t first = firstChanged(link.step, from);
+    if (link.condition != kAlways)
+        first = std::min(first, firstChanged(link.condition, from));
+    reserveFor(series, to - m_first, m_expected);
+    series.resize(first - m_first);
+    if (values.isConstant)
+        series.resize(to - m_first, *values.values);
+    else
+        series.insert(series.end(), values.from(first), values.from(to));
+    double* const added = series.data() + (first - m_first);
+    if (link.condition != kAlways) {
+        const Operand condition = columns.operand(link.condition);
+        for (std::size_t bar = first; bar < to; ++bar)
+            added[bar - first] = isTrue(condition[bar]) ? added[bar - first] : kMissing;
     }
-    const Operand condition = columns.operand(link.condition);
-    const std::size_t first = std::min(firstChanged(link.step, from), firstChanged(link.condition, from));
-    for (std::size_t bar = first; bar < count; ++bar)
-        series[bar] = inRecord(isTrue(condition[bar]) ? values[bar] : kMissing, link.whenMissing);
+    if (link.whenMissing == WhenMissing::Missing)
+        return;
+    const double instead = link.whenMissing == WhenMissing::Marker ? kMissingMarker : 0.0;
+    for (std::size_t index = 0; index < to - first; ++index)
+        added[index] = isMissing(added[index]) ? instead : added[index];
 }
 
-void OutputRecords::fillTexts(std::size_t count, std::size_t from, const Columns& columns)
+void OutputRecords::fillTexts(std::size_t from, std::size_t to, const Columns& columns)
 {
     for (const TextLink& link : m_texts) {
         const Operand condition = columns.operand(link.condition);
         std::vector<std::string>& texts = m_records.result.textSeries[link.series];
-        texts.resize(count);
-        for (std::size_t bar = firstChanged(link.condition, from); bar < count; ++bar)
-            texts[bar] = link.isEverywhere || isTrue(condition[bar]) ? link.text : std::string();
+        texts.resize(to - m_first);
+        for (std::size_t bar = firstChanged(link.condition, from); bar < to; ++bar)
+            texts[bar - m_first] = link.isEverywhere || isTrue(condition[bar]) ? link.text : std::string();
     }
     for (const DecimalsLink& link : m_decimals) {
         const Operand values = columns.operand(link.values);
         std::vector<std::string>& texts = m_records.result.textSeries[link.series];
-        texts.resize(count);
-        for (std::size_t bar = firstChanged(link.values, from); bar < count; ++bar)
-            texts[bar] = decimalText(values[bar], link.decimals);
+        texts.resize(to - m_first);
+        for (std::size_t bar = firstChanged(link.values, from); bar < to; ++bar)
+            texts[bar - m_first] = decimalText(values[bar], link.decimals);
     }
-}
-
-void makeRoom(Series& series, std::size_t count)
-{
-    if (series.empty())
-        series.reserve(count);
-    else if (series.capacity() < count)
-        series.reserve(count + count / 4);
-    series.resize(count);
 }
 
 } // namespace engine::language

@@ -5,7 +5,7 @@
 #include "engine/series/BarSeries.h"
 #include "engine/records/FormulaRecords.h"
 #include "engine/records/RecordBuilder.h"
-#include "engine/evaluation/Plan.h"
+#include "engine/evaluation/Columns.h"
 
 #include <map>
 #include <string>
@@ -21,32 +21,7 @@ enum class WhenMissing {
     Zero     ///< for conditions: not true
 };
 
-/// The computed steps of a formula.
-class Columns
-{
-public:
-    explicit Columns(const Plan& plan)
-        : m_plan(plan)
-        , m_columns(plan.steps.size())
-    {
-    }
-
-    Series& operator[](StepId step) { return m_columns[static_cast<std::size_t>(step)]; }
-
-    /// What a step gave: a column, or a number for all bars.
-    Operand operand(StepId step) const
-    {
-        const Step& asked = m_plan.steps[static_cast<std::size_t>(step)];
-        return asked.isConstant ? Operand { &asked.number, true }
-                                : Operand { m_columns[static_cast<std::size_t>(step)].data(), false };
-    }
-
-private:
-    const Plan& m_plan;
-    std::vector<Series> m_columns; ///< empty for numbers
-};
-
-/// Describes the outputs once and then copies columns, from any bar on.
+/// Describes the outputs once and then copies columns, a stretch of bars after the other.
 class OutputRecords
 {
 public:
@@ -55,10 +30,11 @@ public:
     OutputRecords(const Syntax& syntax, const Plan& plan, const std::vector<double>& parameters,
                   const BarSeries& bars);
 
-    /// Fills the records from a bar on.
-    void fill(const BarSeries& bars, std::size_t from, const Columns& columns);
-    /// Fills the records for good; columns may be emptied.
-    void fillOnce(const BarSeries& bars, Columns& columns);
+    /// Lets the records hold the bars from one on, as yet none of them.
+    /// @param count  how many are to come soon.
+    void begin(std::size_t first, std::size_t count);
+    /// Fills in the bars [from, to); those before must stand.
+    void fill(const BarSeries& bars, std::size_t from, std::size_t to, const Columns& columns);
 
     const FormulaRecords& records() const { return m_records; }
     FormulaRecords take() { return std::move(m_records); }
@@ -102,21 +78,20 @@ private:
     bool isAbsent(const Output& output, const std::vector<StepId>& columns, const BarSeries& bars) const;
     std::size_t firstChanged(StepId step, std::size_t from) const;
 
-    void fillBars(const BarSeries& bars, std::size_t from);
-    void fillNumbers(const NumberLink& link, std::size_t count, std::size_t from, const Columns& columns);
-    void fillTexts(std::size_t count, std::size_t from, const Columns& columns);
+    void fillBars(const BarSeries& bars, std::size_t from, std::size_t to);
+    void fillNumbers(const NumberLink& link, std::size_t from, std::size_t to, const Columns& columns);
+    void fillTexts(std::size_t from, std::size_t to, const Columns& columns);
 
     const Plan& m_plan;
     RecordBuilder m_builder;
     FormulaRecords m_records;
+    std::size_t m_first = 0;    ///< bar of the first entry
+    std::size_t m_expected = 0; ///< entries that are to come soon
     std::vector<NumberLink> m_numbers;
     std::vector<TextLink> m_texts;
     std::vector<DecimalsLink> m_decimals;
     std::map<std::tuple<StepId, WhenMissing, StepId>, int> m_known;
     std::vector<const Output*> m_described; ///< by output of the records
 };
-
-/// Lengthens a column, with room for later bars when it has grown before.
-void makeRoom(Series& series, std::size_t count);
 
 } // namespace engine::language

@@ -52,6 +52,12 @@ public:
                     m_plan.outputColumns.back().push_back(callOf(*findFunction(price)));
             }
         }
+        for (const Step& step : m_plan.steps) {
+            for (const StepId argument : step.arguments) {
+                std::size_t& reach = m_plan.steps[static_cast<std::size_t>(argument)].reach;
+                reach = std::max(reach, reachOf(step));
+            }
+        }
         return std::move(m_plan);
     }
 
@@ -111,7 +117,7 @@ private:
         for (const StepId argument : step.arguments)
             operands.push_back({ &at(argument).number, true });
         double value = kMissing;
-        step.function->makeKernel()->compute(operands.data(), { BarSeries(), 0, 0, 1 }, &value);
+        step.function->makeKernel()->compute(operands.data(), { BarSeries(), 0, 0, 1 }, { &value });
         return value;
     }
 
@@ -126,6 +132,19 @@ private:
             return ahead;
         const Step& bars = at(step.arguments[*step.function->lookAheadArgument]);
         return bars.isConstant ? std::min(ahead + barsOf(bars.number).value_or(0), kEndless) : kEndless;
+    }
+
+    /// How far back a step reads its arguments.
+    std::size_t reachOf(const Step& step) const
+    {
+        if (step.isConstant)
+            return 0;
+        if (step.function->reach)
+            return *step.function->reach;
+        if (!step.function->reachArgument)
+            return kEndless;
+        const Step& bars = at(step.arguments[*step.function->reachArgument]);
+        return bars.isConstant ? barsOf(bars.number).value_or(0) : kEndless;
     }
 
     StepId add(Step step, double number)
@@ -146,6 +165,11 @@ private:
 };
 
 } // namespace
+
+bool Plan::looksAhead() const
+{
+    return std::any_of(steps.begin(), steps.end(), [](const Step& step) { return step.lookAhead > 0; });
+}
 
 Plan buildPlan(const Syntax& syntax, const std::vector<double>& parameters)
 {

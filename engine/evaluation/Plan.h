@@ -19,6 +19,7 @@ struct Step
     const Function* function = nullptr; ///< of a column
     std::vector<StepId> arguments;      ///< earlier steps
     std::size_t lookAhead = 0;          ///< bars behind a bar that its value depends on, at most kEndless
+    std::size_t reach = 0;              ///< bars before a bar that later steps still read there, likewise
 };
 
 constexpr std::size_t kEndless = SIZE_MAX / 2;
@@ -30,6 +31,9 @@ struct Plan
     std::vector<Step> steps;
     std::vector<std::vector<StepId>> outputColumns; ///< by output: Output::columns, and open and close
                                                     ///< behind a volume
+
+    /// Whether any value depends on later bars.
+    bool looksAhead() const;
 };
 
 /// @param parameters  one sound number for each of the formula's parameters.

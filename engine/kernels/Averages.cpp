@@ -189,26 +189,32 @@ std::vector<Function> averageFunctions()
         FunctionRow("EMA", "指数移动平均", "exponential moving average, weight 2/(N+1)")
             .takes("X,N", "sc")
             .window(1)
+            .reachesBack(0)
             .runs<Recurrence<ExponentialStep>>(),
         FunctionRow("EXPMEMA", "以前 N 个值的平均起算的指数平均",
                     "as EMA, starting with the mean of the first N values")
             .takes("X,N", "sc")
             .window(1)
+            .reachesBack(0)
             .runs<Recurrence<MeanStartedExponentialStep>>(),
         FunctionRow("MEMA", "以前 N 个值的平均起算，权重 1/N",
                     "weight 1/N, starting with the mean of the first N values")
             .takes("X,N", "sc")
             .window(1)
+            .reachesBack(0)
             .runs<Recurrence<MeanStartedSmoothedStep>>(),
         FunctionRow("TMA", "递归平均 Y=A*Y'+B*X", "Y = A*Y' + B*X, starting with the first X")
             .takes("X,A,B", "scc")
+            .reachesBack(0)
             .runs<Recurrence<TwoWeightsStep>>(),
         FunctionRow("SMA", "移动平均，权重 M/N", "smoothed moving average, weight M/N")
             .takes("X,N,M", "scc")
             .window(1)
+            .reachesBack(0)
             .runs<Recurrence<SmoothedStep>>(),
         FunctionRow("DMA", "动态移动平均，权重 A", "moving average of weight A, 0 to 1")
             .takes("X,A", "ss")
+            .reachesBack(0)
             .runs<Recurrence<DynamicStep>>(),
     };
 }

@@ -18,13 +18,13 @@ template <std::vector<double> BarSeries::*Column>
 class ColumnKernel : public Kernel
 {
 public:
-    void compute(const Operand*, const Work& work, double* result) override
+    void compute(const Operand*, const Work& work, Result result) override
     {
         const std::vector<double>& column = work.bars.*Column;
         const std::size_t given = std::min(work.count, column.size());
         for (std::size_t bar = work.from; bar < given; ++bar)
             result[bar] = valueOrMissing(column[bar]);
-        std::fill(result + std::max(given, work.from), result + work.count, kMissing);
+        result.fill(std::max(given, work.from), work.count, kMissing);
     }
 };
 
@@ -33,7 +33,7 @@ template <std::vector<double> BarSeries::*Column>
 class IndexKernel : public Kernel
 {
 public:
-    void compute(const Operand*, const Work& work, double* result) override
+    void compute(const Operand*, const Work& work, Result result) override
     {
         static const BarSeries none;
         const BarSeries& index = work.bars.index ? *work.bars.index : none;
@@ -53,9 +53,9 @@ template <double BarSeries::*Shares>
 class SharesKernel : public Kernel
 {
 public:
-    void compute(const Operand*, const Work& work, double* result) override
+    void compute(const Operand*, const Work& work, Result result) override
     {
-        std::fill(result + work.from, result + work.count, valueOrMissing(work.bars.*Shares));
+        result.fill(work.from, work.count, valueOrMissing(work.bars.*Shares));
     }
 };
 
@@ -64,7 +64,7 @@ public:
 class TrueRangeKernel : public Kernel
 {
 public:
-    void compute(const Operand*, const Work& work, double* result) override
+    void compute(const Operand*, const Work& work, Result result) override
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar) {
             const double high = valueAt(work.bars.high, bar), low = valueAt(work.bars.low, bar);
@@ -80,7 +80,7 @@ public:
 class PositionKernel : public Kernel
 {
 public:
-    void compute(const Operand*, const Work& work, double* result) override
+    void compute(const Operand*, const Work& work, Result result) override
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar)
             result[bar] = static_cast<double>(bar + 1);
@@ -90,10 +90,10 @@ public:
 class LastBarKernel : public Kernel
 {
 public:
-    void compute(const Operand*, const Work& work, double* result) override
+    void compute(const Operand*, const Work& work, Result result) override
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar)
-            result[bar] = bar + 1 == work.count ? 1.0 : 0.0;
+            result[bar] = bar + 1 == work.bars.size() ? 1.0 : 0.0;
     }
 };
 
@@ -102,7 +102,7 @@ template <int (*Part)(const CivilTime&)>
 class TimeKernel : public Kernel
 {
 public:
-    void compute(const Operand*, const Work& work, double* result) override
+    void compute(const Operand*, const Work& work, Result result) override
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar) {
             const std::optional<CivilTime> time = m_clock.local(work.bars.timeMs[bar]);

@@ -307,51 +307,63 @@ std::vector<Function> countingFunctions()
     return {
         FunctionRow("BARSLAST", "上次成立以来的根数", "bars since the condition last held")
             .takes("COND", "s")
+            .reachesBack(0)
             .runs<Recurrence<BarsLastStep>>(),
         FunctionRow("BARSSINCE", "首次成立以来的根数", "bars since the condition first held")
             .takes("COND", "s")
+            .reachesBack(0)
             .runs<Recurrence<BarsSinceStep>>(),
         FunctionRow("BARSCOUNT", "自第一个有效值起的根数", "bars from the first value on, which counts 1")
             .takes("X", "s")
+            .reachesBack(0)
             .runs<Recurrence<BarsCountStep>>(),
         FunctionRow("BARSLASTCOUNT", "连续成立的根数", "bars in a row on which the condition holds")
             .takes("COND", "s")
+            .reachesBack(0)
             .runs<Recurrence<RunStep<Condition>>>(),
         FunctionRow("VALUEWHEN", "上次成立时的 X", "X of the bar on which the condition last held")
             .takes("COND,X", "ss")
+            .reachesBack(0)
             .runs<Recurrence<ValueWhenStep>>(),
         FunctionRow("UPNDAY", "是否连涨 N 根", "1 when X has risen on each of N bars")
             .takes("X,N", "ss")
             .window(1)
             .logical()
+            .reachesBack(1)
             .runs<Recurrence<RunOfStep<Rising, 1>>>(),
         FunctionRow("DOWNNDAY", "是否连跌 N 根", "1 when X has fallen on each of N bars")
             .takes("X,N", "ss")
             .window(1)
             .logical()
+            .reachesBack(1)
             .runs<Recurrence<RunOfStep<Falling, 1>>>(),
         FunctionRow("NDAY", "A 是否连续 N 根高于 B", "1 when A has stood above B on each of N bars")
             .takes("A,B,N", "sss")
             .window(2)
             .logical()
+            .reachesBack(0)
             .runs<Recurrence<RunOfStep<FirstAbove, 2>>>(),
         FunctionRow("TFILTER", "轮流出现的信号，各取第一个",
                     "of two signals that take turns, the first of each run")
             .takes("A,B,KIND", "ssc")
+            .reachesBack(0)
             .runs<Recurrence<TurnFilterStep>>(),
         FunctionRow("CROSS", "A 上穿 B", "1 where A rises through B")
             .takes("A,B", "ss")
             .logical()
+            .reachesBack(0)
             .runs<Recurrence<CrossStep>>(),
         FunctionRow("LONGCROSS", "A 在 N 根低于 B 之后上穿",
                     "1 where A rises through B after N bars below it")
             .takes("A,B,N", "ssc")
             .window(2)
             .logical()
+            .reachesBack(0)
             .runs<Recurrence<LongCrossStep>>(),
         FunctionRow("FILTER", "成立后 N 根内不再提示", "the condition, held back for N bars after it held")
             .takes("COND,N", "ss")
             .logical()
+            .reachesBack(0)
             .runs<Recurrence<FilterStep>>(),
     };
 }

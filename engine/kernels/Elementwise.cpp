@@ -8,16 +8,29 @@ namespace engine::language {
 
 namespace {
 
-/// A function of one bar of its arguments. The loops stand apart for constant arguments, so that the compiler
-/// can work on several bars at once.
+/// Calls `work` with what reads an operand by its distance from a bar: a column's values or the number. Loops
+/// over either stand apart, so that the compiler can work on several bars at once.
+template <class DoWork>
+void withReader(const Operand& operand, std::size_t from, DoWork doWork)
+{
+    if (operand.isConstant)
+        doWork([number = *operand.values](std::size_t) { return number; });
+    else
+        doWork([values = operand.from(from)](std::size_t index) { return values[index]; });
+}
+
+/// A function of one bar of its argument.
 template <class Operation>
 class UnaryKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
-        for (std::size_t bar = work.from; bar < work.count; ++bar)
-            result[bar] = valueOrMissing(Operation()(arguments[0][bar]));
+        double* const out = result.from(work.from);
+        withReader(arguments[0], work.from, [&, count = work.count - work.from](auto value) {
+            for (std::size_t index = 0; index < count; ++index)
+                out[index] = valueOrMissing(Operation()(value(index)));
+        });
     }
 };
 
@@ -25,32 +38,15 @@ template <class Operation>
 class BinaryKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
-        const double* left = arguments[0].values;
-        const double* right = arguments[1].values;
-        if (arguments[0].isConstant && arguments[1].isConstant)
-            std::fill(result + work.from, result + work.count, valueOrMissing(Operation()(*left, *right)));
-        else if (arguments[0].isConstant)
-            run(
-                work, result, [left = *left](std::size_t) { return left; },
-                [right](std::size_t bar) { return right[bar]; });
-        else if (arguments[1].isConstant)
-            run(
-                work, result, [left](std::size_t bar) { return left[bar]; },
-                [right = *right](std::size_t) { return right; });
-        else
-            run(
-                work, result, [left](std::size_t bar) { return left[bar]; },
-                [right](std::size_t bar) { return right[bar]; });
-    }
-
-private:
-    template <class Left, class Right>
-    static void run(const Work& work, double* result, Left left, Right right)
-    {
-        for (std::size_t bar = work.from; bar < work.count; ++bar)
-            result[bar] = valueOrMissing(Operation()(left(bar), right(bar)));
+        double* const out = result.from(work.from);
+        withReader(arguments[0], work.from, [&](auto left) {
+            withReader(arguments[1], work.from, [&, count = work.count - work.from](auto right) {
+                for (std::size_t index = 0; index < count; ++index)
+                    out[index] = valueOrMissing(Operation()(left(index), right(index)));
+            });
+        });
     }
 };
 
@@ -58,11 +54,17 @@ template <class Operation>
 class TernaryKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
-        for (std::size_t bar = work.from; bar < work.count; ++bar)
-            result[bar] =
-                valueOrMissing(Operation()(arguments[0][bar], arguments[1][bar], arguments[2][bar]));
+        double* const out = result.from(work.from);
+        withReader(arguments[0], work.from, [&](auto first) {
+            withReader(arguments[1], work.from, [&](auto second) {
+                withReader(arguments[2], work.from, [&, count = work.count - work.from](auto third) {
+                    for (std::size_t index = 0; index < count; ++index)
+                        out[index] = valueOrMissing(Operation()(first(index), second(index), third(index)));
+                });
+            });
+        });
     }
 };
 
@@ -267,9 +269,9 @@ struct Range
 class NullKernel : public Kernel
 {
 public:
-    void compute(const Operand*, const Work& work, double* result) override
+    void compute(const Operand*, const Work& work, Result result) override
     {
-        std::fill(result + work.from, result + work.count, kMissing);
+        result.fill(work.from, work.count, kMissing);
     }
 };
 

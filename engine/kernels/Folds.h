@@ -9,6 +9,11 @@
 ///     static State merged(const State& earlier, const State& later);
 ///     static double answer(const State& window, double length, std::size_t bar);
 ///
+/// A fold may say how one value more is taken in, when that is less work than merging its state:
+///
+///     static State later(const State& earlier, double value);
+///     static State earlier(double value, const State& later);
+///
 /// `bar` is the last bar of the window. A value is never taken out of a state again, so that nothing drifts
 /// or cancels and a huge value leaves no trace behind its window.
 
@@ -33,6 +38,21 @@ struct CompensatedSum
         const double roundedOff = (a.sum - (sum - partOfB)) + (b.sum - partOfB);
         return { sum, a.error + b.error + roundedOff };
     }
+
+    /// As merged() with a single value behind, or before, a sum that began as zero: the value's error, which
+    /// is none, need not be added.
+    static CompensatedSum with(const CompensatedSum& a, double value)
+    {
+        const double sum = a.sum + value;
+        const double part = sum - a.sum;
+        return { sum, a.error + ((a.sum - (sum - part)) + (value - part)) };
+    }
+    static CompensatedSum sumOf(double value, const CompensatedSum& b)
+    {
+        const double sum = value + b.sum;
+        const double part = sum - value;
+        return { sum, b.error + ((value - (sum - part)) + (b.sum - part)) };
+    }
 };
 
 struct SumFold
@@ -41,6 +61,8 @@ struct SumFold
 
     static State of(double value, std::size_t) { return { value, 0.0 }; }
     static State merged(const State& a, const State& b) { return CompensatedSum::merged(a, b); }
+    static State later(const State& before, double value) { return CompensatedSum::with(before, value); }
+    static State earlier(double value, const State& behind) { return CompensatedSum::sumOf(value, behind); }
     static double answer(const State& window, double, std::size_t) { return window.total(); }
 };
 
@@ -72,6 +94,31 @@ struct WeightedMeanFold
     {
         return window.weighted.total() / (length * (length + 1.0) / 2.0);
     }
+};
+
+/// The highest or lowest value; of equal ones the last.
+template <class IsBetter>
+struct ExtremeValueFold
+{
+    struct State
+    {
+        double value = kMissing;
+    };
+
+    static State of(double value, std::size_t) { return { value }; }
+
+    static State merged(const State& a, const State& b)
+    {
+        return { IsBetter()(a.value, b.value) || isMissing(b.value) ? a.value : b.value };
+    }
+
+    static State later(const State& before, double value)
+    {
+        return { IsBetter()(before.value, value) ? before.value : value };
+    }
+    static State earlier(double value, const State& behind) { return merged({ value }, behind); }
+
+    static double answer(const State& window, double, std::size_t) { return window.value; }
 };
 
 /// The highest or lowest value and its bar; of equal ones the last.

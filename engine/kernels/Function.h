@@ -10,6 +10,34 @@
 
 namespace engine::language {
 
+/// Makes the kernels of a function; may be empty.
+class KernelMaker
+{
+public:
+    using Plain = KernelPointer (*)();
+    using Bound = KernelPointer (*)(const void* what);
+
+    KernelMaker() = default;
+    KernelMaker(Plain plain)
+        : m_plain(plain)
+    {
+    }
+    /// @param what  given to each call; must outlive the function.
+    KernelMaker(Bound bound, const void* what)
+        : m_bound(bound)
+        , m_what(what)
+    {
+    }
+
+    explicit operator bool() const { return m_plain || m_bound; }
+    KernelPointer operator()() const { return m_plain ? m_plain() : m_bound(m_what); }
+
+private:
+    Plain m_plain = nullptr;
+    Bound m_bound = nullptr;
+    const void* m_what = nullptr;
+};
+
 /// One thing that a formula can call by name: a series of the bars, a function, or a drawing statement.
 /// Operators are functions too, which cannot be called by name.
 struct Function
@@ -27,6 +55,9 @@ struct Function
     bool isElementwise = false; ///< a bar of the result depends on nothing but that bar of the arguments
     /// The argument that says how many bars later a value is read; nothing where no later bar counts.
     std::optional<std::size_t> lookAheadArgument;
+    /// How many bars before a bar the bars of the arguments still count for it, besides what the kernel
+    /// keeps: a number, or the value of an argument that is a constant. Neither: any number of them.
+    std::optional<std::size_t> reach, reachArgument;
     /// The optional column of the bars without which there is no value at all; null when there is none.
     std::vector<double> BarSeries::*neededColumn = nullptr;
     /// The value changes with bars that come later, however many.
@@ -37,9 +68,9 @@ struct Function
     std::optional<se::DrawType::Code> drawing; ///< of a drawing statement
     /// Of a drawing statement: a digit per column, the argument that it takes; empty where they are in order.
     const char* columnOrder = "";
-    bool isBuilt = false;                    ///< a drawing put together from others, see BuiltDrawings.h
-    KernelPointer (*makeKernel)() = nullptr; ///< null for drawings whose columns are their arguments
-    const char* chinese = "";                ///< one line each; empty for operators
+    bool isBuilt = false;     ///< a drawing put together from others, see BuiltDrawings.h
+    KernelMaker makeKernel;   ///< empty for drawings whose columns are their arguments
+    const char* chinese = ""; ///< one line each; empty for operators
     const char* english = "";
 };
 
@@ -93,7 +124,7 @@ public:
     FunctionRow& elementwise()
     {
         m_row.isElementwise = true;
-        return *this;
+        return reachesBack(0);
     }
 
     FunctionRow& looksAheadBy(std::size_t argument)
@@ -105,6 +136,18 @@ public:
     FunctionRow& looksAheadEndlessly()
     {
         m_row.looksAheadEndlessly = true;
+        return *this;
+    }
+
+    FunctionRow& reachesBack(std::size_t bars)
+    {
+        m_row.reach = bars;
+        return *this;
+    }
+
+    FunctionRow& reachesBackBy(std::size_t argument)
+    {
+        m_row.reachArgument = argument;
         return *this;
     }
 
@@ -139,7 +182,7 @@ public:
     template <class Made>
     FunctionRow& runs()
     {
-        m_row.makeKernel = []() -> KernelPointer { return std::make_unique<Made>(); };
+        m_row.makeKernel = KernelMaker([]() -> KernelPointer { return std::make_unique<Made>(); });
         return *this;
     }
 

@@ -9,6 +9,7 @@
 #include "engine/series/BarSeries.h"
 #include "engine/series/Series.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cstddef>
 #include <memory>
@@ -22,22 +23,40 @@ inline bool isTrue(double condition)
     return condition != 0.0 && !isMissing(condition);
 }
 
-/// What a kernel reads: a column, or one number for all bars.
+/// What a kernel reads: a column, or one number for all bars. Of a column no more may stand than the bars
+/// from the first on.
 struct Operand
 {
     const double* values = nullptr;
     bool isConstant = false;
+    std::size_t first = 0;
 
-    double operator[](std::size_t bar) const { return values[isConstant ? 0 : bar]; }
+    double operator[](std::size_t bar) const { return values[isConstant ? 0 : bar - first]; }
+    /// The values from a bar on; of a column.
+    const double* from(std::size_t bar) const { return values + (bar - first); }
+};
+
+/// What a kernel writes: a column from a bar on.
+struct Result
+{
+    double* values;
+    std::size_t first = 0;
+
+    double& operator[](std::size_t bar) const { return values[bar - first]; }
+    double* from(std::size_t bar) const { return values + (bar - first); }
+    void fill(std::size_t begin, std::size_t end, double value) const
+    {
+        std::fill(from(begin), from(end), value);
+    }
 };
 
 /// Which bars to compute.
 struct Work
 {
-    const BarSeries& bars;
-    std::size_t from;  ///< bars before it stand already; 0, or the `keep` of the call before
-    std::size_t keep;  ///< the state before this bar is to be kept for the next call
-    std::size_t count; ///< one behind the last bar
+    const BarSeries& bars; ///< all of them
+    std::size_t from;      ///< bars before it stand already; 0, or the `keep` of the call before
+    std::size_t keep;      ///< the state before this bar is to be kept for the next call; at most `count`
+    std::size_t count;     ///< one behind the last bar to compute; all bars for what looks ahead
     const std::atomic<bool>* cancelledFlag = nullptr;
 
     bool cancelled() const { return cancelledFlag && cancelledFlag->load(std::memory_order_relaxed); }
@@ -50,7 +69,7 @@ public:
     virtual ~Kernel() = default;
 
     /// Fills result[from] to result[count - 1]; what was there before is not read.
-    virtual void compute(const Operand* arguments, const Work& work, double* result) = 0;
+    virtual void compute(const Operand* arguments, const Work& work, Result result) = 0;
 };
 
 using KernelPointer = std::unique_ptr<Kernel>;

@@ -16,7 +16,7 @@ struct Knot
 };
 
 /// The straight line through two knots, from one bar to another.
-void drawLine(const Knot& first, const Knot& second, std::size_t begin, std::size_t end, double* result)
+void drawLine(const Knot& first, const Knot& second, std::size_t begin, std::size_t end, Result result)
 {
     const double bars = static_cast<double>(second.bar - first.bar);
     for (std::size_t bar = begin; bar < end; ++bar) {
@@ -29,9 +29,9 @@ void drawLine(const Knot& first, const Knot& second, std::size_t begin, std::siz
 class PolyLineKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
-        std::fill(result, result + work.count, kMissing);
+        result.fill(0, work.count, kMissing);
         std::optional<Knot> last;
         for (std::size_t bar = 0; bar < work.count; ++bar) {
             if (!isTrue(arguments[0][bar]) || isMissing(arguments[1][bar]))
@@ -50,9 +50,9 @@ public:
 class ConnectionKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
-        std::fill(result, result + work.count, kMissing);
+        result.fill(0, work.count, kMissing);
         std::optional<Knot> begin;
         std::optional<std::pair<Knot, Knot>> goingOn;
         std::size_t drawn = 0; // bars that are done with
@@ -83,11 +83,40 @@ public:
 class PartKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar)
             result[bar] = isTrue(arguments[0][bar]) ? arguments[1][bar] : kMissing;
     }
+};
+
+/// The steps to the bars on which a condition holds, each from the bar before: PRICE there and here. Of the
+/// runs of such bars those with even numbers belong to one line and the others to a second one, so that two
+/// runs with a single bar between them do not meet.
+class StepsKernel : public Kernel
+{
+public:
+    void compute(const Operand* arguments, const Work& work, Result result) override
+    {
+        const Operand &condition = arguments[0], &price = arguments[1];
+        const auto isOfLine = [&](std::size_t run) { return run % 2 == (isTrue(arguments[2][0]) ? 1 : 0); };
+        std::size_t runs = work.from == 0 ? 0 : m_keptRuns;
+        for (std::size_t bar = work.from; bar < work.count; ++bar) {
+            if (bar == work.keep)
+                m_keptRuns = runs;
+            const bool holds = isTrue(condition[bar]), heldBefore = bar > 0 && isTrue(condition[bar - 1]);
+            if (holds && !heldBefore)
+                ++runs;
+            const bool begins = !holds && bar + 1 < work.count && isTrue(condition[bar + 1]);
+            const bool isDrawn = (holds && isOfLine(runs)) || (begins && isOfLine(runs + 1));
+            result[bar] = isDrawn ? price[bar] : kMissing;
+        }
+        if (work.keep >= work.count)
+            m_keptRuns = runs;
+    }
+
+private:
+    std::size_t m_keptRuns = 0; ///< runs that began before the bar to be kept
 };
 
 } // namespace
@@ -106,10 +135,12 @@ std::vector<Function> lineDrawings()
             .looksAheadEndlessly()
             .draws(se::DrawType::SegmentLine)
             .runs<ConnectionKernel>(),
-        FunctionRow("PARTLINE", "条件成立处的线段", "a line where it holds")
-            .takes("COND,PRICE", "ss")
-            .draws(se::DrawType::SegmentLine)
-            .runs<PartKernel>(),
+        FunctionRow("part").takes("COND,PRICE", "ss").isOperator().reachesBack(0).runs<PartKernel>(),
+        FunctionRow("steps")
+            .takes("COND,PRICE,LINE,AHEAD", "sscc")
+            .isOperator()
+            .looksAheadBy(3)
+            .runs<StepsKernel>(),
     };
 }
 

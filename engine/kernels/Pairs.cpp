@@ -38,7 +38,7 @@ template <double (*Answer)(const PairFold::State&)>
 class PairKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         const Operand &x = arguments[0], &y = arguments[1], &lengths = arguments[2];
         const auto isThere = [&](std::size_t bar) { return !isMissing(x[bar]) && !isMissing(y[bar]); };

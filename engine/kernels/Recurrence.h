@@ -13,7 +13,7 @@ template <class Step>
 class Recurrence : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         const Step step(arguments, work);
         typename Step::State state = work.from == 0 ? typename Step::State() : m_kept;

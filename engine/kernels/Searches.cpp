@@ -32,7 +32,7 @@ struct ReachFold
 class SumBarsKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         const Operand &values = arguments[0], &amounts = arguments[1];
         m_tree.extend(work.from, work.count, [&](std::size_t bar) {
@@ -58,7 +58,7 @@ template <class IsBetter>
 class RangeKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         const Operand& values = arguments[0];
         m_worse.resize(work.count);
@@ -86,7 +86,7 @@ template <bool kOnAll>
 class SpanKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         m_runs.resize(work.count);
         for (std::size_t bar = work.from; bar < work.count; ++bar) {
@@ -119,7 +119,7 @@ template <class IsBetter, bool kAsksBars>
 class FindKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         m_tree.extend(work.from, work.count,
                       [&](std::size_t bar) { return Fold::of(arguments[0][bar], bar); });

@@ -110,9 +110,9 @@ Turnings turningsOf(const Operand* arguments, const Work& work)
 class ZigZagKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
-        std::fill(result, result + work.count, kMissing);
+        result.fill(0, work.count, kMissing);
         const std::vector<Point> corners = turningsOf(arguments, work).corners;
         if (!corners.empty())
             result[corners[0].bar] = corners[0].value;
@@ -132,7 +132,7 @@ template <std::vector<Point> Turnings::*Kind, bool kAsksBars>
 class TurningKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         const Turnings turnings = turningsOf(arguments, work);
         const std::vector<Point>& points = turnings.*Kind;

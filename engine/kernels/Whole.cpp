@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "engine/calendar/LocalTime.h"
 #include "engine/kernels/KernelRows.h"
+#include "engine/kernels/PeriodGroups.h"
 #include "engine/kernels/Periods.h"
 
 #include <algorithm>
@@ -14,10 +15,10 @@ namespace {
 class ConstantKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         if (work.count > 0)
-            std::fill(result + work.from, result + work.count, arguments[0][work.count - 1]);
+            result.fill(work.from, work.count, arguments[0][work.count - 1]);
     }
 };
 
@@ -25,7 +26,7 @@ public:
 class DateReferenceKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         std::unordered_map<int, std::size_t> lastBars;
         LocalTime clock;
@@ -46,7 +47,7 @@ public:
 class BackSetKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         std::size_t reached = work.count; // the first bar that is set
         for (std::size_t bar = work.count; bar-- > work.from;) {
@@ -62,7 +63,7 @@ public:
 class BackFilterKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         std::size_t held = 0; // bars that are still to be held back
         for (std::size_t bar = work.count; bar-- > 0;) {
@@ -79,7 +80,7 @@ public:
 class BarsLeftKernel : public Kernel
 {
 public:
-    void compute(const Operand*, const Work& work, double* result) override
+    void compute(const Operand*, const Work& work, Result result) override
     {
         for (std::size_t bar = work.from; bar < work.count; ++bar)
             result[bar] = static_cast<double>(work.count - bar);
@@ -89,9 +90,9 @@ public:
 class BarsKernel : public Kernel
 {
 public:
-    void compute(const Operand*, const Work& work, double* result) override
+    void compute(const Operand*, const Work& work, Result result) override
     {
-        std::fill(result + work.from, result + work.count, static_cast<double>(work.count));
+        result.fill(work.from, work.count, static_cast<double>(work.count));
     }
 };
 
@@ -111,24 +112,14 @@ constexpr PeriodCode kPeriods[] = {
 class PeriodKernel : public Kernel
 {
 public:
-    void compute(const Operand*, const Work& work, double* result) override
+    void compute(const Operand*, const Work& work, Result result) override
     {
-        std::vector<std::int64_t> distances;
-        for (std::size_t bar = 1; bar < work.count; ++bar)
-            distances.push_back((work.bars.timeMs[bar] - work.bars.timeMs[bar - 1]) / kMsPerMinute);
-        double code = kMissing;
-        if (!distances.empty()) {
-            const auto middle = distances.begin() + static_cast<std::ptrdiff_t>(distances.size() / 2);
-            std::nth_element(distances.begin(), middle, distances.end());
-            code = std::find_if(std::begin(kPeriods), std::end(kPeriods) - 1, [&](const PeriodCode& period) {
-                       return *middle >= period.leastMinutes;
-                   })->code;
-        }
-        std::fill(result + work.from, result + work.count, code);
+        const std::optional<std::int64_t> minutes = usualMinutes(work.bars.timeMs);
+        const auto isReached = [&](const PeriodCode& period) { return *minutes >= period.leastMinutes; };
+        const double code =
+            minutes ? std::find_if(std::begin(kPeriods), std::end(kPeriods) - 1, isReached)->code : kMissing;
+        result.fill(work.from, work.count, code);
     }
-
-private:
-    static constexpr std::int64_t kMsPerMinute = 60'000;
 };
 
 } // namespace

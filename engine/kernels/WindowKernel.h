@@ -19,12 +19,13 @@ enum class Window {
 
 /// Folds the window of N bars that ends at each bar. With a constant N, bars are cut into blocks of N, and a
 /// window is the tail of one block and the head of the next: three merges a bar whatever N (M. van Herk,
-/// 1992; J. Gil and M. Werman, 1993). Where N is a series, a segment tree answers.
+/// 1992; J. Gil and M. Werman, 1993). A window reads N bars back. Where N is a series, a segment tree
+/// answers.
 template <class Fold, Window kWindow>
 class WindowKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         const Operand& values = arguments[0];
         if (!arguments[1].isConstant) {
@@ -37,7 +38,7 @@ public:
         else if (length && kWindow != Window::Whole)
             computeAll(values, work, result);
         else
-            std::fill(result + work.from, result + work.count, kMissing);
+            result.fill(work.from, work.count, kMissing);
     }
 
 private:
@@ -55,56 +56,173 @@ private:
         return Fold::of(kTakesGaps || !isMissing(value) ? value : 0.0, bar);
     }
 
+    /// Takes in a value that is there behind a stretch, or before it.
+    static State later(const State& state, double value, std::size_t bar)
+    {
+        if constexpr (takesValues<Fold>(0))
+            return Fold::later(state, value);
+        else
+            return Fold::merged(state, Fold::of(value, bar));
+    }
+    static State earlier(double value, std::size_t bar, const State& state)
+    {
+        if constexpr (takesValues<Fold>(0))
+            return Fold::earlier(value, state);
+        else
+            return Fold::merged(Fold::of(value, bar), state);
+    }
+
+    template <class F, class = decltype(F::later(typename F::State(), 0.0))>
+    static constexpr bool takesValues(int)
+    {
+        return true;
+    }
+    template <class F>
+    static constexpr bool takesValues(long)
+    {
+        return false;
+    }
+
     static double answer(const State& window, std::size_t length, std::size_t bar)
     {
         return valueOrMissing(Fold::answer(window, static_cast<double>(length), bar));
     }
 
-    /// tails[k] becomes the state of the last k bars before `end`.
-    static void foldTails(const Operand& values, std::size_t end, std::vector<State>& tails)
+    void computeFixed(const Operand& values, std::size_t length, const Work& work, Result result)
     {
-        for (std::size_t back = 1; back < tails.size(); ++back)
-            tails[back] = Fold::merged(stateOf(values[end - back], end - back), tails[back - 1]);
+        resume(work.from, length);
+        for (std::size_t bar = work.from; bar < work.keep; bar += kRun)
+            computeRun(values, length, bar, std::min(bar + kRun, work.keep), result);
+        m_kept = m_head;
+        m_keptPresent = m_present;
+        m_isBehindKept = true;
+        for (std::size_t bar = work.keep; bar < work.count; bar += kRun)
+            computeRun(values, length, bar, std::min(bar + kRun, work.count), result);
     }
 
-    void computeFixed(const Operand& values, std::size_t length, const Work& work, double* result)
+    /// Goes back to what was kept before a bar.
+    void resume(std::size_t from, std::size_t length)
     {
-        std::vector<State> tails(std::min(length, work.count) + 1);
-        const std::size_t block = work.from - work.from % length;
-        if (block > 0)
-            foldTails(values, block, tails);
-        State head {};
-        for (std::size_t bar = block; bar < work.from; ++bar)
-            head = Fold::merged(head, stateOf(values[bar], bar));
-        std::size_t present = presentBefore(values, work.from, length);
-        std::size_t inBlock = work.from - block;
-        for (std::size_t bar = work.from; bar < work.count; ++bar, ++inBlock) {
-            if (inBlock == length) {
-                inBlock = 0;
-                foldTails(values, bar, tails);
-                head = State {};
-            }
-            head = Fold::merged(head, stateOf(values[bar], bar));
-            present = isThere(values[bar]) ? present + 1 : 0;
-            if (present >= length || (kWindow == Window::There && present > 0 && bar >= length))
-                result[bar] = answer(Fold::merged(tails[length - 1 - inBlock], head), length, bar);
-            else
+        m_isBehindKept = false;
+        m_head = from == 0 ? State {} : m_kept;
+        m_present = from == 0 ? 0 : m_keptPresent;
+        m_foldedBars = std::min(m_foldedBars, from - from % length);
+        m_firstTail = from == 0 ? 0 : m_firstTail;
+        m_tails.resize(m_foldedBars - m_firstTail);
+    }
+
+    void computeRun(const Operand& asked, std::size_t length, std::size_t begin, std::size_t end,
+                    Result result)
+    {
+        const Operand values = asked.isConstant ? repeated(asked[0], std::min(begin, length), begin) : asked;
+        const bool isClear = kTakesGaps || !hasGap(values.from(begin), end - begin);
+        const std::size_t firstThere = begin - m_present; // if there is no gap
+        foldHeads(values, length, begin, end, isClear);
+        foldTails(values, length, begin, end, isClear ? firstThere : end);
+        if (!isClear) {
+            answerGaps(values, length, begin, end, result);
+            return;
+        }
+        m_present += end - begin;
+        std::size_t whole = firstThere + length - 1;
+        if (kWindow == Window::There)
+            whole = std::min(whole, length);
+        whole = std::clamp(whole, begin, end);
+        for (std::size_t bar = begin; bar < whole; ++bar)
+            result[bar] = kTakesFewer ? answer(m_heads[bar - begin], length, bar) : kMissing;
+        if (whole == end)
+            return;
+        const State* const heads = m_heads.data() + (whole - begin);
+        const State* const tails = m_tails.data() + (whole + 1 - length - m_firstTail);
+        double* const out = result.from(whole);
+        for (std::size_t index = 0; index < end - whole; ++index)
+            out[index] = answer(Fold::merged(tails[index], heads[index]), length, whole + index);
+    }
+
+    /// A number as the column that a run reads, from some bars back on.
+    Operand repeated(double number, std::size_t back, std::size_t begin)
+    {
+        m_repeated.assign(back + kRun, number);
+        return { m_repeated.data(), false, begin - back };
+    }
+
+    /// The answers of a run in which values are missing.
+    void answerGaps(const Operand& values, std::size_t length, std::size_t begin, std::size_t end,
+                    Result result)
+    {
+        const State* heads = m_heads.data();
+        for (std::size_t bar = begin; bar < end; ++bar, ++heads) {
+            m_present = isThere(values[bar]) ? m_present + 1 : 0;
+            if (m_present >= length || (kWindow == Window::There && m_present > 0 && bar >= length))
                 result[bar] =
-                    kTakesGaps || (kTakesFewer && present > 0) ? answer(head, length, bar) : kMissing;
+                    answer(Fold::merged(m_tails[bar + 1 - length - m_firstTail], *heads), length, bar);
+            else
+                result[bar] = kTakesFewer && m_present > 0 ? answer(*heads, length, bar) : kMissing;
         }
     }
 
-    /// Bars in a row before a bar that are there, counted up to the length.
-    static std::size_t presentBefore(const Operand& values, std::size_t bar, std::size_t length)
+    static bool hasGap(const double* values, std::size_t count)
     {
-        std::size_t present = 0;
-        while (present < length && present < bar && isThere(values[bar - 1 - present]))
-            ++present;
-        return present;
+        std::size_t gaps = 0;
+        for (std::size_t index = 0; index < count; ++index)
+            gaps += isMissing(values[index]);
+        return gaps > 0;
+    }
+
+    /// The states of the bars from the beginning of a block up to each of a run.
+    void foldHeads(const Operand& values, std::size_t length, std::size_t begin, std::size_t end,
+                   bool isClear)
+    {
+        m_heads.resize(kRun);
+        State head = m_head;
+        State* heads = m_heads.data();
+        std::size_t inBlock = begin % length;
+        for (std::size_t bar = begin; bar < end; inBlock = 0) {
+            if (inBlock == 0)
+                head = State {};
+            const double* const in = values.from(bar);
+            const std::size_t count = std::min(end - bar, length - inBlock);
+            for (std::size_t index = 0; index < count; ++index) {
+                head = isClear ? later(head, in[index], bar + index)
+                               : Fold::merged(head, stateOf(in[index], bar + index));
+                heads[index] = head;
+            }
+            heads += count;
+            bar += count;
+        }
+        m_head = head;
+    }
+
+    /// The states from each bar up to the end of its block, for the blocks that end with a run; none for the
+    /// first bar of a block, as a window that begins there is a head.
+    /// @param firstThere  from here on every value is there.
+    void foldTails(const Operand& values, std::size_t length, std::size_t begin, std::size_t end,
+                   std::size_t firstThere)
+    {
+        const std::size_t oldest = begin - std::min(begin, length);
+        if (oldest > m_firstTail + length + kRun && !m_isBehindKept) {
+            m_tails.erase(m_tails.begin(),
+                          m_tails.begin() + static_cast<std::ptrdiff_t>(oldest - m_firstTail));
+            m_firstTail = oldest;
+        }
+        if (end - m_foldedBars >= length)
+            m_tails.resize(end - end % length - m_firstTail);
+        for (; end - m_foldedBars >= length; m_foldedBars += length) {
+            State* const tails = m_tails.data() + (m_foldedBars - m_firstTail);
+            const double* const in = values.from(m_foldedBars);
+            const bool isClear = m_foldedBars >= firstThere;
+            State tail {};
+            for (std::size_t index = length; --index > 0;) {
+                const std::size_t bar = m_foldedBars + index;
+                tail = isClear ? earlier(in[index], bar, tail) : Fold::merged(stateOf(in[index], bar), tail);
+                tails[index] = tail;
+            }
+            tails[0] = State {};
+        }
     }
 
     /// All values so far; a bar without one has no answer.
-    void computeAll(const Operand& values, const Work& work, double* result)
+    void computeAll(const Operand& values, const Work& work, Result result)
     {
         State state = work.from == 0 ? State {} : m_kept;
         for (std::size_t bar = work.from; bar < work.count; ++bar) {
@@ -118,7 +236,7 @@ private:
             m_kept = state;
     }
 
-    void computeVariable(const Operand& values, const Operand& lengths, const Work& work, double* result)
+    void computeVariable(const Operand& values, const Operand& lengths, const Work& work, Result result)
     {
         m_tree.extend(work.from, work.count, [&](std::size_t bar) { return stateOf(values[bar], bar); });
         std::size_t present = work.from == 0 ? 0 : m_keptPresent;
@@ -136,8 +254,19 @@ private:
             m_keptPresent = present;
     }
 
-    State m_kept {};               ///< of all values before the bar to be kept
+    static constexpr std::size_t kRun = 1024; ///< bars that are folded at a time
+
+    State m_kept {};               ///< of all values, or those of its block, before the bar to be kept
     std::size_t m_keptPresent = 0; ///< bars in a row before it that are there
+
+    State m_head {};              ///< of the block up to the last bar
+    std::size_t m_present = 0;    ///< bars in a row up to it that are there
+    bool m_isBehindKept = false;  ///< these bars will be computed again
+    Series m_repeated;            ///< a number as a column
+    std::vector<State> m_heads;   ///< of a run
+    std::vector<State> m_tails;   ///< from a bar on
+    std::size_t m_firstTail = 0;  ///< that bar
+    std::size_t m_foldedBars = 0; ///< bars of whole blocks, the tails of which are known
     SegmentTree<Fold> m_tree;
 };
 

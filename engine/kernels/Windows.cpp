@@ -72,7 +72,7 @@ struct ExistFold : CountFold
 class MeanDeviationKernel : public Kernel
 {
 public:
-    void compute(const Operand* arguments, const Work& work, double* result) override
+    void compute(const Operand* arguments, const Work& work, Result result) override
     {
         m_mean.compute(arguments, work, result);
         const std::size_t length = arguments[1].isConstant ? barsOf(arguments[1][0]).value_or(0) : 0;
@@ -85,7 +85,7 @@ public:
 private:
     static constexpr std::size_t kLongestAdded = 64;
 
-    static void computeAnew(const Operand* arguments, const Work& work, double* result)
+    static void computeAnew(const Operand* arguments, const Work& work, Result result)
     {
         for (std::size_t bar = work.from; bar < work.count && !work.cancelled(); ++bar) {
             if (isMissing(result[bar]))
@@ -99,7 +99,7 @@ private:
         }
     }
 
-    void computeSorted(const Operand& values, std::size_t length, const Work& work, double* result)
+    void computeSorted(const Operand& values, std::size_t length, const Work& work, Result result)
     {
         if (!m_sorted || work.from == 0) {
             m_sorted.emplace(length + 1);
@@ -149,6 +149,7 @@ FunctionRow window(const char* name, const char* chinese, const char* english)
     return FunctionRow(name, chinese, english)
         .takes("X,N", "ss")
         .window(1)
+        .reachesBackBy(1)
         .runs<WindowKernel<Fold, Window::Whole>>();
 }
 
@@ -158,6 +159,7 @@ FunctionRow windowThere(const char* name, const char* chinese, const char* engli
     return FunctionRow(name, chinese, english)
         .takes("X,N", "ss")
         .window(1, 0.0)
+        .reachesBackBy(1)
         .runs<WindowKernel<Fold, Window::There>>();
 }
 
@@ -167,6 +169,7 @@ FunctionRow condition(const char* name, const char* chinese, const char* english
     return FunctionRow(name, chinese, english)
         .takes("COND,N", "ss")
         .window(1, 0.0)
+        .reachesBackBy(1)
         .runs<WindowKernel<Fold, Window::Conditions>>();
 }
 
@@ -178,10 +181,10 @@ std::vector<Function> windowFunctions()
         window<MeanFold>("MA", "简单移动平均", "simple moving average"),
         window<WeightedMeanFold>("WMA", "加权移动平均，权重 1 至 N", "moving average weighted 1 to N"),
         windowThere<SumFold>("SUM", "N 根之和，N 为 0 时全部累加", "sum of N bars; N=0: of all so far"),
-        windowThere<ExtremeFold<IsHigher>>("HHV", "N 根内最大值，N 为 0 时为历史",
-                                           "greatest of N bars; N=0: of all so far"),
-        windowThere<ExtremeFold<IsLower>>("LLV", "N 根内最小值，N 为 0 时为历史",
-                                          "least of N bars; N=0: of all so far"),
+        windowThere<ExtremeValueFold<IsHigher>>("HHV", "N 根内最大值，N 为 0 时为历史",
+                                                "greatest of N bars; N=0: of all so far"),
+        windowThere<ExtremeValueFold<IsLower>>("LLV", "N 根内最小值，N 为 0 时为历史",
+                                               "least of N bars; N=0: of all so far"),
         windowThere<BarsSinceExtremeFold<IsHigher>>("HHVBARS", "N 根内最大值到现在的根数",
                                                     "bars since the greatest of N bars"),
         windowThere<BarsSinceExtremeFold<IsLower>>("LLVBARS", "N 根内最小值到现在的根数",

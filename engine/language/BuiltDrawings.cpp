@@ -20,16 +20,24 @@ Output drawingOf(const Output& named, se::DrawType::Code drawType, std::vector<N
     return output;
 }
 
+/// A colour that is written as one.
+std::optional<int> colorOf(NodeId color, const NodeMaker& make)
+{
+    const std::optional<double> packed = make.written(color);
+    return packed && *packed >= 0.0 && *packed <= kMostColor ? std::optional(static_cast<int>(*packed))
+                                                             : std::nullopt;
+}
+
 /// Sticks as wide as their bars between two lines where a condition holds.
 std::optional<Output> fill(const Output& named, NodeId condition, NodeId a, NodeId b, NodeId color,
                            const NodeMaker& make)
 {
-    const std::optional<double> packed = make.written(color);
-    if (!packed || !(*packed >= 0.0 && *packed <= kMostColor))
+    const std::optional<int> packed = colorOf(color, make);
+    if (!packed)
         return std::nullopt;
     Output output = drawingOf(named, se::DrawType::StickLine,
                               { condition, a, b, make.number(kWholeBar), make.number(0.0) });
-    output.colors = { static_cast<int>(*packed) };
+    output.colors = { *packed };
     output.isHiddenInLegend = true;
     return output;
 }
@@ -60,6 +68,36 @@ std::vector<Output> regions(const Output& named, const std::vector<NodeId>& argu
     return arguments.size() % 2 == 0 ? outputs : std::vector<Output>();
 }
 
+/// The first condition that holds chooses the colour of the step from the bar before.
+std::vector<Output> parts(const Output& named, const std::vector<NodeId>& arguments, const NodeMaker& make)
+{
+    if (arguments.size() == 2) {
+        Output output =
+            drawingOf(named, se::DrawType::SegmentLine, { make.call(operatorOf("part"), arguments) });
+        output.isHiddenInLegend = named.name.empty(); // a value that nobody has named is no news
+        return { output };
+    }
+    std::vector<Output> outputs;
+    NodeId earlier = make.number(0.0); // whether a condition before holds
+    for (std::size_t part = 1; part + 1 < arguments.size(); part += 2) {
+        const std::optional<int> color = colorOf(arguments[part + 1], make);
+        if (!color)
+            return {};
+        // COUNT answers on every bar, also where the condition is missing.
+        const NodeId holds = make.call(*findFunction("COUNT"), { arguments[part], make.number(1.0) });
+        const NodeId isFirst = make.call(operatorOf(">"), { holds, earlier });
+        earlier = make.call(operatorOf("OR"), { holds, earlier });
+        for (const double line : { 0.0, 1.0 }) {
+            const NodeId steps = make.call(operatorOf("steps"),
+                                           { isFirst, arguments[0], make.number(line), make.number(1.0) });
+            outputs.push_back(drawingOf(named, se::DrawType::SegmentLine, { steps }));
+            outputs.back().colors = { *color };
+            outputs.back().isHiddenInLegend = true;
+        }
+    }
+    return arguments.size() % 2 == 1 ? outputs : std::vector<Output>();
+}
+
 } // namespace
 
 std::vector<Output> builtOutputs(const Function& function, const Output& named,
@@ -70,6 +108,8 @@ std::vector<Output> builtOutputs(const Function& function, const Output& named,
         return band(named, arguments, make);
     if (name == "FILLRGN")
         return regions(named, arguments, make);
+    if (name == "PARTLINE")
+        return parts(named, arguments, make);
     if (name == "DRAWTEXT_FIX") {
         const auto perMille = [&](NodeId share) {
             return make.call(operatorOf("*"), { share, make.number(1000.0) });

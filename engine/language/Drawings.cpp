@@ -37,6 +37,12 @@ std::vector<Function> drawingStatements()
             .arguments(2, 2 + 2 * kMaxRegions)
             .draws(se::DrawType::StickLine)
             .built(),
+        FunctionRow("PARTLINE", "条件成立处的线段；也可先写价位，再写各条件及其颜色",
+                    "a line where it holds; or a price first, then conditions with a colour each")
+            .takes("COND,PRICE", "ss")
+            .arguments(2, 1 + 2 * kMaxRegions)
+            .draws(se::DrawType::SegmentLine)
+            .built(),
         FunctionRow("DRAWICON", "在价位上画图标，1 为圆，其余为方",
                     "a mark at a price; shape 1: round, else square")
             .takes("COND,PRICE,SHAPE", "sss")

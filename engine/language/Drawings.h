@@ -7,7 +7,7 @@
 namespace engine::language {
 
 constexpr int kMaxStacked = 16; ///< columns that STACKVOL takes
-constexpr int kMaxRegions = 8;  ///< conditions that FILLRGN takes
+constexpr int kMaxRegions = 8;  ///< conditions that FILLRGN and PARTLINE take
 
 /// Their rows of the table of functions; they have no kernels.
 std::vector<Function> drawingStatements();

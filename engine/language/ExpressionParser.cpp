@@ -3,6 +3,8 @@
 
 #include "engine/language/Attributes.h"
 #include "engine/language/ForeignWords.h"
+#include "engine/language/OtherPeriod.h"
+#include "engine/language/ShortCalls.h"
 
 #include <algorithm>
 #include <cmath>
@@ -215,19 +217,65 @@ NodeId ExpressionParser::readFormulaCall(const Token& place, const std::string& 
     }
     const Syntax& called = found.formula->syntax();
     const std::vector<std::string> names = found.formula->outputNames();
+    const std::string value = output.substr(0, output.find('#'));
     const auto name = std::find_if(names.begin(), names.end(), [&](const std::string& known) {
-        return !known.empty() && inCapitals(known) == inCapitals(output);
+        return !known.empty() && inCapitals(known) == inCapitals(value);
     });
     const std::size_t index = static_cast<std::size_t>(name - names.begin());
     if (name == names.end() || called.outputs[index].isDrawing) {
-        m_reader.report(place, "公式 " + formula + " 没有输出值 " + output,
-                        "the formula " + formula + " has no value " + output);
+        m_reader.report(place, "公式 " + formula + " 没有输出值 " + value,
+                        "the formula " + formula + " has no value " + value);
         return kBroken;
     }
     const std::vector<NodeId> parameters = formulaParameters(called, given, starts);
     const bool isSound = parameters.size() == called.parameters.size()
         && std::count(parameters.begin(), parameters.end(), kBroken) == 0;
-    return isSound ? inlined(called, called.outputs[index].columns.front(), parameters) : kBroken;
+    if (!isSound)
+        return kBroken;
+    const NodeId node = called.outputs[index].columns.front();
+    if (value != output)
+        return onOtherPeriod(place, found.formula, node, parameters);
+    if (!takeStepsElsewhere(place, called.stepsElsewhere))
+        return kBroken;
+    if (!called.held.empty())
+        m_syntax.held.push_back(found.formula);
+    return inlined(called, node, parameters);
+}
+
+/// A value of another formula on longer bars, whose period stands behind the # of the call.
+NodeId ExpressionParser::onOtherPeriod(const Token& place, const std::shared_ptr<const Formula>& formula,
+                                       NodeId value, const std::vector<NodeId>& parameters)
+{
+    const Period* period = findPeriod(inCapitals(place.text.substr(place.text.rfind('#') + 1)));
+    if (!period) {
+        m_reader.report(
+            place, "没有这个周期，应为 MIN5 MIN15 MIN30 MIN60 DAY WEEK MONTH QUARTER YEAR",
+            "unknown period, expected MIN5, MIN15, MIN30, MIN60, DAY, WEEK, MONTH, QUARTER or YEAR");
+        return kBroken;
+    }
+    if (!formula->syntax().held.empty()) {
+        m_reader.report(place, "所调用的公式自己也用了别的周期",
+                        "the formula that is called uses another period itself");
+        return kBroken;
+    }
+    if (!takeStepsElsewhere(place, formula->syntax().nodes.size()))
+        return kBroken;
+    m_reader.hint(place, "每根 K 线取所在整个周期的值，含未来数据",
+                  "every bar has the value of its whole period: looks into the future");
+    const std::shared_ptr<const Function> function = onPeriod(formula, value, *period);
+    m_syntax.held.push_back(function);
+    return callNode(*function, parameters);
+}
+
+/// Whether the formulas on other periods may have so many steps more; reports it when not.
+bool ExpressionParser::takeStepsElsewhere(const Token& place, std::size_t steps)
+{
+    m_syntax.stepsElsewhere += steps;
+    if (m_syntax.stepsElsewhere <= FormulaLimits::kMaxSteps)
+        return true;
+    m_reader.report(place, "公式太长", "the formula is too long");
+    m_reader.fail();
+    return false;
 }
 
 /// One number for each parameter of a formula that is called, within its range; fewer after a fault.
@@ -288,7 +336,7 @@ NodeId ExpressionParser::inlined(const Syntax& called, NodeId value, const std::
 NodeId ExpressionParser::readCall(const Token& name)
 {
     std::vector<Token> starts;
-    const std::vector<NodeId> arguments = readArguments(starts);
+    std::vector<NodeId> arguments = readArguments(starts);
     if (m_reader.hasFailed())
         return kBroken;
     if (name.key == "RGB")
@@ -306,6 +354,9 @@ NodeId ExpressionParser::readCall(const Token& name)
         m_reader.report(name, "绘图函数只能单独成句", "a drawing stands in a statement of its own");
         return kBroken;
     }
+    arguments = fullArguments(*function, arguments, nodeMaker());
+    if (starts.size() == 1)
+        starts.resize(arguments.size(), starts.front());
     return fits(name, *function, arguments, starts) ? callNode(*function, arguments) : kBroken;
 }
 

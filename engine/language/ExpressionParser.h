@@ -40,6 +40,9 @@ private:
     NodeId readCall(const Token& name);
     std::vector<NodeId> readArguments(std::vector<Token>& starts);
     NodeId readFormulaCall(const Token& place, const std::string& formula, const std::string& output);
+    NodeId onOtherPeriod(const Token& place, const std::shared_ptr<const Formula>& formula, NodeId value,
+                         const std::vector<NodeId>& parameters);
+    bool takeStepsElsewhere(const Token& place, std::size_t steps);
     NodeId inlined(const Syntax& called, NodeId value, const std::vector<NodeId>& parameters);
     std::vector<NodeId> formulaParameters(const Syntax& called, const std::vector<NodeId>& given,
                                           const std::vector<Token>& starts);

@@ -43,7 +43,7 @@ constexpr Group kGroups[] = {
       "write a comparison, such as CLOSE>OPEN, BARPOS=1 or ISLASTBAR" },
     { "DRAWBMP DRAWSL DRAWRECTREL DRAWELLIPSE DRAWARC DRAWFLAGTEXT DRAWPIE DRAWRECT", "没有这种图形的画法",
       "there is no painter for this shape" },
-    { "DRAWGBK", "没有按 K 线着色背景的画法，可用 STICKLINE 或 FILLRGN",
+    { "DRAWGBK DRAWGBK_DIV", "没有按 K 线着色背景的画法，可用 STICKLINE 或 FILLRGN",
       "there is no painter for the background of bars; use STICKLINE or FILLRGN" },
     { "STRCAT STRCMP STRFIND STRLEFT STRLEN STRMID STRRIGHT STRSPACE SUBSTR CON2STR VAR2STR VARCAT VARCATS "
       "NUMTOSTR "

@@ -190,6 +190,10 @@ private:
         OutputAttributes attributes(m_reader, outputs.front(), m_syntax.kind);
         while (!m_reader.hasFailed() && m_reader.current().is(","))
             attributes.read();
+        for (Output& other : outputs) { // one drawing, however many outputs it takes
+            other.lineWidth = outputs.front().lineWidth;
+            other.lineStyle = outputs.front().lineStyle;
+        }
         if (outputs.front().hasSticks && value != kBroken)
             outputs.push_back(m_expressions.readSticks(outputs.front()));
         if (m_syntax.outputs.size() + outputs.size() > FormulaLimits::kMaxOutputs)

@@ -5,6 +5,7 @@
 #include "engine/language/Formula.h"
 #include "engine/language/FunctionTable.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -60,6 +61,9 @@ struct Syntax
     std::vector<Node> nodes;
     std::vector<Output> outputs;
     std::optional<int> kind; ///< when the text says which pane it wants
+    /// What the functions of nodes live in that belong to no table: values on another period.
+    std::vector<std::shared_ptr<const void>> held;
+    std::size_t stepsElsewhere = 0; ///< of the formulas on other periods, each call counted
 
     const Node& operator[](NodeId id) const { return nodes[static_cast<std::size_t>(id)]; }
 };

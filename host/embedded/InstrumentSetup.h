@@ -18,6 +18,12 @@
 /// market value, yuan) between 2e9 and 5e11 and figure 3015 (free-float market value) 30 to 100 % of it, both
 /// derived from the instrument's key alone, hence the same on every machine. They are no market data: the
 /// column "synthetic" of table "figure" marks them. Replace the rows to use real figures.
+///
+/// The list has no numbers of shares either, and none are made up: synthetic market values are no source for
+/// them. Real ones come from "instruments.csv" in TC::getUserRootDir(), a list of the same form with the
+/// columns floating_shares (流通股本) and total_shares (总股本). It is read after the store whenever that is
+/// loaded; its lines complete what is known, or add instruments, for this run. What is wrong with it stands
+/// in instrumentStoreNotice() as well.
 
 #include "host/HostExport.h"
 #include "host/ttservice/CInstrumentDetail.h"
@@ -27,8 +33,10 @@
 
 namespace TC::embedded {
 
-constexpr int kFreeFloatValueField = 3015;   ///< figure id: free-float market value, yuan
-constexpr int kTotalMarketValueField = 3016; ///< figure id: total market value, yuan
+constexpr int kFreeFloatValueField = 3015;      ///< figure id: free-float market value, yuan
+constexpr int kTotalMarketValueField = 3016;    ///< figure id: total market value, yuan
+constexpr int kFloatingSharesField = 1'000'001; ///< figure id of this host's own: floating shares
+constexpr int kTotalSharesField = 1'000'002;    ///< figure id of this host's own: all shares
 
 /// Adds an instrument for this run, or replaces the one of the same market and code. The store stays as it
 /// is.

@@ -20,6 +20,9 @@ namespace TC::embedded {
 /// Names of the shipped skins, the default one first.
 INDICATORHOST_EXPORT QStringList skinNames();
 
+/// The title that users see of a shipped skin; of another name the name itself.
+INDICATORHOST_EXPORT QString skinTitle(const QString& name);
+
 /// Name of the skin in use: a shipped name, the "name" of a skin file, or empty after clearSkin().
 INDICATORHOST_EXPORT QString currentSkin();
 

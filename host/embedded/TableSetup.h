@@ -21,6 +21,7 @@ struct SaveDialogRequest
     QString title;  ///< of the dialog
     QString folder; ///< where it begins
     QString filter; ///< as QFileDialog takes it
+    QString answer; ///< the chosen path; empty when the user cancelled
 };
 
 /// The last request since clearSaveDialogAnswer(); empty texts when there was none.

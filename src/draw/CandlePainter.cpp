@@ -4,6 +4,7 @@
 #include "draw/CDrawStyle.h"
 
 #include "data/internal/RecordViews.h"
+#include "draw/internal/AxisRow.h"
 #include "draw/internal/CandleBuilder.h"
 #include "draw/internal/LabelSpot.h"
 #include "draw/internal/Layout.h"
@@ -104,7 +105,7 @@ struct CandleScale
 
     int row(double price) const
     {
-        return dataToYAxis(price, rect.top(), rect.bottom(), range.first, range.second);
+        return axisRow(price, rect.top(), rect.bottom(), range.first, range.second);
     }
     int center(const Candle& candle) const { return saturatedSum(candle.x, halfWidth); }
 
@@ -133,9 +134,16 @@ void drawCandle(Ink& ink, const CandlePixels& candle, const QColor& color)
         else
             ink.level(candle.highRow, candle.left, saturatedSum(candle.left, 1 + bodyWidth));
     } else if (candle.rises) {
+        const QRect body = paintableRect(candle.left, candle.bodyTop, bodyWidth, candle.bodyHeight);
+        const int bodyBottom = saturatedSum(candle.bodyTop, candle.bodyHeight);
+        if (ink.isRun(body) && candle.highRow <= candle.bodyTop && candle.lowRow >= bodyBottom) {
+            // The body is the gap between its two wicks.
+            ink.upright(candle.center, candle.highRow, candle.lowRow);
+            return;
+        }
         ink.upright(candle.center, candle.highRow, candle.bodyTop);
-        ink.upright(candle.center, saturatedSum(candle.bodyTop, candle.bodyHeight), candle.lowRow);
-        ink.outline(paintableRect(candle.left, candle.bodyTop, bodyWidth, candle.bodyHeight));
+        ink.upright(candle.center, bodyBottom, candle.lowRow);
+        ink.outline(body);
     } else {
         ink.upright(candle.center, candle.highRow, candle.lowRow);
         // Deliberate: a pixel wider and higher than the outline's numbers; Qt draws an outline that much

@@ -6,9 +6,7 @@
 #include "data/internal/RecordViews.h"
 #include "draw/internal/BarLayout.h"
 #include "draw/internal/Pens.h"
-#include "draw/internal/ink/DeviceClip.h"
-
-#include <QPainter>
+#include "draw/internal/ink/Ink.h"
 
 #include <optional>
 
@@ -41,15 +39,16 @@ void drawDots(QPainter* painter, const QRect& rect, const RPCFormulaResultCache&
         return;
 
     const ValueScale scale = valueScale(rect, range); // no fallback on a flat range
-    const DeviceClip clip(painter);
-    painter->setPen(linePen(fromPacked(*color), output.lineWidth(), Qt::SolidLine));
+
+    Ink ink(painter);
+    ink.setPen(linePen(fromPacked(*color), output.lineWidth(), Qt::SolidLine));
     forEachValidBar(cache.result, bars.first, bars.last, [&](int bar) {
         const std::optional<double> value = values.finite(bar); // the missing marker is drawn like a value
         if (!value)
             return;
         const double x = layout.at(bar), row = scale.at(*value);
         if (hasPixel(x) && hasPixel(row))
-            painter->drawEllipse(paintableRect(toPixel(x), dotTop(row, rect), kDotSize, kDotSize));
+            ink.ellipse(paintableRect(toPixel(x), dotTop(row, rect), kDotSize, kDotSize));
     });
 }
 

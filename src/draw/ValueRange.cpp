@@ -4,6 +4,7 @@
 #include "draw/CDrawStyle.h"
 
 #include "data/internal/RecordViews.h"
+#include "draw/internal/AxisRow.h"
 #include "draw/internal/Numbers.h"
 #include "draw/internal/ink/Extremes.h"
 
@@ -204,17 +205,7 @@ bool CDrawStyle::calcMaxMin(double& max, double& min, int startIndex, int endInd
 
 int dataToYAxis(double value, int top, int bottom, double max, double min)
 {
-    if (isEqual(max, min)) {
-        if (value - min > kTolerance)
-            return top;
-        if (max - value <= kTolerance)
-            return static_cast<int>((static_cast<long long>(top) + 1 + bottom) / 2);
-        return bottom;
-    }
-    const double lowest = std::min(max, min), highest = std::max(max, min);
-    const double height = static_cast<double>(static_cast<long long>(bottom) - top);
-    const double rows = height * (value - lowest) / (highest - lowest);
-    return saturatedSum(bottom, -static_cast<long long>(toPixel(rows)));
+    return axisRow(value, top, bottom, max, min);
 }
 
 } // namespace TC

@@ -98,19 +98,20 @@ void CDrawStyle::drawVolStick(QPainter* painter, QRect& rect, RPCFormulaResultCa
     const QColor riseColor = WB::skinColor(kRiseColor), fallColor = WB::skinColor(kFallColor);
 
     Ink ink(painter);
-    const auto drawBar = [&](int bar) {
-        const std::optional<double> volume = volumes.raw(bar), open = opens.raw(bar), close = closes.raw(bar);
-        if (!volume || !open || !close || isMissing(*volume) || isZero(*volume))
+    const auto drawStick = [&](const StandingStick& stick) {
+        if (isMissing(stick.value) || isZero(stick.value))
             return;
-        if (!hasPixel(layout.at(bar)) || !hasPixel(scale.at(*volume)))
+        if (!hasPixel(layout.at(stick.bar)) || !hasPixel(scale.at(stick.value)))
             return;
         // The bar before counts even when it is not valid and has no body of its own.
-        const bool first = bar == startIndex;
-        const bool rises = volumeRises(*open, *close, first,
-                                       first ? std::optional<double>(previousClose) : closes.raw(bar - 1));
+        const bool first = stick.bar == startIndex;
+        const bool rises =
+            volumeRises(stick.open, stick.close, first,
+                        first ? std::optional<double>(previousClose) : closes.raw(stick.bar - 1));
         const QColor& color = rises ? riseColor : fallColor;
         ink.setPen(color);
-        const VolumeBar body { layout.bodyLeft(bar), scale.row(*volume), layout.bodyWidth(), rises };
+        const VolumeBar body { layout.bodyLeft(stick.bar), scale.row(stick.value), layout.bodyWidth(),
+                               rises };
         if (thinLines)
             drawThinVolume(ink, rect, body);
         else
@@ -123,7 +124,7 @@ void CDrawStyle::drawVolStick(QPainter* painter, QRect& rect, RPCFormulaResultCa
     const StandingValues sticks { *volumes.values(),          *opens.values(),
                                   *closes.values(),           scale,
                                   saturatedSum(0, lowestTop), hides };
-    forEachShownStick(cache.result, bars, layout, sticks, drawBar);
+    forEachShownStick(cache.result, bars, layout, sticks, drawStick);
 }
 
 namespace {

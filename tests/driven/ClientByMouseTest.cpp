@@ -201,7 +201,7 @@ TEST_F(ClientByMouse, ShowsEveryDockInTheSkinThatIsChosen)
 {
     start();
     floatTheBasket();
-    choose({ QStringLiteral("视图(&V)"), QStringLiteral("皮肤"), QStringLiteral("light") });
+    choose({ QStringLiteral("视图(&V)"), QStringLiteral("皮肤"), QStringLiteral("浅色（红涨绿跌）") });
     awaitThat("the menus closed", [](const View& view) { return !view.widget("QMenu"); });
     const QImage light = picture(QStringLiteral("light-skin"));
     const View view = look();

@@ -190,7 +190,7 @@ std::optional<Seen> DrivenClient::await(const char* what,
     QElapsedTimer clock;
     clock.start();
     do {
-        if (const std::optional<Seen> seen = test(look()))
+        if (std::optional<Seen> seen = test(look()))
             return seen;
         QThread::msleep(kLookPauseMs);
     } while (clock.elapsed() < kLongestWaitMs && m_program.state() == QProcess::Running);

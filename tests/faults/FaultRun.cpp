@@ -39,7 +39,7 @@ FaultEnd run(const QStringList& words, const QProcessEnvironment& environment)
 /// The faults to be tried at a call.
 std::vector<Fault> faultsAt(int call)
 {
-    const std::vector<Fault> all = { { ENOSPC }, { 0 }, { EIO }, { EACCES }, { EROFS } };
+    std::vector<Fault> all = { { ENOSPC }, { 0 }, { EIO }, { EACCES }, { EROFS } };
     if (triesAllFaults())
         return all;
     return { all[static_cast<std::size_t>(call) % all.size()] };

@@ -56,7 +56,7 @@ int arrange()
 {
     client::ArrangementFile arrangement;
     arrangement.last = QByteArray(20'000, 'n');
-    return tell(arrangement.write(TC::getConfigDir() + QStringLiteral("/arrangement")));
+    return tell(arrangement.write(TC::getConfigDir() + QStringLiteral("/arrangement")).reason());
 }
 
 int backUp()

@@ -31,7 +31,7 @@
 namespace {
 
 constexpr int kNoDisk = 77;
-constexpr rlim_t kRoom = 64 * 1024; // bytes, as the disk has
+constexpr rlim_t kRoom = 65'536; // bytes, as the disk has
 
 QMap<QString, QByteArray> filesOf(const QString& folder)
 {

@@ -2,11 +2,13 @@
 #include "apps/client/basket/BasketPanel.h"
 
 #include "apps/base/FileNames.h"
+#include "apps/client/basket/BasketExport.h"
 #include "apps/client/basket/ImportReport.h"
 #include "host/TC/CStockManager.h"
 #include "host/utils/CSingletonT.h"
 #include "stocklist/CParserStockExeclTable.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
@@ -18,6 +20,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -69,12 +72,26 @@ BasketPanel::BasketPanel(QWidget* parent)
     layout->addWidget(m_table, 1);
     layout->addWidget(m_report);
     connect(m_table, SIGNAL(sigPasteTable(bool)), this, SLOT(slotPaste()));
+    tellHowExportsEnd();
 }
 
 BasketPanel::~BasketPanel()
 {
     if (m_cancelled)
         *m_cancelled = true;
+}
+
+void BasketPanel::tellHowExportsEnd()
+{
+    for (QAction* entry : m_table->contextMenu()->actions()) {
+        // An entry of the table's own that goes to its silent export now goes through the panel.
+        if (QObject::disconnect(entry, SIGNAL(triggered()), m_table, SLOT(slotExportData())))
+            connect(entry, &QAction::triggered, this, [this] {
+                const QString told = exportBasket(*m_table);
+                if (!told.isEmpty())
+                    tell(told);
+            });
+    }
 }
 
 QWidget* BasketPanel::buildBar()
@@ -167,12 +184,13 @@ void BasketPanel::startImport(const QString& path)
     });
     watcher->setFuture(QtConcurrent::run([path, cancelled] {
         Import import;
+        const base::PlainlyNamed file(path);
         if (isWorkbook(path))
-            TC::CParserStockExeclTable::parserExcel(path, import.found, import.minimum);
+            TC::CParserStockExeclTable::parserExcel(file.name(), import.found, import.minimum);
         else
-            TC::CParserStockExeclTable::parserCvs(path, import.found, import.minimum);
+            TC::CParserStockExeclTable::parserCvs(file.name(), import.found, import.minimum);
         if (!*cancelled)
-            import.report = reportOnFile(path, isWorkbook(path));
+            import.report = reportOnFile(file.name(), isWorkbook(path));
         return import;
     }));
 }
@@ -199,7 +217,11 @@ void BasketPanel::slotFilter(const QString& text)
 void BasketPanel::add(Import import, const QString& source)
 {
     m_table->addData(import.found, import.minimum);
-    const QString line = import.report.text(source);
+    tell(import.report.text(source));
+}
+
+void BasketPanel::tell(const QString& line)
+{
     m_report->setText(base::printable(line));
     Q_EMIT sigMessage(line);
 }
@@ -207,7 +229,7 @@ void BasketPanel::add(Import import, const QString& source)
 void BasketPanel::dragEnterEvent(QDragEnterEvent* event)
 {
     const QList<QUrl> urls = event->mimeData()->urls();
-    const auto isImportable = [](const QUrl& url) { return isKnownKind(url.toLocalFile()); };
+    const auto isImportable = [](const QUrl& url) { return isKnownKind(base::nameFromUrl(url)); };
     if (std::any_of(urls.begin(), urls.end(), isImportable))
         event->acceptProposedAction();
 }
@@ -216,7 +238,7 @@ void BasketPanel::dropEvent(QDropEvent* event)
 {
     const QList<QUrl> urls = event->mimeData()->urls();
     for (const QUrl& url : urls)
-        importFile(url.toLocalFile());
+        importFile(base::nameFromUrl(url));
 }
 
 } // namespace client

@@ -50,13 +50,14 @@ private:
 
     QWidget* buildBar();
     void chooseFile();
+    void startImport(const QString& path);
+    void startNext();
     void add(Import import, const QString& source);
+    void tellHowExportsEnd();
+    void tell(const QString& line);
 
     TC::CParserStockExeclTable* m_table;
     QLabel* m_report;
-    void startImport(const QString& path);
-    void startNext();
-
     QStringList m_waiting;                          ///< files behind the one that is being read
     std::shared_ptr<std::atomic<bool>> m_cancelled; ///< of the import under way; null without one
 };

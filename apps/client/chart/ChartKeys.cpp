@@ -17,10 +17,9 @@ constexpr int kMoveShare = 10; // a cursor key moves by this part of the shown b
 bool moveByKey(ChartState& state, int key)
 {
     const int step = std::max(1, (state.last() - state.first() + 1) / kMoveShare);
-    const int anchor = state.crosshairBar() >= 0 ? state.crosshairBar() : state.last();
     switch (key) {
-    case Qt::Key_Up: state.zoom(1.0 / kZoomStep, anchor); return true;
-    case Qt::Key_Down: state.zoom(kZoomStep, anchor); return true;
+    case Qt::Key_Up: state.zoomAtCrosshair(1.0 / kZoomStep); return true;
+    case Qt::Key_Down: state.zoomAtCrosshair(kZoomStep); return true;
     case Qt::Key_Left: state.pan(-step); return true;
     case Qt::Key_Right: state.pan(step); return true;
     case Qt::Key_Home: state.showFirst(); return true;

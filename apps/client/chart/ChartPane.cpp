@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/client/chart/ChartPane.h"
 
-#include "apps/client/PlainTexts.h"
+#include "apps/client/chart/PaneMenu.h"
 #include "apps/client/chart/PlotWidget.h"
 #include "host/TC/Instruments.h"
 #include "host/TC/UiParams.h"
@@ -22,6 +22,8 @@ namespace client {
 
 namespace {
 
+constexpr int kMainHeight = 150, kOwnHeight = 80; // least heights of plots, pixels: three labels on an axis
+constexpr int kAdjustmentUnknown = -1;            // files do not say whether their prices are adjusted
 constexpr int kLegendOpened = 1050; // milliseconds until the strip has noticed a resting pointer
 
 } // namespace
@@ -36,9 +38,11 @@ ChartPane::ChartPane(bool main, ChartState* state, FormulaSource* source, const 
 {
     const TC::EIndexDisplayType display = main ? TC::EIndexDisplay_Heading : TC::EIndexDisplay_Legend;
     const TC::EIndexViewType view = main ? TC::EIndexView_Module : TC::EIndexView_Indented;
-    m_title = new TC::CIndexTitleWidget(m_data.get(), display, view, view, 0, 0, m_klineParam, this);
+    m_title = new TC::CIndexTitleWidget(m_data.get(), display, view, view, 0, kAdjustmentUnknown,
+                                        m_klineParam, this);
     m_plot = new PlotWidget(
         state, [this] { return m_data->content(); }, this);
+    m_plot->setMinimumHeight(main ? kMainHeight : kOwnHeight);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -102,7 +106,7 @@ void ChartPane::updateView()
 {
     fitLegend();
     showLegendOf(m_state->crosshairBar());
-    m_plot->update();
+    m_plot->renew();
 }
 
 /// The legend follows the crosshair; without one it shows the last bar.
@@ -160,20 +164,15 @@ bool ChartPane::handleDeliveredEvent(int id, const QString& text, void* data)
 
 void ChartPane::contextMenuEvent(QContextMenuEvent* event)
 {
-    QMenu menu(this);
-    menu.addAction(QStringLiteral("导出全部指标…"), this,
-                   [this] { Q_EMIT sigExportRequested(QString(), false); });
-    menu.addAction(QStringLiteral("复制全部指标"), this,
-                   [this] { Q_EMIT sigExportRequested(QString(), true); });
-    const QList<QString> formulas = m_data->getFormulas();
-    for (const QString& formula : formulas) {
-        QMenu* one = menu.addMenu(menuText(formula));
-        one->addAction(QStringLiteral("导出…"), this,
-                       [this, formula] { Q_EMIT sigExportRequested(formula, false); });
-        one->addAction(QStringLiteral("复制"), this,
-                       [this, formula] { Q_EMIT sigExportRequested(formula, true); });
-    }
-    menu.exec(event->globalPos());
+    makePaneMenu(this)->popup(event->globalPos());
+}
+
+/// A pane of its own goes with its last formula.
+void ChartPane::removeFormula(const QString& formula)
+{
+    m_data->removeFormula(formula);
+    if (!m_main && m_data->getFormulas().isEmpty())
+        Q_EMIT sigCloseRequested();
 }
 
 void ChartPane::resizeEvent(QResizeEvent* event)

@@ -33,6 +33,8 @@ public:
 
     void setOverlays(const std::vector<PaneData::Overlay>& overlays);
 
+    void removeFormula(const QString& formula);
+
     /// Shows the user's trades and positions in the main pane's legend.
     void showPositions(bool on);
 
@@ -50,6 +52,7 @@ Q_SIGNALS:
     void sigCloseRequested();
     /// The legend was double-clicked.
     void sigMaximizeRequested();
+    void sigParametersRequested(const QString& formula);
     void sigExportRequested(const QString& formula, bool toClipboard);
 
 protected:

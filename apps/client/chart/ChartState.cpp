@@ -32,8 +32,9 @@ void ChartState::setBars(const Instrument& instrument, const Bars& bars)
     Q_EMIT sigViewChanged();
 }
 
-void ChartState::setCrosshairBar(int bar)
+void ChartState::setCrosshairBar(int bar, double place)
 {
+    m_crosshairPlace = place;
     const int limited = bar < 0 || bar >= barTotal() ? -1 : bar;
     if (limited == m_crosshairBar)
         return;
@@ -41,7 +42,15 @@ void ChartState::setCrosshairBar(int bar)
     Q_EMIT sigCrosshairChanged();
 }
 
-void ChartState::zoom(double factor, int anchor)
+void ChartState::zoomAtCrosshair(double factor)
+{
+    if (m_crosshairBar >= 0)
+        zoom(factor, m_crosshairBar, m_crosshairPlace);
+    else
+        zoom(factor, m_last, 1.0);
+}
+
+void ChartState::zoom(double factor, int anchor, double place)
 {
     const int count = m_last - m_first + 1;
     if (count < 1)
@@ -49,9 +58,12 @@ void ChartState::zoom(double factor, int anchor)
     const double wanted = factor < 1.0 ? std::floor(count * factor) : std::ceil(count * factor);
     const int newCount =
         static_cast<int>(std::clamp<double>(wanted, std::min(kLeastCount, barTotal()), barTotal()));
-    const double place = static_cast<double>(std::clamp(anchor, m_first, m_last) - m_first) / count;
-    const int first =
-        std::clamp(anchor - static_cast<int>(std::lround(place * newCount)), 0, barTotal() - newCount);
+    const int shown = std::clamp(anchor, m_first, m_last);
+    if (place <= 0.0)
+        place = (shown - m_first + 0.5) / count;
+    // The bar whose slot holds the place: the last one that begins left of the place's right edge.
+    const int slot = static_cast<int>(std::ceil(std::min(place, 1.0) * newCount)) - 1;
+    const int first = std::clamp(shown - slot, 0, barTotal() - newCount);
     show(first, first + newCount - 1);
 }
 

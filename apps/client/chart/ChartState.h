@@ -41,10 +41,16 @@ public:
 
     /// Bar under the crosshair; -1 without one.
     int crosshairBar() const { return m_crosshairBar; }
-    void setCrosshairBar(int bar);
+    /// @param place  where in the plot the pointer stands on the bar, as zoom's; 0: in its middle.
+    void setCrosshairBar(int bar, double place = 0.0);
 
-    /// Shows fewer (factor below 1) or more bars; the bar at `anchor` keeps its place.
-    void zoom(double factor, int anchor);
+    /// Shows fewer (factor below 1) or more bars.
+    /// @param anchor  this bar keeps its place, as far as there are bars on both sides of it.
+    /// @param place  share of the plot's width that lies left of the place's right edge, above 0 and at most
+    ///        1; 0: the middle of the bar.
+    void zoom(double factor, int anchor, double place = 0.0);
+    /// The same around the bar under the crosshair; without one the last bar stays at the right.
+    void zoomAtCrosshair(double factor);
     /// Moves the shown run by whole bars, as far as there are bars.
     void pan(int bars);
     void showFirst();
@@ -63,6 +69,7 @@ private:
     TC::EFormulaPeriod m_period = TC::EFormulaPeriod_Day;
     int m_first = 0, m_last = -1;
     int m_crosshairBar = -1;
+    double m_crosshairPlace = 0.0;
 };
 
 } // namespace client

@@ -4,13 +4,20 @@
 #include "apps/base/WholeFile.h"
 #include "apps/chart/ChartMeasures.h"
 #include "apps/client/chart/ChartKeys.h"
+#include "apps/client/EmptyPage.h"
 #include "apps/client/chart/TimeAxisWidget.h"
+#include "engine/language/Formula.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
 #include <QKeyEvent>
+#include <QPainter>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
+#include <QStackedWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -20,31 +27,103 @@ namespace client {
 ChartView::ChartView(FormulaSource* source, QWidget* parent)
     : QWidget(parent)
     , m_source(source)
+    , m_pages(new QStackedWidget(this))
+    , m_scroll(new QScrollArea(this))
     , m_splitter(new QSplitter(Qt::Vertical, this))
 {
     setFocusPolicy(Qt::StrongFocus);
+    auto* empty = new EmptyPage(
+        QStringLiteral("还没有打开品种"),
+        QStringLiteral("打开K线文件（CSV：date,open,high,low,close,volume），或把它拖到窗口里。\n"
+                       "打开一个文件后，左边的列表给出同一文件夹里的其他品种。"),
+        QStringLiteral("打开K线…  (Ctrl+O)"), this);
+    connect(empty, &EmptyPage::sigOpen, this, &ChartView::sigOpenRequested);
+    m_pages->addWidget(empty);
+    m_pages->addWidget(makeChartPage());
+    connect(&m_state, &ChartState::sigBarsChanged, this,
+            [this] { m_pages->setCurrentIndex(m_state.barTotal() > 0 ? 1 : 0); });
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(1, 1, 1, 1); // where the frame of the focus shows
+    layout->addWidget(m_pages);
+}
+
+QWidget* ChartView::makeChartPage()
+{
     m_splitter->setHandleWidth(2);
     m_splitter->setChildrenCollapsible(false);
-    auto* layout = new QVBoxLayout(this);
+    m_scroll->setWidget(m_splitter);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setFocusPolicy(Qt::NoFocus);
+    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scroll->verticalScrollBar()->installEventFilter(this);
+    auto* page = new QWidget(this);
+    auto* layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(m_splitter, 1);
-    layout->addWidget(new TimeAxisWidget(&m_state, this));
+    layout->addWidget(m_scroll, 1);
+    m_axisRow = new QHBoxLayout;
+    m_axisRow->addWidget(new TimeAxisWidget(&m_state, this));
+    layout->addLayout(m_axisRow);
+    return page;
+}
+
+/// The time axis ends where the panes end.
+bool ChartView::eventFilter(QObject* watched, QEvent* event)
+{
+    QScrollBar* bar = m_scroll->verticalScrollBar();
+    if (watched == bar && (event->type() == QEvent::Show || event->type() == QEvent::Hide))
+        m_axisRow->setContentsMargins(0, 0, event->type() == QEvent::Show ? bar->sizeHint().width() : 0, 0);
+    return QWidget::eventFilter(watched, event);
+}
+
+void ChartView::focusInEvent(QFocusEvent* event)
+{
+    QWidget::focusInEvent(event);
+    update();
+}
+
+void ChartView::focusOutEvent(QFocusEvent* event)
+{
+    QWidget::focusOutEvent(event);
+    update();
+}
+
+/// A frame shows that keys go to the chart.
+void ChartView::paintEvent(QPaintEvent*)
+{
+    if (!hasFocus())
+        return;
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 ChartPane* ChartView::addPane(const QStringList& formulas)
 {
     const bool main = m_panes.empty();
+    showEveryPane();
     auto* pane = new ChartPane(main, &m_state, m_source, formulas, m_splitter);
     m_splitter->addWidget(pane);
     m_splitter->setStretchFactor(m_splitter->count() - 1, main ? chart::kMainShare : 1);
     m_panes.push_back(pane);
     connect(pane, &ChartPane::sigCloseRequested, this, [this, pane] { closePane(pane); });
+    connect(pane, &ChartPane::sigParametersRequested, this, &ChartView::sigParametersRequested);
     connect(pane, &ChartPane::sigMaximizeRequested, this, [this, pane] { toggleMaximized(pane); });
     connect(
         pane, &ChartPane::sigExportRequested, this,
         [this, pane](const QString& formula, bool toClipboard) { exportPane(pane, formula, toClipboard); });
+    QTimer::singleShot(0, pane, [this, pane] { m_scroll->ensureWidgetVisible(pane, 0, 0); });
     return pane;
+}
+
+void ChartView::showFormula(const QString& name)
+{
+    const auto recipe = TC::embedded::resolveFormula(name);
+    if (recipe && recipe->formula->kind() != 0)
+        m_panes.front()->data()->addFormula(name);
+    else
+        addPane({ name });
 }
 
 void ChartView::closePane(ChartPane* pane)
@@ -55,8 +134,13 @@ void ChartView::closePane(ChartPane* pane)
     m_panes.erase(found);
     pane->hide();
     pane->deleteLater();
-    for (ChartPane* other : m_panes)
-        other->show();
+    showEveryPane();
+}
+
+void ChartView::showEveryPane()
+{
+    for (ChartPane* pane : m_panes)
+        pane->show();
 }
 
 void ChartView::toggleMaximized(ChartPane* pane)

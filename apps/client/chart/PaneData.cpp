@@ -31,6 +31,27 @@ void PaneData::setFormulas(const QStringList& names)
     request();
 }
 
+void PaneData::addFormula(const QString& name)
+{
+    if (!m_formulas.contains(name))
+        setFormulas(m_formulas + QStringList(name));
+}
+
+void PaneData::removeFormula(const QString& name)
+{
+    QStringList left = m_formulas;
+    left.removeAll(name);
+    setFormulas(left);
+}
+
+void PaneData::moveFormula(int from, int to)
+{
+    if (from < 0 || to < 0 || from >= m_formulas.size() || to >= m_formulas.size())
+        return;
+    m_formulas.move(from, to);
+    Q_EMIT sigChanged();
+}
+
 void PaneData::setOverlays(const std::vector<Overlay>& overlays)
 {
     m_overlays = overlays;
@@ -115,7 +136,18 @@ chart::PaneContent PaneData::content()
     chart::PaneContent pane = PaneResults::content(m_state->instrument(), keys());
     pane.periodSeconds = m_state->period();
     bringOntoOneAxis(pane);
+    if (pane.showsPrices)
+        pane.lastPrice = lastPrice();
     return pane;
+}
+
+std::optional<chart::LastPrice> PaneData::lastPrice() const
+{
+    if (!m_state->bars() || m_state->bars()->close.empty())
+        return std::nullopt;
+    const std::vector<double>& closes = m_state->bars()->close;
+    const double before = closes.size() > 1 ? closes[closes.size() - 2] : closes.back();
+    return chart::LastPrice { closes.back(), closes.back() >= before };
 }
 
 /// Overlaid prices are scaled so that both instruments meet on the first shown bar.

@@ -19,6 +19,12 @@ public:
 
     /// Replaces the formulas and asks for their results.
     void setFormulas(const QStringList& names);
+    /// Adds a formula behind the others, unless it is there.
+    void addFormula(const QString& name);
+    void removeFormula(const QString& name);
+    /// Moves a formula to another place in the order of legend and painting; places that do not exist change
+    /// nothing.
+    void moveFormula(int from, int to);
     /// Asks anew for every formula; results already here stay until new ones arrive.
     void request();
     /// Gives up whatever is outstanding.
@@ -45,6 +51,7 @@ Q_SIGNALS:
 
 private:
     void bringOntoOneAxis(chart::PaneContent& pane) const;
+    std::optional<chart::LastPrice> lastPrice() const;
     void requestOne(const TC::CFormulaKey& key, const ChartState::Bars& bars);
     void store(const QString& id, const std::shared_ptr<const engine::FormulaRecords>& records,
                const TC::embedded::FormulaRecipe& recipe);

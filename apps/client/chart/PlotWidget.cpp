@@ -2,6 +2,7 @@
 #include "apps/client/chart/PlotWidget.h"
 
 #include "apps/chart/ChartMeasures.h"
+#include "apps/chart/PaneScale.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -24,8 +25,21 @@ PlotWidget::PlotWidget(ChartState* state, Content content, QWidget* parent)
 {
     setMouseTracking(true);
     setMinimumHeight(40);
-    connect(state, &ChartState::sigViewChanged, this, [this] { update(); });
-    connect(state, &ChartState::sigCrosshairChanged, this, [this] { update(); });
+    connect(state, &ChartState::sigViewChanged, this, &PlotWidget::renew);
+    connect(state, &ChartState::sigCrosshairChanged, this, &PlotWidget::moveCrosshair);
+}
+
+void PlotWidget::renew()
+{
+    m_kept = QPixmap();
+    followPointer();
+    update();
+}
+
+void PlotWidget::uiResourceChanged()
+{
+    WB::CBaseWidget::uiResourceChanged();
+    renew();
 }
 
 chart::PaneGeometry PlotWidget::geometryOfPane() const
@@ -39,11 +53,56 @@ chart::BarView PlotWidget::barView() const
     return { m_state->first(), m_state->last(), geometryOfPane().plot.width() };
 }
 
+/// Share of the plot's width up to the right edge of a column.
+double PlotWidget::placeOf(int column) const
+{
+    return (column + 1.0) / std::max(1, barView().width);
+}
+
+chart::Crosshair PlotWidget::crosshair() const
+{
+    return { m_state->crosshairBar(), m_pointer ? std::optional<int>(m_pointer->y()) : std::nullopt };
+}
+
+void PlotWidget::paintKept()
+{
+    m_kept = QPixmap(size() * devicePixelRatioF());
+    m_kept.setDevicePixelRatio(devicePixelRatioF());
+    m_pane = m_content();
+    if (m_state->bars())
+        m_pane.markedBars = chart::timeGrid(m_state->bars()->timeMs, barView());
+    m_range = chart::visibleRange(m_pane, barView());
+    QPainter painter(&m_kept);
+    painter.setFont(font());
+    chart::paintPlot(painter, geometryOfPane(), m_pane, barView(), m_range);
+}
+
 void PlotWidget::paintEvent(QPaintEvent*)
 {
+    if (m_kept.isNull() || !qFuzzyCompare(m_kept.devicePixelRatio(), devicePixelRatioF()))
+        paintKept();
     QPainter painter(this);
-    chart::paintPane(painter, geometryOfPane(), m_content(), barView(),
-                     { m_state->crosshairBar(), m_pointerRow });
+    painter.drawPixmap(0, 0, m_kept);
+    chart::paintCrosshair(painter, geometryOfPane(), m_pane, barView(), m_range, crosshair());
+    m_crosshairShown = chart::crosshairRegion(geometryOfPane(), barView(), crosshair());
+}
+
+/// Only what the crosshair leaves and takes is painted.
+void PlotWidget::moveCrosshair()
+{
+    update(m_crosshairShown | chart::crosshairRegion(geometryOfPane(), barView(), crosshair()));
+}
+
+void PlotWidget::followPointer()
+{
+    if (m_pointer)
+        m_state->setCrosshairBar(barView().barAt(m_pointer->x()), placeOf(m_pointer->x()));
+}
+
+void PlotWidget::resizeEvent(QResizeEvent* event)
+{
+    WB::CBaseWidget::resizeEvent(event);
+    renew();
 }
 
 void PlotWidget::mouseMoveEvent(QMouseEvent* event)
@@ -51,9 +110,11 @@ void PlotWidget::mouseMoveEvent(QMouseEvent* event)
     if (m_dragColumn)
         drag(event->x());
     const bool inPlot = geometryOfPane().plot.contains(event->pos());
-    m_pointerRow = inPlot ? std::optional<int>(event->y()) : std::nullopt;
-    m_state->setCrosshairBar(inPlot ? barView().barAt(event->x()) : -1);
-    update();
+    m_pointer = inPlot ? std::optional<QPoint>(event->pos()) : std::nullopt;
+    followPointer();
+    if (!inPlot)
+        m_state->setCrosshairBar(-1);
+    moveCrosshair();
 }
 
 void PlotWidget::mousePressEvent(QMouseEvent* event)
@@ -69,16 +130,17 @@ void PlotWidget::mouseReleaseEvent(QMouseEvent*)
 
 void PlotWidget::leaveEvent(QEvent*)
 {
-    m_pointerRow.reset();
+    m_pointer.reset();
     m_state->setCrosshairBar(-1);
-    update();
+    moveCrosshair();
 }
 
 void PlotWidget::wheelEvent(QWheelEvent* event)
 {
     const double notches = event->angleDelta().y() / 120.0;
-    const int bar = barView().barAt(static_cast<int>(event->position().x()));
-    m_state->zoom(std::pow(kZoomStep, -notches), bar < 0 ? m_state->last() : bar);
+    const int column = static_cast<int>(event->position().x());
+    const int bar = barView().barAt(column);
+    m_state->zoom(std::pow(kZoomStep, -notches), bar < 0 ? m_state->last() : bar, placeOf(column));
     event->accept();
 }
 

@@ -3,6 +3,7 @@
 
 #include "apps/chart/ChartMeasures.h"
 #include "apps/chart/TickFormulaNames.h"
+#include "apps/client/EmptyPage.h"
 #include "apps/client/chart/ChartKeys.h"
 #include "apps/client/chart/PlotWidget.h"
 #include "apps/client/chart/TimeAxisWidget.h"
@@ -15,6 +16,7 @@
 
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QStackedLayout>
 #include <QVBoxLayout>
 
 namespace client {
@@ -27,13 +29,22 @@ constexpr int kShownTrades = 600;
 
 TickView::TickView(QWidget* parent)
     : QWidget(parent)
+    , m_pages(new QStackedLayout(this))
     , m_rule(new QComboBox(this))
 {
     chart::registerTickFormulas();
     setFocusPolicy(Qt::StrongFocus);
     m_rule->addItems({ QStringLiteral("量能颜色：按价格"), QStringLiteral("量能颜色：按价格与盘口") });
     m_rule->setFocusPolicy(Qt::NoFocus);
-    auto* layout = new QVBoxLayout(this);
+    auto* empty =
+        new EmptyPage(QStringLiteral("还没有打开分笔"),
+                      QStringLiteral("打开成交明细文件（CSV：time_utc,price,volume，可带五档盘口）。"),
+                      QStringLiteral("打开分笔…"), this);
+    connect(empty, &EmptyPage::sigOpen, this, &TickView::sigOpenRequested);
+    auto* page = new QWidget(this);
+    m_pages->addWidget(empty);
+    m_pages->addWidget(page);
+    auto* layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_rule);
@@ -46,7 +57,7 @@ TickView::TickView(QWidget* parent)
     layout->addWidget(new TimeAxisWidget(&m_state, this));
     m_volumes.title->setCloseBtnVisible(false);
     connect(m_rule, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
-            [this] { m_volumes.plot->update(); });
+            [this] { m_volumes.plot->renew(); });
     connect(&m_state, &ChartState::sigCrosshairChanged, this, [this] {
         m_prices.title->updateIndexId(m_state.crosshairBar());
         m_volumes.title->updateIndexId(m_state.crosshairBar());
@@ -87,7 +98,7 @@ void TickView::show(Pane& pane, const QString& formula, engine::FormulaRecords r
     pane.title->setStock(m_state.instrument());
     pane.title->resetSize();
     pane.title->updateView();
-    pane.plot->update();
+    pane.plot->renew();
 }
 
 void TickView::setTicks(const chart::OpenedTicks& opened)
@@ -95,6 +106,7 @@ void TickView::setTicks(const chart::OpenedTicks& opened)
     auto times = std::make_shared<engine::BarSeries>();
     times->timeMs = opened.ticks->timeMs;
     m_state.setBars(opened.instrument, times);
+    m_pages->setCurrentIndex(1);
     m_state.show(m_state.barTotal() - kShownTrades, m_state.barTotal() - 1);
     engine::TickRecords records = engine::computeTicks(*opened.ticks);
     show(m_prices, QString::fromLatin1(chart::kTickPrices), std::move(records.prices));

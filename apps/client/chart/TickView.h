@@ -12,6 +12,7 @@
 #include <memory>
 
 class QComboBox;
+class QStackedLayout;
 
 namespace TC {
 class CIndexTitleWidget;
@@ -39,6 +40,10 @@ public:
     bool followsBook() const;
     void setFollowsBook(bool on);
 
+Q_SIGNALS:
+    /// The user wants to choose a trades file.
+    void sigOpenRequested();
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -56,6 +61,7 @@ private:
     void show(Pane& pane, const QString& formula, engine::FormulaRecords records);
 
     ChartState m_state;
+    QStackedLayout* m_pages;
     QComboBox* m_rule;
     Pane m_prices, m_volumes;
 };

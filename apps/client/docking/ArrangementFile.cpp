@@ -23,6 +23,11 @@ QString text(const char* source)
     return QCoreApplication::translate("ArrangementFile", source);
 }
 
+base::Failure damaged()
+{
+    return { text("面板布局文件已损坏") };
+}
+
 QJsonObject packed(const QByteArray& state)
 {
     return { { QStringLiteral("state"), QString::fromLatin1(state.toBase64()) },
@@ -47,37 +52,36 @@ QString checksumOf(const QByteArray& state)
     return QString::fromLatin1(QCryptographicHash::hash(state, QCryptographicHash::Sha256).toHex());
 }
 
-QString ArrangementFile::read(const QString& path)
+base::Result<ArrangementFile> ArrangementFile::read(const QString& path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || file.size() > kMaxBytes)
-        return text("面板布局文件无法读取");
+        return base::Failure { text("面板布局文件无法读取") };
     const QJsonObject root = QJsonDocument::fromJson(file.readAll()).object();
     if (root.value(QStringLiteral("format")).toInt() != kFormat)
-        return text("面板布局文件已损坏");
+        return damaged();
 
     ArrangementFile content;
     const std::optional<QByteArray> lastState = unpacked(root.value(QStringLiteral("last")));
     if (!lastState)
-        return text("面板布局文件已损坏");
+        return damaged();
     content.last = *lastState;
     const QJsonObject states = root.value(QStringLiteral("named")).toObject();
     for (auto entry = states.begin(); entry != states.end(); ++entry) {
         const std::optional<QByteArray> state = unpacked(entry.value());
         if (!state)
-            return text("面板布局文件已损坏");
+            return damaged();
         content.named.insert(entry.key(), *state);
     }
     const QJsonValue place = root.value(QStringLiteral("window"));
     const std::optional<QByteArray> windowPlace = unpacked(place);
     if (!windowPlace && !place.isUndefined())
-        return text("面板布局文件已损坏");
+        return damaged();
     content.window = windowPlace.value_or(QByteArray());
-    *this = content;
-    return QString();
+    return content;
 }
 
-QString ArrangementFile::write(const QString& path) const
+base::Result<void> ArrangementFile::write(const QString& path) const
 {
     QJsonObject states;
     for (auto entry = named.begin(); entry != named.end(); ++entry)
@@ -89,8 +93,8 @@ QString ArrangementFile::write(const QString& path) const
         root.insert(QStringLiteral("window"), packed(window));
     const QByteArray bytes = QJsonDocument(root).toJson();
     if (const auto fault = base::writeWholeFile(path, bytes))
-        return text("面板布局无法保存：%1").arg(fault->chinese());
-    return QString();
+        return base::Failure { text("面板布局无法保存：%1").arg(fault->chinese()) };
+    return {};
 }
 
 } // namespace client

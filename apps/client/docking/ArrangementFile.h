@@ -2,6 +2,8 @@
 #pragma once
 /// @file The file in which arrangements of panels are kept.
 
+#include "apps/base/Result.h"
+
 #include <QByteArray>
 #include <QMap>
 #include <QString>
@@ -16,12 +18,11 @@ struct ArrangementFile
     QMap<QString, QByteArray> named;
     QByteArray window; ///< place and size of the main window then; empty in files of older clients
 
-    /// Reads a file. @return what is wrong, for the user; then nothing is changed. Empty on success.
-    QString read(const QString& path);
+    /// Reads a file whole: one state that is damaged fails all.
+    static base::Result<ArrangementFile> read(const QString& path);
 
     /// Writes a file; an existing one is replaced only when the new one is complete.
-    /// @return what went wrong, for the user; empty on success.
-    QString write(const QString& path) const;
+    base::Result<void> write(const QString& path) const;
 };
 
 /// Checksum of a state, as the file keeps it.

@@ -69,9 +69,9 @@ QString freshAside(const QString& path)
     return aside;
 }
 
-QString otherClient()
+base::Failure otherClient()
 {
-    return DockArrangement::tr("另一个客户端正在运行，布局未保存。");
+    return { DockArrangement::tr("另一个客户端正在运行，布局未保存。") };
 }
 
 } // namespace
@@ -148,33 +148,48 @@ QString DockArrangement::filePath()
     return QDir(TC::getConfigDir()).filePath(QStringLiteral("dock-arrangement.json"));
 }
 
-QString DockArrangement::save()
+base::Result<void> DockArrangement::save()
 {
     if (!m_mayWrite)
-        return QString();
+        return {};
     QFile::remove(markPath()); // whatever was applied is survived
     const QByteArray place = m_manager->window()->saveGeometry();
+    m_saved = m_manager->saveState(kStateVersion) + place;
     return ArrangementFile { m_manager->saveState(kStateVersion), m_named, place }.write(filePath());
 }
 
-QString DockArrangement::restore(bool mayWrite)
+void DockArrangement::saveChange()
 {
-    m_mayWrite = mayWrite;
-    ArrangementFile file;
-    QString message = readFile(file);
-    const QByteArray last = file.last;
-    if (!file.window.isEmpty())
-        m_manager->window()->restoreGeometry(file.window); // first: the docks share out its size
-    if (message.isEmpty() && !last.isEmpty() && !applyWatched(last))
-        message = tr("上次的面板布局无法恢复");
-    if (!message.isEmpty())
-        message += tr("，已使用默认布局。");
-    if (last.isEmpty() || !message.isEmpty())
-        applyDefault();
-    return message;
+    if (m_saved != m_manager->saveState(kStateVersion) + m_manager->window()->saveGeometry())
+        static_cast<void>(save());
 }
 
-QString DockArrangement::store(const QString& name)
+base::Result<void> DockArrangement::restore(bool mayWrite)
+{
+    m_mayWrite = mayWrite;
+    base::Result<ArrangementFile> file = readFile();
+    if (!file.isGood())
+        return applyDefaultBecause(file.reason());
+    const bool hasEndedProgram = leaveOutFatal(*file);
+    m_named = file->named;
+    if (!file->window.isEmpty())
+        m_manager->window()->restoreGeometry(file->window); // first: the docks share out its size
+    if (hasEndedProgram)
+        return applyDefaultBecause(tr("上次载入面板布局时程序中断"));
+    if (file->last.isEmpty())
+        applyDefault();
+    else if (!applyWatched(file->last))
+        return applyDefaultBecause(tr("上次的面板布局无法恢复"));
+    return {};
+}
+
+base::Failure DockArrangement::applyDefaultBecause(const QString& reason)
+{
+    applyDefault();
+    return { reason + tr("，已使用默认布局。") };
+}
+
+base::Result<void> DockArrangement::store(const QString& name)
 {
     if (!m_mayWrite)
         return otherClient();
@@ -182,15 +197,17 @@ QString DockArrangement::store(const QString& name)
     return save();
 }
 
-QString DockArrangement::apply(const QString& name)
+base::Result<void> DockArrangement::apply(const QString& name)
 {
     const auto stored = m_named.constFind(name);
     if (stored == m_named.constEnd())
-        return tr("没有名为“%1”的布局。").arg(name);
-    return applyWatched(*stored) ? QString() : tr("布局“%1”已损坏，布局未改变。").arg(name);
+        return base::Failure { tr("没有名为“%1”的布局。").arg(name) };
+    if (!applyWatched(*stored))
+        return base::Failure { tr("布局“%1”已损坏，布局未改变。").arg(name) };
+    return {};
 }
 
-QString DockArrangement::forget(const QString& name)
+base::Result<void> DockArrangement::forget(const QString& name)
 {
     if (!m_mayWrite)
         return otherClient();
@@ -231,28 +248,24 @@ bool DockArrangement::applyState(const QByteArray& state)
     return m_manager->restoreState(state, kStateVersion);
 }
 
-QString DockArrangement::readFile(ArrangementFile& file)
+base::Result<ArrangementFile> DockArrangement::readFile()
 {
     const QString path = filePath();
     if (!QFile::exists(path))
-        return QString();
-    QString message = file.read(path);
-    if (!message.isEmpty()) {
-        if (m_mayWrite)
-            QFile::rename(path, freshAside(path));
-        return message;
-    }
-    QString leftOut = leaveOutFatal(file);
-    m_named = file.named;
-    return leftOut;
+        return ArrangementFile();
+    base::Result<ArrangementFile> file = ArrangementFile::read(path);
+    if (!file.isGood() && m_mayWrite)
+        QFile::rename(path, freshAside(path));
+    return file;
 }
 
 /// Takes the state out of the content during whose loading the program ended last time.
-QString DockArrangement::leaveOutFatal(ArrangementFile& file)
+/// @return whether that was the last arrangement.
+bool DockArrangement::leaveOutFatal(ArrangementFile& file)
 {
     QFile mark(markPath());
     if (!m_mayWrite || !mark.open(QIODevice::ReadOnly))
-        return QString();
+        return false;
     const QString fatal = QString::fromLatin1(mark.readAll());
     mark.close();
     mark.remove();
@@ -267,7 +280,7 @@ QString DockArrangement::leaveOutFatal(ArrangementFile& file)
         file.last.clear();
     if (isLast || isKnown)
         QFile::copy(filePath(), freshAside(filePath()));
-    return isLast ? tr("上次载入面板布局时程序中断") : QString();
+    return isLast;
 }
 
 bool DockArrangement::applyWatched(const QByteArray& state)

@@ -2,6 +2,7 @@
 #pragma once
 /// @file Where the client's panels stand.
 
+#include "apps/base/Result.h"
 #include "apps/client/docking/PanelPool.h"
 
 #include <QByteArray>
@@ -25,7 +26,7 @@ struct ArrangementFile;
 ///
 /// Order of use: addPanel() for every panel, rememberDefault(), show the window, restore() once; save() at
 /// the end. A panel is borrowed while its dock is open and goes back to the pool when the dock is closed.
-/// Messages are for the user; an empty one means success. GUI thread only.
+/// Reasons of failures are for the user. GUI thread only.
 class DockArrangement : public QObject
 {
     Q_OBJECT
@@ -57,21 +58,23 @@ public:
     /// configuration folder.
     static QString filePath();
     /// Writes the file; the one before stays whole until the new one is complete.
-    QString save();
+    base::Result<void> save();
+    /// Saves when docks or window stand otherwise than when they were last saved; a failure waits for save().
+    void saveChange();
     /// Brings back the arrangement of the last save(). Without a file the default one is applied. With a
-    /// damaged file too, the damaged one is kept with ".damaged" behind its name, and there is a message. The
+    /// damaged file too, which is a failure; the damaged one is kept with ".damaged" behind its name. The
     /// same becomes of an arrangement that ended the program while it was applied.
     /// @param mayWrite  false for a client beside another one: nothing is written from then on, save() does
     ///        nothing and store() and forget() are refused.
-    QString restore(bool mayWrite = true);
+    base::Result<void> restore(bool mayWrite = true);
 
     /// Names of the stored arrangements in alphabetical order.
     QStringList names() const { return m_named.keys(); }
     /// Stores the present arrangement under a name, replacing one of that name, and saves the file.
-    QString store(const QString& name);
+    base::Result<void> store(const QString& name);
     /// Applies a stored arrangement. With an unknown name or a damaged one nothing changes.
-    QString apply(const QString& name);
-    QString forget(const QString& name);
+    base::Result<void> apply(const QString& name);
+    base::Result<void> forget(const QString& name);
 
 private:
     void borrow(ads::CDockWidget* dock);
@@ -80,12 +83,14 @@ private:
     bool applyState(const QByteArray& state);
     /// Applies a state of the file: the docking system may not survive one that somebody made up.
     bool applyWatched(const QByteArray& state);
-    QString readFile(ArrangementFile& file);
-    QString leaveOutFatal(ArrangementFile& file);
+    base::Result<ArrangementFile> readFile();
+    base::Failure applyDefaultBecause(const QString& reason);
+    bool leaveOutFatal(ArrangementFile& file);
 
     PanelPool& m_pool;
     QPointer<ads::CDockManager> m_manager;
     std::vector<QPointer<ads::CDockWidget>> m_removed; ///< to be deleted when the event loop runs
+    QByteArray m_saved;                                ///< what save() wrote last
     QByteArray m_default;
     QMap<QString, QByteArray> m_named;
     bool m_mayWrite = true;

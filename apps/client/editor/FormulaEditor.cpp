@@ -27,6 +27,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace client {
 
@@ -79,6 +80,7 @@ QString textOf(const OwnFormula& formula)
 FormulaEditor::FormulaEditor(QWidget* parent)
     : QDialog(parent)
     , m_store(TC::getUserRootDir() + QStringLiteral("/configFormula"))
+    , m_known(chart::knownFormulas)
 {
     setWindowTitle(QStringLiteral("公式编辑器[*]"));
     resize(1180, 720);
@@ -165,13 +167,14 @@ void FormulaEditor::connectControls()
     m_pause = new QTimer(this);
     m_pause->setSingleShot(true);
     m_pause->setInterval(kPauseMs);
-    connect(m_pause, &QTimer::timeout, this, &FormulaEditor::check);
+    connect(m_pause, &QTimer::timeout, this, &FormulaEditor::startCheck);
     connect(m_text, &QPlainTextEdit::textChanged, this, [this] {
         const QString text = m_text->toPlainText();
         if (text == m_seen)
             return; // colours alone
         m_seen = text;
         setModified(true);
+        m_checker.forget(); // what it would say stands at other places now
         m_pause->start();
     });
     for (QLineEdit* line : { m_name, m_displayName })
@@ -215,37 +218,79 @@ void FormulaEditor::edit(const QString& shownName)
 bool FormulaEditor::check()
 {
     m_pause->stop();
-    const engine::FormulaReading reading =
-        engine::readFormula(m_text->toPlainText().toStdString(), chart::knownFormulas());
+    m_checker.forget();
+    take(engine::readFormula(m_text->toPlainText().toStdString(), m_known(m_stored)));
+    return m_read != nullptr;
+}
+
+bool FormulaEditor::isChecked() const
+{
+    return !m_checker.isBusy() && !m_pause->isActive();
+}
+
+void FormulaEditor::startCheck()
+{
+    m_pause->stop();
+    m_checker.start([this, text = m_text->toPlainText(),
+                     known = m_known(m_stored)](const std::atomic<bool>&) -> LatestJob::Answer {
+        return [this, reading = engine::readFormula(text.toStdString(), known)] { take(reading); };
+    });
+}
+
+/// Shows what came of reading the present text.
+void FormulaEditor::take(const engine::FormulaReading& reading)
+{
     m_read = reading.formula;
+    takeOpenedValues();
     m_text->setProblems(reading.problems);
     m_problems->clear();
     m_problems->addItems(linesOf(reading.problems, QString()));
     m_problems->addItems(linesOf(reading.hints, QStringLiteral("提示：")));
-    m_save->setEnabled(m_read != nullptr);
+    m_save->setText(m_read ? QStringLiteral("保存") : QStringLiteral("存为草稿"));
     fillParameters();
     preview();
-    return m_read != nullptr;
+}
+
+/// Notes which of the values that the file holds differ from the defaults, once the text can be read.
+void FormulaEditor::takeOpenedValues()
+{
+    if (!m_read)
+        return;
+    const std::vector<engine::Parameter>& asked = m_read->parameters();
+    const QVector<double> held = std::exchange(m_openedValues, {});
+    for (std::size_t index = 0; index < std::min(asked.size(), static_cast<std::size_t>(held.size()));
+         ++index) {
+        const double value = held[static_cast<int>(index)];
+        if (value != asked[index].value)
+            m_values.insert(QString::fromStdString(asked[index].name), value);
+    }
 }
 
 base::Result<void> FormulaEditor::save()
 {
-    if (!check())
-        return finish(base::Failure { QStringLiteral("公式有误，未保存。") }, QString());
-    if (!mayReplace())
+    if (!isChecked())
+        check();
+    const bool isDraft = m_read == nullptr;
+    if (!mayReplace(isDraft))
         return finish(base::Failure { QStringLiteral("未保存。") }, QString());
-    const OwnFormula formula = present();
+    OwnFormula formula = present();
+    formula.isDraft = isDraft;
     const base::Result<void> saved = m_store.save(formula, m_stored);
     if (saved.isGood()) {
         m_stored = formula.name;
         m_opened = formula;
         setModified(false);
     }
-    return finish(saved, QStringLiteral("已保存 %1").arg(formula.shownName()));
+    return finish(saved,
+                  isDraft ? QStringLiteral("%1 已存为草稿：公式有误，不参与计算").arg(formula.shownName())
+                          : QStringLiteral("已保存 %1").arg(formula.shownName()));
 }
 
-bool FormulaEditor::mayReplace()
+bool FormulaEditor::mayReplace(bool byDraft)
 {
+    if (byDraft && !m_stored.isEmpty() && !m_opened.isDraft
+        && !m_confirm(QStringLiteral("公式有误。存为草稿后，“%1”不再计算，仍要保存？").arg(m_stored)))
+        return false;
     base::Result<std::vector<OwnFormula>> held = m_store.read();
     if (m_stored.isEmpty() || !held.isGood())
         return true; // nothing is replaced, or saving will tell
@@ -313,7 +358,8 @@ void FormulaEditor::list()
     const QSignalBlocker quiet(m_list);
     m_list->clear();
     for (const OwnFormula& formula : m_formulas) {
-        m_list->addItem(formula.shownName());
+        m_list->addItem(formula.isDraft ? QStringLiteral("%1（草稿）").arg(formula.shownName())
+                                        : formula.shownName());
         if (formula.name == m_stored)
             m_list->setCurrentRow(m_list->count() - 1);
     }
@@ -346,20 +392,14 @@ void FormulaEditor::showFormula(const OwnFormula& formula, const QString& stored
     m_text->setPlainText(textOf(formula));
     m_text->setReadOnly(!m_base.isEmpty());
     m_values.clear();
-    m_read = engine::readFormula(m_text->toPlainText().toStdString(), chart::knownFormulas()).formula;
-    for (int index = 0; m_read && index < formula.parameters.size(); ++index) {
-        const auto place = static_cast<std::size_t>(index);
-        if (place < m_read->parameters().size()
-            && formula.parameters[index] != m_read->parameters()[place].value)
-            m_values.insert(QString::fromStdString(m_read->parameters()[place].name),
-                            formula.parameters[index]);
-    }
+    m_openedValues = formula.parameters;
+    m_read = nullptr;
     m_duplicate->setEnabled(!stored.isEmpty());
     m_remove->setEnabled(!stored.isEmpty());
     m_state->setText(m_base.isEmpty() ? QString()
                                       : QStringLiteral("以内置公式 %1 为基础，只能改参数").arg(m_base));
     list();
-    check();
+    startCheck();
     setModified(false);
 }
 
@@ -433,8 +473,10 @@ OwnFormula FormulaEditor::present() const
     OwnFormula formula { m_name->text().trimmed(), m_displayName->text().trimmed(), m_base, {}, {} };
     if (m_base.isEmpty())
         formula.source = m_text->toPlainText();
-    if (!m_read)
+    if (!m_read) {
+        formula.parameters = m_opened.parameters; // those of a text that cannot be read stay as they were
         return formula;
+    }
     const std::vector<double> used = values();
     const bool isUsual =
         std::equal(used.begin(), used.end(), m_read->parameters().begin(),

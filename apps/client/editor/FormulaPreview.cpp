@@ -53,7 +53,7 @@ void FormulaPreview::setBars(chart::Instrument instrument,
                              const std::shared_ptr<const engine::BarSeries>& bars)
 {
     m_instrument = std::move(instrument);
-    m_bars = bars ? lastBars(*bars) : engine::BarSeries();
+    m_bars = bars && bars->size() > 0 ? std::make_shared<const engine::BarSeries>(lastBars(*bars)) : nullptr;
     compute();
 }
 
@@ -69,16 +69,31 @@ void FormulaPreview::setFormula(const std::shared_ptr<const engine::Formula>& fo
 
 void FormulaPreview::compute()
 {
-    m_results.clear();
-    if (m_formula && m_instrument && m_bars.size() > 0) {
-        const QString instrument = TC::getDetailQsKey(m_instrument);
-        if (m_formula->kind() == 1) {
-            if (auto candles = engine::computeFormula(kCandles.toStdString(), m_bars))
-                m_results.add({ instrument, kCandles }, std::move(*candles));
-        }
-        if (auto records = engine::computeFormula(m_formula, m_bars, m_parameters))
-            m_results.add({ instrument, kOwn }, std::move(*records));
+    if (!m_formula || !m_instrument || !m_bars) {
+        m_job.forget();
+        show(0, {});
+        return;
     }
+    const auto work = [this, bars = m_bars, formula = m_formula,
+                       parameters = m_parameters](const std::atomic<bool>& cancelled) -> LatestJob::Answer {
+        Records computed;
+        if (formula->kind() == 1) {
+            if (auto candles = engine::computeFormula(kCandles.toStdString(), *bars, {}, &cancelled))
+                computed.emplace_back(kCandles, std::move(*candles));
+        }
+        if (auto records = engine::computeFormula(formula, *bars, parameters, &cancelled))
+            computed.emplace_back(kOwn, std::move(*records));
+        return [this, kind = formula->kind(), records = std::move(computed)] { show(kind, records); };
+    };
+    m_job.start(work);
+}
+
+void FormulaPreview::show(int kind, Records records)
+{
+    m_kind = kind;
+    m_results.clear();
+    for (auto& [name, computed] : records)
+        m_results.add({ TC::getDetailQsKey(m_instrument), name }, std::move(computed));
     update();
 }
 
@@ -90,8 +105,9 @@ void FormulaPreview::paintEvent(QPaintEvent*)
         return;
     }
     chart::PaneContent content = m_results.content(m_instrument);
-    content.showsPrices = m_formula->kind() != 0;
-    const int plotWidth = std::max(0, width() - chart::kAxisWidth), total = static_cast<int>(m_bars.size());
+    content.showsPrices = m_kind != 0;
+    const int plotWidth = std::max(0, width() - chart::kAxisWidth),
+              total = m_bars ? static_cast<int>(m_bars->size()) : 0;
     const chart::BarView view { std::max(0, total - static_cast<int>(kBarsShown)), total - 1, plotWidth };
     chart::paintPane(painter,
                      { QRect(0, 0, plotWidth, height()), QRect(plotWidth, 0, chart::kAxisWidth, height()) },

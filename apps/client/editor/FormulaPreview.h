@@ -4,16 +4,19 @@
 
 #include "apps/chart/OpenedBars.h"
 #include "apps/chart/PaneResults.h"
+#include "apps/client/editor/LatestJob.h"
 #include "engine/language/Formula.h"
 
 #include <QWidget>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace client {
 
-/// A pane with a formula over the last bars of an instrument; one for the main chart lies on its candles.
+/// A pane with a formula over the last bars of an instrument; one for the main chart lies on its candles. It
+/// is computed on another thread, and the picture before stays until it is done.
 class FormulaPreview : public QWidget
 {
     Q_OBJECT
@@ -35,13 +38,18 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    using Records = std::vector<std::pair<QString, engine::FormulaRecords>>;
+
     void compute();
+    void show(int kind, Records records);
 
     chart::Instrument m_instrument;
-    engine::BarSeries m_bars; ///< the last ones
+    std::shared_ptr<const engine::BarSeries> m_bars; ///< the last ones; null when there are none
     std::shared_ptr<const engine::Formula> m_formula;
     std::vector<double> m_parameters;
     chart::PaneResults m_results;
+    int m_kind = 0;  ///< of the formula in the picture
+    LatestJob m_job; ///< last: it ends before what it shows
 };
 
 } // namespace client

@@ -21,6 +21,7 @@ const QString kDisplayName = QStringLiteral("displayName");
 const QString kBase = QStringLiteral("base");
 const QString kSource = QStringLiteral("source");
 const QString kParameters = QStringLiteral("parameters");
+const QString kDraft = QStringLiteral("draft");
 
 QString nameOf(const QJsonValue& entry)
 {
@@ -80,6 +81,10 @@ QJsonObject withFormula(QJsonObject entry, const OwnFormula& formula)
         entry.remove(kParameters);
     else
         entry.insert(kParameters, parameters);
+    if (formula.isDraft)
+        entry.insert(kDraft, true);
+    else
+        entry.remove(kDraft);
     return entry;
 }
 
@@ -89,7 +94,8 @@ OwnFormula formulaOf(const QJsonObject& entry)
                          entry.value(kDisplayName).toString().trimmed(),
                          entry.value(kBase).toString(),
                          entry.value(kSource).toString(),
-                         {} };
+                         {},
+                         entry.value(kDraft).toBool() };
     const QJsonArray parameters = entry.value(kParameters).toArray();
     for (const QJsonValue& parameter : parameters)
         formula.parameters << parameter.toDouble();
@@ -196,6 +202,7 @@ base::Result<FormulaStore::Content> FormulaStore::load() const
 base::Result<void> FormulaStore::change(const Change& change)
 {
     QLockFile lock(m_path + QStringLiteral(".lock")); // between the reading and the writing of all clients
+    lock.setStaleLockTime(kLongestWaitMs / 2); // what a killed client left; one that lives keeps its lock
     if (!lock.tryLock(kLongestWaitMs) && lock.error() == QLockFile::LockFailedError)
         return base::Failure { QStringLiteral("另一个客户端正在改公式文件，未作改动。") };
     base::Result<Content> content = load();

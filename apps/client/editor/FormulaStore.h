@@ -23,12 +23,13 @@ struct OwnFormula
     QString base;               ///< the built-in formula it rests on; empty for one with a text of its own
     QString source;             ///< its text; empty with a base
     QVector<double> parameters; ///< those at the end of a shorter list take their defaults
+    bool isDraft = false;       ///< unfinished: kept, and computed by nobody
 
     QString shownName() const { return displayName.isEmpty() ? name : displayName; }
     bool operator==(const OwnFormula& other) const
     {
         return name == other.name && displayName == other.displayName && base == other.base
-            && source == other.source && parameters == other.parameters;
+            && source == other.source && parameters == other.parameters && isDraft == other.isDraft;
     }
 };
 

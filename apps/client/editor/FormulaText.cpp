@@ -104,11 +104,16 @@ void FormulaText::setProblems(const std::vector<engine::Problem>& problems)
     const QByteArray bytes = text.toUtf8();
     QList<QTextEdit::ExtraSelection> selections;
     m_faults.clear();
+    int walked = 0, place = 0; // bytes, and the characters that they are; the problems come in order
     for (const engine::Problem& problem : problems) {
         const int offset = static_cast<int>(
             std::min<std::size_t>(problem.place.offset, static_cast<std::size_t>(bytes.size())));
+        if (offset < walked)
+            walked = place = 0;
+        place += QString::fromUtf8(bytes.constData() + walked, offset - walked).size();
+        walked = offset;
         Fault fault;
-        fault.begin = QString::fromUtf8(bytes.constData(), offset).size();
+        fault.begin = place;
         fault.end = behind(text, fault.begin, std::max(1, problem.place.length));
         if (fault.end == fault.begin && fault.begin > 0) // at the text's end: what stands before it
             --fault.begin;

@@ -13,7 +13,7 @@ FormulaList::FormulaList(QWidget* parent)
     : QListWidget(parent)
 {
     connect(this, &QListWidget::itemActivated, this,
-            [this](QListWidgetItem* item) { Q_EMIT sigPaneRequested(item->data(Qt::UserRole).toString()); });
+            [this](QListWidgetItem* item) { Q_EMIT sigShowRequested(item->data(Qt::UserRole).toString()); });
     setContextMenuPolicy(Qt::CustomContextMenu);
     connect(this, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
         if (const QListWidgetItem* item = itemAt(place))
@@ -47,6 +47,8 @@ void FormulaList::showMenu(const QString& formula, const QPoint& place)
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addAction(QStringLiteral("添加到图表"), this,
+                    [this, formula] { Q_EMIT sigShowRequested(formula); });
+    menu->addAction(QStringLiteral("在新窗格中显示"), this,
                     [this, formula] { Q_EMIT sigPaneRequested(formula); });
     menu->addAction(QStringLiteral("编辑…"), this, [this, formula] { Q_EMIT sigEditRequested(formula); });
     menu->popup(place);

@@ -6,8 +6,8 @@
 
 namespace client {
 
-/// Names of the known formulas; a double click or the Enter key asks for a pane, a
-/// context menu for the editor too.
+/// Names of the known formulas; a double click or the Enter key shows
+/// one on the chart; a context menu offers a pane of its own and the editor too.
 class FormulaList : public QListWidget
 {
     Q_OBJECT
@@ -19,6 +19,9 @@ public:
     void reload();
 
 Q_SIGNALS:
+    /// Where the formula belongs.
+    void sigShowRequested(const QString& formula);
+    /// In a pane of its own, whatever it is made for.
     void sigPaneRequested(const QString& formula);
     void sigEditRequested(const QString& formula);
 

@@ -43,12 +43,14 @@ public:
         for (const QJsonValue& value : entries) {
             const QJsonObject entry = value.toObject();
             const QString name = entry.value(QStringLiteral("name")).toString().trimmed().toCaseFolded();
-            if (!m_texts.contains(name) && entry.value(QStringLiteral("source")).isString())
+            if (entry.value(QStringLiteral("draft")).toBool())
+                m_drafts << name;
+            else if (!m_texts.contains(name) && entry.value(QStringLiteral("source")).isString())
                 m_texts.insert(name, entry.value(QStringLiteral("source")).toString());
         }
     }
 
-    /// The entry, or one without a detail when something is wrong with it.
+    /// The entry, or one without a detail when something is wrong with it, or it is a draft.
     KnownFormula read(const QJsonValue& value, const QStringList& path)
     {
         m_path = path;
@@ -59,7 +61,7 @@ public:
         if (m_problems.size() > problemsBefore)
             return {};
         m_taken << formula.detail->realName.toCaseFolded() << formula.detail->displayName.toCaseFolded();
-        return formula;
+        return isDraft(value.toObject()) ? KnownFormula() : formula;
     }
 
     /// Notes what is wrong with a value. @param path  from the entry inward.
@@ -72,6 +74,8 @@ public:
     }
 
 private:
+    static bool isDraft(const QJsonObject& entry) { return entry.value(QStringLiteral("draft")).toBool(); }
+
     KnownFormula readEntry(const QJsonObject& entry)
     {
         KnownFormula formula { boost::make_shared<CFormulaDetail>(), {}, KnownFormula::User };
@@ -82,6 +86,11 @@ private:
         detail.displayName = entry.contains(QStringLiteral("displayName"))
             ? readName(entry, QStringLiteral("displayName"))
             : detail.realName;
+        const QJsonValue draft = entry.value(QStringLiteral("draft"));
+        if (!draft.isUndefined() && !draft.isBool())
+            report({ QStringLiteral("draft") }, QStringLiteral("\"draft\" must be true or false"));
+        if (isDraft(entry))
+            return formula; // whatever its text says
         formula.recipe.formula = readWhatIsComputed(entry, formula.recipe.base);
         if (!formula.recipe.formula)
             return formula;
@@ -123,6 +132,9 @@ private:
     {
         const engine::FoundFormula builtIn = engine::findBuiltInFormula(called);
         const QString name = QString::fromStdString(called).toCaseFolded();
+        if (!builtIn.formula && m_drafts.contains(name))
+            return { nullptr, "所调用的公式 " + called + " 是草稿",
+                     "the formula " + called + " that is called is a draft" };
         if (builtIn.formula || !m_texts.contains(name))
             return builtIn;
         if (m_open.contains(name))
@@ -160,7 +172,7 @@ private:
         static const QStringList known { QStringLiteral("name"),       QStringLiteral("displayName"),
                                          QStringLiteral("kind"),       QStringLiteral("base"),
                                          QStringLiteral("parameters"), QStringLiteral("colors"),
-                                         QStringLiteral("source") };
+                                         QStringLiteral("source"),     QStringLiteral("draft") };
         for (const QString& key : entry.keys()) {
             if (!known.contains(key))
                 report({ key }, QStringLiteral("\"%1\" is not a key of a formula").arg(key));
@@ -235,7 +247,8 @@ private:
     const QByteArray m_json;
     std::optional<JsonPlaces> m_places; ///< made for the first problem
     const QString m_fileName;
-    QSet<QString> m_taken; ///< folded: names that differ in their case alone are the same to their user
+    QSet<QString> m_taken;  ///< folded: names that differ in their case alone are the same to their user
+    QSet<QString> m_drafts; ///< folded names
     QHash<QString, QString> m_texts;             ///< by folded name
     QHash<QString, engine::FoundFormula> m_read; ///< of those that were called
     QStringList m_open;                          ///< folded names of the texts being read

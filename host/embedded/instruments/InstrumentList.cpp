@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "host/embedded/InstrumentSetup.h"
+#include "host/embedded/instruments/InstrumentLines.h"
 #include "host/embedded/instruments/InstrumentStore.h"
 
 #include <QFile>
-#include <QStringList>
 
 #include <cmath>
 
@@ -38,23 +38,12 @@ void addSyntheticFigures(ttservice::CInstrumentDetail& instrument)
 Instruments listedInstruments()
 {
     QFile file(QStringLiteral(":/instruments.csv"));
-    Instruments instruments;
     if (!file.open(QIODevice::ReadOnly))
-        return instruments;
-    file.readLine(); // the header: market, code, name, kind, price tick, list date
-    while (!file.atEnd()) {
-        const QList<QByteArray> fields = file.readLine().trimmed().split(',');
-        if (fields.size() < 5)
-            continue;
-        ttservice::CInstrumentDetail instrument;
-        instrument.market = fields[0].toStdString();
-        instrument.code = fields[1].toStdString();
-        instrument.name = fields[2].toStdString();
-        instrument.kind = fields[3].toStdString();
-        instrument.priceTick = fields[4].toDouble();
+        return {};
+    Instruments instruments = readInstrumentLines(file.readAll(), file.fileName(), {}).instruments;
+    for (ttservice::CInstrumentDetail& instrument : instruments) {
         if (instrument.kind == "stock")
             addSyntheticFigures(instrument);
-        instruments.push_back(instrument);
     }
     return instruments;
 }

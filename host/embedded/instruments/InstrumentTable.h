@@ -16,6 +16,8 @@ struct InstrumentTable
     void load();
     /// Adds an instrument, or replaces the one of the same market and code.
     void add(const Detail& detail);
+    /// Completes what is known by the user's own list, where there is one.
+    void readOwnList(const QString& path);
 
     bool loaded = false;
     QString notice; ///< what came of loading; see instrumentStoreNotice()

@@ -6,16 +6,23 @@
 #include "host/TC/ParserStockDetail.h"
 #include "host/WB/TextConversion.h"
 #include "host/embedded/InstrumentSetup.h"
+#include "host/embedded/instruments/InstrumentLines.h"
 #include "host/embedded/instruments/InstrumentStore.h"
 #include "host/embedded/instruments/InstrumentTable.h"
+#include "host/embedded/reading/TextDecoding.h"
+#include "host/embedded/text/OneLine.h"
+#include "host/embedded/text/OrdinaryFile.h"
 #include "host/ttservice/StockTypeCenter.h"
 #include "host/utils/CSingletonT.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <algorithm>
 
 namespace {
+
+constexpr int kLargestList = 16 * 1024 * 1024; // bytes of the user's own list
 
 /// Place of a market in the order in which a bare code is looked for; unknown markets come last.
 int marketRank(const TC::CStockManager::Detail& detail)
@@ -58,6 +65,29 @@ void embedded::InstrumentTable::load()
     notice = store.notice;
     for (ttservice::CInstrumentDetail& instrument : store.instruments)
         add(std::make_shared<ttservice::CInstrumentDetail>(std::move(instrument)));
+    readOwnList(QDir(getUserRootDir()).filePath(QStringLiteral("instruments.csv")));
+}
+
+void embedded::InstrumentTable::readOwnList(const QString& path)
+{
+    if (!QFileInfo::exists(path))
+        return;
+    QByteArray bytes;
+    const QString failure = readOrdinaryFile(path, kLargestList, bytes);
+    InstrumentLines lines { {}, { path + QStringLiteral(": ") + failure } };
+    if (failure.isEmpty())
+        lines = readInstrumentLines(decodeText(bytes).toUtf8(), path,
+                                    [this](const std::string& market, const std::string& code) {
+                                        return byKey.value(qnStockKey(market, code)).get();
+                                    });
+    for (ttservice::CInstrumentDetail& instrument : lines.instruments)
+        add(std::make_shared<ttservice::CInstrumentDetail>(std::move(instrument)));
+    if (lines.problems.isEmpty())
+        return;
+    const QString faults = QStringLiteral("证券列表有误的行未载入（共 %1 处）：%2")
+                               .arg(lines.problems.size())
+                               .arg(lines.problems.first());
+    notice = oneLine(notice.isEmpty() ? faults : notice + QStringLiteral("；") + faults);
 }
 
 void embedded::InstrumentTable::add(const Detail& detail)

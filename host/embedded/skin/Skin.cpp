@@ -7,6 +7,10 @@
 #include "host/embedded/text/OneLine.h"
 #include "host/embedded/text/OrdinaryFile.h"
 
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+
 #include <algorithm>
 #include <vector>
 
@@ -95,6 +99,14 @@ namespace TC::embedded {
 QStringList skinNames()
 {
     return { QStringLiteral("dark"), QStringLiteral("light"), QStringLiteral("colorblind") };
+}
+
+QString skinTitle(const QString& name)
+{
+    QFile file(QStringLiteral(":/skins/%1.json").arg(name));
+    const QJsonObject skin =
+        file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
+    return skin.value(QStringLiteral("title")).toString(name);
 }
 
 QString currentSkin()

@@ -168,7 +168,7 @@ private:
 /// Equal to the last bit, NaN included.
 bool isSame(double a, double b)
 {
-    return std::memcmp(&a, &b, sizeof a) == 0 || (std::isnan(a) && std::isnan(b));
+    return (a == b && std::signbit(a) == std::signbit(b)) || (std::isnan(a) && std::isnan(b));
 }
 
 } // namespace

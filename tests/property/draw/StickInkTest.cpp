@@ -95,12 +95,58 @@ TEST(StickInk, PaintsCandlesAsTheirPrimitives)
         });
 }
 
+TEST(StickInk, PaintsCandlesAsTheirPrimitivesWhereHighAndLowLieInsideTheBody)
+{
+    expectPlainPixels(
+        "inside_out_candle_ink",
+        [](Call& c, Dice& dice) {
+            c.shorten(400);
+            c.half = dice.oneIn(4) ? 1 : 0;
+            auto columns = c.prices(dice);
+            for (std::size_t bar = 0; bar < columns[0].size(); ++bar) {
+                columns[3][bar] = columns[0][bar] + dice.real(0.0, 30.0);
+                columns[1][bar] = columns[0][bar] + dice.real(-10.0, 40.0);
+                columns[2][bar] = columns[1][bar] - dice.real(0.0, 20.0);
+            }
+            c.build(FormulaBuilder().output("K", 12, columns));
+        },
+        [](QPainter& painter, Call& c) {
+            CDrawStyle().drawKLine(&painter, c.pane, c.cache, c.range, 0, c.start, c.end, c.slots, c.half,
+                                   86400, true, 1.0F, 2);
+        });
+}
+
 TEST(StickInk, PaintsVolumeAsItsPrimitives)
 {
     expectPlainPixels(
         "volume_ink",
         [](Call& c, Dice& dice) {
             c.build(FormulaBuilder().output("V", 27, { c.series(dice), c.series(dice), c.series(dice) }));
+        },
+        [](QPainter& painter, Call& c) {
+            CDrawStyle().drawVolStick(&painter, c.pane, c.cache, c.range, 0, c.start, c.end, c.half, c.flag,
+                                      false, c.slots, 50.0, c.isByIndex);
+        });
+}
+
+TEST(StickInk, PaintsVolumeAsItsPrimitivesWhereHighSticksAreNotValid)
+{
+    expectPlainPixels(
+        "invalid_volume_ink",
+        [](Call& c, Dice& dice) {
+            c.count = dice.pick(4'000, 9'000); // a dozen bars a pixel column
+            c.start = 0;
+            c.end = c.slots = c.count - 1;
+            c.half = 0;
+            c.flags.assign(static_cast<std::size_t>(c.count), 1);
+            auto volumes = c.series(dice);
+            for (std::size_t bar = 0; bar < volumes.size(); ++bar) {
+                if (!dice.oneIn(5))
+                    continue;
+                c.flags[bar] = 0;
+                volumes[bar] = dice.real(20.0, 150.0);
+            }
+            c.build(FormulaBuilder().output("V", 27, { volumes, c.series(dice), c.series(dice) }));
         },
         [](QPainter& painter, Call& c) {
             CDrawStyle().drawVolStick(&painter, c.pane, c.cache, c.range, 0, c.start, c.end, c.half, c.flag,

@@ -54,12 +54,16 @@ private:
 class FormulaWriter
 {
 public:
-    explicit FormulaWriter(Dice& dice)
+    /// @param mayLookAhead  one that does is computed over all bars at once.
+    explicit FormulaWriter(Dice& dice, bool mayLookAhead = true)
         : m_dice(dice)
+        , m_mayLookAhead(mayLookAhead)
     {
         for (const Function& function : engine::language::allFunctions()) {
             if (function.isBuilt)
                 continue; // their colours and counts are written as numbers
+            if (!mayLookAhead && (function.looksAheadEndlessly || function.lookAheadArgument))
+                continue;
             if (function.drawing)
                 m_drawings.push_back(&function);
             else if (!function.isOperator)
@@ -81,7 +85,8 @@ public:
             text += name + (isHidden ? ":=" : ":") + expression(3) + (isHidden ? "" : attributes()) + ";\n";
             m_names.push_back(name);
         }
-        return text + "LAST:" + expression(2) + "+REFX(ISLASTBAR," + std::to_string(m_dice.upTo(4)) + ");\n";
+        text += "LAST:" + expression(2);
+        return text + (m_mayLookAhead ? "+REFX(ISLASTBAR," + std::to_string(m_dice.upTo(4)) + ");\n" : ";\n");
     }
 
 private:
@@ -149,6 +154,7 @@ private:
     }
 
     Dice& m_dice;
+    const bool m_mayLookAhead;
     std::vector<const Function*> m_functions, m_drawings;
     std::vector<std::string> m_names;
 };
@@ -167,7 +173,7 @@ double priceOf(Dice& dice)
 void append(BarSeries& bars, Dice& dice)
 {
     const std::int64_t before = bars.timeMs.empty() ? 1'500'000'000'000 : bars.timeMs.back();
-    bars.timeMs.push_back(before + 60'000 * (1 + dice.upTo(600)));
+    bars.timeMs.push_back(before + 60'000 * static_cast<std::int64_t>(1 + dice.upTo(600)));
     for (const auto column : kColumns)
         (bars.*column).push_back(priceOf(dice));
 }
@@ -254,7 +260,7 @@ TEST(FormulaEvaluation, FollowsBarsAsIfItComputedThemFromTheBeginning)
 {
     for (const unsigned seed : test::seedsFor("FormulaEvaluation", 400)) {
         Dice dice(seed);
-        const std::string text = FormulaWriter(dice).text();
+        const std::string text = FormulaWriter(dice, dice.chance(0.5)).text();
         const auto formula = formulaOf(text);
         ASSERT_TRUE(formula) << "seed " << seed;
         FormulaEvaluation evaluation(formula, { 5.0, 1.5 });
@@ -307,7 +313,7 @@ TEST(FormulaEvaluation, AnswersOnceAsItFollows)
 {
     for (const unsigned seed : test::seedsFor("FormulaEvaluationOnce", 300)) {
         Dice dice(seed);
-        const std::string text = FormulaWriter(dice).text();
+        const std::string text = FormulaWriter(dice, dice.chance(0.5)).text();
         const auto formula = formulaOf(text);
         ASSERT_TRUE(formula) << "seed " << seed;
         BarSeries bars;
@@ -321,11 +327,68 @@ TEST(FormulaEvaluation, AnswersOnceAsItFollows)
     }
 }
 
+/// The bars [first, end) of records.
+FormulaRecords stretchOf(FormulaRecords records, std::size_t first, std::size_t end)
+{
+    const auto cut = [&](auto& values) {
+        values.erase(values.begin() + static_cast<std::ptrdiff_t>(end), values.end());
+        values.erase(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(first));
+    };
+    cut(records.result.barTimes);
+    cut(records.result.barValid);
+    for (Series& series : records.result.numberSeries)
+        cut(series);
+    for (std::vector<std::string>& texts : records.result.textSeries)
+        cut(texts);
+    return records;
+}
+
+TEST(FormulaEvaluation, AdvancesByStretchesAsItAnswersAtOnce)
+{
+    for (const unsigned seed : test::seedsFor("FormulaEvaluationStretches", 300)) {
+        Dice dice(seed);
+        const std::string text = FormulaWriter(dice, dice.chance(0.5)).text();
+        const auto formula = formulaOf(text);
+        ASSERT_TRUE(formula) << "seed " << seed;
+        BarSeries bars;
+        const bool isLong = seed % 8 == 0; // longer than what is computed at a time
+        for (int bar = isLong ? 3000 + dice.upTo(500) : dice.upTo(80); bar >= 0; --bar)
+            append(bars, dice);
+        const FormulaRecords whole = freshRecords(formula, bars, Mode::Follow);
+        FormulaEvaluation evaluation(formula, { 5.0, 1.5 }, Mode::Once);
+        for (std::size_t done = 0; done < bars.size();) {
+            const auto some = [&] { return static_cast<std::size_t>(dice.upTo(isLong ? 1500 : 20)); };
+            const std::size_t first = std::min(done + (dice.chance(0.3) ? some() : 0), bars.size());
+            const std::size_t end = std::min(first + some(), bars.size());
+            ASSERT_TRUE(evaluation.advance(bars, first, end));
+            ASSERT_EQ(differenceOf(evaluation.records(), stretchOf(whole, first, end)), "")
+                << "seed " << seed << ", bars " << first << " to " << end << " of " << bars.size() << "\n"
+                << text;
+            done = std::max(end, done + 1);
+        }
+    }
+}
+
+TEST(FormulaEvaluation, DoesNotAdvanceBackwardsBeyondTheBarsOrWhereItFollows)
+{
+    const auto formula = formulaOf("X:C;");
+    Dice dice(1);
+    BarSeries bars;
+    for (int bar = 0; bar < 3; ++bar)
+        append(bars, dice);
+    FormulaEvaluation once(formula, {}, Mode::Once);
+    EXPECT_FALSE(once.advance(bars, 0, 4));
+    EXPECT_FALSE(once.advance(bars, 2, 1));
+    EXPECT_TRUE(once.advance(bars, 1, 2));
+    EXPECT_FALSE(once.advance(bars, 1, 3));
+    EXPECT_FALSE(FormulaEvaluation(formula).advance(bars, 0, 3));
+}
+
 TEST(FormulaEvaluation, BeginsAgainAfterItWasCancelled)
 {
     for (const unsigned seed : test::seedsFor("FormulaEvaluationCancelled", 100)) {
         Dice dice(seed);
-        const std::string text = FormulaWriter(dice).text();
+        const std::string text = FormulaWriter(dice, dice.chance(0.5)).text();
         const auto formula = formulaOf(text);
         ASSERT_TRUE(formula) << "seed " << seed;
         FormulaEvaluation evaluation(formula, { 5.0, 1.5 });

@@ -769,9 +769,10 @@ Plain ofIndex(Series BarSeries::*column)
 double periodCode(const Given& given, std::size_t)
 {
     std::vector<double> minutes;
-    for (std::size_t bar = 1; bar < given.bars.size(); ++bar)
-        minutes.push_back(
-            static_cast<double>((given.bars.timeMs[bar] - given.bars.timeMs[bar - 1]) / 60'000));
+    for (std::size_t bar = 1; bar < given.bars.size(); ++bar) {
+        const std::int64_t wholeMinutes = (given.bars.timeMs[bar] - given.bars.timeMs[bar - 1]) / 60'000;
+        minutes.push_back(static_cast<double>(wholeMinutes));
+    }
     if (minutes.empty())
         return kNone;
     std::sort(minutes.begin(), minutes.end());

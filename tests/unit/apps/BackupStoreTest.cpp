@@ -60,7 +60,7 @@ TEST_F(BackupStoreTest, KeepsTheLastOfEachDayAndWeekHoweverOftenItIsSaved)
     // Twelve saves a day for sixty days, each followed by what a store does then.
     std::vector<StoredBackup> backups;
     for (int number = 0; number < 60 * 12; ++number) {
-        const QDateTime made = day.addDays(number / 12).addSecs(60 * (number % 12));
+        const QDateTime made = day.addDays(number / 12).addSecs(qint64 { 60 } * (number % 12));
         backups.insert(backups.begin(), { number, QString::number(number), made });
         const QStringList gone = client::dispensable(backups);
         backups.erase(std::remove_if(backups.begin(), backups.end(),

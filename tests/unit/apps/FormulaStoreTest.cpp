@@ -215,4 +215,12 @@ TEST_F(FormulaStoreTest, WaitsForTheChangeOfAnotherClientAndGivesUpInTheEnd)
     EXPECT_TRUE(m_store.remove(QStringLiteral("FIRST")).isGood());
 }
 
+TEST_F(FormulaStoreTest, TakesOverTheLockOfAClientThatWasKilledBeforeItPutItsNameIntoIt)
+{
+    write(kFile);
+    QFile lock(path() + QStringLiteral(".lock"));
+    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+    EXPECT_TRUE(m_store.remove(QStringLiteral("FIRST")).isGood());
+}
+
 } // namespace

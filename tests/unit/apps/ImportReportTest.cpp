@@ -63,7 +63,7 @@ TEST_F(ImportReport, SaysWhyAWorkbookGaveNothing)
     expectReason(path("missing.xlsx"), "文件打不开（文件不存在）");
     expectReason(m_folder.path(), "文件打不开（不是普通文件）");
     QFile large(path("large.xlsx"));
-    ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.resize(65 * 1024 * 1024));
+    ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.resize(qint64 { 65 } << 20));
     expectReason(large.fileName(), "文件超过 64 MiB");
 }
 

@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "apps/chart/PaneScale.h"
+#include "apps/chart/ValueMarks.h"
 #include "tests/support/FormulaBuilder.h"
 #include "tests/support/Trace.h"
+
+#include <QSet>
 
 #include <gtest/gtest.h>
 
 #include <cfloat>
 #include <cmath>
 #include <deque>
+#include <random>
 
 namespace {
 
@@ -82,6 +86,37 @@ TEST(ValueMarks, AreShortForLargeNumbers)
     const auto marks = chart::valueMarks({ 5e8, 0.0 }, 100, 20, chart::PaneContent());
     ASSERT_FALSE(marks.empty());
     EXPECT_EQ(marks.back().text, QStringLiteral("5亿"));
+}
+
+TEST(ValueMarks, AreThreeToEightAtAnyHeightOfAnyRange)
+{
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> exponent(-6.0, 10.0), share(-2.0, 2.0);
+    for (int run = 0; run < 3000; ++run) {
+        const double extent = std::pow(10.0, exponent(random)), lowest = extent * share(random);
+        const QPair<double, double> range(lowest + extent, lowest);
+        for (int height : { 72, 80, 90, 140, 300, 700, 2000 }) {
+            int labels = 0;
+            for (const chart::AxisMark& mark : chart::valueMarks(range, height, 38, chart::PaneContent()))
+                labels += chart::hasLabelRoom(chart::rowOf(mark.value, range, height), height);
+            ASSERT_GE(labels, 3) << lowest << " + " << extent << " on " << height << " rows";
+            ASSERT_LE(labels, 8) << lowest << " + " << extent << " on " << height << " rows";
+        }
+    }
+}
+
+TEST(ValueMarks, HaveTextsOfTheirOwn)
+{
+    std::mt19937 random(8);
+    std::uniform_real_distribution<double> exponent(-5.0, 3.9);
+    for (int run = 0; run < 1000; ++run) {
+        const double extent = std::pow(10.0, exponent(random));
+        QSet<QString> texts;
+        const auto marks = chart::valueMarks({ extent, -0.3 * extent }, 80, 38, chart::PaneContent());
+        for (const chart::AxisMark& mark : marks)
+            texts << mark.text;
+        EXPECT_EQ(texts.size(), static_cast<int>(marks.size())) << extent;
+    }
 }
 
 TEST(ValueMarks, StandAtNumbersHoweverFarThePricesReach)

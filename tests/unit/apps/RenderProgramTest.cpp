@@ -3,13 +3,19 @@
 
 #include "apps/base/FileNames.h"
 #include "apps/base/WholeFile.h"
+#include "apps/chart/PaneResults.h"
+#include "engine/Formulas.h"
+#include "engine/files/BarFile.h"
 #include "tests/support/ChildRun.h"
 #include "tests/support/RecoveryFolders.h"
 #include "tests/support/Trace.h"
 
+#include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QTemporaryDir>
 #include <QTextCodec>
 
@@ -134,7 +140,7 @@ TEST_F(RenderProgram, LeavesTurnoverOutOfEveryBundledFileWhichHasNone)
         ASSERT_EQ(result.exitCode, 0) << result.error.toStdString();
         const QStringList lines =
             QString::fromUtf8(test::RecoveryFolders::contentOf(path("out.csv"))).split(QLatin1Char('\n'));
-        const QString heading = lines.first();
+        const QString& heading = lines.first();
         EXPECT_TRUE(heading.startsWith(QStringLiteral("时间,开,高,低,收,成交量,涨跌,涨跌百分比,振幅,"))
                     && heading.endsWith(QStringLiteral(",MA5,MA10,MA20,MA60")))
             << name << ": " << heading.toStdString();
@@ -186,6 +192,73 @@ TEST_F(RenderProgram, EndsInOneLineWhenMemoryGivesOut)
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
     expectRefused({ process.exitCode(), QString::fromUtf8(process.readAllStandardError()).trimmed() },
                   "indicatorui-render: ");
+}
+
+TEST_F(RenderProgram, TakesLittleMoreMemoryThanTheBarsToPaintAndToExport)
+{
+    if (!test::measuresMemory())
+        GTEST_SKIP() << "sanitizers need several times as much";
+    QFile file(path("bars.csv"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("date,time,open,high,low,close,volume\n");
+    constexpr int bars = 500'000; // 24 MB as numbers
+    for (int bar = 0; bar < bars; ++bar)
+        file.write(QDateTime(QDate(2001, 1, 1), QTime(0, 0), Qt::UTC)
+                       .addSecs(60LL * bar)
+                       .toString(QStringLiteral("yyyy-MM-dd,HH:mm"))
+                       .toLatin1()
+                   + ",10.5,12,9.25,11,1000\n");
+    file.close();
+    for (const QStringList& wanted :
+         { QStringList { QStringLiteral("-o"), path("out.png") },
+           QStringList { QStringLiteral("--export"), path("out.csv"), QStringLiteral("--export-one"),
+                         QStringLiteral("KLINE") } }) {
+        QProcess process; // the bars, as much again for them and their formulas to grow
+        process.start(QStringLiteral("/bin/sh"),
+                      QStringList { QStringLiteral("-c"), QStringLiteral("ulimit -d 50000; exec \"$@\""),
+                                    QStringLiteral("sh"), QStringLiteral(RENDER_PROGRAM),
+                                    QStringLiteral("--bars"), file.fileName() }
+                          + wanted);
+        ASSERT_TRUE(process.waitForFinished(120'000));
+        EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+    }
+    QFile exported(path("out.csv"));
+    ASSERT_TRUE(exported.open(QIODevice::ReadOnly));
+    EXPECT_EQ(exported.readAll().count('\n'), bars + 1);
+}
+
+TEST_F(RenderProgram, ExportsLongBarsAsTheLibraryWritesThem)
+{
+    constexpr int bars = 40'000;
+    const QByteArray noPrices = ",1.7976931348623157e308,1.7976931348623157e308,1.7976931348623157e308,"
+                                "1.7976931348623157e308,1\n";
+    for (const int without :
+         { -1, 0, 16'384 }) { // a bar that carries nothing, also where texts are put together
+        QByteArray csv(kHeader);
+        for (int bar = 0; bar < bars; ++bar) {
+            const QByteArray close = QByteArray::number(100 + bar % 37);
+            csv += QDate(1900, 1, 1).addDays(bar).toString(Qt::ISODate).toLatin1();
+            csv += bar == without ? noPrices : ",100,200,1," + close + ",7\n";
+        }
+        ASSERT_FALSE(base::writeWholeFile(path("bars.csv"), csv));
+        std::string failure;
+        const auto read = engine::readBars(path("bars.csv").toStdString(), failure);
+        ASSERT_TRUE(read) << failure;
+        chart::PaneResults results;
+        for (const char* name : { "KLINE", "MA" })
+            results.add({ QString(), QString::fromLatin1(name) }, *engine::computeFormula(name, *read));
+        for (const char* one : { "", "MA" }) {
+            QStringList words { QStringLiteral("--bars"),   path("bars.csv"),
+                                QStringLiteral("--pane"),   QStringLiteral("KLINE,MA"),
+                                QStringLiteral("--export"), path("out.csv") };
+            if (*one)
+                words << QStringLiteral("--export-one") << QString::fromLatin1(one);
+            ASSERT_EQ(run(words).exitCode, 0);
+            EXPECT_TRUE(test::RecoveryFolders::contentOf(path("out.csv")).toStdString()
+                        == results.exported(QString::fromLatin1(one), false))
+                << one << without;
+        }
+    }
 }
 
 TEST_F(RenderProgram, DrawsOrRefusesBarsAtTheEndOfTheNumbers)
@@ -362,6 +435,38 @@ TEST_F(RenderProgram, ComparesWithTheIndexThatIsNamed)
     expectRefused(run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--index"),
                         path("none.csv"), QStringLiteral("-o"), path("out.png") }),
                   "none.csv");
+}
+
+TEST_F(RenderProgram, TakesNumbersOfSharesFromTheUsersListOfInstruments)
+{
+    ASSERT_FALSE(base::writeWholeFile(path("own.txt"), "X:CAPITAL; Y:TOTALCAPITAL; Z:VOL/CAPITAL*100;"));
+    ASSERT_TRUE(QDir().mkpath(path("home/user")));
+    const auto exported = [&](const QByteArray& list) {
+        EXPECT_FALSE(base::writeWholeFile(path("home/user/instruments.csv"), list));
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("INDICATORUI_HOME"), path("home"));
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(RENDER_PROGRAM),
+                      { QStringLiteral("--bars"), sample("SH600030.csv"), QStringLiteral("--formula"),
+                        path("own.txt"), QStringLiteral("--export"), path("out.csv") });
+        EXPECT_TRUE(process.waitForFinished(60'000));
+        EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+        QFile file(path("out.csv"));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    };
+    const QByteArray none = exported("market,code\nSH,600030\n");
+    EXPECT_FALSE(none.contains("12000000000")) << none.left(200).toStdString();
+    const QByteArray list = "code,market,流通股本,总股本\r\n600030,SH,12000000000,14820546829\r\n"
+                            "600030,SZ,1,1\r\n";
+    const QTextCodec* codec = QTextCodec::codecForName("GB18030");
+    for (const QByteArray& bytes : { list, codec->fromUnicode(QString::fromUtf8(list)) }) {
+        const QByteArray known = exported(bytes);
+        EXPECT_EQ(known.count(",12000000000.0000,14820546829.0000,"), 5639) << known.left(200).toStdString();
+        EXPECT_TRUE(known.contains(",0.6451\n") || known.endsWith(",0.6451"))
+            << known.right(200).toStdString();
+    }
 }
 
 TEST_F(RenderProgram, PrintsHintsAndTakesTheFormulaAllTheSame)

@@ -44,7 +44,9 @@ TEST(FormulaCalls, NameWhatCannotBeCalled)
     EXPECT_EQ(faultOf("X:KDJ.K(C);"),
               "expected a number or a parameter, which does not change from bar to bar");
     EXPECT_EQ(faultOf("X:KDJ.K(1,2,3,4);"), "an argument too many for the formula");
-    EXPECT_EQ(faultOf("X:\"KDJ.K#WEEK\";"), "the formula KDJ has no value K#WEEK");
+    EXPECT_EQ(faultOf("X:\"KDJ.Q#WEEK\";"), "the formula KDJ has no value Q");
+    EXPECT_EQ(faultOf("X:\"KDJ.K#FORTNIGHT\";"),
+              "unknown period, expected MIN5, MIN15, MIN30, MIN60, DAY, WEEK, MONTH, QUARTER or YEAR");
 }
 
 TEST(FormulaCalls, FindWhatTheLookupFindsAndSayWhyNot)

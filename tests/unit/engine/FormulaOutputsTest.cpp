@@ -125,7 +125,7 @@ TEST(FormulaOutputs, WithMoreTextThanThereIsRoomForAreNotComputed)
 TEST(FormulaOutputs, WithoutANameShowTheirValueAlone)
 {
     EXPECT_EQ(recordsOf("C; A:O; H,NOTEXT;").meta.outputNames,
-              (std::vector<std::string> { "__noname1", "A", "__noname3__noshow" }));
+              (std::vector<std::string> { "__noname1", "A", "output3__noshow" }));
 }
 
 TEST(FormulaOutputs, ThatAreNotDrawnStandInTheLegendAndOffTheAxis)

@@ -34,12 +34,12 @@ std::vector<std::string> formulasOf(const std::string& page)
 {
     const std::string begin = "\n```formula\n", end = "```\n";
     std::vector<std::string> formulas;
-    for (std::size_t at = page.find(begin); at != page.npos; at = page.find(begin, at)) {
+    for (std::size_t at = page.find(begin); at != std::string::npos; at = page.find(begin, at)) {
         at += begin.size();
         formulas.push_back(page.substr(at, page.find(end, at) - at));
     }
     const std::string before = "\n| `", behind = ";` | ![";
-    for (std::size_t at = page.find(behind); at != page.npos; at = page.find(behind, at + 1)) {
+    for (std::size_t at = page.find(behind); at != std::string::npos; at = page.find(behind, at + 1)) {
         const std::size_t start = page.rfind(before, at) + before.size();
         formulas.push_back(page.substr(start, at + 1 - start));
     }
@@ -110,7 +110,7 @@ TEST(FormulaReference, ListsTheWordsOfOthersThatAreRefusedForTheirReason)
     int words = 0;
     for (std::string line; std::getline(lines, line);) {
         const std::size_t reason = line.rfind(" | ");
-        for (std::size_t at = line.find('`'); line.compare(0, 3, "| `") == 0 && at != line.npos;) {
+        for (std::size_t at = line.find('`'); line.compare(0, 3, "| `") == 0 && at != std::string::npos;) {
             const std::size_t end = line.find('`', at + 1);
             const std::string word = line.substr(at + 1, end - at - 1);
             ++words;

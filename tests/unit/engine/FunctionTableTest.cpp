@@ -27,7 +27,7 @@ TEST(FunctionTable, GivesEveryNameOnce)
 TEST(FunctionTable, HasAKernelForEverythingThatDoesNotDraw)
 {
     for (const Function& function : allFunctions()) {
-        EXPECT_TRUE(function.makeKernel != nullptr || function.drawing.has_value()) << function.name;
+        EXPECT_TRUE(static_cast<bool>(function.makeKernel) || function.drawing.has_value()) << function.name;
         EXPECT_LE(function.minArguments, function.maxArguments) << function.name;
     }
 }

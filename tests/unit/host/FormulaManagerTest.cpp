@@ -343,6 +343,22 @@ TEST_F(UserFormulas, ReadingAgainReplacesOnlyTheUsersOwn)
     EXPECT_TRUE(manager().getFormula(text("kept")));
 }
 
+TEST_F(UserFormulas, DraftsAreKeptOutWithoutAComplaint)
+{
+    EXPECT_EQ(load(fileWith(R"({"name": "IDEA", "source": "A:CLOZE", "draft": true, "parameters": [5]},
+                               {"name": "GOOD", "source": "A:C;", "draft": false})")),
+              QStringList());
+    EXPECT_FALSE(resolveFormula(text("IDEA")));
+    EXPECT_TRUE(resolveFormula(text("GOOD")));
+    EXPECT_EQ(load(fileWith(R"({"name": "IDEA", "source": "A:C;", "draft": true},
+                               {"name": "USES", "source": "A:IDEA.A;"},
+                               {"name": "idea", "base": "MA"},
+                               {"name": "ODD", "base": "MA", "draft": 1})")),
+              (QStringList { text("configFormula:3:59: 1:3: the formula IDEA that is called is a draft"),
+                             text("configFormula:4:41: the name \"idea\" is taken"),
+                             text("configFormula:5:71: \"draft\" must be true or false") }));
+}
+
 TEST_F(UserFormulas, LoadConfigReadsThemAgainAndTellsTheReceiver)
 {
     std::vector<std::string> heard;

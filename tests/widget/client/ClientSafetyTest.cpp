@@ -11,8 +11,10 @@
 #include "host/TC/Folders.h"
 #include "host/TC/Instruments.h"
 #include "host/embedded/EmbeddedHost.h"
+#include "host/embedded/TableSetup.h"
 #include "host/utils/CSingletonT.h"
 #include "recovery/CRecoveryVersionManager.h"
+#include "stocklist/CParserStockExeclTable.h"
 #include "tests/support/RecoveryFolders.h"
 #include "tests/support/SmallFiles.h"
 #include "tests/support/Trace.h"
@@ -23,6 +25,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLockFile>
+#include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
@@ -33,6 +36,8 @@
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>
+
+#include <cstdio>
 
 namespace {
 
@@ -133,7 +138,7 @@ TEST_F(ClientSafety, BackupIsToldAsItEnded)
 TEST_F(ClientSafety, SecondClientIsToldAndLeavesTheFilesOfTheFirst)
 {
     start();
-    m_window->docks()->store(QStringLiteral("mine"));
+    EXPECT_TRUE(m_window->docks()->store(QStringLiteral("mine")).isGood());
     const QByteArray arrangement = contentOf(client::DockArrangement::filePath());
     client::MainWindow second;
     second.show();
@@ -215,6 +220,67 @@ TEST_F(ClientSafety, EachOfThreeListsDroppedAtOnceEndsInAMessage)
                               "three.txt：读入 1 行，识别 1 行", "picture.png：只能导入" })
         EXPECT_EQ(messages().count(QString::fromUtf8(line)), 1) << line << "\n" << messages().toStdString();
     delete data;
+}
+
+TEST_F(ClientSafety, ListWhoseNameIsNoTextIsImportedWhenItIsDropped)
+{
+    start();
+    const QByteArray name = (userDir() + QLatin1Char('/')).toUtf8() + "\xFF\xC3.csv";
+    std::FILE* file = std::fopen(name.constData(), "w");
+    ASSERT_NE(file, nullptr);
+    std::fputs("600000\n", file);
+    std::fclose(file);
+    QMimeData data;
+    data.setData(QStringLiteral("text/uri-list"), "file://" + name.toPercentEncoding("/") + "\r\n");
+    QSignalSpy ended(m_window->basket(), &client::BasketPanel::sigImportEnded);
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window->basket(), &enter);
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window->basket(), &drop);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ended.count() == 1; }, 30'000)) << messages().toStdString();
+    EXPECT_TRUE(messages().contains(QStringLiteral("\\xff\\xc3.csv：读入 1 行，识别 1 行")))
+        << messages().toStdString();
+    std::remove(name.constData());
+}
+
+TEST_F(ClientSafety, ExportOfTheBasketSaysHowItEnded)
+{
+    start();
+    const auto exportBasket = [this] {
+        for (QAction* entry : m_window->basket()->table()->contextMenu()->actions()) {
+            if (entry->text() == QStringLiteral("导出数据"))
+                entry->trigger();
+        }
+    };
+    const QString path = userDir() + QStringLiteral("/out.csv");
+    TC::embedded::setSaveDialogAnswer(path);
+    exportBasket();
+    EXPECT_TRUE(messages().contains(QStringLiteral("已导出 0 行到 ") + path)) << messages().toStdString();
+    {
+        const test::SmallFiles disk(4);
+        exportBasket();
+    }
+    EXPECT_TRUE(messages().contains(QStringLiteral("导出失败，文件不完整或未写入：") + path))
+        << messages().toStdString();
+    TC::embedded::setSaveDialogAnswer(userDir() + QStringLiteral("/none/out.txt"));
+    exportBasket();
+    EXPECT_TRUE(
+        messages().contains(QStringLiteral("未写入：") + userDir() + QStringLiteral("/none/out.txt")));
+    TC::embedded::setSaveDialogAnswer(userDir() + QStringLiteral("/out.xls"));
+    exportBasket();
+    EXPECT_TRUE(messages().contains(QStringLiteral("未导出：文件名要以 .txt 或 .csv 结尾")))
+        << messages().toStdString();
+    const int told = messages().size();
+    TC::embedded::setSaveDialogAnswer(QString());
+    exportBasket();
+    EXPECT_EQ(messages().size(), told);
+}
+
+TEST_F(ClientSafety, LockOfAClientKilledBeforeItPutItsNameIntoItStopsNobody)
+{
+    write(TC::getConfigDir() + QStringLiteral("/client.lock"), QByteArray());
+    start();
+    EXPECT_FALSE(messages().contains(QStringLiteral("另一个客户端"))) << messages().toStdString();
 }
 
 TEST_F(ClientSafety, MarkupInNamesIsShownAsWritten)

@@ -89,7 +89,7 @@ protected:
         client.dock(kTicks)->setFloating();
         client.dock(kMessages)->closeDockWidget();
         client.settle();
-        ASSERT_EQ(client.docks->save(), QString());
+        ASSERT_EQ(client.docks->save().reason(), QString());
     }
 
     static bool isDefault(const Client& client)
@@ -239,7 +239,7 @@ TEST_F(DockArrangementTest, RestoreRightAfterARemovalIsSafe)
     Client client;
     client.dock(kMessages)->setFloating();
     client.docks->removePanel(kMessages);
-    EXPECT_EQ(client.docks->restore(), QString());
+    EXPECT_EQ(client.docks->restore().reason(), QString());
     client.settle();
     EXPECT_TRUE(client.dock(kTicks)->isInFloatingContainer());
 }
@@ -249,7 +249,7 @@ TEST_F(DockArrangementTest, SavedArrangementComesBackAtTheNextStart)
     saveOtherArrangement();
     Client client;
     EXPECT_TRUE(isDefault(client));
-    EXPECT_EQ(client.docks->restore(), QString());
+    EXPECT_EQ(client.docks->restore().reason(), QString());
     client.settle();
     EXPECT_TRUE(client.dock(kTicks)->isInFloatingContainer());
     EXPECT_TRUE(client.dock(kMessages)->isClosed());
@@ -264,11 +264,11 @@ TEST_F(DockArrangementTest, WindowComesBackAtItsPlaceAndSize)
         Client client;
         client.window.setGeometry(60, 50, 640, 480);
         client.settle();
-        ASSERT_EQ(client.docks->save(), QString());
+        ASSERT_EQ(client.docks->save().reason(), QString());
     }
     Client client;
     ASSERT_NE(client.window.size(), QSize(640, 480));
-    EXPECT_EQ(client.docks->restore(), QString());
+    EXPECT_EQ(client.docks->restore().reason(), QString());
     client.settle();
     EXPECT_EQ(client.window.geometry(), QRect(60, 50, 640, 480));
 }
@@ -283,7 +283,7 @@ TEST_F(DockArrangementTest, FileOfAClientThatKeptNoPlaceLeavesTheWindowWhereItIs
     write(path, QJsonDocument(root).toJson());
     Client client;
     const QRect before = client.window.geometry();
-    EXPECT_EQ(client.docks->restore(), QString());
+    EXPECT_EQ(client.docks->restore().reason(), QString());
     client.settle();
     EXPECT_EQ(client.window.geometry(), before);
     EXPECT_TRUE(client.dock(kTicks)->isInFloatingContainer());
@@ -294,15 +294,15 @@ TEST_F(DockArrangementTest, SavingTwiceGivesTheSameFile)
     saveOtherArrangement();
     const QByteArray first = contentOf(client::DockArrangement::filePath());
     Client client;
-    client.docks->restore();
+    EXPECT_TRUE(client.docks->restore().isGood());
     client.settle();
-    client.docks->save();
-    client.docks->save();
+    EXPECT_TRUE(client.docks->save().isGood());
+    EXPECT_TRUE(client.docks->save().isGood());
     const QByteArray second = contentOf(client::DockArrangement::filePath());
     Client again;
-    again.docks->restore();
+    EXPECT_TRUE(again.docks->restore().isGood());
     again.settle();
-    again.docks->save();
+    EXPECT_TRUE(again.docks->save().isGood());
     EXPECT_EQ(contentOf(client::DockArrangement::filePath()).size(), second.size());
     EXPECT_NE(first, "<none>");
 }
@@ -311,7 +311,7 @@ TEST_F(DockArrangementTest, FirstStartUsesTheDefaultWithoutAMessage)
 {
     Client client;
     client.dock(kTicks)->setFloating();
-    EXPECT_EQ(client.docks->restore(), QString());
+    EXPECT_EQ(client.docks->restore().reason(), QString());
     client.settle();
     EXPECT_TRUE(isDefault(client));
 }
@@ -326,7 +326,7 @@ TEST_F(DockArrangementTest, DamagedFileFallsBackToTheDefaultWithAMessageAndIsKep
     client.settle();
     write(path, sound.left(sound.size() / 2));
 
-    EXPECT_EQ(client.docks->restore(), QStringLiteral("面板布局文件已损坏，已使用默认布局。"));
+    EXPECT_EQ(client.docks->restore().reason(), QStringLiteral("面板布局文件已损坏，已使用默认布局。"));
     client.settle();
     EXPECT_TRUE(isDefault(client));
     EXPECT_FALSE(client.dock(kTicks)->isClosed());
@@ -345,7 +345,7 @@ TEST_F(DockArrangementTest, EveryFlippedByteIsNoticedOrHarmless)
         QByteArray damaged = sound;
         damaged[position] = static_cast<char>(damaged[position] ^ 0x15);
         write(path, damaged);
-        const QString message = client.docks->restore();
+        const QString message = client.docks->restore().reason();
         client.settle();
         EXPECT_TRUE(message.isEmpty() ? client.dock(kTicks)->isInFloatingContainer() : isDefault(client));
     }
@@ -355,7 +355,7 @@ TEST_F(DockArrangementTest, StateThatTheDockingSystemRefusesFallsBackToTheDefaul
 {
     {
         Client client;
-        client.docks->store(QStringLiteral("kept"));
+        EXPECT_TRUE(client.docks->store(QStringLiteral("kept")).isGood());
     }
     // A sound file around a state that is none: format and checksum are right.
     const QString path = client::DockArrangement::filePath();
@@ -366,7 +366,7 @@ TEST_F(DockArrangementTest, StateThatTheDockingSystemRefusesFallsBackToTheDefaul
     Client client;
     client.dock(kTicks)->closeDockWidget();
     client.settle();
-    EXPECT_EQ(client.docks->restore(), QStringLiteral("上次的面板布局无法恢复，已使用默认布局。"));
+    EXPECT_EQ(client.docks->restore().reason(), QStringLiteral("上次的面板布局无法恢复，已使用默认布局。"));
     client.settle();
     EXPECT_TRUE(isDefault(client));
     EXPECT_FALSE(client.dock(kTicks)->isClosed());
@@ -382,21 +382,22 @@ TEST_F(DockArrangementTest, ArrangementThatEndedTheProgramIsLeftOutAtTheNextStar
             Client client;
             QObject::connect(client.docks->manager(), &ads::CDockManager::restoringState,
                              [] { std::_Exit(7); });
-            client.docks->restore();
+            EXPECT_TRUE(client.docks->restore().isGood());
             return 0;
         },
         60);
     ASSERT_EQ(end.answer, 7);
     Client client;
     client.dock(kTicks)->setFloating();
-    EXPECT_EQ(client.docks->restore(), QStringLiteral("上次载入面板布局时程序中断，已使用默认布局。"));
+    EXPECT_EQ(client.docks->restore().reason(),
+              QStringLiteral("上次载入面板布局时程序中断，已使用默认布局。"));
     client.settle();
     EXPECT_TRUE(isDefault(client));
     EXPECT_NE(contentOf(client::DockArrangement::filePath() + QStringLiteral(".damaged")), "<none>");
-    EXPECT_EQ(client.docks->save(), QString());
+    EXPECT_EQ(client.docks->save().reason(), QString());
 
     Client third;
-    EXPECT_EQ(third.docks->restore(), QString()); // the default arrangement, which was saved
+    EXPECT_EQ(third.docks->restore().reason(), QString()); // the default arrangement, which was saved
 }
 
 TEST_F(DockArrangementTest, ArrangementThatWasSurvivedLeavesNoMark)
@@ -404,7 +405,7 @@ TEST_F(DockArrangementTest, ArrangementThatWasSurvivedLeavesNoMark)
     saveOtherArrangement();
     for (int start = 0; start < 2; ++start) {
         Client client;
-        EXPECT_EQ(client.docks->restore(), QString());
+        EXPECT_EQ(client.docks->restore().reason(), QString());
         client.settle();
         EXPECT_FALSE(QFile::exists(client::DockArrangement::filePath() + QStringLiteral(".loading")));
     }
@@ -415,13 +416,13 @@ TEST_F(DockArrangementTest, ClientBesideAnotherOneWritesNothing)
     saveOtherArrangement();
     const QByteArray before = contentOf(client::DockArrangement::filePath());
     Client client;
-    EXPECT_EQ(client.docks->restore(false), QString());
+    EXPECT_EQ(client.docks->restore(false).reason(), QString());
     client.settle();
     EXPECT_TRUE(client.dock(kTicks)->isInFloatingContainer());
     client.docks->applyDefault();
     client.settle();
-    EXPECT_EQ(client.docks->save(), QString());
-    EXPECT_FALSE(client.docks->store(QStringLiteral("mine")).isEmpty());
+    EXPECT_EQ(client.docks->save().reason(), QString());
+    EXPECT_FALSE(client.docks->store(QStringLiteral("mine")).isGood());
     EXPECT_EQ(contentOf(client::DockArrangement::filePath()), before);
 }
 
@@ -429,26 +430,26 @@ TEST_F(DockArrangementTest, FileReplacedByAFolderGivesMessages)
 {
     QDir().mkpath(client::DockArrangement::filePath() + QStringLiteral("/inner"));
     Client client;
-    EXPECT_FALSE(client.docks->restore().isEmpty());
+    EXPECT_FALSE(client.docks->restore().isGood());
     client.settle();
     EXPECT_TRUE(isDefault(client));
     // The folder was put aside as a damaged file is.
-    EXPECT_EQ(client.docks->save(), QString());
+    EXPECT_EQ(client.docks->save().reason(), QString());
 }
 
 TEST_F(DockArrangementTest, FileThatCannotBeWrittenGivesAMessageAndStays)
 {
     Client client;
     QDir().mkpath(client::DockArrangement::filePath() + QStringLiteral("/inner"));
-    EXPECT_TRUE(client.docks->save().startsWith(QStringLiteral("面板布局无法保存")));
+    EXPECT_TRUE(client.docks->save().reason().startsWith(QStringLiteral("面板布局无法保存")));
     EXPECT_TRUE(QDir(client::DockArrangement::filePath() + QStringLiteral("/inner")).exists());
 }
 
 TEST_F(DockArrangementTest, SavingLeavesNoOtherFile)
 {
     Client client;
-    client.docks->save();
-    client.docks->save();
+    EXPECT_TRUE(client.docks->save().isGood());
+    EXPECT_TRUE(client.docks->save().isGood());
     EXPECT_EQ(QDir(QFileInfo(client::DockArrangement::filePath()).path())
                   .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
               QStringList(QStringLiteral("dock-arrangement.json")));
@@ -458,21 +459,21 @@ TEST_F(DockArrangementTest, NamedArrangementsAreAppliedAndOutliveARestart)
 {
     {
         Client client;
-        EXPECT_EQ(client.docks->store(QStringLiteral("看盘")), QString());
+        EXPECT_EQ(client.docks->store(QStringLiteral("看盘")).reason(), QString());
         client.dock(kTicks)->closeDockWidget();
         client.settle();
-        EXPECT_EQ(client.docks->store(QStringLiteral("下单")), QString());
+        EXPECT_EQ(client.docks->store(QStringLiteral("下单")).reason(), QString());
     }
     Client client;
-    client.docks->restore();
+    EXPECT_TRUE(client.docks->restore().isGood());
     client.settle();
     EXPECT_EQ(client.docks->names().size(), 2);
     EXPECT_TRUE(client.dock(kTicks)->isClosed());
-    EXPECT_EQ(client.docks->apply(QStringLiteral("看盘")), QString());
+    EXPECT_EQ(client.docks->apply(QStringLiteral("看盘")).reason(), QString());
     client.settle();
     EXPECT_FALSE(client.dock(kTicks)->isClosed());
     EXPECT_TRUE(client.panel(kTicks)->isVisible());
-    EXPECT_EQ(client.docks->apply(QStringLiteral("下单")), QString());
+    EXPECT_EQ(client.docks->apply(QStringLiteral("下单")).reason(), QString());
     client.settle();
     EXPECT_TRUE(client.dock(kTicks)->isClosed());
 }
@@ -480,10 +481,10 @@ TEST_F(DockArrangementTest, NamedArrangementsAreAppliedAndOutliveARestart)
 TEST_F(DockArrangementTest, ForgottenArrangementIsGone)
 {
     Client client;
-    client.docks->store(QStringLiteral("a"));
-    EXPECT_EQ(client.docks->forget(QStringLiteral("a")), QString());
+    EXPECT_TRUE(client.docks->store(QStringLiteral("a")).isGood());
+    EXPECT_EQ(client.docks->forget(QStringLiteral("a")).reason(), QString());
     EXPECT_TRUE(client.docks->names().isEmpty());
-    EXPECT_EQ(client.docks->apply(QStringLiteral("a")), QStringLiteral("没有名为“a”的布局。"));
+    EXPECT_EQ(client.docks->apply(QStringLiteral("a")).reason(), QStringLiteral("没有名为“a”的布局。"));
 }
 
 TEST_F(DockArrangementTest, WindowMayDieBeforeOrAfterTheLoanEnds)

@@ -18,11 +18,16 @@
 #include <QTableWidget>
 #include <QTextBlock>
 #include <QTextLayout>
+#include <QTimer>
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <condition_variable>
 #include <ctime>
+#include <mutex>
+#include <thread>
 
 namespace {
 
@@ -40,12 +45,32 @@ protected:
     FormulaEditorTest()
     {
         setLive(kFile, "scripts");
+        open();
+    }
+
+    /// Another window, as after a restart.
+    void open()
+    {
         m_editor = std::make_unique<FormulaEditor>();
         m_editor->setConfirmation([this](const QString&) {
             ++m_questions;
             return m_answer;
         });
+        settle();
     }
+
+    /// Waits for what is said of the present text.
+    void settle() const
+    {
+        EXPECT_TRUE(QTest::qWaitFor([this] { return m_editor->isChecked(); }, 60'000));
+    }
+    void edit(const char* formula)
+    {
+        m_editor->edit(QString::fromUtf8(formula));
+        settle();
+    }
+    void setText(const char* formula) { text()->setPlainText(QString::fromUtf8(formula)); }
+    QString listed(int row) const { return part<QListWidget>("formulas")->item(row)->text(); }
 
     FormulaText* text() const { return m_editor->findChild<FormulaText*>(); }
     template <typename Widget>
@@ -119,13 +144,126 @@ TEST_F(FormulaEditorTest, FaultAtTheEndUnderlinesTheLastCharacter)
     EXPECT_EQ(underlined(0), QStringLiteral("+"));
 }
 
-TEST_F(FormulaEditorTest, FaultyTextCannotBeSaved)
+TEST_F(FormulaEditorTest, FaultyTextIsSavedAsADraftThatNobodyComputes)
 {
-    text()->setPlainText(QStringLiteral("LINE:CLOZE;"));
-    EXPECT_FALSE(m_editor->save().isGood()); // before the pause after the key press is over
-    EXPECT_FALSE(part<QPushButton>("save")->isEnabled());
+    m_editor->startNew();
+    part<QLineEdit>("name")->setText(QStringLiteral("IDEA"));
+    setText("PARAM N(5,1,9); LINE:CLOZE;");
+    EXPECT_EQ(m_editor->save().reason(), QString()); // before the pause after the key press is over
+    EXPECT_EQ(part<QPushButton>("save")->text(), QStringLiteral("存为草稿"));
+    EXPECT_EQ(m_questions, 0);
+    EXPECT_FALSE(m_editor->isWindowModified());
+    EXPECT_TRUE(file().contains("CLOZE"));
+    EXPECT_FALSE(isKnown("IDEA"));
+    EXPECT_EQ(TC::embedded::loadFormulas(), QStringList()) << "a draft is no damage";
+    EXPECT_TRUE(isKnown("MINE"));
+    open();
+    EXPECT_EQ(listed(2), QStringLiteral("IDEA（草稿）"));
+    edit("IDEA");
+    EXPECT_EQ(text()->toPlainText(), QStringLiteral("PARAM N(5,1,9); LINE:CLOZE;"));
+    EXPECT_EQ(part<QListWidget>("problems")->count(), 1);
+    setText("LINE:CLOSE;");
+    settle();
+    EXPECT_EQ(part<QPushButton>("save")->text(), QStringLiteral("保存"));
+    EXPECT_EQ(m_editor->save().reason(), QString());
+    EXPECT_EQ(listed(2), QStringLiteral("IDEA"));
+    EXPECT_TRUE(isKnown("IDEA"));
+    EXPECT_FALSE(file().contains("draft"));
+}
+
+TEST_F(FormulaEditorTest, AsksBeforeADraftTakesThePlaceOfAFormulaThatWorks)
+{
+    setText("LINE:CLOZE;");
+    m_answer = false;
+    EXPECT_FALSE(m_editor->save().isGood());
+    EXPECT_EQ(m_questions, 1);
     EXPECT_EQ(file(), kFile);
     EXPECT_TRUE(backups().isEmpty());
+    m_answer = true;
+    EXPECT_EQ(m_editor->save().reason(), QString());
+    EXPECT_FALSE(isKnown("我的线"));
+    setText("LINE:CLOZE+1;");
+    EXPECT_TRUE(m_editor->save().isGood()); // one draft in the place of another
+    EXPECT_EQ(m_questions, 2);
+}
+
+/// A look-up that holds the check until it is let go on.
+class Held
+{
+public:
+    engine::FormulaLookup lookup()
+    {
+        return [this](const std::string&) {
+            std::unique_lock<std::mutex> lock(m_mutex);
+            m_thread = std::this_thread::get_id();
+            m_change.wait(lock, [this] { return m_goesOn; });
+            return engine::FoundFormula();
+        };
+    }
+    void goOn()
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_goesOn = true;
+        m_change.notify_all();
+    }
+    std::thread::id thread()
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        return m_thread;
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_change;
+    std::thread::id m_thread;
+    bool m_goesOn = false;
+};
+
+TEST_F(FormulaEditorTest, WindowGoesOnWhileALongTextIsChecked)
+{
+    Held held;
+    m_editor->setFormulas([&](const QString&) { return held.lookup(); });
+    m_editor->show();
+    QString names;
+    for (int name = 0; name < 19'500; ++name)
+        names += QStringLiteral("N%1:=C;\n").arg(name);
+    text()->setPlainText(names + QStringLiteral("X:OTHER.A;"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return held.thread() != std::thread::id(); }, 60'000));
+    EXPECT_NE(held.thread(), std::this_thread::get_id());
+    int turns = 0;
+    QTimer clock;
+    QObject::connect(&clock, &QTimer::timeout, [&] { ++turns; });
+    clock.start(1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return turns > 20; }, 60'000)); // the check stands still meanwhile
+    EXPECT_FALSE(m_editor->isChecked());
+    text()->setPlainText(QStringLiteral("LINE:CLOZE;")); // what comes of the long text is stale from here on
+    held.goOn();
+    settle();
+    ASSERT_EQ(part<QListWidget>("problems")->count(), 1);
+    EXPECT_TRUE(part<QListWidget>("problems")->item(0)->text().startsWith(QStringLiteral("第 1 行第 6 列")));
+}
+
+TEST_F(FormulaEditorTest, ClosesWhileATextIsChecked)
+{
+    Held held;
+    m_editor->setFormulas([&](const QString&) { return held.lookup(); });
+    setText("X:OTHER.A;");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return held.thread() != std::thread::id(); }, 60'000));
+    std::thread later([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        held.goOn();
+    });
+    m_editor.reset();
+    later.join();
+    QTest::qWait(5); // an answer that came too late is shown nowhere
+}
+
+TEST_F(FormulaEditorTest, TextThatCallsItselfIsFaulty)
+{
+    setText("LINE:MINE.LINE+1;");
+    EXPECT_FALSE(m_editor->check());
+    setText("LINE:SHORTMA.MA5+1;");
+    EXPECT_TRUE(m_editor->check());
 }
 
 TEST_F(FormulaEditorTest, SaveMakesTheFormulaKnownAfterABackup)
@@ -157,7 +295,7 @@ TEST_F(FormulaEditorTest, ParameterIsMovedIntoItsRangeAndSaved)
 
 TEST_F(FormulaEditorTest, FormulaOnABaseKeepsItsTextAndTakesParameters)
 {
-    m_editor->edit(QStringLiteral("SHORTMA"));
+    edit("SHORTMA");
     EXPECT_TRUE(text()->isReadOnly());
     part<QTableWidget>("parameters")->item(1, 4)->setText(QStringLiteral("8"));
     EXPECT_EQ(m_editor->save().reason(), QString());
@@ -169,7 +307,7 @@ TEST_F(FormulaEditorTest, FormulaOnABaseKeepsItsTextAndTakesParameters)
 
 TEST_F(FormulaEditorTest, BuiltInFormulaIsEditedAsACopy)
 {
-    m_editor->edit(QStringLiteral("KDJ"));
+    edit("KDJ");
     EXPECT_EQ(name(), QStringLiteral("KDJ2"));
     EXPECT_EQ(m_editor->save().reason(), QString());
     EXPECT_TRUE(isKnown("KDJ2"));
@@ -179,6 +317,7 @@ TEST_F(FormulaEditorTest, BuiltInFormulaIsEditedAsACopy)
 TEST_F(FormulaEditorTest, CopyIsOpenedAndKnown)
 {
     m_editor->duplicateOpen();
+    settle();
     EXPECT_EQ(name(), QStringLiteral("MINE2"));
     EXPECT_TRUE(isKnown("MINE2"));
     EXPECT_FALSE(backups().isEmpty());
@@ -216,7 +355,7 @@ TEST_F(FormulaEditorTest, OpeningAFormulaIsNoChange)
 {
     m_editor->show();
     QTest::qWait(300); // colours and the pause after a change
-    m_editor->edit(QStringLiteral("SHORTMA"));
+    edit("SHORTMA");
     EXPECT_EQ(m_questions, 0);
     EXPECT_FALSE(m_editor->isWindowModified());
 }
@@ -242,19 +381,19 @@ TEST_F(FormulaEditorTest, PictureShowsTheFormulaOverTheBars)
     auto opened = chart::openBarsFile(QStringLiteral(SAMPLES_DIR "/bars/SH600030.csv"));
     ASSERT_TRUE(opened.isGood());
     m_editor->setBars(opened->instrument, opened->bars);
-    EXPECT_TRUE(preview->hasPicture());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return preview->hasPicture(); }));
     m_editor->show();
     const QImage before = preview->grab().toImage();
     text()->setPlainText(QStringLiteral("LINE:VOL;"));
     EXPECT_TRUE(m_editor->check());
-    EXPECT_NE(preview->grab().toImage(), before);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return preview->grab().toImage() != before; }));
 }
 
 TEST_F(FormulaEditorTest, AsksOnceWhetherADraftIsGivenUpHoweverTheFocusWanders)
 {
     m_editor->show();
     m_editor->activateWindow();
-    m_editor->edit(QStringLiteral("MA"));
+    edit("MA");
     m_answer = false;
     auto* formulas = part<QListWidget>("formulas");
     for (int round = 0; round < 3; ++round) {

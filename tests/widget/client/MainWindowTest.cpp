@@ -17,12 +17,18 @@
 #include "recovery/CRecoveryVersionManager.h"
 #include "stocklist/CParserStockExeclTable.h"
 #include "tests/support/Trace.h"
+#include "tests/widget/client/ClientWindow.h"
 #include "title/CIndexTitleWidget.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QAction>
+#include <QTimer>
+#include <QLineEdit>
+#include <QLabel>
+#include <QFileDialog>
 #include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -31,44 +37,48 @@
 #include <gtest/gtest.h>
 #include <qtadvanceddocking/DockWidgetTab.h>
 
-namespace {
+using test::ClientWindow;
+using test::sample;
 
-QString sample(const char* name)
+TEST_F(ClientWindow, ComparesWithTheIndexThatTheUserChoosesAndKeepsItForTheNextRun)
 {
-    return QStringLiteral(SAMPLES_DIR "/") + QString::fromLatin1(name);
+    const auto indexName = [&] { return m_window->findChild<QLabel*>(QStringLiteral("comparedIndex")); };
+    const auto trigger = [&](const QString& entry) {
+        for (QAction* action : m_window->findChildren<QAction*>()) {
+            if (action->text() == entry)
+                action->trigger();
+        }
+    };
+    openShare();
+    chart()->state()->show(100, 200);
+    EXPECT_FALSE(indexName()->isVisible());
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(sample("bars/SH000001.csv"));
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    trigger(QStringLiteral("对照指数…"));
+    EXPECT_EQ(indexName()->text(), QStringLiteral("对照指数：SH000001 上证指数"));
+    EXPECT_TRUE(indexName()->isVisible());
+    EXPECT_EQ(chart()->state()->first(), 100);
+    ASSERT_TRUE(chart()->state()->bars()->index);
+    EXPECT_EQ(chart()->state()->bars()->index->size(), 8709u);
+
+    EXPECT_FALSE(m_window->compareWith(QStringLiteral("none.csv")).isGood());
+    EXPECT_TRUE(chart()->state()->bars()->index) << "a file that cannot be opened changes nothing";
+
+    m_window->close();
+    m_window = std::make_unique<client::MainWindow>();
+    m_window->show();
+    QTest::qWait(20);
+    EXPECT_EQ(indexName()->text(), QStringLiteral("对照指数：SH000001 上证指数"));
+    openShare();
+    EXPECT_TRUE(chart()->state()->bars()->index);
+    trigger(QStringLiteral("取消对照指数"));
+    EXPECT_FALSE(indexName()->isVisible());
+    EXPECT_FALSE(chart()->state()->bars()->index);
 }
-
-class ClientWindow : public testing::Test
-{
-protected:
-    ClientWindow()
-    {
-        TC::embedded::setUserRootDir(m_folder.filePath(QStringLiteral("user")));
-        TC::embedded::setConfigDir(m_folder.filePath(QStringLiteral("config")));
-        utils::CSingletonT<TC::CRecoveryVersionManager>::release(); // it reads the folders when it is made
-        m_window = std::make_unique<client::MainWindow>();
-        m_window->show();
-        QTest::qWait(20); // the arrangement is restored once the window stands
-    }
-
-    /// Opens the bundled share and waits for the results of all panes.
-    void openShare()
-    {
-        ASSERT_TRUE(m_window->openBars(sample("bars/SH600030.csv")).isGood());
-        for (client::ChartPane* pane : panes())
-            ASSERT_TRUE(QTest::qWaitFor(
-                [&] { return pane->data()->getData().size() == pane->data()->getFormulaSize(); }));
-    }
-
-    client::ChartView* chart() { return m_window->chart(); }
-    const std::vector<client::ChartPane*>& panes() { return m_window->chart()->panes(); }
-    client::PlotWidget* plot(std::size_t pane) { return panes()[pane]->findChild<client::PlotWidget*>(); }
-
-    QTemporaryDir m_folder;
-    std::unique_ptr<client::MainWindow> m_window;
-};
-
-} // namespace
 
 TEST_F(ClientWindow, OpensBarsWithCandlesVolumeAndMacd)
 {

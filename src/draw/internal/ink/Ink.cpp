@@ -38,8 +38,9 @@ void Ink::setPen(const QColor& color)
     m_pen.reset();
     m_isPenChosen = true;
     m_isPenSent = false;
-    m_isThin = isOpaque(color);
-    m_word = Surface::word(color);
+    const QRgba64 paint = color.rgba64();
+    m_isThin = paint.isOpaque();
+    m_word = paint.toArgb32();
 }
 
 const QPen& Ink::pen()
@@ -95,6 +96,12 @@ void Ink::point(int x, int row)
         painter()->drawPoint(x, row);
 }
 
+bool Ink::isRun(const QRect& rect) const
+{
+    return isStored() && m_isHollow && rect.width() == 0 && rect.height() > 0
+        && m_surface->holds(rect.x(), rect.y(), rect.x(), rect.y() + rect.height());
+}
+
 void Ink::outline(const QRect& rect)
 {
     const int left = std::min(rect.x(), rect.x() + rect.width());
@@ -119,9 +126,23 @@ void Ink::outline(const QRect& rect)
     pixels.fill(right, top, right, bottom, m_word);
 }
 
+void Ink::ellipse(const QRect& rect)
+{
+    if (isStored() && m_isHollow) {
+        if (!m_stamp || !m_stamp->isOf(rect.size()))
+            m_stamp.emplace(rect.size(), pen());
+        if (m_stamp->fits(*m_surface, rect.topLeft())) {
+            m_stamp->store(surface(), rect.topLeft(), m_word);
+            return;
+        }
+    }
+    painter()->drawEllipse(rect);
+}
+
 void Ink::fill(const QRect& rect, const QColor& color)
 {
-    if (!m_surface || !isOpaque(color)) {
+    const QRgba64 paint = color.rgba64();
+    if (!m_surface || !paint.isOpaque()) {
         painter()->fillRect(rect, color);
         return;
     }
@@ -130,9 +151,9 @@ void Ink::fill(const QRect& rect, const QColor& color)
     const int y1 = std::min(rect.y(), rect.y() + rect.height());
     const int y2 = std::max(rect.y(), rect.y() + rect.height()) - 1;
     if (x1 == x2 && y1 <= y2)
-        m_runs->add(x1, y1, y2, Surface::word(color));
+        m_runs->add(x1, y1, y2, paint.toArgb32());
     else if (x1 <= x2 && y1 <= y2)
-        surface().fill(x1, y1, x2, y2, Surface::word(color));
+        surface().fill(x1, y1, x2, y2, paint.toArgb32());
 }
 
 } // namespace TC::detail

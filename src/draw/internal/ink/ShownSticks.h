@@ -4,8 +4,8 @@
 
 #include "data/internal/RecordViews.h"
 #include "draw/internal/BarLayout.h"
-#include "draw/internal/ink/Extremes.h"
 #include "draw/internal/ink/Fetch.h"
+#include "draw/internal/ink/Peaks.h"
 #include "draw/internal/ink/PixelColumns.h"
 
 #include <algorithm>
@@ -19,7 +19,7 @@ struct StandingValues
 {
     const std::vector<double>& values;
     const std::vector<double>& opens;
-    const std::vector<double>& closes; ///< with `opens`, what the visit reads besides
+    const std::vector<double>& closes;
     const ValueScale& scale;
     int lowestTop; ///< a stick whose top is no lower than this row reaches the base as one line
     bool hides;    ///< lines of one pixel, which hide what lies beneath
@@ -27,7 +27,21 @@ struct StandingValues
     std::size_t count() const { return std::min({ values.size(), opens.size(), closes.size() }); }
 };
 
-/// Finds the sticks of one pixel column that later ones leave in sight.
+/// What the ink of one stick is made from.
+struct StandingStick
+{
+    int bar;
+    double value, open, close;
+};
+
+/// Bars of one pixel column.
+struct ColumnBars
+{
+    int first = 0, end = 0;
+    std::vector<StandingStick> shown; ///< those that later ones leave in sight, the last one first
+};
+
+/// Finds the sticks of a pixel column that later ones leave in sight.
 class ShownInColumn
 {
 public:
@@ -37,33 +51,68 @@ public:
     {
     }
 
-    /// Bars of the column, the last one first. All numbers are read forward, a block at a time, and only
-    /// blocks that rise above what is painted behind them are looked at bar by bar.
-    void find(int first, int end, std::vector<int>& shown)
+    /// Few flags are read: every bar counts as valid until one that shows turns out not to be.
+    void find(ColumnBars& column)
     {
-        constexpr int block = 64; // bars
-        shown.clear();
-        m_blocks.clear();
-        m_covered = -1.0;
-        m_coveredRow = INT_MAX;
-        for (int bar = first; bar < end; bar += block)
-            m_blocks.push_back(extremesOf(m_sticks.values.data() + bar, m_flags + bar,
-                                          static_cast<std::size_t>(std::min(block, end - bar))));
-        for (std::size_t i = m_blocks.size(); i-- > 0;) {
-            if (m_blocks[i].lowest >= 0.0 && m_blocks[i].highest <= m_covered)
-                continue; // the bars without a number have no stick either
-            const int begin = first + static_cast<int>(i) * block;
-            for (int bar = std::min(begin + block, end) - 1; bar >= begin; --bar)
-                look(bar, shown);
+        find(column, false);
+        if (!readPrices(column.shown)) {
+            find(column, true);
+            readPrices(column.shown);
         }
     }
 
 private:
-    void look(int bar, std::vector<int>& shown)
+    bool isValid(int bar) const { return m_flags[static_cast<std::size_t>(bar)] != 0; }
+
+    /// Reads together what is scattered in memory, so that it is waited for once; answers whether all bars
+    /// are valid.
+    bool readPrices(std::vector<StandingStick>& sticks) const
     {
-        const auto place = static_cast<std::size_t>(bar);
-        const double value = m_sticks.values[place];
-        if ((value >= 0.0 && value <= m_covered) || m_flags[place] == 0 || isMissing(value))
+        bool areValid = true;
+        for (StandingStick& stick : sticks) {
+            const auto place = static_cast<std::size_t>(stick.bar);
+            stick.open = m_sticks.opens[place];
+            stick.close = m_sticks.closes[place];
+            areValid &= isValid(stick.bar);
+        }
+        return areValid;
+    }
+
+    /// All numbers are read forward, a block at a time, and only blocks that rise above what is painted
+    /// behind them are searched.
+    void find(ColumnBars& column, bool readsFlags)
+    {
+        constexpr int block = 64; // bars
+        column.shown.clear();
+        m_peaks.clear();
+        m_covered = -1.0;
+        m_coveredRow = INT_MAX;
+        const auto lengthFrom = [&](int bar) {
+            return static_cast<std::size_t>(std::min(block, column.end - bar));
+        };
+        for (int bar = column.first; bar < column.end; bar += block)
+            m_peaks.push_back(peakOf(&valueOf(bar), lengthFrom(bar)));
+        for (std::size_t i = m_peaks.size(); i-- > 0;) {
+            if (m_peaks[i] <= m_covered)
+                continue;
+            const int begin = column.first + static_cast<int>(i) * block;
+            for (std::size_t left = lengthFrom(begin), found = left;; left = found) {
+                found = lastOutside(&valueOf(begin), left, m_covered);
+                if (found == left)
+                    break;
+                const int bar = begin + static_cast<int>(found);
+                if (!readsFlags || isValid(bar))
+                    look(bar, column.shown);
+            }
+        }
+    }
+
+    const double& valueOf(int bar) const { return m_sticks.values[static_cast<std::size_t>(bar)]; }
+
+    void look(int bar, std::vector<StandingStick>& shown)
+    {
+        const double value = valueOf(bar);
+        if (isMissing(value))
             return;
         if (value > kTolerance) {
             const int row = m_sticks.scale.row(value);
@@ -74,7 +123,9 @@ private:
                 m_coveredRow = row;
             }
         }
-        shown.push_back(bar);
+        shown.push_back({ bar, value, 0.0, 0.0 });
+        const auto place = static_cast<std::size_t>(bar);
+        fetch(&m_flags[place]);
         fetch(&m_sticks.opens[place]);
         fetch(&m_sticks.closes[place]);
     }
@@ -83,10 +134,10 @@ private:
     const StandingValues& m_sticks;
     double m_covered = -1.0;    ///< values from zero up to this one are hidden
     int m_coveredRow = INT_MAX; ///< their highest row
-    std::vector<Extremes> m_blocks;
+    std::vector<double> m_peaks;
 };
 
-/// Visits valid bars in order; where sticks hide one another, those in sight only.
+/// Visits the sticks of valid bars in order; where sticks hide one another, those in sight only.
 template <class Visit>
 void forEachShownStick(const se::RPCFormulaResult& result, const BarWindow& bars, const BodyLayout& layout,
                        const StandingValues& sticks, Visit visit)
@@ -97,20 +148,20 @@ void forEachShownStick(const se::RPCFormulaResult& result, const BarWindow& bars
     const PixelColumns<BodyLayout> columns(layout, layout.slotWidth, INT_MAX, end);
     const double unit = sticks.scale.pixelsPerUnit;
     if (!sticks.hides || !columns.areDense() || !(unit > 0.0) || !std::isfinite(unit)) {
-        forEachValidBar(result, bars.first, bars.last, visit);
+        forEachValidBar(result, bars.first, end - 1, [&](int bar) {
+            const auto place = static_cast<std::size_t>(bar);
+            visit({ bar, sticks.values[place], sticks.opens[place], sticks.closes[place] });
+        });
         return;
     }
-    ShownInColumn column(result, sticks);
-    // Each column waits for the search of the next one: until then what it reads has been fetched.
-    std::vector<int> found, waiting;
-    for (int bar = std::max(bars.first, 0); bar < end;) {
-        const int next = columns.endOf(bar);
-        column.find(bar, next, found);
-        std::for_each(waiting.rbegin(), waiting.rend(), visit);
-        waiting.swap(found);
-        bar = next;
+    ShownInColumn search(result, sticks);
+    ColumnBars column;
+    for (int bar = std::max(bars.first, 0); bar < end; bar = column.end) {
+        column.first = bar;
+        column.end = columns.endOf(bar);
+        search.find(column);
+        std::for_each(column.shown.rbegin(), column.shown.rend(), visit);
     }
-    std::for_each(waiting.rbegin(), waiting.rend(), visit);
 }
 
 } // namespace TC::detail

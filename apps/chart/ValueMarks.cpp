@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include "apps/chart/ValueMarks.h"
+
+#include "apps/chart/PaneScale.h"
+#include "draw/CDrawStyle.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace chart {
+
+namespace {
+
+constexpr int kFewest = 3, kMost = 8; // labels
+constexpr int kClosest = 12;          // rows from one label to the next: digits reach up nine
+constexpr int kLeastHeight = 20;      // rows of an axis with marks
+constexpr double kExact = 1e-9;       // of a step: rounding of round values
+
+/// A distance between two marks: `factor` times a power of ten.
+struct Step
+{
+    double value = 0.0;
+    int decimals = 0; ///< that tell its multiples apart
+};
+
+Step stepOf(double factor, int power)
+{
+    const int own = factor == std::floor(factor) ? 0 : 1;
+    return { factor * std::pow(10.0, power), std::clamp(own - power, 0, 12) };
+}
+
+/// Steps of the factors from the coarsest that marks the range once to a hundredth of it.
+std::vector<Step> stepsFrom(std::initializer_list<double> factors, double extent)
+{
+    std::vector<Step> steps;
+    const int highest = static_cast<int>(std::floor(std::log10(extent)));
+    for (int power = highest; power > highest - 3; --power) {
+        for (auto factor = std::rbegin(factors); factor != std::rend(factors); ++factor)
+            steps.push_back(stepOf(*factor, power));
+    }
+    return steps;
+}
+
+/// An axis and what it can take.
+struct Axis
+{
+    const QPair<double, double>& range;
+    int height;
+    const PaneContent& pane;
+
+    double rowsOf(const Step& step) const { return step.value / (range.first - range.second) * height; }
+
+    bool canShow(const Step& step) const
+    {
+        if (!pane.showsPrices)
+            return true;
+        const double ticks = step.value / pane.priceTick;
+        return ticks > 1.0 - kExact && (ticks > 1e6 || std::abs(ticks - std::round(ticks)) < 1e-6);
+    }
+
+    std::vector<double> valuesOf(const Step& step) const
+    {
+        std::vector<double> values;
+        const double first = std::ceil(range.second / step.value),
+                     last = std::floor(range.first / step.value);
+        for (double n = first; n <= last && values.size() < 1000; n += 1.0)
+            values.push_back(n * step.value);
+        return values;
+    }
+
+    int labelsOf(const Step& step) const
+    {
+        const std::vector<double> values = valuesOf(step);
+        return static_cast<int>(std::count_if(values.begin(), values.end(), [&](double value) {
+            return hasLabelRoom(rowOf(value, range, height), height);
+        }));
+    }
+};
+
+/// The finest of the steps, which come coarsest first, that keeps the distance and makes no more labels than
+/// there may be.
+Step finest(const std::vector<Step>& steps, const Axis& axis, int spacing)
+{
+    Step best = steps.front();
+    for (const Step& step : steps) {
+        if (axis.rowsOf(step) < spacing * (1.0 - kExact) || !axis.canShow(step)
+            || axis.labelsOf(step) > kMost)
+            break;
+        best = step;
+    }
+    return best;
+}
+
+/// The coarsest step that makes enough labels, which may stand as close as their heights allow.
+Step sufficient(const std::vector<Step>& steps, const Axis& axis, const Step& otherwise)
+{
+    for (const Step& step : steps) {
+        if (axis.rowsOf(step) < kClosest)
+            break;
+        const int labels = axis.labelsOf(step);
+        if (labels >= kFewest && labels <= kMost && axis.canShow(step))
+            return step;
+    }
+    return otherwise;
+}
+
+QString textOf(double value, const PaneContent& pane, int decimals)
+{
+    constexpr int largeStyle = -2;
+    if (pane.showsPrices)
+        return TC::CDrawStyle::toStringByPrec(TC::CDrawStyle::priceTick2Precision(pane.priceTick), value,
+                                              0.0);
+    if (std::abs(value) >= 1e4)
+        return TC::CDrawStyle::toStringByPrec(largeStyle, value, 0.0);
+    return TC::CDrawStyle::toStringByPrec(decimals, value, 0.0);
+}
+
+} // namespace
+
+std::vector<AxisMark> valueMarks(const QPair<double, double>& range, int height, int spacing,
+                                 const PaneContent& pane)
+{
+    const double extent = range.first - range.second;
+    if (!(extent > 0.0) || !std::isfinite(extent) || height < kLeastHeight)
+        return {};
+    const Axis axis { range, height, pane };
+    Step step = finest(stepsFrom({ 1, 2, 5 }, extent), axis, spacing);
+    if (axis.labelsOf(step) < kFewest) {
+        step = sufficient(stepsFrom({ 1, 2, 5 }, extent), axis, step);
+        if (axis.labelsOf(step) < kFewest)
+            step = sufficient(stepsFrom({ 1, 1.5, 2, 2.5, 3, 4, 5, 6, 8 }, extent), axis, step);
+    }
+    std::vector<AxisMark> marks;
+    for (double value : axis.valuesOf(step))
+        marks.push_back({ value, textOf(value, pane, step.decimals) });
+    return marks;
+}
+
+QString valueText(double value, const PaneContent& pane, double step)
+{
+    const int decimals = step > 0.0 ? static_cast<int>(std::ceil(-std::log10(step) - kExact)) : 0;
+    return textOf(value, pane, std::clamp(decimals, 0, 8));
+}
+
+} // namespace chart

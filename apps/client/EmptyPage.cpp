@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include "apps/client/EmptyPage.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace client {
+
+EmptyPage::EmptyPage(const QString& heading, const QString& advice, const QString& button, QWidget* parent)
+    : QWidget(parent)
+{
+    auto* title = new QLabel(heading, this);
+    QFont large = title->font();
+    large.setPointSizeF(large.pointSizeF() > 0 ? large.pointSizeF() * 1.5 : 15);
+    title->setFont(large);
+    auto* text = new QLabel(advice, this);
+    text->setWordWrap(true);
+    auto* open = new QPushButton(button, this);
+    connect(open, &QPushButton::clicked, this, &EmptyPage::sigOpen);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(12);
+    layout->addStretch(2);
+    for (QLabel* label : { title, text }) {
+        label->setTextFormat(Qt::PlainText);
+        label->setAlignment(Qt::AlignCenter);
+        layout->addWidget(label);
+    }
+    layout->addWidget(open, 0, Qt::AlignHCenter);
+    layout->addStretch(3);
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);
+}
+
+} // namespace client

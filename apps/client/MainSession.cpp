@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+/// @file What the client's window keeps from one run to the next, and what it opens.
+
+#include "apps/client/MainWindow.h"
+#include "apps/client/chart/ChartView.h"
+#include "apps/client/chart/ParameterDialog.h"
+#include "apps/client/chart/TickView.h"
+#include "apps/client/lists/InstrumentList.h"
+#include "engine/language/Formula.h"
+#include "host/TC/CFormulaOperateManager.h"
+#include "host/TC/Instruments.h"
+#include "host/embedded/EmbeddedHost.h"
+#include "host/utils/CSingletonT.h"
+
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QMimeData>
+#include <QUrl>
+
+#include <algorithm>
+
+namespace client {
+
+namespace {
+
+const std::vector<QStringList>& usualPanes()
+{
+    static const std::vector<QStringList> panes = { { QStringLiteral("KLINE"), QStringLiteral("MA") },
+                                                    { QStringLiteral("VOL") },
+                                                    { QStringLiteral("MACD") } };
+    return panes;
+}
+
+QString firstFileOf(const QMimeData* data)
+{
+    const QList<QUrl> urls = data->urls();
+    return urls.isEmpty() ? QString() : urls.first().toLocalFile();
+}
+
+} // namespace
+
+void MainWindow::chooseSkin(const QString& nameOrPath)
+{
+    const QString failure = TC::embedded::loadSkin(nameOrPath);
+    if (failure.isEmpty())
+        m_skin = nameOrPath;
+    else
+        slotShowMessage(failure);
+}
+
+void MainWindow::takeChoices()
+{
+    if (!m_last.skin.isEmpty())
+        chooseSkin(m_last.skin);
+    for (const QStringList& formulas : m_last.panes.empty() ? usualPanes() : m_last.panes)
+        m_chart->addPane(formulas);
+}
+
+void MainWindow::reopen()
+{
+    if (!m_chart->state()->bars() && !m_last.bars.isEmpty() && openBars(m_last.bars).isGood()
+        && m_last.shown > 0) {
+        const int last = std::max(0, m_chart->state()->barTotal() - 1 - m_last.behind);
+        m_chart->state()->show(std::max(0, last - m_last.shown + 1), last);
+    }
+}
+
+void MainWindow::showParameters(const QString& formula)
+{
+    const auto recipe = TC::embedded::resolveFormula(formula);
+    if (!recipe || !recipe->formula)
+        return;
+    auto* dialog = new ParameterDialog(formula, recipe->formula->parameters(), recipe->parameters, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::accepted, this,
+            [this, dialog, formula] { setParameters(formula, dialog->values()); });
+    dialog->open();
+}
+
+void MainWindow::setParameters(const QString& formula, const QVector<double>& values)
+{
+    const auto recipe = TC::embedded::resolveFormula(formula);
+    const auto known = utils::CSingletonT<TC::CFormulaOperateManager>::instance()->getFormula(formula);
+    if (!recipe || recipe->base.isEmpty() || !known)
+        return;
+    TC::CFormulaDetail detail = *known;
+    detail.numberParams = values;
+    TC::embedded::setFormula(detail);
+    m_parameters[formula] = values;
+    followFormulas();
+}
+
+Session MainWindow::session() const
+{
+    const ChartState* state = m_chart->state();
+    Session now;
+    now.skin = m_skin;
+    now.bars = m_barsPath;
+    now.ticks = m_ticksPath;
+    now.shown = state->last() - state->first() + 1;
+    now.behind = std::max(0, state->barTotal() - 1 - state->last());
+    now.bookRule = m_ticks->followsBook();
+    for (ChartPane* pane : m_chart->panes())
+        now.panes.push_back(pane->data()->getFormulas());
+    now.parameters = m_parameters;
+    return now;
+}
+
+void MainWindow::nameInstrument()
+{
+    const ChartState::Instrument& instrument = m_chart->state()->instrument();
+    setWindowTitle(instrument ? QStringLiteral("%1 %2").arg(TC::getDetailQsName(instrument),
+                                                            TC::getDetailQsKey(instrument))
+                              : QString());
+}
+
+void MainWindow::chooseBars()
+{
+    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("打开K线"), QString(),
+                                                      QStringLiteral("CSV (*.csv)"));
+    if (!path.isEmpty())
+        static_cast<void>(openBars(path)); // a failure is shown
+}
+
+void MainWindow::chooseTicks()
+{
+    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("打开分笔"), QString(),
+                                                      QStringLiteral("CSV (*.csv)"));
+    if (!path.isEmpty())
+        static_cast<void>(openTicks(path));
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (firstFileOf(event->mimeData()).endsWith(QLatin1String(".csv"), Qt::CaseInsensitive))
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    static_cast<void>(openBars(firstFileOf(event->mimeData())));
+}
+
+} // namespace client

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "apps/client/session/Session.h"
+
+#include "apps/base/FileNames.h"
+#include "host/TC/Folders.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+
+namespace client {
+
+namespace {
+
+constexpr int kMostPanes = 50, kMostFormulas = 50;
+
+/// A file's name may be made of any bytes, a text of JSON may not.
+QJsonValue fromName(const QString& name)
+{
+    return QString::fromLatin1(base::bytesOfName(name).toPercentEncoding("/ "));
+}
+
+QString toName(const QJsonValue& value)
+{
+    return base::nameFromBytes(QByteArray::fromPercentEncoding(value.toString().toLatin1()));
+}
+
+QJsonArray packed(const std::vector<QStringList>& panes)
+{
+    QJsonArray all;
+    for (const QStringList& pane : panes)
+        all.append(QJsonArray::fromStringList(pane));
+    return all;
+}
+
+std::vector<QStringList> unpacked(const QJsonArray& all)
+{
+    std::vector<QStringList> panes;
+    for (const QJsonValue& value : all) {
+        QStringList pane;
+        const QJsonArray names = value.toArray();
+        for (const QJsonValue& name : names) {
+            if (name.isString() && pane.size() < kMostFormulas)
+                pane << name.toString();
+        }
+        if (panes.size() < kMostPanes)
+            panes.push_back(pane);
+    }
+    return panes;
+}
+
+} // namespace
+
+QByteArray Session::toJson() const
+{
+    QJsonObject numbers;
+    for (auto entry = parameters.begin(); entry != parameters.end(); ++entry) {
+        QJsonArray values;
+        for (double value : entry.value())
+            values.append(value);
+        numbers.insert(entry.key(), values);
+    }
+    return QJsonDocument(QJsonObject { { QStringLiteral("skin"), fromName(skin) },
+                                       { QStringLiteral("bars"), fromName(bars) },
+                                       { QStringLiteral("ticks"), fromName(ticks) },
+                                       { QStringLiteral("filter"), filter },
+                                       { QStringLiteral("shown"), shown },
+                                       { QStringLiteral("behind"), behind },
+                                       { QStringLiteral("bookRule"), bookRule },
+                                       { QStringLiteral("panes"), packed(panes) },
+                                       { QStringLiteral("parameters"), numbers } })
+        .toJson();
+}
+
+Session Session::fromJson(const QByteArray& json)
+{
+    const QJsonObject root = QJsonDocument::fromJson(json).object();
+    Session session;
+    session.skin = toName(root.value(QStringLiteral("skin")));
+    session.bars = toName(root.value(QStringLiteral("bars")));
+    session.ticks = toName(root.value(QStringLiteral("ticks")));
+    session.filter = root.value(QStringLiteral("filter")).toString();
+    session.shown = std::max(0, root.value(QStringLiteral("shown")).toInt());
+    session.behind = std::max(0, root.value(QStringLiteral("behind")).toInt());
+    session.bookRule = root.value(QStringLiteral("bookRule")).toBool();
+    session.panes = unpacked(root.value(QStringLiteral("panes")).toArray());
+    const QJsonObject numbers = root.value(QStringLiteral("parameters")).toObject();
+    for (auto entry = numbers.begin(); entry != numbers.end(); ++entry) {
+        const QJsonArray values = entry.value().toArray();
+        for (const QJsonValue& value : values)
+            session.parameters[entry.key()] << value.toDouble();
+    }
+    return session;
+}
+
+QString Session::path()
+{
+    return TC::getConfigDir() + QStringLiteral("/session.json");
+}
+
+} // namespace client

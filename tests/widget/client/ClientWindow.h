@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+/// @file The client's whole window, opened in a folder of its own, for tests that work it as users do.
+
+#include "apps/client/MainWindow.h"
+#include "apps/client/chart/ChartView.h"
+#include "apps/client/chart/PlotWidget.h"
+#include "host/embedded/EmbeddedHost.h"
+#include "host/utils/CSingletonT.h"
+#include "recovery/CRecoveryVersionManager.h"
+#include "tests/support/Trace.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QMouseEvent>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QWheelEvent>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace test {
+
+inline QString sample(const char* name)
+{
+    return QStringLiteral(SAMPLES_DIR "/") + QString::fromLatin1(name);
+}
+
+class ClientWindow : public testing::Test
+{
+protected:
+    ClientWindow()
+    {
+        TC::embedded::setUserRootDir(m_folder.filePath(QStringLiteral("user")));
+        TC::embedded::setConfigDir(m_folder.filePath(QStringLiteral("config")));
+        utils::CSingletonT<TC::CRecoveryVersionManager>::release(); // it reads the folders when it is made
+        m_window = std::make_unique<client::MainWindow>();
+        m_window->resize(1400, 860); // whatever the screen is
+        m_window->show();
+        QTest::qWait(20); // the arrangement is restored once the window stands
+    }
+
+    /// Opens the bundled share and waits for the results of all panes.
+    void openShare()
+    {
+        ASSERT_TRUE(m_window->openBars(sample("bars/SH600030.csv")).isGood());
+        for (client::ChartPane* pane : panes())
+            ASSERT_TRUE(QTest::qWaitFor(
+                [&] { return pane->data()->getData().size() == pane->data()->getFormulaSize(); }));
+    }
+
+    /// A bars file of the test's own.
+    QString barsFile(const char* name, const QByteArray& rows)
+    {
+        const QString path = m_folder.filePath(QString::fromLatin1(name));
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("date,open,high,low,close,volume\n" + rows);
+        return path;
+    }
+
+    client::ChartView* chart() { return m_window->chart(); }
+    const std::vector<client::ChartPane*>& panes() { return m_window->chart()->panes(); }
+    client::PlotWidget* plot(std::size_t pane) { return panes()[pane]->findChild<client::PlotWidget*>(); }
+
+    void moveTo(QWidget* widget, const QPoint& place)
+    {
+        QMouseEvent event(QEvent::MouseMove, place, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(widget, &event);
+    }
+    void turnWheel(QWidget* widget, const QPoint& place, int notches)
+    {
+        QWheelEvent event(place, widget->mapToGlobal(place), QPoint(), QPoint(0, 120 * notches), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(widget, &event);
+    }
+    /// Paints what is due in the widget's window.
+    static void paintNow(const QWidget* widget)
+    {
+        QApplication::processEvents();
+        QEvent due(QEvent::UpdateRequest);
+        QApplication::sendEvent(widget->window(), &due);
+    }
+    /// The texts that a widget paints.
+    static QStringList textsOf(QWidget* widget)
+    {
+        static const QRegularExpression text(QStringLiteral("^text [^\"]*\"(.*)\" #"));
+        QStringList texts;
+        const QStringList lines = traceOf([&](QPainter& painter) { widget->render(&painter); });
+        for (const QString& line : lines) {
+            const QRegularExpressionMatch match = text.match(line);
+            if (match.hasMatch())
+                texts << match.captured(1);
+        }
+        return texts;
+    }
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<client::MainWindow> m_window;
+};
+
+} // namespace test
