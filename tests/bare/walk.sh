@@ -47,7 +47,7 @@ give_sources() {
     [ "$2" = root ] || home=/home/$2
     git bundle create -q "$MACHINES/$1/sources.bundle" HEAD
     chmod 644 "$MACHINES/$1/sources.bundle"
-    on "$1" "$2" "mkdir -p '$(dirname "$FOLDER")' && git clone -q /sources.bundle '$FOLDER'"
+    on "$1" "$2" "mkdir -p '$(dirname "$FOLDER")' && git -c advice.detachedHead=false clone -q /sources.bundle '$FOLDER'"
 }
 
 # Whether a gallery was painted that stands there.
