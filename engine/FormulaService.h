@@ -23,6 +23,7 @@ class ENGINE_EXPORT FormulaService : public QObject
     Q_OBJECT
 
 public:
+    /// Starts the thread.
     explicit FormulaService(QObject* parent = nullptr);
     /// Cancels everything and waits for the thread; a computation under way ends at its next check.
     ~FormulaService() override;
@@ -43,6 +44,7 @@ public:
     int pending() const;
 
 Q_SIGNALS:
+    /// The request's records; shared, and nobody changes them any more.
     void computed(const QString& id, std::shared_ptr<const engine::FormulaRecords> records);
     /// There is no formula, or there are no bars to compute it over.
     void failed(const QString& id);

@@ -19,9 +19,9 @@ namespace engine {
 /// A formula that comes with the engine; its text stands in samples/formulas.
 struct BuiltInFormula
 {
-    std::string name;   ///< what the engine and traders know it by ("MACD")
-    std::string source; ///< its text, UTF-8
-    std::shared_ptr<const Formula> formula;
+    std::string name;                       ///< what the engine and traders know it by ("MACD")
+    std::string source;                     ///< its text, UTF-8
+    std::shared_ptr<const Formula> formula; ///< never null
 };
 
 /// Every built-in formula, in the order in which a menu lists them.

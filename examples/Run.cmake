@@ -13,14 +13,15 @@ endfunction()
 run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR} -B ${FOLDER}/build -G ${GENERATOR} -DCMAKE_BUILD_TYPE=
     -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER} -DCMAKE_PREFIX_PATH=${PREFIX})
 run(${CMAKE_COMMAND} --build ${FOLDER}/build --parallel 2)
+set(EXAMPLES first_picture pane page skin own_engine own_host tutorial)
 file(MAKE_DIRECTORY ${INTO})
-foreach(example first_picture pane page skin own_engine own_host)
+foreach(example IN LISTS EXAMPLES)
     run(${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen TZ=Asia/Shanghai LC_ALL=C.UTF-8
         INDICATORUI_HOME=${FOLDER}/home ${FOLDER}/build/bin/${example} ${BARS} ${INTO}/${example}.png)
 endforeach()
 
 # With EXPECTED: each picture is the one that stands there.
-foreach(example first_picture pane page skin own_engine own_host)
+foreach(example IN LISTS EXAMPLES)
     if(DEFINED EXPECTED)
         file(SHA256 ${INTO}/${example}.png made)
         file(SHA256 ${EXPECTED}/${example}.png expected)

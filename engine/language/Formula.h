@@ -22,9 +22,10 @@ struct Syntax;
 /// One number that a formula takes.
 struct Parameter
 {
-    std::string name;
-    double value = 0.0;          ///< default
-    double min = 0.0, max = 0.0; ///< both inclusive; other values are moved to the nearer end
+    std::string name;   ///< as the text writes it
+    double value = 0.0; ///< default
+    double min = 0.0;   ///< inclusive; smaller values are moved to it
+    double max = 0.0;   ///< inclusive; larger values are moved to it
 };
 
 /// Limits that keep a hostile text from taking memory or time.
@@ -32,9 +33,9 @@ struct FormulaLimits
 {
     static constexpr std::size_t kMaxBytes = 1 << 20; ///< of a text
     static constexpr int kMaxDepth = 200;             ///< parentheses, calls and signs inside one another
-    static constexpr int kMaxOutputs = 100;
-    static constexpr int kMaxParameters = 32;
-    static constexpr int kMaxSteps = 20'000; ///< operations and functions, equal ones counted again
+    static constexpr int kMaxOutputs = 100;           ///< of a formula
+    static constexpr int kMaxParameters = 32;         ///< of a formula
+    static constexpr int kMaxSteps = 20'000;          ///< operations and functions, equal ones counted again
     static constexpr std::size_t kMaxNumbers = 1 << 29; ///< bars times columns that stand at once: 4 GiB
 };
 
@@ -42,6 +43,7 @@ struct FormulaLimits
 class ENGINE_EXPORT Formula
 {
 public:
+    /// For the reader of texts; see readFormula.
     explicit Formula(language::Syntax&& syntax);
     ~Formula();
 
@@ -55,6 +57,7 @@ public:
     /// the answer when the text does not say.
     int kind() const;
 
+    /// For the computation.
     const language::Syntax& syntax() const { return *m_syntax; }
 
 private:
@@ -74,8 +77,9 @@ struct FormulaReading
 /// What stands behind a name by which one formula calls another.
 struct FoundFormula
 {
-    std::shared_ptr<const Formula> formula;
-    std::string chinese, english; ///< why there is none; empty when the name is simply not known
+    std::shared_ptr<const Formula> formula; ///< null: there is none
+    std::string chinese;                    ///< why there is none; empty when the name is simply not known
+    std::string english;                    ///< the same in English
 };
 
 /// Finds the formula of a name, in whatever case it is written.
@@ -89,12 +93,14 @@ ENGINE_EXPORT FormulaReading readFormula(std::string_view utf8, const FormulaLoo
 /// A word that the language knows, for completion, colouring and the reference.
 struct KnownWord
 {
+    /// What a word is.
     enum class Kind { BarValue, Function, Drawing, Attribute, Keyword };
 
-    Kind kind = Kind::Function;
-    std::string name;
-    std::string arguments;        ///< "X,N"; empty when there are none
-    std::string chinese, english; ///< one line each
+    Kind kind = Kind::Function; ///< what the word is
+    std::string name;           ///< as a formula writes it
+    std::string arguments;      ///< "X,N"; empty when there are none
+    std::string chinese;        ///< what it does, one line
+    std::string english;        ///< the same in English
 };
 
 /// Every word that the language knows.

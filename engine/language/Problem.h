@@ -10,7 +10,8 @@ namespace engine {
 /// A stretch of a text. Lines and columns count from 1; a column is a character (a code point), not a byte.
 struct Place
 {
-    int line = 1, column = 1;
+    int line = 1;           ///< of the first character
+    int column = 1;         ///< likewise
     int length = 0;         ///< in characters
     std::size_t offset = 0; ///< in bytes from the beginning of the text
 };
@@ -18,9 +19,10 @@ struct Place
 /// One fault of a formula's text, or one hint.
 struct Problem
 {
-    Place place;
-    std::string found;            ///< the offending text as written; empty at the end of the text
-    std::string chinese, english; ///< what was expected, one sentence each, without the place
+    Place place;         ///< where it stands
+    std::string found;   ///< the offending text as written; empty at the end of the text
+    std::string chinese; ///< what was expected, one sentence without the place
+    std::string english; ///< the same in English
 };
 
 } // namespace engine

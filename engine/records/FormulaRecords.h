@@ -10,8 +10,8 @@ namespace engine {
 /// The two records of one computed formula.
 struct FormulaRecords
 {
-    se::RPCFormulaMetaResult meta;
-    se::RPCFormulaResult result;
+    se::RPCFormulaMetaResult meta; ///< what the outputs are
+    se::RPCFormulaResult result;   ///< what was computed
 };
 
 } // namespace engine

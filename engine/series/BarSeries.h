@@ -17,7 +17,10 @@ struct BarSeries
     /// Start of the bar, milliseconds since 1970-01-01 UTC. Rises from bar to bar, but for an hour or a day
     /// that the local clock left out.
     std::vector<std::int64_t> timeMs;
-    std::vector<double> open, high, low, close;
+    std::vector<double> open;         ///< NaN where it is missing, as the next three
+    std::vector<double> high;         ///< highest price
+    std::vector<double> low;          ///< lowest price
+    std::vector<double> close;        ///< last price
     std::vector<double> volume;       ///< shares, or lots for futures
     std::vector<double> amount;       ///< turnover in yuan; empty when the source has none
     std::vector<double> openInterest; ///< lots; empty when the source has none
@@ -29,6 +32,7 @@ struct BarSeries
     /// of this series that begin at the same time. It may only grow as this series may.
     std::shared_ptr<const BarSeries> index;
 
+    /// Number of bars.
     std::size_t size() const { return timeMs.size(); }
 };
 

@@ -25,10 +25,12 @@ struct BookSide
 struct TickSeries
 {
     std::vector<std::int64_t> timeMs; ///< milliseconds since 1970-01-01 UTC
-    std::vector<double> price;
-    std::vector<double> volume; ///< in the unit of the source: shares, or lots
-    BookSide bid, ask;
+    std::vector<double> price;        ///< kMissingMarker where there is none
+    std::vector<double> volume;       ///< in the unit of the source: shares, or lots
+    BookSide bid;                     ///< the book around each trade: those who buy
+    BookSide ask;                     ///< those who sell
 
+    /// Number of trades.
     std::size_t size() const { return timeMs.size(); }
     /// Whether all five levels and their volumes are known.
     bool hasDepth() const { return !bid.volume[0].empty(); }

@@ -21,15 +21,15 @@ struct CAccountPosition
 /// Sums of the user's trades in an instrument. All zero: nothing was traded.
 struct CTradeSummary
 {
-    double totalBuyAmount = 0.0; ///< in yuan, as all amounts
-    double totalSellAmount = 0.0;
-    double netBuyAmount = 0.0;
-    double profitLoss = 0.0;
-    double balanceAmount = 0.0;
-    int buyVolume = 0;
-    int sellVolume = 0;
-    double buyAvgPrice = 0.0;
-    double sellAvgPrice = 0.0;
+    double totalBuyAmount = 0.0;  ///< in yuan, as all amounts
+    double totalSellAmount = 0.0; ///< of all sales
+    double netBuyAmount = 0.0;    ///< bought less sold
+    double profitLoss = 0.0;      ///< above 0: a profit
+    double balanceAmount = 0.0;   ///< as the trading side reports it
+    int buyVolume = 0;            ///< in the unit of the volume
+    int sellVolume = 0;           ///< likewise
+    double buyAvgPrice = 0.0;     ///< in the unit of the price
+    double sellAvgPrice = 0.0;    ///< likewise
 };
 
 /// Positions and sums of one instrument.
@@ -37,7 +37,7 @@ struct CPositionNumber
 {
     QList<CAccountPosition> accounts; ///< in the order in which accounts are shown; an account may have
                                       ///< several entries of different days
-    CTradeSummary summary;
+    CTradeSummary summary;            ///< over all accounts
 };
 
 /// Link to the client's trading side; reached through utils::CSingletonT<CLinkageManager>. GUI thread only.

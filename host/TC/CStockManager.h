@@ -21,6 +21,7 @@ namespace TC {
 class INDICATORHOST_EXPORT CStockManager
 {
 public:
+    /// An instrument that callers share; null: unknown.
     using Detail = std::shared_ptr<ttservice::CInstrumentDetail>;
 
     /// The instrument of a key ("SH600000") or of a bare code ("600000"). A code that several markets use

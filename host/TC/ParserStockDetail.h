@@ -21,7 +21,7 @@ public:
     std::shared_ptr<ttservice::CInstrumentDetail> instrument; ///< null: no stock was recognised
     double relativeWeight = 0.0;                              ///< share in the basket, any unit
     double absoluteWeight = 0.0;                              ///< fraction of 1
-    int shareCount = 0;
+    int shareCount = 0;                                       ///< as the source said
 
     /// What identifies the record: the instrument's market and code ("SH600000"), the same text as
     /// TC::getDetailQsKey; empty without an instrument.

@@ -19,6 +19,7 @@ class INDICATORHOST_EXPORT CBaseNormalTable : public IBaseTable
     Q_OBJECT
 
 public:
+    /// As for IBaseTable; `menu` says which entries the menus have at first.
     CBaseNormalTable(int tableId, QWidget* parent, QFlags<EBaseTableMenuFlag> menu);
     ~CBaseNormalTable() override;
 
@@ -32,6 +33,7 @@ public:
     bool columnVisible(int id) const override;
     void setColumnEditable(int id, bool editable) override;
     void setColumnEditor(int id, QWidget* editor) override;
+    /// Moves a column from one place to another; its id stays.
     void moveColumn(int fromIndex, int toIndex);
 
     void clearRows() override;
@@ -49,7 +51,9 @@ public:
     std::set<int> selectedRows() const override;
     void selectRows(const std::set<int>& rows) override;
 
+    /// Fixes the height of the header.
     void setHeaderHeight(int pixels);
+    /// Fixes the height of every row.
     void setRowHeight(int pixels);
     /// The menu of the cells; entries added to it stay.
     QMenu* contextMenu() const;
@@ -60,6 +64,7 @@ public:
     void uiResourceChanged() override;
 
 protected:
+    /// Sees every key first; the delete key sends event 58.
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

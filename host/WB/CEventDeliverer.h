@@ -15,6 +15,7 @@ namespace WB {
 class INDICATORHOST_EXPORT CEventDeliverer
 {
 public:
+    /// A link below `parent`; null: a chain of its own.
     explicit CEventDeliverer(CEventDeliverer* parent = nullptr);
     virtual ~CEventDeliverer();
     CEventDeliverer(const CEventDeliverer&) = delete;
@@ -29,6 +30,7 @@ public:
 
     /// The next link upward; null at the top.
     virtual CEventDeliverer* parentDeliverer() const { return m_parent; }
+    /// Hangs the link below another one; null takes it out.
     void setParentDeliverer(CEventDeliverer* parent);
 
 private:

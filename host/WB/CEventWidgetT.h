@@ -14,11 +14,13 @@ template <class Widget>
 class CEventWidgetT : public Widget, public CEventDeliverer
 {
 public:
+    /// A widget below `parent`, as every QWidget takes it.
     explicit CEventWidgetT(QWidget* parent = nullptr)
         : Widget(parent)
     {
     }
 
+    /// The link that was set, else the nearest parent widget that is one.
     CEventDeliverer* parentDeliverer() const override
     {
         if (CEventDeliverer* chosen = CEventDeliverer::parentDeliverer())

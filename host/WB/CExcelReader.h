@@ -21,12 +21,13 @@ namespace WB {
 ///
 /// Numbers come as plain text without a format: 1 for a cell shown as 000001, 0.25, no ".0" behind an
 /// integral number. Numbers shown as dates come as 2024-03-09, 2024-03-09 15:30:15 or 15:30:15, truths as
-/// TRUE and FALSE, errors as #N/A. Formula cells give their stored result, or nothing when none is stored.
+/// TRUE and FALSE, errors as `#N/A`. Formula cells give their stored result, or nothing when none is stored.
 class INDICATORHOST_EXPORT CExcelReader : public QObject
 {
     Q_OBJECT
 
 public:
+    /// A reader that is not ready yet; see init().
     explicit CExcelReader(QObject* parent = nullptr);
     ~CExcelReader() override;
 

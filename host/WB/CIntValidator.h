@@ -14,6 +14,7 @@ class INDICATORHOST_EXPORT CIntValidator : public QIntValidator
     Q_OBJECT
 
 public:
+    /// Limits, both included.
     CIntValidator(int bottom, int top, QObject* parent = nullptr);
 };
 

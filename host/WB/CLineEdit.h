@@ -14,6 +14,7 @@ class INDICATORHOST_EXPORT CLineEdit : public QLineEdit
     Q_OBJECT
 
 public:
+    /// An empty editor.
     explicit CLineEdit(QWidget* parent = nullptr);
 };
 

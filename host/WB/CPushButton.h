@@ -25,16 +25,21 @@ public:
     CPushButton(const QString& imageKey, int style, QWidget* parent);
     ~CPushButton() override;
 
+    /// Key of the picture in use.
     const QString& imageKey() const { return m_imageKey; }
     /// Changes the picture at run time.
     void setImageKey(const QString& imageKey);
 
+    /// That of the picture, where the button is nothing else.
     QSize sizeHint() const override;
     void uiResourceChanged() override;
 
 protected:
+    /// Paints the picture.
     void paintEvent(QPaintEvent* event) override;
+    /// Changes to the picture for the pointer.
     void enterEvent(QEvent* event) override;
+    /// Changes back.
     void leaveEvent(QEvent* event) override;
 
 private:

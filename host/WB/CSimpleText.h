@@ -22,12 +22,17 @@ public:
     CSimpleText() = default;
     /// `text` in the skin's colour and font of the given keys; null where the skin has none.
     CSimpleText(const QString& text, const QString& colorKey, const QString& fontKey);
+    /// Copies share the skin's colour and font.
     CSimpleText(const CSimpleText&) = default;
+    /// As the copy.
     CSimpleText& operator=(const CSimpleText&) = default;
     virtual ~CSimpleText();
 
+    /// What is painted.
     const QString& text() const { return m_text; }
+    /// The skin's; may be null.
     const QColor* color() const { return m_color; }
+    /// The skin's; may be null.
     const QFont* font() const { return m_font; }
 
     /// Advance width and line height of a text in pixels.
@@ -42,9 +47,9 @@ public:
                           bool underline, bool bold) const;
 
 protected:
-    QString m_text;
-    const QColor* m_color = nullptr;
-    const QFont* m_font = nullptr;
+    QString m_text;                  ///< what is painted
+    const QColor* m_color = nullptr; ///< the skin's
+    const QFont* m_font = nullptr;   ///< the skin's
 };
 
 } // namespace WB

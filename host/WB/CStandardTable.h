@@ -17,11 +17,13 @@ class INDICATORHOST_EXPORT CStandardTable : public CBaseNormalTable
 public:
     static constexpr int kAnyColumn = -1; ///< filter id: the text may stand in any filtered column
 
+    /// As for CBaseNormalTable.
     CStandardTable(int tableId, QWidget* parent, QFlags<EBaseTableMenuFlag> menu);
     ~CStandardTable() override;
 
     /// The text under a column in the status line; empty when there is none.
     void setStatText(int column, const QString& text);
+    /// The text that setStatText set; empty when there is none.
     QString statText(int column) const;
 
     /// Sets the filter text of a column, or of any column, and refilters; an empty text removes the filter.
@@ -35,6 +37,7 @@ public:
     /// Sets what the table is sorted by and refilters.
     void setSorting(int column, Qt::SortOrder order);
     int getSortColumnID() const; ///< -1: not sorted
+    /// Meaningless while nothing is sorted.
     Qt::SortOrder getSortOrder() const;
 
     /// Applies filters and sorting to the rows. By default rows hide whose shown texts lack a filter's text.

@@ -27,6 +27,7 @@ public:
 
     /// Registers an object that wants to hear of skin changes; see CUiResourceChangeHandler.
     void addChangeHandler(CUiResourceChangeHandler* handler);
+    /// Forgets a handler; one that is not registered is ignored.
     void removeChangeHandler(CUiResourceChangeHandler* handler);
 };
 

@@ -32,8 +32,11 @@ public:
     /// Whether the user may close the panel's dock tab; true by default.
     virtual bool isCloseEnable() const;
 
+    /// By which arrangements find the panel again.
     const QString& panelId() const { return m_panelId; }
+    /// Text of the dock tab.
     const QString& title() const { return m_title; }
+    /// As they were given.
     int dockOptions() const { return m_dockOptions; }
 
 private:

@@ -10,6 +10,7 @@
 
 namespace WB {
 
+/// Styles of the formatters, combined.
 using FormatNumberFlags = utils::CFlags<utils::EFormatNumberFlag>;
 
 /// Text of a number in fixed notation, independent of the locale; never "-0".

@@ -20,6 +20,7 @@ inline QFont skinFont(const QString& key, const QFont& fallback = QFont())
     const QFont* font = utils::CSingletonT<CUiResource>::instance()->getFont(key);
     return font ? *font : fallback;
 }
+/// The same by a key in Latin letters.
 inline QFont skinFont(const char* key, const QFont& fallback = QFont())
 {
     return skinFont(QString::fromLatin1(key), fallback);
@@ -30,6 +31,7 @@ inline const QPixmap* skinPicture(const QString& key)
 {
     return utils::CSingletonT<CUiResource>::instance()->getPixmap(key);
 }
+/// The same by a key in Latin letters.
 inline const QPixmap* skinPicture(const char* key)
 {
     return skinPicture(QString::fromLatin1(key));

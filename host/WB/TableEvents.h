@@ -17,7 +17,7 @@ enum ETableEvent {
 struct TableCellEdit
 {
     int column = -1; ///< column id
-    QString text;
+    QString text;    ///< what the user wrote
 };
 
 } // namespace WB

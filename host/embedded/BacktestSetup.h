@@ -12,6 +12,7 @@
 
 namespace TC::embedded {
 
+/// Takes the arguments of updateStrategyBacktestData.
 using BacktestReceiver =
     std::function<void(const QVector<QString>& ids, const QMap<QString, double>& figures)>;
 

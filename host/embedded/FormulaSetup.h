@@ -27,7 +27,7 @@ namespace TC::embedded {
 /// How a formula is computed: a text, or a built-in one, with parameters and colours of its own.
 struct FormulaRecipe
 {
-    std::shared_ptr<const engine::Formula> formula;
+    std::shared_ptr<const engine::Formula> formula; ///< never null
     QString base;               ///< name of the built-in formula; empty for a text of the user's own
     QVector<double> parameters; ///< in the formula's order; missing ones take their defaults
     QVector<QColor> colors;     ///< by output; an invalid colour leaves the formula's own
@@ -63,6 +63,7 @@ INDICATORHOST_EXPORT std::optional<FormulaRecipe> resolveFormula(const QString& 
 /// Puts a recipe's colours into the description of its outputs; surplus colours are ignored.
 INDICATORHOST_EXPORT void applyColors(const FormulaRecipe& recipe, se::RPCFormulaMetaResult& meta);
 
+/// Takes the arguments of se::loadConfig.
 using ReloadReceiver =
     std::function<void(const std::string& folder, const std::string& file, const std::string& section)>;
 

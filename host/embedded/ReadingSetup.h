@@ -34,7 +34,7 @@ enum class WorkbookOutcome {
 /// What came of reading one workbook.
 struct WorkbookReport
 {
-    WorkbookOutcome outcome = WorkbookOutcome::NotReady;
+    WorkbookOutcome outcome = WorkbookOutcome::NotReady; ///< how it ended
     /// Damage was found, or cells were left out for which a reason could not be told from damage.
     bool mayBeIncomplete = false;
     QString detail; ///< of the outcomes that say so, in the system's language; else empty

@@ -15,6 +15,7 @@ INDICATORHOST_EXPORT void setClientType(int type);
 /// the environment variable INDICATORUI_HOME with "config" and "user" below it where it is set, else the
 /// standard folder for application data.
 INDICATORHOST_EXPORT void setConfigDir(const QString& folder);
+/// Likewise for TC::getUserRootDir.
 INDICATORHOST_EXPORT void setUserRootDir(const QString& folder);
 
 } // namespace TC::embedded

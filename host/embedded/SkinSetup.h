@@ -35,7 +35,9 @@ INDICATORHOST_EXPORT void clearSkin();
 
 /// Sets one key; handlers of skin changes are told.
 INDICATORHOST_EXPORT void setColor(const QString& key, const QColor& color);
+/// The same for a font.
 INDICATORHOST_EXPORT void setFont(const QString& key, const QFont& font);
+/// The same for a picture.
 INDICATORHOST_EXPORT void setPixmap(const QString& key, const QPixmap& pixmap);
 
 /// Removes a key of any kind; handlers of skin changes are told.

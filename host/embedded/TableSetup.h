@@ -18,7 +18,9 @@ INDICATORHOST_EXPORT void clearSaveDialogAnswer();
 /// What a save dialog was asked to show.
 struct SaveDialogRequest
 {
-    QString title, folder, filter;
+    QString title;  ///< of the dialog
+    QString folder; ///< where it begins
+    QString filter; ///< as QFileDialog takes it
     QString answer; ///< the chosen path; empty when the user cancelled
 };
 

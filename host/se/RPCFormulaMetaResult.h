@@ -11,7 +11,7 @@ namespace se {
 /// shorter than `outputCount`: readers check the vector that they read.
 struct RPCFormulaMetaResult
 {
-    int outputCount = 0;
+    int outputCount = 0;                         ///< outputs that the formula has
     std::vector<std::string> outputNames;        ///< UTF-8
     std::vector<std::vector<int>> outputColumns; ///< result columns that the output is drawn from
     std::vector<int> drawType;                   ///< drawing method, 0 to 37 and 42

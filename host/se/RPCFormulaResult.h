@@ -19,10 +19,10 @@ struct RPCBarTime
 /// number series or a text series. Vectors may be of any length: readers check before they read.
 struct RPCFormulaResult
 {
-    std::vector<RPCBarTime> barTimes; ///< their number is the number of bars
-    std::vector<int> barValid;        ///< per bar; 0: the bar carries nothing
-    std::vector<int> columnSeries;    ///< per column: index into numberSeries or textSeries
-    std::vector<std::vector<double>> numberSeries;
+    std::vector<RPCBarTime> barTimes;                 ///< their number is the number of bars
+    std::vector<int> barValid;                        ///< per bar; 0: the bar carries nothing
+    std::vector<int> columnSeries;                    ///< per column: index into numberSeries or textSeries
+    std::vector<std::vector<double>> numberSeries;    ///< one number per bar; DBL_MAX or NaN: none
     std::vector<std::vector<double>> auxiliarySeries; ///< the engine's own
     std::vector<std::vector<std::string>> textSeries; ///< UTF-8
     std::vector<int> auxiliary;                       ///< the engine's own

@@ -10,6 +10,7 @@ namespace se {
 /// How an output is drawn (RPCFormulaMetaResult::drawType) and which columns it takes, in order.
 struct DrawType
 {
+    /// The codes.
     enum Code : int {
         Line = 0,           ///< value
         SegmentLine = 1,    ///< value; breaks where a value is missing
@@ -35,6 +36,7 @@ struct DrawType
 /// What a column holds (RPCFormulaResult::columnType). Numbers are every code below Flag, and Plain.
 struct ColumnType
 {
+    /// The codes.
     enum Code : int {
         Number = 0,  ///< exported with four decimals
         Integer = 1, ///< 2147483647 is a missing value
@@ -47,6 +49,7 @@ struct ColumnType
 /// What the legend says of an output (RPCFormulaMetaResult::valueKind).
 struct ValueKind
 {
+    /// The codes.
     enum Code : int {
         Number = 0,
         Integer = 1,
@@ -58,12 +61,14 @@ struct ValueKind
 /// Dashes of a line (RPCFormulaMetaResult::lineStyle).
 struct LineStyle
 {
+    /// The codes.
     enum Code : int { Solid = 0, Dot = 15, DashDot = 16, DashDotDot = 17 };
 };
 
 /// Where texts, numbers and icons stand (RPCFormulaMetaResult::position).
 struct Position
 {
+    /// The codes.
     enum Code : int {
         CentredOnPoint = 0,
         AtPoint = 1,

@@ -16,11 +16,11 @@ class INDICATORHOST_EXPORT CInstrumentDetail
 public:
     virtual ~CInstrumentDetail() = default;
 
-    std::string market; ///< "SH", "SZ", "BJ", "SF", ...
-    std::string code;   ///< without the market, leading zeros kept
-    std::string name;   ///< UTF-8
-    std::string kind;   ///< "stock", "index", "fund", "future"
-    double priceTick = 0.0;
+    std::string market;     ///< "SH", "SZ", "BJ", "SF", ...
+    std::string code;       ///< without the market, leading zeros kept
+    std::string name;       ///< UTF-8
+    std::string kind;       ///< "stock", "index", "fund", "future"
+    double priceTick = 0.0; ///< smallest price step; 0: unknown
 
     /// A numeric figure by id (3015 free-float market value, 3016 total market value, in yuan); 0.0 when
     /// the instrument has none.

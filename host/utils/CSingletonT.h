@@ -14,9 +14,9 @@ namespace utils {
 /// Where the one object of a class is kept.
 struct SingletonPlace
 {
-    std::atomic<void*> object { nullptr };
-    std::shared_ptr<void> owner;
-    std::mutex creation; ///< held while the object is made
+    std::atomic<void*> object { nullptr }; ///< null until it is made
+    std::shared_ptr<void> owner;           ///< destroys it
+    std::mutex creation;                   ///< held while the object is made
 };
 
 /// The place of a class, the same for every library of the process: the host library keeps it. Any thread;

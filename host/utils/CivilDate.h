@@ -10,14 +10,18 @@
 
 namespace utils {
 
+/// Without leap seconds.
 constexpr std::int64_t kSecondsPerDay = 86'400;
+/// Of 400 years, after which the calendar repeats.
 constexpr std::int64_t kDaysPerEra = 146'097;
 constexpr std::int64_t kDaysBefore1970 = 719'468; ///< from 0000-03-01
 
+/// A day of the proleptic Gregorian calendar.
 struct CivilDate
 {
-    std::int64_t year = 1970;
-    int month = 1, day = 1; ///< from 1
+    std::int64_t year = 1970; ///< may be negative
+    int month = 1;            ///< from 1
+    int day = 1;              ///< from 1
 };
 
 /// The quotient rounded down.

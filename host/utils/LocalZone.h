@@ -42,11 +42,13 @@ inline std::optional<std::tm> localParts(std::int64_t seconds)
     return parts;
 }
 
+/// The day of a broken-down time.
 inline CivilDate dateOf(const std::tm& parts)
 {
     return { std::int64_t { parts.tm_year } + 1900, parts.tm_mon + 1, parts.tm_mday };
 }
 
+/// Seconds since midnight.
 inline std::int64_t secondOfDay(int hour, int minute, int second)
 {
     return std::int64_t { hour } * 3'600 + std::int64_t { minute } * 60 + second;

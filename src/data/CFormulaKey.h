@@ -13,6 +13,7 @@ namespace TC {
 struct INDICATORUI_EXPORT CFormulaKey
 {
     CFormulaKey() = default;
+    /// A key of both names.
     CFormulaKey(const QString& instrument, const QString& formula)
         : instrumentKey(instrument)
         , formulaName(formula)
@@ -29,6 +30,7 @@ inline bool operator==(const CFormulaKey& a, const CFormulaKey& b)
     return a.instrumentKey == b.instrumentKey && a.formulaName == b.formulaName;
 }
 
+/// Either field differs.
 inline bool operator!=(const CFormulaKey& a, const CFormulaKey& b)
 {
     return !(a == b);

@@ -28,7 +28,9 @@ class INDICATORUI_EXPORT IndexBaseData : public QObject, public WB::CEventDelive
     Q_OBJECT
 
 public:
+    /// Results by formula instance.
     using DataMap = QMap<CFormulaKey, RPCFormulaResultCache>;
+    /// (maximum, minimum) by formula instance.
     using MaxMinMap = QMap<CFormulaKey, QPair<double, double>>;
 
     /// @param parent  next link of the event chain; may be null, not owned.
@@ -40,10 +42,12 @@ public:
     /// Copy of the (maximum, minimum) map, taken under the data lock. The lock is recursive: a thread that
     /// holds it may call this.
     MaxMinMap getMaxMinMap();
+    /// Whether any result is here.
     bool hasData() const { return !m_data.isEmpty(); }
 
     /// Names of the formulas in display order.
     QList<QString> getFormulas() { return m_formulas; }
+    /// Number of formulas in display order.
     int getFormulaSize() { return m_formulas.size(); }
 
     /// First formula that isMainGraph() accepts; empty when there is none.
@@ -64,6 +68,7 @@ public:
 
     /// Whether any formula of the pane is a group model, or a script indicator.
     bool hasGroupModelIndex();
+    /// Whether any formula of the pane is a script indicator.
     bool hasPythonIndex();
 
     // Results as comma-separated text (ResultText.cpp). Outputs of exactly one column are exported, whatever
@@ -93,12 +98,12 @@ protected:
     boost::recursive_mutex m_dataLock; ///< guards m_maxMinMap
     DataMap m_data;                    ///< filled by the derived class
     MaxMinMap m_maxMinMap;             ///< (maximum, minimum) of each instance; filled by the derived class
-    IndexBaseDataReq m_requests;
+    IndexBaseDataReq m_requests;       ///< outstanding and answered ones
     QVector<QPair<qint64, qint64>> m_spans; ///< for derived classes, as the next three
-    QVector<int> m_marks;
-    qint64 m_word = 0;
-    QList<QString> m_formulas; ///< names in display order
-    QList<QString> m_secondNames;
+    QVector<int> m_marks;                   ///< for derived classes
+    qint64 m_word = 0;                      ///< for derived classes
+    QList<QString> m_formulas;              ///< names in display order
+    QList<QString> m_secondNames;           ///< for derived classes
 };
 
 } // namespace TC

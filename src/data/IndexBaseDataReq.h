@@ -17,14 +17,18 @@ class INDICATORUI_EXPORT IndexBaseDataReq
 {
 public:
     IndexBaseDataReq() = default;
+    /// Copies every item.
     IndexBaseDataReq(const IndexBaseDataReq&) = default;
+    /// Replaces every item.
     IndexBaseDataReq& operator=(const IndexBaseDataReq&) = default;
     virtual ~IndexBaseDataReq() = default;
 
     /// Notes the request of a key; a known key keeps its place and takes the new identifier. Always true.
     bool add(const CFormulaKey& key, const QString& reqId);
 
+    /// Whether a request of the key is noted.
     bool findKey(const CFormulaKey& key) const;
+    /// Whether a request of the identifier is noted.
     bool findReq(const QString& reqId) const;
 
     /// Key of the first entry with the identifier. @return false, `key` untouched, when there is none.
@@ -41,12 +45,15 @@ public:
 
     /// Every identifier, in order.
     QVector<QString> reqIds() const;
+    /// Number of items.
     int count() const { return m_items.size(); }
+    /// Forgets every item.
     void clear() { m_items.clear(); }
 
     /// Entry at `index % count()`. An empty table answers the shared s_defItem, and so does a negative index;
     /// writing to that changes it for every table, so test count() first.
     IndexBaseDataReqItem& operator[](int index);
+    /// The same for reading.
     const IndexBaseDataReqItem& operator[](int index) const;
 
     static IndexBaseDataReqItem s_defItem; ///< answer where there is no entry: all texts empty

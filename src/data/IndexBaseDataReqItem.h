@@ -9,8 +9,8 @@ namespace TC {
 /// A formula instance and the identifier of its request.
 struct IndexBaseDataReqItem
 {
-    CFormulaKey key;
-    QString reqId; ///< as the formula engine issued it
+    CFormulaKey key; ///< of the formula that was asked for
+    QString reqId;   ///< as the formula engine issued it
 };
 
 } // namespace TC

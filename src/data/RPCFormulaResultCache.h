@@ -12,10 +12,10 @@ namespace TC {
 /// Latest result of one formula instance. A plain value: copies are deep.
 struct RPCFormulaResultCache
 {
-    se::RPCFormulaMetaResult meta;
-    se::RPCFormulaResult result;
-    std::uint64_t extra1 = 0; ///< carried for the host, bit for bit; the library never looks at it
-    std::uint64_t extra2 = 0; ///< as extra1
+    se::RPCFormulaMetaResult meta; ///< what the outputs are
+    se::RPCFormulaResult result;   ///< what was computed
+    std::uint64_t extra1 = 0;      ///< carried for the host, bit for bit; the library never looks at it
+    std::uint64_t extra2 = 0;      ///< as extra1
 };
 
 } // namespace TC

@@ -39,7 +39,9 @@ public:
     /// Calls release() when one was asked for.
     void testDoPendRelease();
 
+    /// Whether the panel is lent out.
     bool isAcquired() const { return m_acquired; }
+    /// What isCloseEnable() answers from now on.
     void setCloseEnable(bool enable) { m_closeEnable = enable; }
 
 private:

@@ -74,6 +74,7 @@ struct ValueScale
 
     /// Untruncated; NaN when the value has no row.
     double at(double value) const { return baseRow - (value - baseValue) * pixelsPerUnit; }
+    /// Pixel row of a value.
     int row(double value) const { return toPixel(at(value)); }
 
     /// Value of a row's upper edge: the inverse of at(). Infinite or NaN where every value has the same row.

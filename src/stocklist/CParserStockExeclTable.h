@@ -87,6 +87,7 @@ public:
     void setReadOnly(bool readOnly);
     /// Sets the weight rule without recalculating; absolute weights can be edited under type 4 alone.
     void setWeightType(int type);
+    /// The rule in use, 0 to 5.
     int getWeightType() const { return m_weightType; }
     /// While `importing`, edits of relative weights are swallowed.
     void setImportBool(bool importing) { m_importing = importing; }
@@ -110,11 +111,15 @@ Q_SIGNALS:
     void sigPasteTable(bool paste);
 
 public Q_SLOTS:
+    /// Asks for a file and writes the table into it as text.
     void slotExportData();
+    /// Copies the table as text.
     void slotCopyData();
 
 protected:
+    /// Makes columns and menu.
     void createUi();
+    /// Ctrl+V sends sigPasteTable; then the key goes to the base.
     void keyPressEvent(QKeyEvent* event) override;
 
     /// One row of text fields: appends at most one record.

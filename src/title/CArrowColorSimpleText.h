@@ -22,7 +22,9 @@ public:
     CArrowColorSimpleText();
     /// No pieces; the skin's font of the given key (none where the skin lacks it), no colour.
     explicit CArrowColorSimpleText(const QString& fontKey);
+    /// Copies the pieces.
     CArrowColorSimpleText(const CArrowColorSimpleText&) = default;
+    /// As the copy.
     CArrowColorSimpleText& operator=(const CArrowColorSimpleText&) = default;
     ~CArrowColorSimpleText() override;
 

@@ -61,30 +61,37 @@ public:
 
     /// Replaces the results; the strip is redrawn with the next updateView().
     void setIndexData(IndexBaseData* indexData);
+    /// Period whose name the heading shows.
     void setPeroid(EFormulaPeriod period);
+    /// Price adjustment whose name the heading shows.
     void setDrType(int drType);
     /// Bar whose values show; -1: the last one.
     void updateIndexId(int index);
+    /// The indicator shown alone; empty: all of them.
     void setShowIndex(const QString& name);
     /// Forgets the indicator shown alone if it is `name`; redraws in any case.
     void hideIndex(const QString& name);
     /// Back to the last bar, without redrawing.
     void clear();
 
+    /// The instrument of the heading and of the legends' prices; null: none.
     void setStock(std::shared_ptr<ttservice::CInstrumentDetail> stock);
     /// Drops the instrument, without redrawing.
     void clearStock();
     /// Replaces the overlaid instruments; the same list again does not redraw.
     void setAddStockList(QList<std::shared_ptr<ttservice::CInstrumentDetail>>& stocks);
+    /// Drops the overlaid instruments.
     void clearAddStockList();
     /// Stores the settings, without redrawing.
     void setRealtimeUiParam(boost::shared_ptr<CRealtimeUiParam> param);
 
     /// The close button; null for display type 0 and view type 3. It emits clicked().
     WB::CPushButton* closeButton() const { return m_closeBtn; }
+    /// Shows or hides the close button, where there is one.
     void setCloseBtnVisible(bool visible);
     /// Shows the close button in its highlighted or normal picture.
     void highlightTitleWidget(bool on);
+    /// Highlights the strip and its close button, or neither.
     void setShowTitleBg(bool on);
 
     /// Height of one row in pixels.
@@ -113,11 +120,17 @@ protected:
     /// Pixels that the content needs: one or two rows; -1 without data.
     int heightForContent();
 
+    /// Sends event 188.
     void mousePressEvent(QMouseEvent* event) override;
+    /// Sends event 213 where the strip's kind has one.
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    /// Starts waiting until the pointer has rested.
     void enterEvent(QEvent* event) override;
+    /// Two rows count again at most.
     void leaveEvent(QEvent* event) override;
+    /// Redraws the strip in its new size.
     void resizeEvent(QResizeEvent* event) override;
+    /// Shows the buffer.
     void paintEvent(QPaintEvent* event) override;
 
 private:
