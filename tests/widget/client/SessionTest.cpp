@@ -60,7 +60,7 @@ TEST_F(ClientWindow, WithoutAFileSaysWhatToDoAndShowsNoAxes)
             EXPECT_FALSE(plot->isVisibleTo(page));
     }
     EXPECT_EQ(m_window->statusBar()->currentMessage(), QStringLiteral("就绪"));
-    EXPECT_TRUE(chart()->hasFocus());
+    EXPECT_EQ(m_window->focusWidget(), chart());
     openShare();
     EXPECT_FALSE(chart()->findChild<client::EmptyPage*>()->isVisibleTo(chart()));
     EXPECT_TRUE(plot(0)->isVisible());
