@@ -2,6 +2,7 @@
 #include "apps/render/TextExport.h"
 
 #include "apps/base/WholeFile.h"
+#include "apps/chart/ExportText.h"
 #include "apps/chart/NamedFormula.h"
 
 #include <algorithm>
@@ -59,7 +60,7 @@ private:
                                     : m_library.getResultTxtStr(results.front(), metas.front(), m_withTime);
         if (!isFirst)
             text.erase(0, text.find('\n') + 1); // the names stand above the first stretch
-        return text;
+        return chart::withoutMissing(text);
     }
 
     const engine::BarSeries& m_bars;

@@ -16,6 +16,7 @@ using test::View;
 const QString kBasket = QStringLiteral("tradeBaskets");
 const QString kBasketTitle = QStringLiteral("篮子管理");
 const QString kMessages = QStringLiteral("messagePanel");
+const QString kMainWindow = QStringLiteral("client::MainWindow");
 const QByteArray kFormulas = R"({"formulas": [{"name": "MINE", "base": "MA", "parameters": [7]}]})";
 
 QByteArray contentOf(const QString& path)
@@ -114,7 +115,7 @@ TEST_F(ClientByMouse, FloatsAPanelThatIsDraggedOutByItsTab)
     start();
     const std::optional<Seen> docked = look().dock(QStringLiteral("indexMainPanel"));
     ASSERT_TRUE(docked);
-    EXPECT_EQ(docked->window, look().dock(QStringLiteral("transactionPanel"))->window);
+    EXPECT_EQ(docked->windowKind, kMainWindow);
     floatTheBasket();
     const View view = settled();
     picture(QStringLiteral("floating"));
@@ -154,7 +155,7 @@ TEST_F(ClientByMouse, DocksAFloatingPanelThatIsDroppedOnAMark)
     const std::optional<Seen> basket = view.dock(kBasket),
                               chart = view.dock(QStringLiteral("transactionPanel"));
     ASSERT_TRUE(basket && chart);
-    EXPECT_EQ(basket->window, chart->window);
+    EXPECT_EQ(basket->windowKind, kMainWindow);
     EXPECT_GT(basket->place.left(), chart->place.right());
     EXPECT_FALSE(view.rightmostDropMark());
 }

@@ -23,7 +23,8 @@ public:
     /// A run of painter coordinates, both rows included, `top` not below `bottom`.
     void add(int x, int top, int bottom, quint32 word)
     {
-        if (m_count > 0 && x == m_left + m_count - 1 && top <= lastBottom()) {
+        const qint64 next = qint64 { m_left } + m_count; // columns may stand at the limits of int
+        if (m_count > 0 && x == next - 1 && top <= lastBottom()) {
             if (bottom >= lastBottom()) {
                 addBehind(top, bottom, word);
                 return;
@@ -31,7 +32,7 @@ public:
             if (top >= m_steps.back().row && word == m_steps.back().word)
                 return; // nothing new
         }
-        if (m_count == kMost || (m_count > 0 && x != m_left + m_count))
+        if (m_count == kMost || (m_count > 0 && x != next))
             store();
         if (m_count == 0)
             m_left = x;
