@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 /// @file Formulas as texts, over a million bars. The cases "besidePlain" compute a formula, its records
-/// included, beside a loop written by hand (PlainFormulas.h), by turns in one run: counters "own" and "plain"
-/// are milliseconds of thread time, low quantiles, and "ratio" is what one takes of the other. "appendOneBar"
-/// times one more bar for every built-in formula, "appendToTen" one for ten formulas of four outputs,
-/// "readText" the reading of 2,000 statements.
+/// included, beside a loop written by hand (PlainFormulas.h), by turns in one run: counters "own", "lines"
+/// (the loop that leaves lines alone) and "same" (the loop that delivers what the engine does, with sums that
+/// do not drift) are milliseconds of thread time, low quantiles; "ratio" is what the engine takes of "same",
+/// "ofLines" of "lines". "changingWindow" compares windows of changing length with those of one length;
+/// "appendOneBar" times one more bar for every built-in formula, "appendToTen" one for ten formulas of four
+/// outputs, "readText" the reading of 2,000 statements.
 
 #include "bench/PlainFormulas.h"
 #include "bench/RandomWalk.h"
@@ -90,23 +92,24 @@ struct Contest
     const char* name;
     const char* text; ///< null: the built-in formula of the name
     bench::Lines (*plain)(const engine::BarSeries&);
+    bench::Lines (*exact)(const engine::BarSeries&); ///< with sums that do not drift
 };
 
 constexpr Contest kContests[] = {
-    { "MACD", nullptr, bench::plainMacd },
-    { "KDJ", nullptr, bench::plainKdj },
-    { "BOLL", nullptr, bench::plainBands },
-    { "MA", nullptr, bench::plainMeans },
-    { "SAR", nullptr, bench::plainSar },
-    { "DMI", nullptr, bench::plainDmi },
-    { "HHV", "X:HHV(HIGH,20);", bench::plainHighest },
+    { "MACD", nullptr, bench::plainMacd, bench::plainMacd },
+    { "KDJ", nullptr, bench::plainKdj, bench::plainKdj },
+    { "BOLL", nullptr, bench::plainBands, bench::plainBands },
+    { "MA", nullptr, bench::plainMeans, bench::exactMeans },
+    { "SAR", nullptr, bench::plainSar, bench::plainSar },
+    { "DMI", nullptr, bench::plainDmi, bench::exactDmi },
+    { "HHV", "X:HHV(HIGH,20);", bench::plainHighest, bench::plainHighest },
 };
 
 void besidePlain(benchmark::State& state, const Contest& contest)
 {
     const engine::BarSeries bars = walk(kBars);
     const auto formula = contest.text ? formulaOf(contest.text) : engine::findBuiltIn(contest.name)->formula;
-    Series own, plain;
+    Series own, plain, same;
     for (auto _ : state) {
         const double start = threadTime();
         FormulaEvaluation evaluation(formula, {}, FormulaEvaluation::Mode::Once);
@@ -115,13 +118,43 @@ void besidePlain(benchmark::State& state, const Contest& contest)
         const bench::Lines lines = contest.plain(bars);
         plain.push_back(threadTime() - computed);
         own.push_back(computed - start);
+        const double begun = threadTime();
+        const engine::FormulaRecords records = bench::sameWork(contest.exact, bars);
+        same.push_back(threadTime() - begun);
+        benchmark::DoNotOptimize(&records);
         if (own.size() == 1)
             compare(contest.name, evaluation.records(), lines);
         state.SetIterationTime(own.back() / 1e3);
     }
     state.counters["own"] = lowQuantile(own);
-    state.counters["plain"] = lowQuantile(plain);
-    state.counters["ratio"] = lowQuantile(own) / lowQuantile(plain);
+    state.counters["lines"] = lowQuantile(plain);
+    state.counters["same"] = lowQuantile(same);
+    state.counters["ofLines"] = lowQuantile(own) / lowQuantile(plain);
+    state.counters["ratio"] = lowQuantile(own) / lowQuantile(same);
+}
+
+/// Windows whose length changes from bar to bar, 1 to 39, beside one of 20, both without the computing of the
+/// lengths; "ratio" is what they take of it.
+void changingWindow(benchmark::State& state, const std::string& function)
+{
+    const engine::BarSeries bars = walk(kBars / 4);
+    const auto timed = [&](const std::string& window) {
+        const auto formula = formulaOf("N:MOD(BARPOS,39)+1;" + window);
+        const double start = threadTime();
+        FormulaEvaluation evaluation(formula, {}, FormulaEvaluation::Mode::Once);
+        evaluation.update(bars);
+        return threadTime() - start;
+    };
+    Series changing, fixed;
+    for (auto _ : state) {
+        const double lengths = timed("");
+        fixed.push_back(timed("X:" + function + "(CLOSE,20);") - lengths);
+        changing.push_back(timed("X:" + function + "(CLOSE,N);") - lengths);
+        state.SetIterationTime(changing.back() / 1e3);
+    }
+    state.counters["changing"] = lowQuantile(changing);
+    state.counters["fixed"] = lowQuantile(fixed);
+    state.counters["ratio"] = lowQuantile(changing) / lowQuantile(fixed);
 }
 
 /// Adds a bar like one of the first thousand.
@@ -188,6 +221,12 @@ int main(int argc, char** argv)
                                      contest)
             ->UseManualTime()
             ->Iterations(25)
+            ->Unit(benchmark::kMillisecond);
+    for (const char* function : { "HHV", "LLV", "SUM", "MA", "AVEDEV" })
+        benchmark::RegisterBenchmark((std::string("changingWindow/") + function).c_str(), changingWindow,
+                                     function)
+            ->UseManualTime()
+            ->Iterations(10)
             ->Unit(benchmark::kMillisecond);
     for (const engine::BuiltInFormula& builtIn : engine::builtInFormulas())
         benchmark::RegisterBenchmark(

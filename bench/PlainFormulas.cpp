@@ -58,8 +58,95 @@ Lines linesOf(std::size_t count, const engine::BarSeries& bars, double value)
     return lines;
 }
 
+/// A running sum that drifts.
+struct DriftingSum
+{
+    double sum = 0.0;
+
+    void add(double value) { sum += value; }
+    double total() const { return sum; }
+};
+
+/// A running sum with its rounding error, by the two-sum.
+struct ExactSum
+{
+    double sum = 0.0, error = 0.0;
+
+    void add(double value)
+    {
+        const double next = sum + value, part = next - sum;
+        error += (sum - (next - part)) + (value - part);
+        sum = next;
+    }
+    double total() const { return sum + error; }
+};
+
 using Highest = Best<std::greater<double>>;
 using Lowest = Best<std::less<double>>;
+
+template <class Sum>
+Lines means(const engine::BarSeries& bars)
+{
+    constexpr std::size_t lengths[] = { 5, 10, 20, 60 };
+    Lines lines = linesOf(4, bars, 0.0);
+    Sum sums[4];
+    for (std::size_t bar = 0; bar < bars.size(); ++bar) {
+        for (std::size_t line = 0; line < 4; ++line) {
+            sums[line].add(bars.close[bar]);
+            if (bar >= lengths[line])
+                sums[line].add(-bars.close[bar - lengths[line]]);
+            lines[line][bar] = bar + 1 < lengths[line]
+                ? kMissingMarker
+                : sums[line].total() / static_cast<double>(lengths[line]);
+        }
+    }
+    return lines;
+}
+
+template <class Sum>
+Lines directionalMovement(const engine::BarSeries& bars)
+{
+    constexpr std::size_t length = 14, smooth = 6;
+    const Series &high = bars.high, &low = bars.low, &close = bars.close;
+    Lines lines = linesOf(4, bars, kMissingMarker);
+    Series ranges(bars.size()), ups(bars.size()), downs(bars.size()), shares(bars.size());
+    Sum range, plus, minus, sum;
+    const auto slide = [](Sum& window, const Series& values, std::size_t bar, std::size_t count,
+                          std::size_t first) {
+        window.add(values[bar]);
+        if (bar >= first + count)
+            window.add(-values[bar - count]);
+    };
+    for (std::size_t bar = 0; bar < bars.size(); ++bar) {
+        ranges[bar] = high[bar] - low[bar];
+        if (bar > 0) {
+            ranges[bar] =
+                std::max(ranges[bar],
+                         std::max(std::abs(high[bar] - close[bar - 1]), std::abs(low[bar] - close[bar - 1])));
+            const double up = high[bar] - high[bar - 1], down = low[bar - 1] - low[bar];
+            ups[bar] = up > 0.0 && up > down ? up : 0.0;
+            downs[bar] = down > 0.0 && down > up ? down : 0.0;
+        }
+        slide(range, ranges, bar, length, 0);
+        slide(plus, ups, bar, length, 0);
+        slide(minus, downs, bar, length, 0);
+        if (bar == 0)
+            continue;
+        const double plusShare = plus.total() * 100.0 / range.total(),
+                     minusShare = minus.total() * 100.0 / range.total();
+        lines[0][bar] = plusShare;
+        lines[1][bar] = minusShare;
+        const double both = minusShare + plusShare;
+        shares[bar] = both > 0.0 ? std::abs(minusShare - plusShare) / both * 100.0 : 0.0;
+        slide(sum, shares, bar, smooth, 1);
+        if (bar < smooth)
+            continue;
+        lines[2][bar] = sum.total() / smooth;
+        if (bar >= 2 * smooth)
+            lines[3][bar] = (lines[2][bar] + lines[2][bar - smooth]) / 2.0;
+    }
+    return lines;
+}
 
 } // namespace
 
@@ -118,23 +205,6 @@ Lines plainBands(const engine::BarSeries& bars)
     return lines;
 }
 
-Lines plainMeans(const engine::BarSeries& bars)
-{
-    constexpr std::size_t lengths[] = { 5, 10, 20, 60 };
-    Lines lines = linesOf(4, bars, 0.0);
-    double sums[4] = {};
-    for (std::size_t bar = 0; bar < bars.size(); ++bar) {
-        for (std::size_t line = 0; line < 4; ++line) {
-            sums[line] += bars.close[bar];
-            if (bar >= lengths[line])
-                sums[line] -= bars.close[bar - lengths[line]];
-            lines[line][bar] =
-                bar + 1 < lengths[line] ? kMissingMarker : sums[line] / static_cast<double>(lengths[line]);
-        }
-    }
-    return lines;
-}
-
 Lines plainSar(const engine::BarSeries& bars)
 {
     constexpr std::size_t start = 4;
@@ -167,41 +237,24 @@ Lines plainSar(const engine::BarSeries& bars)
     return lines;
 }
 
+Lines plainMeans(const engine::BarSeries& bars)
+{
+    return means<DriftingSum>(bars);
+}
+
+Lines exactMeans(const engine::BarSeries& bars)
+{
+    return means<ExactSum>(bars);
+}
+
 Lines plainDmi(const engine::BarSeries& bars)
 {
-    constexpr std::size_t length = 14, smooth = 6;
-    const Series &high = bars.high, &low = bars.low, &close = bars.close;
-    Lines lines = linesOf(4, bars, kMissingMarker);
-    Series ranges(bars.size()), ups(bars.size()), downs(bars.size()), shares(bars.size());
-    double range = 0.0, plus = 0.0, minus = 0.0, sum = 0.0;
-    for (std::size_t bar = 0; bar < bars.size(); ++bar) {
-        ranges[bar] = high[bar] - low[bar];
-        if (bar > 0) {
-            ranges[bar] =
-                std::max(ranges[bar],
-                         std::max(std::abs(high[bar] - close[bar - 1]), std::abs(low[bar] - close[bar - 1])));
-            const double up = high[bar] - high[bar - 1], down = low[bar - 1] - low[bar];
-            ups[bar] = up > 0.0 && up > down ? up : 0.0;
-            downs[bar] = down > 0.0 && down > up ? down : 0.0;
-        }
-        range += ranges[bar] - (bar >= length ? ranges[bar - length] : 0.0);
-        plus += ups[bar] - (bar >= length ? ups[bar - length] : 0.0);
-        minus += downs[bar] - (bar >= length ? downs[bar - length] : 0.0);
-        if (bar == 0)
-            continue;
-        const double plusShare = plus * 100.0 / range, minusShare = minus * 100.0 / range;
-        lines[0][bar] = plusShare;
-        lines[1][bar] = minusShare;
-        const double both = minusShare + plusShare;
-        shares[bar] = both > 0.0 ? std::abs(minusShare - plusShare) / both * 100.0 : 0.0;
-        sum += shares[bar] - (bar > smooth ? shares[bar - smooth] : 0.0);
-        if (bar < smooth)
-            continue;
-        lines[2][bar] = sum / smooth;
-        if (bar >= 2 * smooth)
-            lines[3][bar] = (lines[2][bar] + lines[2][bar - smooth]) / 2.0;
-    }
-    return lines;
+    return directionalMovement<DriftingSum>(bars);
+}
+
+Lines exactDmi(const engine::BarSeries& bars)
+{
+    return directionalMovement<ExactSum>(bars);
 }
 
 Lines plainHighest(const engine::BarSeries& bars)
@@ -211,6 +264,28 @@ Lines plainHighest(const engine::BarSeries& bars)
     for (std::size_t bar = 0; bar < bars.size(); ++bar)
         lines[0][bar] = highest.at(bar);
     return lines;
+}
+
+engine::FormulaRecords sameWork(Lines (*lines)(const engine::BarSeries&), const engine::BarSeries& bars)
+{
+    engine::FormulaRecords records;
+    se::RPCFormulaResult& result = records.result;
+    result.barTimes.resize(bars.size());
+    result.barValid.assign(bars.size(), 1);
+    for (std::size_t bar = 0; bar < bars.size(); ++bar) {
+        result.barTimes[bar].msecs = bars.timeMs[bar];
+        if (!std::isfinite(bars.close[bar]))
+            result.barValid[bar] = std::isfinite(bars.open[bar]) || std::isfinite(bars.high[bar])
+                || std::isfinite(bars.low[bar]);
+    }
+    result.numberSeries = lines(bars);
+    for (Series& line : result.numberSeries) {
+        for (double& value : line) {
+            if (!std::isfinite(value))
+                value = kMissingMarker;
+        }
+    }
+    return records;
 }
 
 } // namespace bench

@@ -137,19 +137,40 @@ private:
         for (std::size_t step = 0; step < m_plan.steps.size(); ++step) {
             if (work.cancelled())
                 return false;
-            if (!m_plan.steps[step].isConstant)
+            const Step& planned = m_plan.steps[step];
+            if (planned.isConstant || planned.isSecond)
+                continue;
+            if (planned.second == kNoStep)
                 run(static_cast<StepId>(step), work);
+            else
+                runBoth(static_cast<StepId>(step), planned.second, work);
         }
         return !work.cancelled();
+    }
+
+    void readOperands(StepId id, std::vector<Operand>& operands) const
+    {
+        operands.clear();
+        for (const StepId argument : m_plan.steps[static_cast<std::size_t>(id)].arguments)
+            operands.push_back(m_columns->operand(argument));
+    }
+
+    void runBoth(StepId first, StepId second, const Work& work)
+    {
+        const Result result = m_columns->makeRoom(first, work.from, work.count);
+        const Result secondResult = m_columns->makeRoom(second, work.from, work.count);
+        readOperands(first, m_operands);
+        readOperands(second, m_secondOperands); // the first one's result may be among them
+        m_kernels[static_cast<std::size_t>(first)]->computeBoth(m_operands.data(), result,
+                                                                *m_kernels[static_cast<std::size_t>(second)],
+                                                                m_secondOperands.data(), secondResult, work);
     }
 
     void run(StepId id, const Work& asked)
     {
         const Step& step = m_plan.steps[static_cast<std::size_t>(id)];
         const auto less = [&](std::size_t bar) { return bar - std::min(bar, step.lookAhead); };
-        m_operands.clear();
-        for (const StepId argument : step.arguments)
-            m_operands.push_back(m_columns->operand(argument));
+        readOperands(id, m_operands);
         const Work work { asked.bars, less(asked.from), less(asked.keep), asked.count, asked.cancelledFlag };
         const Result result = m_columns->makeRoom(id, asked.from, asked.count);
         m_kernels[static_cast<std::size_t>(id)]->compute(m_operands.data(), work, result);
@@ -229,8 +250,9 @@ private:
     const bool m_isWhole; ///< values depend on later bars, so that every step needs all of them
     const std::vector<StepId> m_lastReader;
     std::optional<Columns> m_columns;
-    std::vector<KernelPointer> m_kernels; ///< by step; null for numbers
-    std::vector<Operand> m_operands;      ///< of the step that is run
+    std::vector<KernelPointer> m_kernels;  ///< by step; null for numbers
+    std::vector<Operand> m_operands;       ///< of the step that is run
+    std::vector<Operand> m_secondOperands; ///< of the one that is run with it
     std::optional<OutputRecords> m_records;
     bool m_hasAmount = false, m_hasOpenInterest = false;
     std::size_t m_known = 0; ///< bars of the last update that was completed

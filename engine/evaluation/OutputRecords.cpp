@@ -33,6 +33,17 @@ std::string decimalText(double value, int decimals)
     return text;
 }
 
+/// Whether a column has a price on every one of the bars [from, to).
+bool hasAllPrices(const std::vector<double>& prices, std::size_t from, std::size_t to)
+{
+    if (to > prices.size())
+        return false;
+    std::size_t missing = 0; // counted, so that several bars are looked at at once
+    for (std::size_t bar = from; bar < to; ++bar)
+        missing += isMissing(valueOrMissing(prices[bar]));
+    return missing == 0;
+}
+
 /// The name that the records give to an output.
 /// @param index  position among the outputs of the text.
 std::string recordName(const Output& output, std::size_t index, const std::vector<double>& parameters)
@@ -230,17 +241,20 @@ void OutputRecords::fill(const BarSeries& bars, std::size_t from, std::size_t to
 void OutputRecords::fillBars(const BarSeries& bars, std::size_t from, std::size_t to)
 {
     se::RPCFormulaResult& result = m_records.result;
-    const auto hasPrice = [](const std::vector<double>& prices, std::size_t bar) {
-        return bar < prices.size() && !isMissing(valueOrMissing(prices[bar]));
-    };
     reserveFor(result.barTimes, to - m_first, m_expected);
     reserveFor(result.barValid, to - m_first, m_expected);
     result.barTimes.resize(to - m_first);
-    result.barValid.resize(to - m_first);
     se::RPCBarTime* const times = result.barTimes.data() + (from - m_first);
-    int* const valid = result.barValid.data() + (from - m_first);
     for (std::size_t bar = from; bar < to; ++bar)
         times[bar - from].msecs = bars.timeMs[bar];
+    result.barValid.resize(from - m_first);
+    result.barValid.resize(to - m_first, 1);
+    if (hasAllPrices(bars.close, from, to))
+        return;
+    const auto hasPrice = [](const std::vector<double>& prices, std::size_t bar) {
+        return bar < prices.size() && !isMissing(valueOrMissing(prices[bar]));
+    };
+    int* const valid = result.barValid.data() + (from - m_first);
     for (std::size_t bar = from; bar < to; ++bar)
         valid[bar - from] = hasPrice(bars.close, bar) || hasPrice(bars.open, bar) || hasPrice(bars.high, bar)
             || hasPrice(bars.low, bar);

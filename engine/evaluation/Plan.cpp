@@ -58,10 +58,37 @@ public:
                 reach = std::max(reach, reachOf(step));
             }
         }
+        if (!m_plan.looksAhead())
+            pairChains();
         return std::move(m_plan);
     }
 
 private:
+    /// Finds every chain a second one of its function whose arguments stand by then, or are its results.
+    void pairChains()
+    {
+        std::map<const Function*, StepId> alone;
+        for (std::size_t id = 0; id < m_plan.steps.size(); ++id) {
+            Step& step = m_plan.steps[id];
+            if (step.isConstant || !step.function->isChain)
+                continue;
+            const auto [first, isFirst] = alone.emplace(step.function, static_cast<StepId>(id));
+            if (isFirst)
+                continue;
+            const StepId firstId = first->second;
+            const bool isReady =
+                std::all_of(step.arguments.begin(), step.arguments.end(),
+                            [&](StepId argument) { return argument <= firstId || at(argument).isConstant; });
+            if (isReady) {
+                m_plan.steps[static_cast<std::size_t>(firstId)].second = static_cast<StepId>(id);
+                step.isSecond = true;
+                alone.erase(first);
+            } else {
+                first->second = static_cast<StepId>(id);
+            }
+        }
+    }
+
     std::vector<bool> neededNodes() const
     {
         std::vector<bool> isNeeded(m_syntax.nodes.size());

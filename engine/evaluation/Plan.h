@@ -11,6 +11,8 @@ namespace engine::language {
 
 using StepId = int;
 
+constexpr StepId kNoStep = -1;
+
 /// One column to compute, or a number.
 struct Step
 {
@@ -20,6 +22,8 @@ struct Step
     std::vector<StepId> arguments;      ///< earlier steps
     std::size_t lookAhead = 0;          ///< bars behind a bar that its value depends on, at most kEndless
     std::size_t reach = 0;              ///< bars before a bar that later steps still read there, likewise
+    StepId second = kNoStep; ///< a later step of the same chain function, to be run together with this one
+    bool isSecond = false;   ///< it is another one's second
 };
 
 constexpr std::size_t kEndless = SIZE_MAX / 2;

@@ -190,6 +190,7 @@ std::vector<Function> averageFunctions()
             .takes("X,N", "sc")
             .window(1)
             .reachesBack(0)
+            .chain()
             .runs<Recurrence<ExponentialStep>>(),
         FunctionRow("EXPMEMA", "以前 N 个值的平均起算的指数平均",
                     "as EMA, starting with the mean of the first N values")
@@ -211,10 +212,12 @@ std::vector<Function> averageFunctions()
             .takes("X,N,M", "scc")
             .window(1)
             .reachesBack(0)
+            .chain()
             .runs<Recurrence<SmoothedStep>>(),
         FunctionRow("DMA", "动态移动平均，权重 A", "moving average of weight A, 0 to 1")
             .takes("X,A", "ss")
             .reachesBack(0)
+            .chain()
             .runs<Recurrence<DynamicStep>>(),
     };
 }

@@ -68,10 +68,18 @@ public:
     }
 };
 
+/// Whether both are there. Like all operations below without a branch, so that the compiler can work on
+/// several bars at once.
+bool areThere(double a, double b)
+{
+    return !std::isunordered(a, b);
+}
+
 /// 1 or 0; missing when one of two numbers is.
 double logical(double a, double b, bool holds)
 {
-    return !isMissing(a) && !isMissing(b) ? static_cast<double>(holds) : kMissing;
+    const double truth = holds ? 1.0 : 0.0;
+    return areThere(a, b) ? truth : kMissing;
 }
 
 struct Add
@@ -120,11 +128,11 @@ struct NotEqual
 };
 struct And
 {
-    double operator()(double a, double b) const { return logical(a, b, a != 0.0 && b != 0.0); }
+    double operator()(double a, double b) const { return logical(a, b, (a != 0.0) & (b != 0.0)); }
 };
 struct Or
 {
-    double operator()(double a, double b) const { return logical(a, b, a != 0.0 || b != 0.0); }
+    double operator()(double a, double b) const { return logical(a, b, (a != 0.0) | (b != 0.0)); }
 };
 struct Not
 {
@@ -134,9 +142,8 @@ struct If
 {
     double operator()(double condition, double then, double otherwise) const
     {
-        if (isMissing(condition))
-            return kMissing;
-        return condition != 0.0 ? then : otherwise;
+        const double chosen = condition != 0.0 ? then : otherwise;
+        return !isMissing(condition) ? chosen : kMissing;
     }
 };
 struct IfNot
@@ -158,14 +165,16 @@ struct Max
 {
     double operator()(double a, double b) const
     {
-        return !isMissing(a) && !isMissing(b) ? std::max(a, b) : kMissing;
+        const double greater = a < b ? b : a;
+        return areThere(a, b) ? greater : kMissing;
     }
 };
 struct Min
 {
     double operator()(double a, double b) const
     {
-        return !isMissing(a) && !isMissing(b) ? std::min(a, b) : kMissing;
+        const double lesser = b < a ? b : a;
+        return areThere(a, b) ? lesser : kMissing;
     }
 };
 struct Abs

@@ -14,6 +14,8 @@
 ///     static State later(const State& earlier, double value);
 ///     static State earlier(double value, const State& later);
 ///
+/// A fold that does so may also fold a block from both ends at once (see SumFold::foldBoth).
+///
 /// `bar` is the last bar of the window. A value is never taken out of a state again, so that nothing drifts
 /// or cancels and a huge value leaves no trace behind its window.
 
@@ -64,6 +66,23 @@ struct SumFold
     static State later(const State& before, double value) { return CompensatedSum::with(before, value); }
     static State earlier(double value, const State& behind) { return CompensatedSum::sumOf(value, behind); }
     static double answer(const State& window, double, std::size_t) { return window.total(); }
+
+    /// The sums of a block from its beginning up to each value, and from each value up to its end; forwards
+    /// and backwards at once, in the two lanes of a vector.
+    static void foldBoth(const double* values, std::size_t count, State* heads, State* tails)
+    {
+        using Lanes = double __attribute__((vector_size(2 * sizeof(double))));
+        Lanes before {}, error {};
+        for (std::size_t index = 0, behind = count; behind-- > 0; ++index) {
+            const Lanes value { values[index], values[behind] };
+            const Lanes sum = before + value;
+            const Lanes part = sum - before;
+            error += (before - (sum - part)) + (value - part);
+            before = sum;
+            heads[index] = { sum[0], error[0] };
+            tails[behind] = { sum[1], error[1] };
+        }
+    }
 };
 
 struct MeanFold : SumFold
@@ -116,7 +135,11 @@ struct ExtremeValueFold
     {
         return { IsBetter()(before.value, value) ? before.value : value };
     }
-    static State earlier(double value, const State& behind) { return merged({ value }, behind); }
+    static State earlier(double value, const State& behind)
+    {
+        const bool isWorse = IsBetter()(behind.value, value) || behind.value == value;
+        return { isWorse ? behind.value : value };
+    }
 
     static double answer(const State& window, double, std::size_t) { return window.value; }
 };

@@ -53,6 +53,7 @@ struct Function
     bool isOperator = false;
     bool isLogical = false;     ///< the value is 1 or 0
     bool isElementwise = false; ///< a bar of the result depends on nothing but that bar of the arguments
+    bool isChain = false;       ///< a bar waits for the result of the one before, see Kernel::computeBoth
     /// The argument that says how many bars later a value is read; nothing where no later bar counts.
     std::optional<std::size_t> lookAheadArgument;
     /// How many bars before a bar the bars of the arguments still count for it, besides what the kernel
@@ -125,6 +126,12 @@ public:
     {
         m_row.isElementwise = true;
         return reachesBack(0);
+    }
+
+    FunctionRow& chain()
+    {
+        m_row.isChain = true;
+        return *this;
     }
 
     FunctionRow& looksAheadBy(std::size_t argument)

@@ -70,6 +70,15 @@ public:
 
     /// Fills result[from] to result[count - 1]; what was there before is not read.
     virtual void compute(const Operand* arguments, const Work& work, Result result) = 0;
+
+    /// As compute() of this one and then of a kernel of the same function, which may read this one's result;
+    /// for functions that Function::isChain marks.
+    virtual void computeBoth(const Operand* arguments, Result result, Kernel& second,
+                             const Operand* secondArguments, Result secondResult, const Work& work)
+    {
+        compute(arguments, work, result);
+        second.compute(secondArguments, work, secondResult);
+    }
 };
 
 using KernelPointer = std::unique_ptr<Kernel>;

@@ -2,6 +2,7 @@
 #pragma once
 /// @file States of stretches of bars.
 
+#include <algorithm>
 #include <cstddef>
 #include <vector>
 
@@ -41,10 +42,9 @@ public:
     {
         State state {};
         while (begin < end) {
-            std::size_t level = 0;
-            while ((begin >> level) % 2 == 0 && begin + (std::size_t(2) << level) <= end)
-                ++level;
-            state = Fold::merged(state, m_levels[level][begin >> level]);
+            const int fitting = highestBit(end - begin);
+            const int level = begin == 0 ? fitting : std::min(fitting, __builtin_ctzll(begin));
+            state = Fold::merged(state, m_levels[static_cast<std::size_t>(level)][begin >> level]);
             begin += std::size_t(1) << level;
         }
         return state;
@@ -71,6 +71,9 @@ public:
     }
 
 private:
+    /// @param number  not 0.
+    static int highestBit(std::size_t number) { return 63 - __builtin_clzll(number); }
+
     std::vector<std::vector<State>> m_levels;
 };
 

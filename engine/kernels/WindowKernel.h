@@ -83,6 +83,17 @@ private:
         return false;
     }
 
+    template <class F, class = decltype(&F::foldBoth)>
+    static constexpr bool foldsBothEnds(int)
+    {
+        return true;
+    }
+    template <class F>
+    static constexpr bool foldsBothEnds(long)
+    {
+        return false;
+    }
+
     static double answer(const State& window, std::size_t length, std::size_t bar)
     {
         return valueOrMissing(Fold::answer(window, static_cast<double>(length), bar));
@@ -108,7 +119,6 @@ private:
         m_present = from == 0 ? 0 : m_keptPresent;
         m_foldedBars = std::min(m_foldedBars, from - from % length);
         m_firstTail = from == 0 ? 0 : m_firstTail;
-        m_tails.resize(m_foldedBars - m_firstTail);
     }
 
     void computeRun(const Operand& asked, std::size_t length, std::size_t begin, std::size_t end,
@@ -117,8 +127,8 @@ private:
         const Operand values = asked.isConstant ? repeated(asked[0], std::min(begin, length), begin) : asked;
         const bool isClear = kTakesGaps || !hasGap(values.from(begin), end - begin);
         const std::size_t firstThere = begin - m_present; // if there is no gap
-        foldHeads(values, length, begin, end, isClear);
-        foldTails(values, length, begin, end, isClear ? firstThere : end);
+        makeRoomForTails(length, begin, end);
+        foldBlocks(values, length, begin, end, isClear ? firstThere : end);
         if (!isClear) {
             answerGaps(values, length, begin, end, result);
             return;
@@ -169,56 +179,83 @@ private:
         return gaps > 0;
     }
 
-    /// The states of the bars from the beginning of a block up to each of a run.
-    void foldHeads(const Operand& values, std::size_t length, std::size_t begin, std::size_t end,
-                   bool isClear)
+    /// Room for the tails of the blocks that end with a run; those that no window reads again go.
+    void makeRoomForTails(std::size_t length, std::size_t begin, std::size_t end)
     {
         m_heads.resize(kRun);
-        State head = m_head;
-        State* heads = m_heads.data();
-        std::size_t inBlock = begin % length;
-        for (std::size_t bar = begin; bar < end; inBlock = 0) {
-            if (inBlock == 0)
-                head = State {};
-            const double* const in = values.from(bar);
-            const std::size_t count = std::min(end - bar, length - inBlock);
-            for (std::size_t index = 0; index < count; ++index) {
-                head = isClear ? later(head, in[index], bar + index)
-                               : Fold::merged(head, stateOf(in[index], bar + index));
-                heads[index] = head;
-            }
-            heads += count;
-            bar += count;
-        }
-        m_head = head;
-    }
-
-    /// The states from each bar up to the end of its block, for the blocks that end with a run; none for the
-    /// first bar of a block, as a window that begins there is a head.
-    /// @param firstThere  from here on every value is there.
-    void foldTails(const Operand& values, std::size_t length, std::size_t begin, std::size_t end,
-                   std::size_t firstThere)
-    {
         const std::size_t oldest = begin - std::min(begin, length);
         if (oldest > m_firstTail + length + kRun && !m_isBehindKept) {
-            m_tails.erase(m_tails.begin(),
-                          m_tails.begin() + static_cast<std::ptrdiff_t>(oldest - m_firstTail));
+            const auto at = [&](std::size_t bar) {
+                return m_tails.begin() + static_cast<std::ptrdiff_t>(bar - m_firstTail);
+            };
+            if (oldest < m_foldedBars)
+                std::copy(at(oldest), at(m_foldedBars), m_tails.begin());
             m_firstTail = oldest;
         }
-        if (end - m_foldedBars >= length)
-            m_tails.resize(end - end % length - m_firstTail);
-        for (; end - m_foldedBars >= length; m_foldedBars += length) {
-            State* const tails = m_tails.data() + (m_foldedBars - m_firstTail);
-            const double* const in = values.from(m_foldedBars);
-            const bool isClear = m_foldedBars >= firstThere;
-            State tail {};
-            for (std::size_t index = length; --index > 0;) {
-                const std::size_t bar = m_foldedBars + index;
-                tail = isClear ? earlier(in[index], bar, tail) : Fold::merged(stateOf(in[index], bar), tail);
-                tails[index] = tail;
+        const std::size_t needed = end - std::min(end, m_firstTail + end % length);
+        if (m_tails.size() < needed)
+            m_tails.resize(needed + std::min(needed, kRun));
+    }
+
+    /// The states of a run's bars from the beginning of their blocks on, and for the blocks that end with the
+    /// run those from each bar up to the end.
+    /// @param firstThere  from here on every value is there.
+    void foldBlocks(const Operand& values, std::size_t length, std::size_t begin, std::size_t end,
+                    std::size_t firstThere)
+    {
+        std::size_t inBlock = begin % length;
+        for (std::size_t bar = begin; bar < end; inBlock = 0) {
+            const std::size_t count = std::min(end - bar, length - inBlock);
+            State* const heads = m_heads.data() + (bar - begin);
+            const bool isClear = begin >= firstThere;
+            if (isClear && count == length) {
+                foldWholeBlock(values.from(bar), bar, length, heads);
+            } else {
+                foldHeads(values.from(bar), bar, count, inBlock == 0 ? State {} : m_head, heads, isClear);
+                if (inBlock + count == length)
+                    foldTails(values.from(m_foldedBars), length, m_foldedBars >= firstThere);
             }
-            tails[0] = State {};
+            m_head = heads[count - 1];
+            bar += count;
         }
+    }
+
+    /// A block that lies in a run without gaps.
+    void foldWholeBlock(const double* in, std::size_t bar, std::size_t length, State* heads)
+    {
+        if constexpr (foldsBothEnds<Fold>(0)) {
+            State* const tails = m_tails.data() + (bar - m_firstTail);
+            Fold::foldBoth(in, length, heads, tails);
+            tails[0] = State {}; // a window that begins here is a head
+            m_foldedBars += length;
+        } else {
+            foldHeads(in, bar, length, State {}, heads, true);
+            foldTails(in, length, true);
+        }
+    }
+
+    static void foldHeads(const double* in, std::size_t first, std::size_t count, State head, State* heads,
+                          bool isClear)
+    {
+        for (std::size_t index = 0; index < count; ++index) {
+            head = isClear ? later(head, in[index], first + index)
+                           : Fold::merged(head, stateOf(in[index], first + index));
+            heads[index] = head;
+        }
+    }
+
+    /// The tails of the next block; none for its first bar, as a window that begins there is a head.
+    void foldTails(const double* in, std::size_t length, bool isClear)
+    {
+        State* const tails = m_tails.data() + (m_foldedBars - m_firstTail);
+        State tail {};
+        for (std::size_t index = length; --index > 0;) {
+            const std::size_t bar = m_foldedBars + index;
+            tail = isClear ? earlier(in[index], bar, tail) : Fold::merged(stateOf(in[index], bar), tail);
+            tails[index] = tail;
+        }
+        tails[0] = State {};
+        m_foldedBars += length;
     }
 
     /// All values so far; a bar without one has no answer.
@@ -264,7 +301,7 @@ private:
     bool m_isBehindKept = false;  ///< these bars will be computed again
     Series m_repeated;            ///< a number as a column
     std::vector<State> m_heads;   ///< of a run
-    std::vector<State> m_tails;   ///< from a bar on
+    std::vector<State> m_tails;   ///< from a bar on, and room behind the last
     std::size_t m_firstTail = 0;  ///< that bar
     std::size_t m_foldedBars = 0; ///< bars of whole blocks, the tails of which are known
     SegmentTree<Fold> m_tree;
