@@ -177,6 +177,7 @@ std::vector<TimeMark> days(const std::vector<Candidate>& marks, const Shown& sho
 std::vector<TimeMark> months(const std::vector<Candidate>& marks, int length)
 {
     std::vector<TimeMark> told;
+    told.reserve(marks.size());
     for (const Candidate& mark : marks)
         told.push_back({ mark.bar, formatted(mark.time, length < 12 ? "yyyy-MM" : "yyyy") });
     return told;
