@@ -136,7 +136,7 @@ base::Result<void> loadBars(const Options& options, LoadedChart& chart)
         return opened.failure();
     chart.ownFormula = *formula;
     chart.picture.instrument = opened->instrument;
-    const base::Result<void> chosen = chooseBars(options, opened->bars->size(), chart);
+    base::Result<void> chosen = chooseBars(options, opened->bars->size(), chart);
     if (!chosen.isGood())
         return chosen;
     const TC::EFormulaPeriod period = chart::barPeriod(opened->bars->timeMs);
@@ -160,7 +160,7 @@ base::Result<void> loadTicks(const Options& options, LoadedChart& chart)
         return opened.failure();
     chart.picture.instrument = opened->instrument;
     chart.picture.times = opened->ticks->timeMs;
-    const base::Result<void> chosen = chooseBars(options, opened->ticks->size(), chart);
+    base::Result<void> chosen = chooseBars(options, opened->ticks->size(), chart);
     if (!chosen.isGood())
         return chosen;
     chart.picture.periodName = TC::getCycleName(TC::getPeriodIndex(TC::EFormulaPeriod_Tick));

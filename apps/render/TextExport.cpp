@@ -11,7 +11,7 @@ namespace render {
 
 namespace {
 
-constexpr std::size_t kStretch = 16 * 1024; // bars
+constexpr std::size_t kStretch = 16'384; // bars
 
 /// The text of formulas over bars, a stretch after the other: together what the library makes of all bars.
 class TextStretches

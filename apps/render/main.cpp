@@ -51,7 +51,7 @@ base::Result<void> renderChart(const render::Options& options)
     if (!chart.isGood())
         return chart.failure();
     if (!options.exportTo.isEmpty()) {
-        const base::Result<void> exported = render::writeExport(options, *chart);
+        base::Result<void> exported = render::writeExport(options, *chart);
         if (!exported.isGood() || options.output.isEmpty())
             return exported;
     }
