@@ -10,7 +10,7 @@ namespace engine::language {
 
 namespace {
 
-constexpr std::int64_t kMsPerMinute = 60'000, kMinutesOfDay = 24 * 60;
+constexpr std::int64_t kMsPerMinute = 60'000, kMinutesOfDay = 1'440;
 constexpr std::int64_t kBreak = 15; // minutes from which a gap between two bars is a break
 
 constexpr Period kPeriods[] = {

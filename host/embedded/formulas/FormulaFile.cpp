@@ -122,15 +122,15 @@ private:
     engine::FormulaReading readText(const QString& name, const QString& source)
     {
         m_open << name;
-        const auto reading = engine::readFormula(source.toStdString(),
-                                                 [this](const std::string& called) { return find(called); });
+        auto reading = engine::readFormula(source.toStdString(),
+                                           [this](const std::string& called) { return find(called); });
         m_open.removeLast();
         return reading;
     }
 
     engine::FoundFormula find(const std::string& called)
     {
-        const engine::FoundFormula builtIn = engine::findBuiltInFormula(called);
+        engine::FoundFormula builtIn = engine::findBuiltInFormula(called);
         const QString name = QString::fromStdString(called).toCaseFolded();
         if (!builtIn.formula && m_drafts.contains(name))
             return { nullptr, "所调用的公式 " + called + " 是草稿",
@@ -184,7 +184,7 @@ private:
 
     QString readName(const QJsonObject& entry, const QString& key)
     {
-        const QString name = entry.value(key).toString().trimmed();
+        QString name = entry.value(key).toString().trimmed();
         if (name.isEmpty())
             report({ key }, QStringLiteral("\"%1\" must be a text that is not empty").arg(key));
         else if (m_taken.contains(name.toCaseFolded()))
@@ -233,7 +233,8 @@ private:
         QVector<QColor> colors;
         if (!value.isUndefined() && !value.isArray())
             report({ QStringLiteral("colors") }, QStringLiteral("\"colors\" must be a list"));
-        for (const QJsonValue& given : value.toArray()) {
+        const QJsonArray list = value.toArray();
+        for (const auto& given : list) {
             const QString text = given.toString();
             const QColor color = text.isEmpty() ? QColor() : QColor(text);
             if (!given.isNull() && !color.isValid())

@@ -106,7 +106,7 @@ void embedded::InstrumentTable::add(const Detail& detail)
 CStockManager::Detail CStockManager::getInstrumentDetail(const QString& keyOrCode) const
 {
     const embedded::InstrumentTable& known = instruments();
-    if (const Detail byKey = known.byKey.value(keyOrCode))
+    if (Detail byKey = known.byKey.value(keyOrCode))
         return byKey;
     const QVector<Detail> sameCode = known.byCode.value(keyOrCode);
     const auto share = std::find_if(sameCode.begin(), sameCode.end(), isShareOfMainland);

@@ -19,7 +19,7 @@ namespace TC::embedded {
 namespace {
 
 constexpr int kSchemaVersion = 1;
-constexpr qint64 kLargestFile = 256 * 1024 * 1024; // bytes; a store of the list alone has 1 MiB
+constexpr qint64 kLargestFile = qint64 { 256 } << 20; // bytes; a store of the list alone has 1 MiB
 constexpr const char* kTables[][2] = {
     { "instrument",
       "CREATE TABLE instrument (market TEXT NOT NULL, code TEXT NOT NULL, name TEXT, "
@@ -68,7 +68,7 @@ public:
         QSqlQuery made = query();
         if (!made.exec(statement))
             noteFailure(made);
-        const QVariant answer = made.next() ? made.value(0) : QVariant();
+        QVariant answer = made.next() ? made.value(0) : QVariant();
         noteFailure(made);
         return answer;
     }

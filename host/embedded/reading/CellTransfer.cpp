@@ -65,8 +65,8 @@ qint64 answerSize(const QByteArray& bytes)
         || header.textLength > kMostCharacters
         || header.outcome > static_cast<quint32>(WorkbookOutcome::ProgramNotStarted))
         return -1;
-    return static_cast<qint64>(sizeof(Header) + header.cellCount * sizeof(Cell)
-                               + header.textLength * sizeof(QChar));
+    return qint64 { sizeof(Header) } + header.cellCount * qint64 { sizeof(Cell) }
+    + header.textLength * qint64 { sizeof(QChar) };
 }
 
 bool takeAnswer(const QByteArray& bytes, WorkbookReport& report, SheetCells& cells)

@@ -26,7 +26,7 @@ const char* codecOfNulParity(const QByteArray& bytes)
 QString decoded(const QByteArray& bytes, int from, const char* codecName, bool* isClean = nullptr)
 {
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    const QString text =
+    QString text =
         QTextCodec::codecForName(codecName)->toUnicode(bytes.constData() + from, bytes.size() - from, &state);
     if (isClean)
         *isClean = state.invalidChars == 0 && state.remainingChars == 0;

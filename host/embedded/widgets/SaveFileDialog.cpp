@@ -19,7 +19,7 @@ namespace WB {
 QString getSaveFileName(QWidget* parent, const QString& title, const QString& folder, const QString& filter)
 {
     s_request = { title, folder, filter, QString() };
-    const QString answer = s_answer ? *s_answer : QFileDialog::getSaveFileName(parent, title, folder, filter);
+    QString answer = s_answer ? *s_answer : QFileDialog::getSaveFileName(parent, title, folder, filter);
     s_request.answer = answer;
     return answer;
 }
