@@ -17,7 +17,7 @@ int run(int argc, char** argv)
     window.show();
     for (int i = 1; i < argc; ++i)
         static_cast<void>(window.openBars(base::nameFromBytes(argv[i]))); // a failure is shown
-    return application.exec();
+    return QApplication::exec();
 }
 
 } // namespace

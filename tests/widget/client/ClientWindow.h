@@ -55,7 +55,7 @@ protected:
     /// A bars file of the test's own.
     QString barsFile(const char* name, const QByteArray& rows)
     {
-        const QString path = m_folder.filePath(QString::fromLatin1(name));
+        QString path = m_folder.filePath(QString::fromLatin1(name));
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write("date,open,high,low,close,volume\n" + rows);
