@@ -6,6 +6,7 @@
 #include "host/embedded/FormulaSetup.h"
 #include "host/embedded/SettingsSetup.h"
 #include "tests/support/EngineBars.h"
+#include "tests/support/QtsOwnLeaks.h"
 #include "tests/support/Seeds.h"
 
 #include <QDir>
@@ -113,6 +114,7 @@ TEST_F(DamagedFiles, OfFormulasGiveOneLineForEachProblemAndGoodFormulasForTheRes
   {"name": "A", "displayName": "短\u5747线", "kind": 2, "base": "MA", "parameters": [3, 6.5, 12], "colors": ["#ff8c00", null]},
   {"name": "B", "base": "MACD", "parameters": [24, 52, 18], "source": "x := \"{1}\";"}
 ]})";
+    const test::QtsOwnLeaks uncounted;
     TC::embedded::setUserRootDir(m_folder.path());
     for (const unsigned seed : test::seedsFor("damaged_formulas", 500)) {
         SCOPED_TRACE(testing::Message() << "seed " << seed);
