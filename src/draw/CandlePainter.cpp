@@ -137,7 +137,8 @@ void drawCandle(Ink& ink, const CandlePixels& candle, const QColor& color)
         const QRect body = paintableRect(candle.left, candle.bodyTop, bodyWidth, candle.bodyHeight);
         const int bodyBottom = saturatedSum(candle.bodyTop, candle.bodyHeight);
         if (ink.isRun(body) && candle.highRow <= candle.bodyTop && candle.lowRow >= bodyBottom) {
-            // The body is the gap between its two wicks.
+            // A body without width fills the gap between its wicks, on their column: one run has the same
+            // pixels.
             ink.upright(candle.center, candle.highRow, candle.lowRow);
             return;
         }

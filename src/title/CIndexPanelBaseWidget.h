@@ -24,29 +24,29 @@ public:
     /// Lets go of the date function first, then of the pair function.
     ~CIndexPanelBaseWidget() override;
 
-    /// Gives the panel's widgets a size in pixels.
+    /// Hook of the chart, as the next five.
     virtual void adjustIndexWidgetSize(int size);
-    /// Empties the panel; `all` with its settings.
+    /// Hook.
     virtual void clear(bool all);
-    /// The instrument has changed.
+    /// Hook.
     virtual void reloadStock();
-    /// Asks for data; `force` even when some are here.
+    /// Hook.
     virtual void request(bool force);
-    /// The length of a bar has changed.
+    /// Hook.
     virtual void setPeroid(EFormulaPeriod period);
-    /// Gives up what was asked for.
+    /// Hook.
     virtual void unrequest();
-    /// Market and key of the panel's instrument; empty by default.
+    /// Market of the panel's instrument; empty by default.
     virtual QString getMarket() const;
-    /// The key of the panel's instrument; empty by default.
+    /// The panel's instrument; empty by default.
     virtual QString getStock() const;
     /// Replaces the function that yields the current trade date; a copy that throws leaves the old one.
     virtual void setCurrentTradeDateFunc(boost::function<int()> function);
-    /// Redraws the panel.
+    /// Hook.
     virtual void updateView();
     /// Replaces the function that receives a pair parameter; a copy that throws leaves the old one.
     virtual void setPairParamFunc(boost::function<void(QString)> function);
-    /// Shows the panel's variables.
+    /// Hook.
     virtual void viewVariable();
 
 protected:
