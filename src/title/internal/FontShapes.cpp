@@ -2,6 +2,7 @@
 #include "title/internal/FontShapes.h"
 
 #include "host/WB/CSimpleText.h"
+#include "title/internal/PaintedPixels.h"
 #include "title/internal/TextLine.h"
 
 #include <algorithm>
@@ -94,6 +95,7 @@ FontShapes::Head FontShapes::makeHead(const QString& text)
     head.shape.height = line.height();
     head.shape.runs = line.runs();
     head.shape.ink = inkOf(line.runs());
+    head.shape.pixels = paintedPixels(line.runs(), head.shape.ink);
     head.glyphs = line.runs().last().glyphIndexes();
     head.positions = line.runs().last().positions();
 
@@ -140,17 +142,27 @@ void FontShapes::extend(const Head& head, const QString& text, int length)
     m_positions.resize(m_glyphs.size());
     std::copy(head.glyphs.begin(), head.glyphs.end(), m_glyphs.begin());
     std::copy(head.positions.begin(), head.positions.end(), m_positions.begin());
-    QPointF position = head.positions.last();
+    QPointF position = head.positions.last(), lastInk = position;
     for (int at = length; at < text.size(); ++at) {
         position.rx() += head.numbers->step(text.at(at - 1), text.at(at));
         m_glyphs[known + at - length] = head.numbers->glyph(text.at(at));
         m_positions[known + at - length] = position;
+        if (text.at(at) != QLatin1Char(' '))
+            lastInk = position;
     }
     const QRectF numberInk = head.numbers->ink();
     m_extended = head.shape;
     m_extended.exactWidth = position.x() + head.numbers->lastStep(text.at(text.size() - 1));
     m_extended.width = qRound(m_extended.exactWidth);
-    m_extended.ink |= numberInk.translated(head.positions.last()) | numberInk.translated(position);
+    m_extended.ink |= numberInk.translated(head.positions.last()) | numberInk.translated(lastInk);
+    if (!head.numbers->pixels())
+        m_extended.pixels.reset();
+    if (m_extended.pixels) {
+        // Places between two pixels may be moved to either by the fraction that the corner brings along.
+        const QRectF numberPixels = *head.numbers->pixels();
+        *m_extended.pixels |= numberPixels.translated(head.positions.last()).toAlignedRect()
+            | numberPixels.translated(lastInk).toAlignedRect();
+    }
     m_extended.runs.last().setRawData(m_glyphs.constData(), m_positions.constData(), m_glyphs.size());
 }
 

@@ -12,17 +12,19 @@
 #include <QVector>
 
 #include <map>
+#include <optional>
 
 namespace TC::detail {
 
 /// A text's glyphs in one line.
 struct TextShape
 {
-    int width = 0;          ///< advance in pixels, rounded as WB::CSimpleText::getSize rounds it
-    qreal exactWidth = 0.0; ///< advance in pixels
-    qreal height = 0.0;     ///< of the line in pixels
-    QRectF ink;             ///< holds every glyph's outline, from the line's top left corner
-    QList<QGlyphRun> runs;  ///< from the line's top left corner; empty: Qt must paint the text itself
+    int width = 0;               ///< advance in pixels, rounded as WB::CSimpleText::getSize rounds it
+    qreal exactWidth = 0.0;      ///< advance in pixels
+    qreal height = 0.0;          ///< of the line in pixels
+    QRectF ink;                  ///< holds every glyph's outline, from the line's top left corner
+    std::optional<QRect> pixels; ///< that paintedPixels finds
+    QList<QGlyphRun> runs;       ///< from the line's top left corner; empty: Qt must paint the text itself
 };
 
 /// Shapes of one font's texts. A text that ends in a number is cut behind the second character of the number:
