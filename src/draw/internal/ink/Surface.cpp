@@ -180,6 +180,12 @@ bool Surface::holds(int left, int top, int right, int bottom) const
         && bottom < m_size.height() - m_offset.y();
 }
 
+bool Surface::nearlyHolds(int left, int top, int right, int bottom) const
+{
+    return left >= -m_offset.x() - 1 && top >= -m_offset.y() - 1 && right <= m_size.width() - m_offset.x()
+        && bottom <= m_size.height() - m_offset.y();
+}
+
 Surface::Area Surface::cut(int left, int top, int right, int bottom) const
 {
     if (left >= m_open.left() && top >= m_open.top() && right <= m_open.right() && bottom <= m_open.bottom())

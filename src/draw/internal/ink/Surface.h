@@ -84,6 +84,9 @@ public:
     /// Whether a rectangle of painter coordinates, all edges inclusive, lies wholly on the device.
     bool holds(int left, int top, int right, int bottom) const;
 
+    /// Whether it lies there or no more than one pixel beside, where the engine does not cut lines yet.
+    bool nearlyHolds(int left, int top, int right, int bottom) const;
+
     /// From painter to device coordinates, pixels.
     QPoint offset() const { return m_offset; }
     /// Size of the device in pixels; lines are cut by it, not by the clip.
