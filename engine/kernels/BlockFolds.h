@@ -27,10 +27,17 @@ public:
 
     static std::size_t blockBegin(std::size_t bar) { return bar - bar % kBlock; }
 
-    /// Makes room for bars that are to come.
-    void reserve(std::size_t bars) { m_tails.reserve(bars); }
+    /// Makes room for the bars up to `end`.
+    /// @param expected  how many there will be soon.
+    void makeRoom(std::size_t end, std::size_t expected)
+    {
+        if (m_tails.empty())
+            m_tails.reserve(expected);
+        if (m_tails.size() < end)
+            m_tails.resize(end);
+    }
 
-    /// Takes in bars of one block, from a changed one on; those before stand.
+    /// Takes in bars of one block for which there is room, from a changed one on; those before stand.
     /// @param later  (state, bar): a stretch and the bar behind it. @param earlier  (bar, state): likewise.
     template <class Later, class Earlier>
     void extend(std::size_t from, std::size_t end, Later later, Earlier earlier)
@@ -44,20 +51,18 @@ public:
             m_heads[bar - first] = head = later(head, bar);
         if (end - first < kBlock)
             return;
-        m_tails.resize(end);
         State tail {};
         for (std::size_t bar = end; bar-- > first;)
             m_tails[bar] = tail = earlier(bar, tail);
         endBlock();
     }
 
-    /// Takes in a whole block.
+    /// Takes in a whole block for which there is room.
     /// @param foldBoth  (heads, tails): what extend() would find, for each bar of the block.
     template <class FoldBoth>
     void extendByBlock(std::size_t first, FoldBoth foldBoth)
     {
         beginBlock(first);
-        m_tails.resize(first + kBlock);
         foldBoth(m_heads.data(), m_tails.data() + first);
         endBlock();
     }
@@ -69,10 +74,9 @@ public:
     {
         if (begin >= m_first)
             return foldWithin(begin, last + 1, later);
-        const std::size_t whole = begin / kBlock + 1, block = m_first / kBlock;
-        const State& head = m_heads[last - m_first];
-        return whole == block ? Fold::merged(m_tails[begin], head)
-                              : Fold::merged(Fold::merged(m_tails[begin], m_blocks.fold(whole, block)), head);
+        if (begin != m_beforeBegin)
+            foldBefore(begin);
+        return Fold::merged(m_before, m_heads[last - m_first]);
     }
 
 private:
@@ -89,11 +93,20 @@ private:
         return m_grown;
     }
 
+    /// The bars from one on up to the last block.
+    void foldBefore(std::size_t begin)
+    {
+        const std::size_t whole = begin / kBlock + 1, block = m_first / kBlock;
+        m_before =
+            whole == block ? m_tails[begin] : Fold::merged(m_tails[begin], m_blocks.fold(whole, block));
+        m_beforeBegin = begin;
+    }
+
     /// Bars of a block come.
     void beginBlock(std::size_t first)
     {
         m_first = first;
-        m_grownEnd = SIZE_MAX;
+        m_grownEnd = m_beforeBegin = SIZE_MAX;
     }
 
     /// All bars of the last block stand.
@@ -107,7 +120,9 @@ private:
     std::array<State, kBlock> m_heads {}; ///< of that block, up to each bar
     std::vector<State> m_tails;           ///< of the blocks that have ended, from each bar on
     SegmentTree<Fold> m_blocks;           ///< of those
-    State m_grown {};                     ///< of the bars [m_grownBegin, m_grownEnd) of the last block
+    State m_before {};                    ///< of the bars from m_beforeBegin on up to the last block
+    std::size_t m_beforeBegin = SIZE_MAX;
+    State m_grown {}; ///< of the bars [m_grownBegin, m_grownEnd) of the last block
     std::size_t m_grownBegin = 0, m_grownEnd = SIZE_MAX;
 };
 

@@ -271,8 +271,7 @@ private:
     {
         if (values.isConstant)
             m_repeated.assign(Folds::kBlock, values[0]);
-        if (work.from == 0)
-            m_folds.reserve(work.bars.size());
+        m_folds.makeRoom(work.count, work.bars.size());
         m_present = work.from == 0 ? 0 : m_keptPresent;
         for (std::size_t bar = work.from; bar < work.count;) {
             const std::size_t first = Folds::blockBegin(bar);
@@ -317,15 +316,17 @@ private:
     {
         takeIn(taken, begin, end);
         double* const out = result.from(begin);
+        std::size_t present = m_present;
         for (std::size_t bar = begin; bar < end; ++bar) {
-            m_present = kIsClear || isThere(taken.value(bar)) ? m_present + 1 : 0;
+            present = kIsClear || isThere(taken.value(bar)) ? present + 1 : 0;
             const std::size_t asked = barsOrNone(lengths[bar - begin]);
             const std::size_t length = kTakesFewer ? std::min(asked, bar + 1) : asked;
             const std::size_t needed = kWindow == Window::There ? 1 : length;
-            out[bar - begin] = length > 0 && needed <= m_present
+            out[bar - begin] = length > 0 && needed <= present
                 ? answer(m_folds.fold(bar + 1 - length, bar, taken), asked, bar)
                 : kMissing;
         }
+        m_present = present;
     }
 
     template <bool kIsClear>
