@@ -128,7 +128,7 @@ void Ink::outline(const QRect& rect)
 
 void Ink::ellipse(const QRect& rect)
 {
-    if (isStored() && m_isHollow) {
+    if (isEllipseStored()) {
         if (!m_stamp || !m_stamp->isOf(rect.size()))
             m_stamp.emplace(rect.size(), pen());
         if (m_stamp->fits(*m_surface, rect.topLeft())) {

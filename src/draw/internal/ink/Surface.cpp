@@ -188,7 +188,7 @@ bool Surface::nearlyHolds(int left, int top, int right, int bottom) const
 
 Surface::Area Surface::cut(int left, int top, int right, int bottom) const
 {
-    if (left >= m_open.left() && top >= m_open.top() && right <= m_open.right() && bottom <= m_open.bottom())
+    if (isOpen(left, top, right, bottom))
         return { left + m_offset.x(), top + m_offset.y(), right + m_offset.x(), bottom + m_offset.y() };
     const auto bounded = [](int value, int move, int lowest, int highest) {
         return static_cast<int>(std::clamp<long long>(static_cast<long long>(value) + move, lowest, highest));

@@ -59,6 +59,15 @@ public:
     /// Stores one word into a rectangle of painter coordinates, all edges inclusive, cut to the clip.
     void fill(int left, int top, int right, int bottom, quint32 word) const;
 
+    /// Whether a rectangle of painter coordinates, all edges inclusive, lies wholly inside the clip.
+    bool isOpen(int left, int top, int right, int bottom) const
+    {
+        return left >= m_open.left() && top >= m_open.top() && right <= m_open.right()
+            && bottom <= m_open.bottom();
+    }
+    /// Stores a word into a pixel that lies inside the clip, painter coordinates.
+    void set(int x, int y, quint32 word) const { *pixelsAt(x + m_offset.x(), y + m_offset.y()) = word; }
+
     /// Stores the same words, one per column from `left` on, into every row from `top` to `bottom`.
     void fillRows(int left, int top, int bottom, const quint32* words, int count) const;
 
