@@ -73,9 +73,10 @@ public:
             || needsTooMuch(bars.size(), end - first))
             return cancel();
         m_records->begin(first, end - first);
-        if (m_isWhole && m_known > 0)
-            m_records->fill(bars, first, end, *m_columns);
-        else if (!compute(bars, { m_known, end, end }, first, cancelled))
+        const bool isFilled = m_isWhole && m_known > 0
+            ? m_records->fill(bars, first, end, *m_columns)
+            : compute(bars, { m_known, end, end }, first, cancelled);
+        if (!isFilled)
             return cancel();
         m_known = end;
         return true;
@@ -117,7 +118,8 @@ private:
         return false;
     }
 
-    /// Runs all steps, and fills the records from a bar on. @return false when cancelled.
+    /// Runs all steps, and fills the records from a bar on. @return false when cancelled or when texts take
+    /// too much.
     bool compute(const BarSeries& bars, const Bars& asked, std::size_t recorded,
                  const std::atomic<bool>* cancelled)
     {
@@ -125,15 +127,14 @@ private:
             const std::size_t last = bars.size() - std::min<std::size_t>(bars.size(), 1);
             if (!runSteps({ bars, asked.from, last, bars.size(), cancelled }))
                 return false;
-            m_records->fill(bars, recorded, asked.end, *m_columns);
-            return true;
+            return m_records->fill(bars, recorded, asked.end, *m_columns);
         }
         for (std::size_t from = asked.from; from < asked.end;) {
             const std::size_t end = std::min(from + kBlock, asked.end);
             if (!runSteps({ bars, from, std::min(end, asked.keep), end, cancelled }))
                 return false;
-            if (end > recorded)
-                m_records->fill(bars, std::max(from, recorded), end, *m_columns);
+            if (end > recorded && !m_records->fill(bars, std::max(from, recorded), end, *m_columns))
+                return false;
             from = end;
         }
         return !cancelled || !cancelled->load(std::memory_order_relaxed);
@@ -290,7 +291,7 @@ private:
         return most;
     }
 
-    /// Columns of the records, texts by the room they take.
+    /// Columns of the records; texts, of which a record has one for every bar, by the room of an empty one.
     std::size_t recordedColumns() const
     {
         std::size_t recorded = 0;
@@ -298,7 +299,7 @@ private:
             recorded += columns.size();
         for (const Output& output : m_formula->syntax().outputs) {
             if (!output.text.empty())
-                recorded += (sizeof(std::string) + output.text.size()) / sizeof(double) + 1;
+                recorded += sizeof(std::string) / sizeof(double);
         }
         return recorded;
     }

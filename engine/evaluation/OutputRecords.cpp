@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace engine::language {
 
@@ -11,6 +12,9 @@ namespace {
 constexpr const char* kNoName = "__noname"; // the legend shows the value alone
 constexpr const char* kNoShow = "__noshow"; // the legend leaves the output out
 constexpr const char* kHidden = "output"; // before the number of one that is left out: kNoName would undo it
+
+/// Bytes of a text that all bars carry; what is longer would fill the memory with copies.
+constexpr std::size_t kLongestRepeated = 64;
 
 constexpr int kDefaultStackColors[] = { 0x0000FF, 0x00FF00, 0xFF0000, 0x00FFFF,
                                         0xFFFF54, 0xFF00FF, 0x808080, 0x004080 };
@@ -150,7 +154,7 @@ void OutputRecords::describeDrawing(const Output& output, const std::vector<Step
     case se::DrawType::FixedText:
         addColumn(condition, WhenMissing::Zero, Axis::No);
         addAll(1, Axis::No);
-        addText(condition, true, output.text);
+        addText(condition, output.text.size() > kLongestRepeated ? TextAt::Last : TextAt::All, output.text);
         return;
     case se::DrawType::Text:
     case se::DrawType::Number:
@@ -159,7 +163,7 @@ void OutputRecords::describeDrawing(const Output& output, const std::vector<Step
         addPlace(1);
         addAll(2, Axis::No);
         if (output.drawType == se::DrawType::Text)
-            addText(condition, false, output.text);
+            addText(condition, TextAt::Held, output.text);
         return;
     default: return; // the others are values
     }
@@ -175,10 +179,10 @@ void OutputRecords::addColumn(StepId step, WhenMissing whenMissing, Axis axis, S
     m_builder.column(known->second, axis);
 }
 
-void OutputRecords::addText(StepId condition, bool isEverywhere, const std::string& text)
+void OutputRecords::addText(StepId condition, TextAt bars, const std::string& text)
 {
     const int series = m_builder.texts({});
-    m_texts.push_back({ condition, isEverywhere, text, static_cast<std::size_t>(series) });
+    m_texts.push_back({ condition, bars, text, static_cast<std::size_t>(series) });
     m_builder.textColumn(series);
 }
 
@@ -223,6 +227,7 @@ void OutputRecords::begin(std::size_t first, std::size_t count)
 {
     m_first = first;
     m_expected = count;
+    m_textBytes = 0;
     m_records.result.barTimes.clear();
     m_records.result.barValid.clear();
     for (Series& series : m_records.result.numberSeries)
@@ -231,12 +236,16 @@ void OutputRecords::begin(std::size_t first, std::size_t count)
         texts.clear();
 }
 
-void OutputRecords::fill(const BarSeries& bars, std::size_t from, std::size_t to, const Columns& columns)
+bool OutputRecords::fill(const BarSeries& bars, std::size_t from, std::size_t to, const Columns& columns)
 {
+    if (!takesTexts(from, to, columns))
+        return false;
     fillBars(bars, from, to);
     fillTexts(from, to, columns);
+    fillLegendTexts(from, to, columns);
     for (const NumberLink& link : m_numbers)
         fillNumbers(link, from, to, columns);
+    return true;
 }
 
 void OutputRecords::fetch(std::size_t from, std::size_t to) const
@@ -298,15 +307,47 @@ void OutputRecords::fillNumbers(const NumberLink& link, std::size_t from, std::s
         added[index] = isMissing(added[index]) ? instead : added[index];
 }
 
+/// Counts what the texts of the bars [from, to) will take. @return false when that is too much.
+bool OutputRecords::takesTexts(std::size_t from, std::size_t to, const Columns& columns)
+{
+    for (const TextLink& link : m_texts) {
+        const std::vector<std::string>& texts = m_records.result.textSeries[link.series];
+        if (link.bars == TextAt::Last) {
+            m_textBytes += texts.empty() ? link.text.size() : 0;
+            continue;
+        }
+        const Operand condition = columns.operand(link.condition);
+        const std::size_t first = firstChanged(link.condition, from);
+        for (std::size_t index = first - m_first; index < texts.size(); ++index)
+            m_textBytes -= texts[index].size();
+        for (std::size_t bar = first; bar < to; ++bar)
+            m_textBytes += link.bars == TextAt::All || isTrue(condition[bar]) ? link.text.size() : 0;
+    }
+    return m_textBytes <= FormulaLimits::kMaxTextBytes;
+}
+
+/// A record has a text of its own for every bar; a long one is stored where it is read.
 void OutputRecords::fillTexts(std::size_t from, std::size_t to, const Columns& columns)
 {
     for (const TextLink& link : m_texts) {
-        const Operand condition = columns.operand(link.condition);
         std::vector<std::string>& texts = m_records.result.textSeries[link.series];
+        if (link.bars == TextAt::Last) {
+            std::string text = texts.empty() ? link.text : std::exchange(texts.back(), std::string());
+            texts.resize(to - m_first);
+            if (!texts.empty())
+                texts.back() = std::move(text);
+            continue;
+        }
         texts.resize(to - m_first);
+        const Operand condition = columns.operand(link.condition);
         for (std::size_t bar = firstChanged(link.condition, from); bar < to; ++bar)
-            texts[bar - m_first] = link.isEverywhere || isTrue(condition[bar]) ? link.text : std::string();
+            texts[bar - m_first] =
+                link.bars == TextAt::All || isTrue(condition[bar]) ? link.text : std::string();
     }
+}
+
+void OutputRecords::fillLegendTexts(std::size_t from, std::size_t to, const Columns& columns)
+{
     for (const DecimalsLink& link : m_decimals) {
         const Operand values = columns.operand(link.values);
         std::vector<std::string>& texts = m_records.result.textSeries[link.series];

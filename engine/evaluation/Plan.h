@@ -41,7 +41,7 @@ struct Strands
 struct Plan
 {
     std::vector<Step> steps;
-    std::vector<Strands> strands; ///< by their first steps
+    std::vector<Strands> strands;                   ///< by their first steps
     std::vector<std::vector<StepId>> outputColumns; ///< by output: Output::columns, and open and close
                                                     ///< behind a volume
 
