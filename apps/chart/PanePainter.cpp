@@ -9,6 +9,9 @@
 
 #include <QPainter>
 
+#include <algorithm>
+#include <cmath>
+
 namespace chart {
 
 namespace {
@@ -43,12 +46,18 @@ QPen dotted(const QColor& color)
     return QPen(color, 0, Qt::DotLine);
 }
 
+/// Row of the plot on which a value of the axis stands.
+int rowOfValue(double value, const PaneContent& pane, const QPair<double, double>& range, int height)
+{
+    return rowOf(pane.axis.placeOf(value), range, height);
+}
+
 void paintGrid(QPainter& painter, const PaneGeometry& geometry, const std::vector<AxisMark>& marks,
                const PaneContent& pane, const BarView& view, const QPair<double, double>& range)
 {
     painter.setPen(dotted(WB::skinColor("clr_chart_grid", Qt::darkGray)));
     for (const AxisMark& mark : marks) {
-        const int row = geometry.plot.top() + rowOf(mark.value, range, geometry.plot.height());
+        const int row = geometry.plot.top() + rowOfValue(mark.value, pane, range, geometry.plot.height());
         painter.drawLine(geometry.plot.left(), row, geometry.plot.right(), row);
     }
     for (int bar : pane.markedBars) {
@@ -63,20 +72,27 @@ std::optional<int> lastPriceRow(const PaneGeometry& geometry, const PaneContent&
 {
     if (!pane.lastPrice)
         return std::nullopt;
-    const int row = rowOf(pane.lastPrice->price, range, geometry.plot.height());
+    const int row = rowOfValue(pane.lastPrice->price, pane, range, geometry.plot.height());
     return row >= 0 && row < geometry.plot.height() ? std::optional(row) : std::nullopt;
 }
 
 void paintAxis(QPainter& painter, const PaneGeometry& geometry, const std::vector<AxisMark>& marks,
                const PaneContent& pane, const QPair<double, double>& range)
 {
-    const std::optional<int> covered = lastPriceRow(geometry, pane, range);
+    std::vector<int> covered;
+    if (const std::optional<int> row = lastPriceRow(geometry, pane, range))
+        covered.push_back(*row);
+    for (double price : pane.priceLines)
+        covered.push_back(rowOfValue(price, pane, range, geometry.plot.height()));
+    const auto isCovered = [&](int row) {
+        return std::any_of(covered.begin(), covered.end(),
+                           [&](int other) { return std::abs(row - other) < kLabelHeight; });
+    };
     useAxisFont(painter);
     painter.setPen(axisText());
     for (const AxisMark& mark : marks) {
-        const int row = rowOf(mark.value, range, geometry.plot.height());
-        if (!hasLabelRoom(row, geometry.plot.height())
-            || (covered && std::abs(row - *covered) < kLabelHeight))
+        const int row = rowOfValue(mark.value, pane, range, geometry.plot.height());
+        if (!hasLabelRoom(row, geometry.plot.height()) || isCovered(row))
             continue;
         painter.drawText(QRect(geometry.axis.left() + kTextMargin,
                                geometry.plot.top() + row - kLabelHeight / 2,
@@ -101,14 +117,34 @@ QRect tagOf(const PaneGeometry& geometry, int row)
 
 /// The row of the pointer with its value.
 void paintPointer(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane,
-                  const QPair<double, double>& range, int pointer)
+                  const QPair<double, double>& range, const Crosshair& crosshair)
 {
-    const int row = geometry.plot.top() + pointer;
+    const int pointer = *crosshair.row, row = geometry.plot.top() + pointer;
     painter.drawLine(geometry.plot.left(), row, geometry.plot.right(), row);
-    const double value = valueAt(pointer, range, geometry.plot.height());
-    const double step = (range.first - range.second) / geometry.plot.height();
+    const double value = pane.axis.valueAt(valueAt(pointer, range, geometry.plot.height()));
+    const double step =
+        std::abs(value - pane.axis.valueAt(valueAt(pointer + 1, range, geometry.plot.height())));
     useAxisFont(painter);
-    paintTag(painter, tagOf(geometry, row), valueText(value, pane, step), axisText());
+    paintTag(painter, tagOf(geometry, row), valueText(crosshair.value.value_or(value), pane, step),
+             axisText());
+}
+
+/// A line at each price that the user marked, and the price on the axis.
+void paintPriceLines(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane,
+                     const QPair<double, double>& range)
+{
+    const QColor color = WB::skinColor("clr_chart_price_line", axisText());
+    useAxisFont(painter);
+    for (double price : pane.priceLines) {
+        const int row = rowOfValue(price, pane, range, geometry.plot.height());
+        if (row < 0 || row >= geometry.plot.height())
+            continue;
+        painter.setPen(QPen(color, 0));
+        painter.drawLine(geometry.plot.left(), geometry.plot.top() + row, geometry.plot.right(),
+                         geometry.plot.top() + row);
+        paintTag(painter, tagOf(geometry, geometry.plot.top() + row), valueText(price, pane, pane.priceTick),
+                 color);
+    }
 }
 
 /// A line at the last price, and the price on the axis.
@@ -145,6 +181,7 @@ void paintPlot(QPainter& painter, const PaneGeometry& geometry, const PaneConten
     painter.restore();
 
     paintAxis(painter, geometry, marks, pane, range);
+    paintPriceLines(painter, geometry, pane, range);
     paintLastPrice(painter, geometry, pane, range);
     painter.setPen(frame());
     painter.drawLine(geometry.axis.topLeft(), geometry.axis.bottomLeft());
@@ -161,7 +198,7 @@ void paintCrosshair(QPainter& painter, const PaneGeometry& geometry, const PaneC
     const int column = geometry.plot.left() + view.centre(crosshair.bar);
     painter.drawLine(column, geometry.plot.top(), column, geometry.plot.bottom());
     if (crosshair.row)
-        paintPointer(painter, geometry, pane, range, *crosshair.row);
+        paintPointer(painter, geometry, pane, range, crosshair);
     painter.restore();
 }
 
