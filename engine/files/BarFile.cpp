@@ -9,6 +9,8 @@ namespace engine {
 
 namespace {
 
+constexpr std::size_t kRowsOfAStep = 4096; // between two words on the progress: about a millisecond
+
 /// Reads one row after another into the series.
 class BarReader
 {
@@ -79,13 +81,18 @@ private:
 
 } // namespace
 
-std::optional<BarSeries> readBars(const std::string& path, std::string& failure)
+std::optional<BarSeries> readBars(const std::string& path, std::string& failure,
+                                  const ReadingProgress& progress)
 {
     CsvReader csv(path);
+    failure.clear();
     if (csv.readHeader()) {
         BarReader reader(csv);
-        while (csv.nextRow())
+        for (std::size_t row = 0; csv.nextRow(); ++row) {
+            if (progress && row % kRowsOfAStep == 0 && !progress(csv.share()))
+                return std::nullopt;
             reader.readRow();
+        }
         BarSeries bars = reader.take();
         if (bars.size() == 0)
             csv.fail("the file has a header and no bars");
