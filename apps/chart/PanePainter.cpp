@@ -80,6 +80,7 @@ void paintAxis(QPainter& painter, const PaneGeometry& geometry, const std::vecto
                const PaneContent& pane, const QPair<double, double>& range)
 {
     std::vector<int> covered;
+    covered.reserve(pane.priceLines.size() + 1);
     if (const std::optional<int> row = lastPriceRow(geometry, pane, range))
         covered.push_back(*row);
     for (double price : pane.priceLines)

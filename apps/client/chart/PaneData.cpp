@@ -67,6 +67,7 @@ void PaneData::setOverlays(const std::vector<Overlay>& overlays)
 void PaneData::gatherOverlays()
 {
     m_overlaidBars.clear();
+    m_overlaidBars.reserve(m_overlays.size());
     for (const Overlay& overlay : m_overlays)
         m_overlaidBars.push_back(m_state->inPeriod(overlay.bars));
 }
