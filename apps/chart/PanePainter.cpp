@@ -76,18 +76,59 @@ std::optional<int> lastPriceRow(const PaneGeometry& geometry, const PaneContent&
     return row >= 0 && row < geometry.plot.height() ? std::optional(row) : std::nullopt;
 }
 
+/// A price with a line through the plot and a tag on the axis.
+struct MarkedPrice
+{
+    int row = 0, tagRow = 0; ///< of the plot
+    double price = 0.0;
+    QColor color;
+    Qt::PenStyle line = Qt::SolidLine;
+    bool isLast = false;
+};
+
+/// The prices that the pane marks, from the top; of those beyond its ends none.
+std::vector<MarkedPrice> markedPrices(const PaneGeometry& geometry, const PaneContent& pane,
+                                      const QPair<double, double>& range)
+{
+    std::vector<MarkedPrice> marked;
+    marked.reserve(pane.priceLines.size() + 1);
+    const QColor own = WB::skinColor("clr_chart_price_line", axisText());
+    for (double price : pane.priceLines) {
+        const int row = rowOfValue(price, pane, range, geometry.plot.height());
+        if (row >= 0 && row < geometry.plot.height())
+            marked.push_back({ row, row, price, own, Qt::SolidLine, false });
+    }
+    if (const std::optional<int> row = lastPriceRow(geometry, pane, range)) {
+        const QColor color =
+            WB::skinColor(pane.lastPrice->rises ? "ic_clr_kline_rise" : "ic_clr_kline_fall", axisText());
+        marked.push_back({ *row, *row, pane.lastPrice->price, color, Qt::DashLine, true });
+    }
+    std::sort(marked.begin(), marked.end(),
+              [](const MarkedPrice& a, const MarkedPrice& b) { return a.row < b.row; });
+    return marked;
+}
+
+/// Moves tags apart: that of the last price stays, the others make room above and below it.
+void moveTagsApart(std::vector<MarkedPrice>& marked)
+{
+    const auto found =
+        std::find_if(marked.begin(), marked.end(), [](const MarkedPrice& one) { return one.isLast; });
+    const auto fixed =
+        found == marked.end() ? std::size_t { 0 } : static_cast<std::size_t>(found - marked.begin());
+    for (std::size_t tag = fixed; tag > 0; --tag)
+        marked[tag - 1].tagRow = std::min(marked[tag - 1].tagRow, marked[tag].tagRow - kTagHeight);
+    for (std::size_t tag = fixed + 1; tag < marked.size(); ++tag)
+        marked[tag].tagRow = std::max(marked[tag].tagRow, marked[tag - 1].tagRow + kTagHeight);
+}
+
 void paintAxis(QPainter& painter, const PaneGeometry& geometry, const std::vector<AxisMark>& marks,
                const PaneContent& pane, const QPair<double, double>& range)
 {
-    std::vector<int> covered;
-    covered.reserve(pane.priceLines.size() + 1);
-    if (const std::optional<int> row = lastPriceRow(geometry, pane, range))
-        covered.push_back(*row);
-    for (double price : pane.priceLines)
-        covered.push_back(rowOfValue(price, pane, range, geometry.plot.height()));
+    std::vector<MarkedPrice> marked = markedPrices(geometry, pane, range);
+    moveTagsApart(marked);
     const auto isCovered = [&](int row) {
-        return std::any_of(covered.begin(), covered.end(),
-                           [&](int other) { return std::abs(row - other) < kLabelHeight; });
+        return std::any_of(marked.begin(), marked.end(),
+                           [&](const MarkedPrice& one) { return std::abs(row - one.tagRow) < kLabelHeight; });
     };
     useAxisFont(painter);
     painter.setPen(axisText());
@@ -130,38 +171,20 @@ void paintPointer(QPainter& painter, const PaneGeometry& geometry, const PaneCon
              axisText());
 }
 
-/// A line at each price that the user marked, and the price on the axis.
-void paintPriceLines(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane,
-                     const QPair<double, double>& range)
+/// A line at each price that the pane marks, and the price on the axis.
+void paintMarkedPrices(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane,
+                       const QPair<double, double>& range)
 {
-    const QColor color = WB::skinColor("clr_chart_price_line", axisText());
+    std::vector<MarkedPrice> marked = markedPrices(geometry, pane, range);
+    moveTagsApart(marked);
     useAxisFont(painter);
-    for (double price : pane.priceLines) {
-        const int row = rowOfValue(price, pane, range, geometry.plot.height());
-        if (row < 0 || row >= geometry.plot.height())
-            continue;
-        painter.setPen(QPen(color, 0));
-        painter.drawLine(geometry.plot.left(), geometry.plot.top() + row, geometry.plot.right(),
-                         geometry.plot.top() + row);
-        paintTag(painter, tagOf(geometry, geometry.plot.top() + row), valueText(price, pane, pane.priceTick),
-                 color);
+    for (const MarkedPrice& one : marked) {
+        const int row = geometry.plot.top() + one.row;
+        painter.setPen(QPen(one.color, 0, one.line));
+        painter.drawLine(geometry.plot.left(), row, geometry.plot.right(), row);
+        paintTag(painter, tagOf(geometry, geometry.plot.top() + one.tagRow),
+                 valueText(one.price, pane, pane.priceTick), one.color);
     }
-}
-
-/// A line at the last price, and the price on the axis.
-void paintLastPrice(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane,
-                    const QPair<double, double>& range)
-{
-    const std::optional<int> lastRow = lastPriceRow(geometry, pane, range);
-    if (!lastRow)
-        return;
-    const QColor color =
-        WB::skinColor(pane.lastPrice->rises ? "ic_clr_kline_rise" : "ic_clr_kline_fall", axisText());
-    const int row = geometry.plot.top() + *lastRow;
-    painter.setPen(QPen(color, 0, Qt::DashLine));
-    painter.drawLine(geometry.plot.left(), row, geometry.plot.right(), row);
-    useAxisFont(painter);
-    paintTag(painter, tagOf(geometry, row), valueText(pane.lastPrice->price, pane, pane.priceTick), color);
 }
 
 } // namespace
@@ -182,8 +205,7 @@ void paintPlot(QPainter& painter, const PaneGeometry& geometry, const PaneConten
     painter.restore();
 
     paintAxis(painter, geometry, marks, pane, range);
-    paintPriceLines(painter, geometry, pane, range);
-    paintLastPrice(painter, geometry, pane, range);
+    paintMarkedPrices(painter, geometry, pane, range);
     painter.setPen(frame());
     painter.drawLine(geometry.axis.topLeft(), geometry.axis.bottomLeft());
     painter.restore();

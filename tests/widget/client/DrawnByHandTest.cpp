@@ -72,6 +72,24 @@ TEST_F(ClientWindow, DrawsAPriceLineWhereTheMenuWasOpened)
     EXPECT_TRUE(textsOf(plot(0)).contains(QString::number(price, 'f', 2)));
 }
 
+TEST_F(ClientWindow, TagsOfPricesDoNotCoverEachOther)
+{
+    openShare();
+    const double last = chart()->state()->bars()->close.back();
+    chart()->state()->addPriceLine(last + 0.02);
+    chart()->state()->addPriceLine(last - 0.03);
+    const QStringList lines = test::traceOf([&](QPainter& painter) { plot(0)->paintOn(painter); });
+    const auto rowOf = [&](double price) {
+        const QRegularExpression text(QStringLiteral("^text [^,]+,(-?\\d+) \"%1\"")
+                                          .arg(QRegularExpression::escape(QString::number(price, 'f', 2))));
+        const QStringList found = lines.filter(text);
+        return found.isEmpty() ? 0 : text.match(found.first()).captured(1).toInt();
+    };
+    constexpr int tagHeight = 18;
+    EXPECT_EQ(rowOf(last) - rowOf(last + 0.02), tagHeight);
+    EXPECT_EQ(rowOf(last - 0.03) - rowOf(last), tagHeight);
+}
+
 TEST_F(ClientWindow, APriceLineIsDraggedAndRemoved)
 {
     openShare();
