@@ -92,7 +92,7 @@ void addMagnet(QMenu* menu, ChartState* state)
 {
     QAction* action = menu->addAction(QStringLiteral("十字光标吸附收盘价"));
     action->setCheckable(true);
-    action->setShortcut(Qt::CTRL + Qt::Key_M);
+    action->setShortcut(QKeySequence(QStringLiteral("Ctrl+M")));
     QObject::connect(action, &QAction::triggered, state, &ChartState::setMagnetic);
     QObject::connect(menu, &QMenu::aboutToShow, action, [=] { action->setChecked(state->isMagnetic()); });
 }
@@ -110,7 +110,7 @@ void addPeriodMenu(QMenuBar* bar, ChartView* chart)
         QObject::connect(action, &QAction::triggered, state, [state, key] { state->setPeriod(key); });
         return action;
     };
-    add(QStringLiteral("原始周期"), QString())->setShortcut(Qt::CTRL + Qt::Key_0);
+    add(QStringLiteral("原始周期"), QString())->setShortcut(QKeySequence(QStringLiteral("Ctrl+0")));
     menu->addSeparator();
     int key = Qt::Key_1;
     for (const chart::OfferedPeriod& period : chart::offeredPeriods())
@@ -137,7 +137,7 @@ void addChartMenu(QMenuBar* bar, ChartView* chart)
             dialog->setAttribute(Qt::WA_DeleteOnClose);
             dialog->open();
         },
-        Qt::CTRL + Qt::Key_G);
+        QKeySequence(QStringLiteral("Ctrl+G")));
 }
 
 } // namespace client

@@ -67,8 +67,8 @@ TEST_F(ClientWindow, OffersOnlyPeriodsThatTheBarsCanMake)
 TEST_F(ClientWindow, ChangesThePeriodByKeys)
 {
     openShare();
-    EXPECT_EQ(entry(QStringLiteral("周线"))->shortcut(), QKeySequence(Qt::CTRL + Qt::Key_6));
-    EXPECT_EQ(entry(QStringLiteral("年线"))->shortcut(), QKeySequence(Qt::CTRL + Qt::Key_9));
+    EXPECT_EQ(entry(QStringLiteral("周线"))->shortcut(), QKeySequence(QStringLiteral("Ctrl+6")));
+    EXPECT_EQ(entry(QStringLiteral("年线"))->shortcut(), QKeySequence(QStringLiteral("Ctrl+9")));
     QStringList seen;
     for (int press = 0; press < 6; ++press) {
         entry(QStringLiteral("下一周期"))->trigger();
