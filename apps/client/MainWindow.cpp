@@ -7,6 +7,7 @@
 #include "apps/client/PanelIds.h"
 #include "apps/client/basket/BasketPanel.h"
 #include "apps/client/chart/BarAlignment.h"
+#include "apps/client/chart/ChartMenus.h"
 #include "apps/client/chart/ChartView.h"
 #include "apps/client/chart/TickView.h"
 #include "apps/client/docking/Panel.h"
@@ -28,6 +29,7 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QMenuBar>
 #include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
@@ -84,6 +86,8 @@ MainWindow::MainWindow()
     nameInstrument();
     buildFileMenu();
     buildViewMenu();
+    addPeriodMenu(menuBar(), m_chart);
+    addChartMenu(menuBar(), m_chart);
     buildOverlayMenu();
     buildToolsMenu();
     takeChoices();
@@ -306,18 +310,18 @@ base::Result<void> MainWindow::overlayBars(const QString& path)
     base::Result<chart::OpenedBars> opened = chart::openBarsFile(path);
     if (!opened.isGood())
         return told(opened.failure());
-    m_overlays.push_back({ opened->instrument,
-                           std::make_shared<const engine::BarSeries>(
-                               alignedTo(m_chart->state()->bars()->timeMs, *opened->bars)) });
-    m_chart->panes().front()->setOverlays(m_overlays);
+    std::vector<PaneData::Overlay> overlays = m_chart->panes().front()->data()->overlays();
+    overlays.push_back({ opened->instrument,
+                         std::make_shared<const engine::BarSeries>(
+                             alignedTo(m_chart->state()->source()->timeMs, *opened->bars)) });
+    m_chart->panes().front()->setOverlays(overlays);
     slotShowMessage(QStringLiteral("已叠加 %1").arg(TC::getDetailQsName(opened->instrument)));
     return {};
 }
 
 void MainWindow::clearOverlays()
 {
-    m_overlays.clear();
-    m_chart->panes().front()->setOverlays(m_overlays);
+    m_chart->panes().front()->setOverlays({});
 }
 
 base::Result<void> MainWindow::compareWith(const QString& path)
@@ -342,8 +346,8 @@ void MainWindow::followIndex()
     m_indexName->setText(QStringLiteral("对照指数：%1").arg(base::printable(m_index.name())));
     m_indexName->setHidden(m_index.name().isEmpty());
     ChartState* state = m_chart->state();
-    const std::shared_ptr<const engine::BarSeries> bars = m_index.beside(state->bars());
-    if (bars == state->bars())
+    const std::shared_ptr<const engine::BarSeries> bars = m_index.beside(state->source());
+    if (bars == state->source())
         return;
     const int first = state->first(), last = state->last();
     state->setBars(state->instrument(), bars);

@@ -141,8 +141,7 @@ private:
     ComparedIndex m_index;
     BarsOpening* m_opening = nullptr; ///< in the status line
     QLabel* m_indexName = nullptr;    ///< in the status line; hidden without an index
-    std::vector<PaneData::Overlay> m_overlays;
-    Session m_last; ///< the session before this one
+    Session m_last;                   ///< the session before this one
     SessionKeeper m_keeper;
     QString m_barsPath, m_ticksPath;             ///< of what is open
     QString m_skin;                              ///< as it was chosen: a name or a path

@@ -30,14 +30,22 @@ public:
     /// Gives up whatever is outstanding.
     void cancel();
 
+    /// How an overlaid instrument stands on the pane's axis.
+    enum class OverlayScale {
+        Together, ///< both instruments meet at the first shown close
+        Same,     ///< at its own prices
+        Own       ///< as high as the pane, whatever its prices are
+    };
     /// Overlaid instruments with their bars.
     struct Overlay
     {
         ChartState::Instrument instrument;
         ChartState::Bars bars;
+        OverlayScale scale = OverlayScale::Together;
     };
-    /// @param overlays  bars on the times of the chart's own bars.
+    /// @param overlays  bars on the times of the bars that the chart was given, before they were gathered.
     void setOverlays(const std::vector<Overlay>& overlays);
+    const std::vector<Overlay>& overlays() const { return m_overlays; }
 
     /// Gives overlaid candles, and their texts in the legend, colours of the skin's palette that the pane's
     /// first averages do not use.
@@ -50,16 +58,24 @@ Q_SIGNALS:
     void sigChanged();
 
 private:
-    void bringOntoOneAxis(chart::PaneContent& pane) const;
+    void standOnAxis(chart::PaneContent& pane);
+    void gatherOverlays();
+    /// Brings overlaid prices onto the pane's axis.
+    void placeOverlays(chart::PaneContent& pane);
+    void placeOverlay(chart::PaneFormula& formula, const chart::PaneContent& pane);
+    float factorOf(std::size_t overlay) const;
     std::optional<chart::LastPrice> lastPrice() const;
     void requestOne(const TC::CFormulaKey& key, const ChartState::Bars& bars);
     void store(const QString& id, const std::shared_ptr<const engine::FormulaRecords>& records,
                const TC::embedded::FormulaRecipe& recipe);
     std::vector<TC::CFormulaKey> keys() const;
 
+    QMap<TC::CFormulaKey, TC::RPCFormulaResultCache> m_places;        ///< of results on a logarithmic axis
+    QMap<TC::CFormulaKey, TC::RPCFormulaResultCache> m_overlayPlaces; ///< as they were last painted
     ChartState* m_state;
     FormulaSource* m_source;
     std::vector<Overlay> m_overlays;
+    std::vector<ChartState::Bars> m_overlaidBars; ///< in the period of the chart
 };
 
 } // namespace client

@@ -69,6 +69,7 @@ QByteArray Session::toJson() const
                                        { QStringLiteral("shown"), shown },
                                        { QStringLiteral("behind"), behind },
                                        { QStringLiteral("bookRule"), bookRule },
+                                       { QStringLiteral("chart"), chart.toJson() },
                                        { QStringLiteral("panes"), packed(panes) },
                                        { QStringLiteral("parameters"), numbers } })
         .toJson();
@@ -85,6 +86,7 @@ Session Session::fromJson(const QByteArray& json)
     session.shown = std::max(0, root.value(QStringLiteral("shown")).toInt());
     session.behind = std::max(0, root.value(QStringLiteral("behind")).toInt());
     session.bookRule = root.value(QStringLiteral("bookRule")).toBool();
+    session.chart = ChartChoices::fromJson(root.value(QStringLiteral("chart")).toObject());
     session.panes = unpacked(root.value(QStringLiteral("panes")).toArray());
     const QJsonObject numbers = root.value(QStringLiteral("parameters")).toObject();
     for (auto entry = numbers.begin(); entry != numbers.end(); ++entry) {

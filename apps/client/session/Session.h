@@ -2,6 +2,8 @@
 #pragma once
 /// @file What the client shows, so that the next run can show it again.
 
+#include "apps/client/session/ChartChoices.h"
+
 #include <QMap>
 #include <QString>
 #include <QStringList>
@@ -21,6 +23,7 @@ struct Session
     int shown = 0;  ///< bars in view; 0: as many as is usual
     int behind = 0; ///< bars between the last one in view and the last one of all
     bool bookRule = false;
+    ChartChoices chart;
     std::vector<QStringList> panes;            ///< formulas from top to bottom; empty: the usual ones
     QMap<QString, QVector<double>> parameters; ///< of built-in formulas that were changed, by name
 
