@@ -231,6 +231,14 @@ TEST_F(RenderProgram, EndsInOneLineWhenMemoryGivesOut)
                   "indicatorui-render: ");
 }
 
+TEST_F(RenderProgram, RefusesAFormulaWhoseNameDiffersFromAnotherInCaseAlone)
+{
+    test::RecoveryFolders::write(path("kline.txt"), "X:CLOSE;");
+    const QStringList words { QStringLiteral("--bars"), sample("DFM00.csv"),  QStringLiteral("--formula"),
+                              path("kline.txt"),        QStringLiteral("-o"), path("out.png") };
+    expectRefused(run(words), "differs from the formula KLINE in case alone");
+}
+
 TEST_F(RenderProgram, KeepsAHugeTextOfThePaneOnceAndRefusesOneAtEveryBar)
 {
     if (!test::measuresMemory())
