@@ -1,23 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "apps/render/PictureFile.h"
-
-#include "apps/base/WholeFile.h"
+#include "apps/chart/PictureBytes.h"
 
 #include <QBuffer>
-#include <QFileInfo>
-#include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSvgGenerator>
 
-namespace render {
+namespace chart {
 
 namespace {
 
-using Paint = std::function<void(QPainter&)>;
-
 /// Paints on a device. @return whether the device took it.
-bool paintOn(QPaintDevice& device, const Paint& paint)
+bool paintOn(QPaintDevice& device, const PaintPicture& paint)
 {
     QPainter painter;
     if (!painter.begin(&device))
@@ -27,22 +21,17 @@ bool paintOn(QPaintDevice& device, const Paint& paint)
 }
 
 /// Each of these answers no bytes when the picture cannot be made.
-QByteArray asPng(const QSize& size, double dpr, const Paint& paint)
+QByteArray asPng(const QImage& image)
 {
-    QImage image(size * dpr, QImage::Format_ARGB32_Premultiplied);
-    if (image.isNull())
-        return QByteArray();
-    image.setDevicePixelRatio(dpr);
-    image.fill(Qt::transparent);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    return paintOn(image, paint) && image.save(&buffer, "PNG") ? bytes : QByteArray();
+    return !image.isNull() && image.save(&buffer, "PNG") ? bytes : QByteArray();
 }
 
 constexpr int kDotsPerInch = 96; // so large is a pixel on paper
 
-QByteArray asSvg(const QSize& size, const Paint& paint)
+QByteArray asSvg(const QSize& size, const PaintPicture& paint)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -55,7 +44,7 @@ QByteArray asSvg(const QSize& size, const Paint& paint)
     return paintOn(generator, paint) ? bytes : QByteArray();
 }
 
-QByteArray asPdf(const QSize& size, const Paint& paint)
+QByteArray asPdf(const QSize& size, const PaintPicture& paint)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -70,17 +59,22 @@ QByteArray asPdf(const QSize& size, const Paint& paint)
 
 } // namespace
 
-base::Result<void> writePicture(const QString& path, const QSize& size, double dpr, const Paint& paint)
+QImage pictureImage(const QSize& size, double dpr, const PaintPicture& paint)
 {
-    const QString suffix = QFileInfo(path).suffix().toLower();
-    const QByteArray bytes = suffix == QLatin1String("svg") ? asSvg(size, paint)
-        : suffix == QLatin1String("pdf")                    ? asPdf(size, paint)
-                                                            : asPng(size, dpr, paint);
-    if (bytes.isEmpty())
-        return base::Failure { QStringLiteral("%1: the picture cannot be made").arg(path) };
-    if (const auto fault = base::writeWholeFile(path, bytes))
-        return base::Failure { fault->english() };
-    return {};
+    QImage image(size * dpr, QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return image;
+    image.setDevicePixelRatio(dpr);
+    image.fill(Qt::transparent);
+    return paintOn(image, paint) ? image : QImage();
 }
 
-} // namespace render
+QByteArray pictureBytes(const QString& suffix, const QSize& size, double dpr, const PaintPicture& paint)
+{
+    const QString form = suffix.toLower();
+    return form == QLatin1String("svg") ? asSvg(size, paint)
+        : form == QLatin1String("pdf")  ? asPdf(size, paint)
+                                        : asPng(pictureImage(size, dpr, paint));
+}
+
+} // namespace chart
