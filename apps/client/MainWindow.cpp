@@ -15,6 +15,8 @@
 #include "apps/client/lists/InstrumentList.h"
 #include "apps/client/lists/InstrumentSearch.h"
 #include "apps/client/lists/MessageList.h"
+#include "apps/client/lists/QuoteList.h"
+#include "apps/client/live/FollowedFile.h"
 #include "host/TC/Folders.h"
 #include "host/TC/Instruments.h"
 #include "host/embedded/EmbeddedHost.h"
@@ -81,6 +83,7 @@ MainWindow::MainWindow()
     buildViewMenu();
     buildOverlayMenu();
     buildToolsMenu();
+    buildLiveMenu();
     takeChoices();
     connect(&m_keeper, &SessionKeeper::sigMessage, this, &MainWindow::slotShowMessage);
     connect(&m_keeper, &SessionKeeper::sigKeep, this, [this] { m_docks.saveChange(); });
@@ -179,12 +182,14 @@ void MainWindow::buildPanels()
     m_ticks = new TickView;
     m_basket = new BasketPanel;
     m_instruments = new InstrumentList;
+    m_quotes = new QuoteList;
     m_formulas = new FormulaList;
     m_messages = new MessageList;
     const std::pair<QString, QWidget*> contents[] = {
         { kChartPanel, m_chart },      { kTickPanel, m_ticks },
         { kBasketPanel, m_basket },    { kInstrumentPanel, m_instruments },
-        { kFormulaPanel, m_formulas }, { kMessagePanel, m_messages }
+        { kFormulaPanel, m_formulas }, { kMessagePanel, m_messages },
+        { kQuotePanel, m_quotes }
     };
     for (const auto& [id, content] : contents)
         m_pool.setMaker(id, [panelId = id, widget = content] { return new Panel(panelId, widget); });
@@ -193,6 +198,7 @@ void MainWindow::buildPanels()
     ads::CDockWidget* instruments = m_docks.addPanel(kInstrumentPanel, ads::LeftDockWidgetArea, chart);
     m_docks.addPanel(kFormulaPanel, ads::BottomDockWidgetArea, instruments);
     m_docks.addPanel(kTickPanel, ads::CenterDockWidgetArea, chart);
+    m_docks.addPanel(kQuotePanel, ads::CenterDockWidgetArea, chart);
     m_docks.addPanel(kBasketPanel, ads::CenterDockWidgetArea, chart);
     m_docks.addPanel(kMessagePanel, ads::BottomDockWidgetArea, chart);
     if (chart && instruments) {
@@ -213,6 +219,14 @@ void MainWindow::buildPanels()
     connect(m_chart, &ChartView::sigMessage, this, &MainWindow::slotShowMessage);
     connect(m_basket, &BasketPanel::sigMessage, this, &MainWindow::slotShowMessage);
     connect(m_instruments, &InstrumentList::sigOpen, this, &MainWindow::openBars);
+    connect(m_quotes, &QuoteList::sigOpen, this, [this](const QString& path) {
+        if (openBars(path).isGood())
+            raisePanel(kChartPanel, m_chart);
+    });
+    connect(m_instruments, &InstrumentList::sigListed, this,
+            [this] { m_quotes->setInstruments(m_instruments->instruments()); });
+    connect(m_chart->state(), &ChartState::sigBarsGrown, this,
+            [this] { m_quotes->setBars(m_barsPath, *m_chart->state()->bars()); });
     connect(m_chart, &ChartView::sigOpenRequested, this, &MainWindow::chooseBars);
     connect(m_ticks, &TickView::sigOpenRequested, this, &MainWindow::chooseTicks);
     m_search = new InstrumentSearch(m_chart);
@@ -239,6 +253,7 @@ base::Result<void> MainWindow::openBars(const QString& path)
     base::Result<chart::OpenedBars> opened = chart::openBarsFile(path);
     if (!opened.isGood())
         return told(opened.failure());
+    stopLive();
     m_instruments->showFile(path);
     clearOverlays();
     m_barsPath = QFileInfo(path).absoluteFilePath();
@@ -255,13 +270,10 @@ base::Result<void> MainWindow::openTicks(const QString& path)
     base::Result<chart::OpenedTicks> opened = chart::openTicksFile(path);
     if (!opened.isGood())
         return told(opened.failure());
+    stopLive();
     m_ticksPath = QFileInfo(path).absoluteFilePath();
     m_ticks->setTicks(*opened);
-    if (ads::CDockWidget* dock = m_docks.dock(kTickPanel)) {
-        dock->toggleView(true);
-        dock->setAsCurrentTab();
-        m_ticks->setFocus();
-    }
+    raisePanel(kTickPanel, m_ticks);
     slotShowMessage(
         QStringLiteral("已打开 %1（%2 笔）")
             .arg(TC::getDetailQsName(opened->instrument), QString::number(opened->ticks->size())));

@@ -54,6 +54,8 @@ Q_SIGNALS:
     void sigMaximizeRequested();
     void sigParametersRequested(const QString& formula);
     void sigExportRequested(const QString& formula, bool toClipboard);
+    /// The user wants the pane as a picture.
+    void sigPictureRequested(bool toClipboard);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kUsualCount = 250;
 constexpr int kLeastCount = 10;
+constexpr int kTellingCount = 100; // bars whose distances tell the period for good
 
 } // namespace
 
@@ -30,6 +31,22 @@ void ChartState::setBars(const Instrument& instrument, const Bars& bars)
     m_last = barTotal() - 1;
     Q_EMIT sigBarsChanged();
     Q_EMIT sigViewChanged();
+}
+
+void ChartState::growBars(const Bars& bars)
+{
+    const int before = barTotal();
+    if (before == 0)
+        return setBars(m_instrument, bars);
+    const bool wasNewest = m_last == before - 1;
+    m_bars = bars;
+    if (before < kTellingCount)
+        m_period = chart::barPeriod(bars->timeMs);
+    Q_EMIT sigBarsGrown();
+    if (wasNewest && barTotal() > before) {
+        const int count = std::max(m_last - m_first + 1, std::min(kUsualCount, barTotal()));
+        show(barTotal() - count, barTotal() - 1);
+    }
 }
 
 void ChartState::setCrosshairBar(int bar, double place)

@@ -29,6 +29,10 @@ public:
     /// Replaces what is shown; the newest bars come into view.
     void setBars(const Instrument& instrument, const Bars& bars);
 
+    /// Takes the bars that were set before, the last one perhaps changed and more behind it. Where the newest
+    /// bar was in view it stays so; what else is in view stays.
+    void growBars(const Bars& bars);
+
     const Instrument& instrument() const { return m_instrument; }
     const Bars& bars() const { return m_bars; }
     /// Period of the bars, told by their distance.
@@ -60,6 +64,8 @@ public:
 
 Q_SIGNALS:
     void sigBarsChanged();
+    /// The last bar has changed, or more have come.
+    void sigBarsGrown();
     void sigViewChanged();
     void sigCrosshairChanged();
 

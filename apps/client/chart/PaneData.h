@@ -6,6 +6,9 @@
 #include "apps/client/chart/ChartState.h"
 #include "apps/client/chart/FormulaSource.h"
 
+#include <map>
+#include <set>
+
 namespace client {
 
 /// The pane's formulas, their requests and results. A result whose request was superseded is dropped.
@@ -48,10 +51,17 @@ public:
 
 Q_SIGNALS:
     void sigChanged();
+    /// Results have followed the bars, in a way that does not show in the plot.
+    void sigGrownOutOfView();
 
 private:
     void bringOntoOneAxis(chart::PaneContent& pane) const;
     std::optional<chart::LastPrice> lastPrice() const;
+    /// The bars have grown: the formulas follow.
+    void grow();
+    void growOne(const TC::CFormulaKey& key);
+    /// Whether the plot shows other results than those that are known.
+    bool isSeen(const TC::CFormulaKey& key, const engine::FormulaRecords& records) const;
     void requestOne(const TC::CFormulaKey& key, const ChartState::Bars& bars);
     void store(const QString& id, const std::shared_ptr<const engine::FormulaRecords>& records,
                const TC::embedded::FormulaRecipe& recipe);
@@ -60,6 +70,9 @@ private:
     ChartState* m_state;
     FormulaSource* m_source;
     std::vector<Overlay> m_overlays;
+    std::map<QString, FormulaSource::Followed> m_followed; ///< by formula
+    /// Formulas whose request was under way when the bars grew: they follow when it has ended.
+    std::set<QString> m_due;
 };
 
 } // namespace client
