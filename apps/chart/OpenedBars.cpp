@@ -61,9 +61,14 @@ base::Result<OpenedBars> openBarsFile(const QString& path, const QString& key)
     std::optional<engine::BarSeries> bars = engine::readBars(base::bytesOfName(path).toStdString(), failure);
     if (!bars)
         return failureOf(failure);
-    const Instrument instrument = instrumentOfFile(path, key, bars->close);
-    takeShares(*bars, instrument);
-    return OpenedBars { instrument, std::make_shared<engine::BarSeries>(std::move(*bars)) };
+    return withInstrument(std::move(*bars), path, key);
+}
+
+OpenedBars withInstrument(engine::BarSeries bars, const QString& path, const QString& key)
+{
+    const Instrument instrument = instrumentOfFile(path, key, bars.close);
+    takeShares(bars, instrument);
+    return { instrument, std::make_shared<engine::BarSeries>(std::move(bars)) };
 }
 
 base::Result<OpenedTicks> openTicksFile(const QString& path, const QString& key)

@@ -40,6 +40,10 @@ struct OpenedTicks
 /// @return on failure one line "FILE:LINE: reason".
 base::Result<OpenedBars> openBarsFile(const QString& path, const QString& key = QString());
 
+/// Bars that were read from a file, with the instrument; GUI thread only, while the reading may be on
+/// another.
+OpenedBars withInstrument(engine::BarSeries bars, const QString& path, const QString& key = QString());
+
 /// Reads a trades file; otherwise as openBarsFile.
 base::Result<OpenedTicks> openTicksFile(const QString& path, const QString& key = QString());
 

@@ -9,6 +9,7 @@
 #include "apps/client/live/FollowedFile.h"
 #include "apps/client/live/Replay.h"
 #include "apps/client/live/ReplayBar.h"
+#include "apps/client/opening/BarsOpening.h"
 #include "host/TC/Instruments.h"
 
 #include <QFileDialog>
@@ -98,6 +99,7 @@ base::Result<void> MainWindow::follow(const QString& path)
     connect(followed.get(), &FollowedFile::sigBars, this, &MainWindow::takeBars);
     connect(followed.get(), &FollowedFile::sigTicks, this, &MainWindow::takeTicks);
     stopLive();
+    m_opening->forget();
     m_followed = std::move(followed);
     const base::Result<void> opened = m_followed->open();
     if (!opened.isGood()) {

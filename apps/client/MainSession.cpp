@@ -62,13 +62,18 @@ void MainWindow::takeChoices()
 
 void MainWindow::reopen()
 {
-    if (!m_chart->state()->bars() && !m_last.bars.isEmpty() && openBars(m_last.bars).isGood()
-        && m_last.shown > 0) {
-        const int last = std::max(0, m_chart->state()->barTotal() - 1 - m_last.behind);
-        m_chart->state()->show(std::max(0, last - m_last.shown + 1), last);
-    }
+    if (!m_chart->state()->bars() && !isOpening() && !m_last.bars.isEmpty())
+        static_cast<void>(openBars(m_last.bars, [this] { showLastRange(); })); // a failure is shown
     if (m_ticksPath.isEmpty())
         reopenTicks();
+}
+
+void MainWindow::showLastRange()
+{
+    if (m_last.shown <= 0)
+        return;
+    const int last = std::max(0, m_chart->state()->barTotal() - 1 - m_last.behind);
+    m_chart->state()->show(std::max(0, last - m_last.shown + 1), last);
 }
 
 void MainWindow::reopenTicks()
@@ -111,7 +116,7 @@ Session MainWindow::session() const
     const ChartState* state = m_chart->state();
     Session now;
     now.skin = m_skin;
-    now.bars = m_barsPath;
+    now.bars = m_barsPath.isEmpty() && isOpening() ? m_last.bars : m_barsPath;
     now.ticks = m_ticksPath;
     now.filter = m_instruments->filter();
     now.favourites = m_instruments->favourites();

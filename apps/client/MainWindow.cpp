@@ -17,6 +17,7 @@
 #include "apps/client/lists/MessageList.h"
 #include "apps/client/lists/QuoteList.h"
 #include "apps/client/live/FollowedFile.h"
+#include "apps/client/opening/BarsOpening.h"
 #include "host/TC/Folders.h"
 #include "host/TC/Instruments.h"
 #include "host/embedded/EmbeddedHost.h"
@@ -76,6 +77,10 @@ MainWindow::MainWindow()
     m_indexName = new QLabel;
     m_indexName->setObjectName(QStringLiteral("comparedIndex"));
     m_indexName->hide();
+    m_opening = new BarsOpening;
+    connect(m_opening, &BarsOpening::sigCancelled, this,
+            [this] { slotShowMessage(QStringLiteral("已取消读取")); });
+    statusBar()->addPermanentWidget(m_opening);
     statusBar()->addPermanentWidget(m_indexName);
     buildPanels();
     nameInstrument();
@@ -218,10 +223,12 @@ void MainWindow::buildPanels()
 
     connect(m_chart, &ChartView::sigMessage, this, &MainWindow::slotShowMessage);
     connect(m_basket, &BasketPanel::sigMessage, this, &MainWindow::slotShowMessage);
-    connect(m_instruments, &InstrumentList::sigOpen, this, &MainWindow::openBars);
+    const auto openFile = [this](const QString& path) {
+        static_cast<void>(openBars(path));
+    }; // a failure is shown
+    connect(m_instruments, &InstrumentList::sigOpen, this, openFile);
     connect(m_quotes, &QuoteList::sigOpen, this, [this](const QString& path) {
-        if (openBars(path).isGood())
-            raisePanel(kChartPanel, m_chart);
+        static_cast<void>(openBars(path, [this] { raisePanel(kChartPanel, m_chart); })); // a failure is shown
     });
     connect(m_instruments, &InstrumentList::sigListed, this,
             [this] { m_quotes->setInstruments(m_instruments->instruments()); });
@@ -230,7 +237,7 @@ void MainWindow::buildPanels()
     connect(m_chart, &ChartView::sigOpenRequested, this, &MainWindow::chooseBars);
     connect(m_ticks, &TickView::sigOpenRequested, this, &MainWindow::chooseTicks);
     m_search = new InstrumentSearch(m_chart);
-    connect(m_search, &InstrumentSearch::sigOpen, this, &MainWindow::openBars);
+    connect(m_search, &InstrumentSearch::sigOpen, this, openFile);
     connect(m_chart, &ChartView::sigStepRequested, m_instruments, &InstrumentList::step);
     connect(m_chart, &ChartView::sigSearchRequested, this,
             [this](const QString& typed) { m_search->open(m_instruments->instruments(), typed); });
@@ -248,21 +255,44 @@ base::Failure MainWindow::told(const base::Failure& failure)
     return failure;
 }
 
-base::Result<void> MainWindow::openBars(const QString& path)
+base::Result<void> MainWindow::openBars(const QString& path, const std::function<void()>& then)
 {
+    m_opening->forget();
+    if (BarsOpening::isLarge(QFileInfo(path).size())) {
+        m_opening->start(path, [this, path, then](BarsOpening::Bars bars) {
+            if (!bars.isGood())
+                return tell(bars.reason());
+            showBars(chart::withInstrument(std::move(*bars), path), path);
+            if (then)
+                then();
+        });
+        return {};
+    }
     base::Result<chart::OpenedBars> opened = chart::openBarsFile(path);
     if (!opened.isGood())
         return told(opened.failure());
+    showBars(*opened, path);
+    if (then)
+        then();
+    return {};
+}
+
+bool MainWindow::isOpening() const
+{
+    return m_opening->isReading();
+}
+
+void MainWindow::showBars(const chart::OpenedBars& opened, const QString& path)
+{
     stopLive();
     m_instruments->showFile(path);
     clearOverlays();
     m_barsPath = QFileInfo(path).absoluteFilePath();
-    m_chart->state()->setBars(opened->instrument, m_index.beside(opened->bars));
+    m_chart->state()->setBars(opened.instrument, m_index.beside(opened.bars));
     nameInstrument();
     slotShowMessage(QStringLiteral("已打开 %1 %2（%3 根K线）")
-                        .arg(TC::getDetailQsKey(opened->instrument), TC::getDetailQsName(opened->instrument),
-                             QString::number(opened->bars->size())));
-    return {};
+                        .arg(TC::getDetailQsKey(opened.instrument), TC::getDetailQsName(opened.instrument),
+                             QString::number(opened.bars->size())));
 }
 
 base::Result<void> MainWindow::openTicks(const QString& path)

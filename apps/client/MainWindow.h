@@ -17,11 +17,18 @@
 #include <QMainWindow>
 #include <QPointer>
 
+#include <functional>
+
 class QLabel;
 class QMenu;
 
+namespace chart {
+struct OpenedBars;
+}
+
 namespace client {
 
+class BarsOpening;
 class BasketPanel;
 class ChartPane;
 class ChartView;
@@ -44,8 +51,12 @@ public:
     MainWindow();
     ~MainWindow() override;
 
-    /// Opens a bars file. A failure is shown as well.
-    base::Result<void> openBars(const QString& path);
+    /// Opens a bars file. A failure is shown as well. A large file is read while the window goes on; what it
+    /// was opened for is done once its bars stand, and the answer is good meanwhile.
+    base::Result<void> openBars(const QString& path) { return openBars(path, {}); }
+    base::Result<void> openBars(const QString& path, const std::function<void()>& then);
+    /// Whether a large file is being read.
+    bool isOpening() const;
     /// Opens a trades file on the tick page; as openBars.
     base::Result<void> openTicks(const QString& path);
     /// Lays the prices of a bars file over the chart; as openBars.
@@ -92,12 +103,16 @@ private:
     void takeChoices();
     /// Opens what the last session showed, unless other bars are open already.
     void reopen();
+    /// Shows as many bars as the last session did, as far behind the newest one.
+    void showLastRange();
     void reopenTicks();
     void showParameters(const QString& formula);
     /// Gives a built-in formula other parameters wherever it is shown.
     void setParameters(const QString& formula, const QVector<double>& values);
     /// What the window shows now.
     Session session() const;
+    /// Shows bars that were read from a file.
+    void showBars(const chart::OpenedBars& opened, const QString& path);
     /// The window's title names the instrument.
     void nameInstrument();
     void chooseBars();
@@ -157,7 +172,8 @@ private:
     Replay* m_replay = nullptr;
     QPointer<FormulaEditor> m_editor; ///< while it is open
     ComparedIndex m_index;
-    QLabel* m_indexName = nullptr; ///< in the status line; hidden without an index
+    BarsOpening* m_opening = nullptr; ///< in the status line
+    QLabel* m_indexName = nullptr;    ///< in the status line; hidden without an index
     std::vector<PaneData::Overlay> m_overlays;
     Session m_last; ///< the session before this one
     SessionKeeper m_keeper;

@@ -33,15 +33,16 @@ std::string decimalText(double value, int decimals)
     return text;
 }
 
-/// Whether a column has a price on every one of the bars [from, to).
-bool hasAllPrices(const std::vector<double>& prices, std::size_t from, std::size_t to)
+/// Asks for the memory of entries [from, to) as far as there is room for them.
+template <class Value>
+void fetchRoom(const std::vector<Value>& column, std::size_t from, std::size_t to)
 {
-    if (to > prices.size())
-        return false;
-    std::size_t missing = 0; // counted, so that several bars are looked at at once
-    for (std::size_t bar = from; bar < to; ++bar)
-        missing += isMissing(valueOrMissing(prices[bar]));
-    return missing == 0;
+    constexpr std::size_t kLine = 64; // bytes that memory hands out at a time
+    if (to > column.capacity())
+        return;
+    const auto* const begin = reinterpret_cast<const char*>(column.data() + from);
+    for (std::size_t offset = 0; offset < (to - from) * sizeof(Value); offset += kLine)
+        __builtin_prefetch(begin + offset, 1);
 }
 
 /// The name that the records give to an output.
@@ -238,6 +239,16 @@ void OutputRecords::fill(const BarSeries& bars, std::size_t from, std::size_t to
         fillNumbers(link, from, to, columns);
 }
 
+void OutputRecords::fetch(std::size_t from, std::size_t to) const
+{
+    if (from < m_first)
+        return;
+    fetchRoom(m_records.result.barTimes, from - m_first, to - m_first);
+    fetchRoom(m_records.result.barValid, from - m_first, to - m_first);
+    for (const Series& series : m_records.result.numberSeries)
+        fetchRoom(series, from - m_first, to - m_first);
+}
+
 void OutputRecords::fillBars(const BarSeries& bars, std::size_t from, std::size_t to)
 {
     se::RPCFormulaResult& result = m_records.result;
@@ -249,7 +260,7 @@ void OutputRecords::fillBars(const BarSeries& bars, std::size_t from, std::size_
         times[bar - from].msecs = bars.timeMs[bar];
     result.barValid.resize(from - m_first);
     result.barValid.resize(to - m_first, 1);
-    if (hasAllPrices(bars.close, from, to))
+    if (to <= bars.close.size() && areNumbers(bars.close.data() + from, to - from))
         return;
     const auto hasPrice = [](const std::vector<double>& prices, std::size_t bar) {
         return bar < prices.size() && !isMissing(valueOrMissing(prices[bar]));

@@ -36,6 +36,10 @@ public:
     /// Fills in the bars [from, to); those before must stand.
     void fill(const BarSeries& bars, std::size_t from, std::size_t to, const Columns& columns);
 
+    /// Asks for the memory that fill() will write for the bars [from, to), so that it comes while something
+    /// else is computed.
+    void fetch(std::size_t from, std::size_t to) const;
+
     const FormulaRecords& records() const { return m_records; }
     FormulaRecords take() { return std::move(m_records); }
 

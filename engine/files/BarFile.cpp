@@ -11,6 +11,8 @@ namespace engine {
 
 namespace {
 
+constexpr std::size_t kRowsOfAStep = 4096; // between two words on the progress: about a millisecond
+
 /// Reads one row after another into the series.
 class BarReader
 {
@@ -118,15 +120,19 @@ public:
 
 /// @param last  bytes at the end of the file that are read; all of them otherwise.
 std::optional<BarSeries> readBars(const std::string& path, std::optional<std::int64_t> last,
-                                  std::string& failure)
+                                  std::string& failure, const ReadingProgress& progress)
 {
     CsvReader csv(path);
+    failure.clear();
     if (csv.readHeader()) {
         BarReader reader(csv);
         if (last)
             csv.skipToLast(*last);
-        while (csv.nextRow())
+        for (std::size_t row = 0; csv.nextRow(); ++row) {
+            if (progress && row % kRowsOfAStep == 0 && !progress(csv.share()))
+                return std::nullopt;
             reader.readRow();
+        }
         BarSeries bars = reader.take();
         if (bars.size() == 0)
             csv.fail("the file has a header and no bars");
@@ -139,15 +145,16 @@ std::optional<BarSeries> readBars(const std::string& path, std::optional<std::in
 
 } // namespace
 
-std::optional<BarSeries> readBars(const std::string& path, std::string& failure)
+std::optional<BarSeries> readBars(const std::string& path, std::string& failure,
+                                  const ReadingProgress& progress)
 {
-    return readBars(path, std::nullopt, failure);
+    return readBars(path, std::nullopt, failure, progress);
 }
 
 std::optional<BarSeries> readLastBars(const std::string& path, std::string& failure)
 {
     constexpr std::int64_t lastBytes = 4096;
-    return readBars(path, lastBytes, failure);
+    return readBars(path, lastBytes, failure, {});
 }
 
 class BarFollower::Worker : public RowFollower<GrowingBarReader>

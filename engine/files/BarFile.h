@@ -6,11 +6,15 @@
 #include "engine/series/BarSeries.h"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 
 namespace engine {
+
+/// Told every few thousand rows how much of a file is read, from 0 to 1. @return whether to read on.
+using ReadingProgress = std::function<bool(double share)>;
 
 /// Reads bars from a CSV file whose header names its columns, in English or in Chinese (UTF-8 or GB18030):
 /// date, optionally time, open, high, low, close, and optionally volume, amount and open_interest; other
@@ -20,8 +24,11 @@ namespace engine {
 /// not yet been put forward, of one that it shows twice the first. A high must not be below its low; opens
 /// and closes outside the two are taken as published. Limits are those of CsvLimits; only ordinary files are
 /// read.
-/// @param[out] failure  one line "FILE:LINE: reason" when nothing is returned.
-ENGINE_EXPORT std::optional<BarSeries> readBars(const std::string& path, std::string& failure);
+/// @param[out] failure  one line "FILE:LINE: reason" when nothing is returned; empty when `progress` ended
+/// it.
+/// @param progress  called on the reading thread; may be empty.
+ENGINE_EXPORT std::optional<BarSeries> readBars(const std::string& path, std::string& failure,
+                                                const ReadingProgress& progress = {});
 
 /// The last bars of a file, those in its last 4 KiB, read without a look at the others; otherwise as
 /// readBars.

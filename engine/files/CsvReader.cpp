@@ -142,6 +142,13 @@ double CsvReader::number(std::size_t column)
     return 0.0;
 }
 
+double CsvReader::share() const
+{
+    return std::min(static_cast<double>(m_read)
+                        / static_cast<double>(std::max<std::int64_t>(m_file.size(), 1)),
+                    1.0); // the file may have grown
+}
+
 void CsvReader::fail(const std::string& reason)
 {
     if (failed())

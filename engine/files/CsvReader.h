@@ -59,6 +59,9 @@ public:
     /// A field read as a finite number with a point; a failure, and 0, when it is none.
     double number(std::size_t column);
 
+    /// How much of the file is read, from 0 to 1.
+    double share() const;
+
     /// Records a failure of the current line, unless one stands already.
     void fail(const std::string& reason);
     bool failed() const { return !m_failure.empty(); }

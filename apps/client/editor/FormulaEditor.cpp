@@ -232,7 +232,7 @@ void FormulaEditor::startCheck()
 {
     m_pause->stop();
     m_checker.start([this, text = m_text->toPlainText(),
-                     known = m_known(m_stored)](const std::atomic<bool>&) -> LatestJob::Answer {
+                     known = m_known(m_stored)](const std::atomic<bool>&) -> base::LatestJob::Answer {
         return [this, reading = engine::readFormula(text.toStdString(), known)] { take(reading); };
     });
 }

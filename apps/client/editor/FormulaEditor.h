@@ -4,7 +4,7 @@
 
 #include "apps/chart/OpenedBars.h"
 #include "apps/client/editor/FormulaStore.h"
-#include "apps/client/editor/LatestJob.h"
+#include "apps/base/LatestJob.h"
 #include "engine/language/Formula.h"
 
 #include <QDialog>
@@ -119,7 +119,7 @@ private:
     FormulaPreview* m_preview = nullptr;
     QLabel* m_state = nullptr;
     QTimer* m_pause = nullptr; ///< between a key press and the look at the text
-    LatestJob m_checker;       ///< last: it ends before what it shows
+    base::LatestJob m_checker; ///< last: it ends before what it shows
 };
 
 } // namespace client

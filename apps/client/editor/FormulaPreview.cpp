@@ -74,8 +74,8 @@ void FormulaPreview::compute()
         show(0, {});
         return;
     }
-    const auto work = [this, bars = m_bars, formula = m_formula,
-                       parameters = m_parameters](const std::atomic<bool>& cancelled) -> LatestJob::Answer {
+    const auto work = [this, bars = m_bars, formula = m_formula, parameters = m_parameters](
+                          const std::atomic<bool>& cancelled) -> base::LatestJob::Answer {
         Records computed;
         if (formula->kind() == 1) {
             if (auto candles = engine::computeFormula(kCandles.toStdString(), *bars, {}, &cancelled))

@@ -4,7 +4,7 @@
 
 #include "apps/chart/OpenedBars.h"
 #include "apps/chart/PaneResults.h"
-#include "apps/client/editor/LatestJob.h"
+#include "apps/base/LatestJob.h"
 #include "engine/language/Formula.h"
 
 #include <QWidget>
@@ -48,8 +48,8 @@ private:
     std::shared_ptr<const engine::Formula> m_formula;
     std::vector<double> m_parameters;
     chart::PaneResults m_results;
-    int m_kind = 0;  ///< of the formula in the picture
-    LatestJob m_job; ///< last: it ends before what it shows
+    int m_kind = 0;        ///< of the formula in the picture
+    base::LatestJob m_job; ///< last: it ends before what it shows
 };
 
 } // namespace client

@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cfloat>
 
 #include <sys/stat.h>
@@ -328,6 +329,25 @@ TEST(BarFile, TakesAMissingVolumeForNone)
     const BarText gaps(std::string(kHeader) + "2024-03-05,1,2,1,2,\n2024-03-06,1,2,1,2,7\n");
     ASSERT_TRUE(gaps.bars) << gaps.failure;
     EXPECT_EQ(gaps.bars->volume, (std::vector<double> { 0.0, 7.0 }));
+}
+
+TEST(BarFile, TellsHowFarItIsAndEndsWithoutAFailureWhereItIsToldTo)
+{
+    const std::string path = SAMPLES_DIR "/bars/SH000001.csv";
+    std::vector<double> shares;
+    std::string failure;
+    ASSERT_TRUE(engine::readBars(path, failure, [&](double share) {
+        shares.push_back(share);
+        return true;
+    }));
+    ASSERT_EQ(shares.size(), 3u); // 8,709 rows
+    EXPECT_TRUE(std::is_sorted(shares.begin(), shares.end()));
+    EXPECT_GT(shares.front(), 0.0);
+    EXPECT_LE(shares.back(), 1.0);
+    int asked = 0;
+    EXPECT_FALSE(engine::readBars(path, failure, [&](double) { return ++asked < 2; }));
+    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(failure, "");
 }
 
 TEST(BarFile, ReadsTheLeapDayOfACentury)

@@ -6,8 +6,6 @@
 #include "title/CIndexTitleWidget.h"
 #include "tests/widget/client/ClientWindow.h"
 
-#include <ctime>
-
 using test::ClientWindow;
 using test::sample;
 
@@ -16,18 +14,6 @@ namespace {
 client::TimeAxisWidget* timeAxis(client::ChartView* chart)
 {
     return chart->findChild<client::TimeAxisWidget*>();
-}
-
-/// Time that this thread has worked.
-template <typename Work>
-double secondsOf(const Work& work)
-{
-    timespec before {}, after {};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &before);
-    work();
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &after);
-    return static_cast<double>(after.tv_sec - before.tv_sec)
-        + 1e-9 * static_cast<double>(after.tv_nsec - before.tv_nsec);
 }
 
 } // namespace
@@ -136,41 +122,4 @@ TEST_F(ClientWindow, TakesTheBarUnderARestingPointerAfterEveryMove)
         const chart::BarView view { state->first(), state->last(), plot(0)->width() - chart::kAxisWidth };
         EXPECT_EQ(state->crosshairBar(), view.barAt(place.x()));
     }
-}
-
-TEST_F(ClientWindow, MovesTheCrosshairOverAMillionBarsWithoutPaintingThem)
-{
-    openShare();
-    engine::BarSeries many;
-    const engine::BarSeries& few = *chart()->state()->bars();
-    constexpr std::size_t count = 1'000'000;
-    for (auto column : { &engine::BarSeries::open, &engine::BarSeries::high, &engine::BarSeries::low,
-                         &engine::BarSeries::close, &engine::BarSeries::volume }) {
-        for (std::size_t bar = 0; bar < count; ++bar)
-            (many.*column).push_back((few.*column)[bar % few.size()]);
-    }
-    for (std::size_t bar = 0; bar < count; ++bar)
-        many.timeMs.push_back(static_cast<std::int64_t>(bar) * 60'000);
-    chart()->state()->setBars(chart()->state()->instrument(),
-                              std::make_shared<const engine::BarSeries>(std::move(many)));
-    for (client::ChartPane* pane : panes())
-        ASSERT_TRUE(QTest::qWaitFor(
-            [&] { return pane->data()->getData().size() == pane->data()->getFormulaSize(); }, 60'000));
-    chart()->state()->show(0, static_cast<int>(count) - 1);
-    paintNow(plot(0));
-    const double repaint = secondsOf([&] {
-        for (std::size_t pane = 0; pane < panes().size(); ++pane)
-            plot(pane)->renew();
-        paintNow(plot(0));
-    });
-    const double move = secondsOf([&] {
-                            for (int column = 100; column < 200; ++column) {
-                                moveTo(plot(0), QPoint(column, 40));
-                                paintNow(plot(0));
-                            }
-                        })
-        / 100;
-    RecordProperty("repaint_ms", std::to_string(repaint * 1e3));
-    RecordProperty("move_ms", std::to_string(move * 1e3));
-    EXPECT_LT(move, repaint / 2) << "a move takes " << move * 1e3 << " ms, a repaint " << repaint * 1e3;
 }

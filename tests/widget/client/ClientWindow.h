@@ -11,9 +11,11 @@
 #include "tests/support/Trace.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QFile>
 #include <QMouseEvent>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QWheelEvent>
 #include <QtTest/QTest>
@@ -31,6 +33,18 @@ inline QString sample(const char* name)
 
 class ClientWindow : public testing::Test
 {
+public:
+    /// Shows a window until its arrangement is restored. The pointer rests in a corner meanwhile: the events
+    /// that a real one sends to what opens below it would come whenever the display server gets round to
+    /// them.
+    static void showSettled(QWidget& window)
+    {
+        QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+        QTest::qWait(20); // the arrangement is restored once the window stands
+    }
+
 protected:
     ClientWindow()
     {
@@ -39,8 +53,7 @@ protected:
         utils::CSingletonT<TC::CRecoveryVersionManager>::release(); // it reads the folders when it is made
         m_window = std::make_unique<client::MainWindow>();
         m_window->resize(1400, 860); // whatever the screen is
-        m_window->show();
-        QTest::qWait(20); // the arrangement is restored once the window stands
+        showSettled(*m_window);
     }
 
     /// Opens the bundled share and waits for the results of all panes.

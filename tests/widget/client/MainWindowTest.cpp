@@ -70,8 +70,7 @@ TEST_F(ClientWindow, ComparesWithTheIndexThatTheUserChoosesAndKeepsItForTheNextR
 
     m_window->close();
     m_window = std::make_unique<client::MainWindow>();
-    m_window->show();
-    QTest::qWait(20);
+    showSettled(*m_window);
     EXPECT_EQ(indexName()->text(), QStringLiteral("对照指数：SH000001 上证指数"));
     openShare();
     EXPECT_TRUE(chart()->state()->bars()->index);
@@ -180,9 +179,8 @@ TEST_F(ClientWindow, OpensUpToFiveRowsOfLegendUnderARestingPointer)
                                 QStringLiteral("BOLL"), QStringLiteral("MA"), QStringLiteral("VOL") });
     ASSERT_TRUE(QTest::qWaitFor([&] { return pane->data()->getData().size() == 6; }));
     m_window->resize(700, 700);
-    QTest::qWait(1);
     const int row = pane->title()->titleHeight();
-    EXPECT_EQ(pane->title()->height(), 2 * row);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return pane->title()->height() == 2 * row; }));
     QEvent enter(QEvent::Enter), leave(QEvent::Leave);
     QApplication::sendEvent(pane->title(), &enter);
     EXPECT_TRUE(QTest::qWaitFor([&] { return pane->title()->height() > 2 * row; }));
@@ -358,9 +356,9 @@ TEST_F(ClientWindow, RemembersItsArrangement)
     basket->toggleView(false);
     m_window->close();
     m_window = std::make_unique<client::MainWindow>();
-    m_window->show();
-    QTest::qWait(50);
-    EXPECT_TRUE(m_window->docks()->dock(QStringLiteral("tradeBaskets"))->isClosed());
+    showSettled(*m_window);
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return m_window->docks()->dock(QStringLiteral("tradeBaskets"))->isClosed(); }));
     EXPECT_FALSE(m_window->docks()->dock(QStringLiteral("indexMainPanel"))->isClosed());
 }
 

@@ -4,6 +4,7 @@
 #include "apps/client/EmptyPage.h"
 #include "apps/client/chart/TickView.h"
 #include "apps/client/session/Session.h"
+#include "apps/client/session/SessionKeeper.h"
 #include "tests/widget/client/ClientWindow.h"
 
 #include <QGuiApplication>
@@ -28,8 +29,7 @@ public:
     NextRun()
     {
         m_window.resize(1400, 860);
-        m_window.show();
-        QTest::qWait(50);
+        ClientWindow::showSettled(m_window);
     }
     client::MainWindow* operator->() { return &m_window; }
 
@@ -79,13 +79,18 @@ TEST_F(ClientWindow, OpensABarsFileThatIsDroppedOnIt)
     EXPECT_EQ(panes()[0]->getStock(), QStringLiteral("M00"));
 }
 
-TEST_F(ClientWindow, ReopensTwoSecondsLaterWhatItShowedEvenAfterASuddenEnd)
+TEST_F(ClientWindow, ReopensWhatItShowedEvenAfterASuddenEnd)
 {
     openShare();
     chart()->state()->show(1000, 1119);
     chart()->addPane({ QStringLiteral("KDJ") });
     m_window->chooseSkin(QStringLiteral("light"));
-    QTest::qWait(1900);
+    ASSERT_TRUE(QTest::qWaitFor(
+        [] {
+            const client::Session kept = client::SessionKeeper::last();
+            return kept.skin == QStringLiteral("light") && kept.panes.size() == 4 && kept.shown == 120;
+        },
+        30'000));
     NextRun next;
     const client::ChartState* state = next->chart()->state();
     EXPECT_EQ(next->windowTitle(), m_window->windowTitle());
@@ -100,8 +105,7 @@ TEST_F(ClientWindow, ReopensTwoSecondsLaterWhatItShowedEvenAfterASuddenEnd)
 TEST_F(ClientWindow, KeepsTheArrangementWithoutBeingClosed)
 {
     m_window->docks()->dock(QStringLiteral("tradeBaskets"))->toggleView(false);
-    QTest::qWait(1900);
-    ASSERT_TRUE(QFile::exists(client::DockArrangement::filePath()));
+    ASSERT_TRUE(QTest::qWaitFor([] { return QFile::exists(client::DockArrangement::filePath()); }, 30'000));
     NextRun next;
     EXPECT_TRUE(
         QTest::qWaitFor([&] { return next->docks()->dock(QStringLiteral("tradeBaskets"))->isClosed(); }));

@@ -10,7 +10,7 @@
 #include <mutex>
 #include <thread>
 
-namespace client {
+namespace base {
 
 /// Does work on a thread of its own, of which only the last one asked for counts: a new one takes the place
 /// of that which waits, tells the running one to stop, and its answer is never shown. To be used from the
@@ -50,4 +50,4 @@ private:
     std::thread m_thread;                    ///< last: it uses all the others
 };
 
-} // namespace client
+} // namespace base

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "apps/client/editor/LatestJob.h"
+#include "apps/base/LatestJob.h"
 
 #include <utility>
 
-namespace client {
+namespace base {
 
 LatestJob::LatestJob(QObject* parent)
     : QObject(parent)
@@ -75,4 +75,4 @@ void LatestJob::show(quint64 number, const Answer& answer)
         answer();
 }
 
-} // namespace client
+} // namespace base
