@@ -43,10 +43,10 @@ void MainWindow::buildOutputMenu(QMenu* menu)
 {
     QAction* actions[] = { menu->addAction(
                                QStringLiteral("导出图片…"), this, [this] { choosePicture(nullptr); },
-                               QKeySequence(Qt::CTRL | Qt::Key_S)),
+                               QKeySequence(QStringLiteral("Ctrl+S"))),
                            menu->addAction(
                                QStringLiteral("复制图片"), this, [this] { copyPicture(); },
-                               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C)),
+                               QKeySequence(QStringLiteral("Ctrl+Shift+C"))),
                            menu->addAction(QStringLiteral("打印预览…"), this, &MainWindow::previewPrint,
                                            QKeySequence::Print) };
     const auto follow = [this, first = actions[0], second = actions[1], third = actions[2]] {

@@ -2,6 +2,7 @@
 #include "apps/client/chart/ResultDifference.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 namespace client {
@@ -16,7 +17,11 @@ struct Stretch
 
 bool isSame(double one, double other)
 {
-    return std::memcmp(&one, &other, sizeof one) == 0; // as a NaN equals itself here
+    std::uint64_t bits = 0, otherBits = 0; // in which a NaN equals itself
+    static_assert(sizeof bits == sizeof one);
+    std::memcpy(&bits, &one, sizeof bits);
+    std::memcpy(&otherBits, &other, sizeof otherBits);
+    return bits == otherBits;
 }
 bool isSame(int one, int other)
 {
