@@ -57,6 +57,7 @@ void MainWindow::takeChoices()
         m_chart->addPane(formulas);
     m_chart->take(m_last.chart);
     m_instruments->setFilter(m_last.filter);
+    m_instruments->setMarks(m_last.favourites, m_last.recent);
     m_ticks->setFollowsBook(m_last.bookRule);
 }
 
@@ -119,6 +120,8 @@ Session MainWindow::session() const
     now.bars = m_barsPath.isEmpty() && isOpening() ? m_last.bars : m_barsPath;
     now.ticks = m_ticksPath;
     now.filter = m_instruments->filter();
+    now.favourites = m_instruments->favourites();
+    now.recent = m_instruments->recent();
     now.shown = state->last() - state->first() + 1;
     now.behind = std::max(0, state->barTotal() - 1 - state->last());
     now.chart = m_chart->choices();

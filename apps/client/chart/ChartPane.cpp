@@ -56,6 +56,12 @@ ChartPane::ChartPane(bool main, ChartState* state, FormulaSource* source, const 
     if (auto* close = m_title->closeButton())
         connect(close, &WB::CPushButton::clicked, this, &ChartPane::sigCloseRequested);
     connect(m_data.get(), &PaneData::sigChanged, this, &ChartPane::updateView);
+    connect(m_data.get(), &PaneData::sigGrownOutOfView, this,
+            [this] { showLegendOf(m_state->crosshairBar()); });
+    connect(state, &ChartState::sigBarsGrown, this, [this] {
+        m_klineParam->barCount = m_state->barTotal();
+        m_title->setPeroid(m_state->period());
+    });
     connect(state, &ChartState::sigCrosshairChanged, this, [this] { showLegendOf(m_state->crosshairBar()); });
     connect(state, &ChartState::sigBarsChanged, this, &ChartPane::reloadStock);
     reloadStock();

@@ -65,6 +65,8 @@ Q_SIGNALS:
     void sigDragged(const QPoint& place);
     void sigParametersRequested(const QString& formula);
     void sigExportRequested(const QString& formula, bool toClipboard);
+    /// The user wants the pane as a picture.
+    void sigPictureRequested(bool toClipboard);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

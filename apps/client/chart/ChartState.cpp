@@ -94,6 +94,21 @@ void ChartState::setMargin(int slotCount)
         show(m_first, last());
 }
 
+void ChartState::growBars(const Bars& bars)
+{
+    const int before = barTotal();
+    if (before == 0)
+        return setBars(m_instrument, bars);
+    const bool wasNewest = last() == before - 1;
+    m_source = bars;
+    gather();
+    Q_EMIT sigBarsGrown();
+    if (wasNewest && barTotal() > before) {
+        const int count = std::max(m_slots - m_margin, std::min(kUsualCount, barTotal()));
+        show(barTotal() - count, barTotal() - 1);
+    }
+}
+
 void ChartState::setCrosshairBar(int bar, double place)
 {
     m_crosshairPlace = place;

@@ -38,6 +38,10 @@ public:
     ///        the period stay as they are.
     void setPeriod(const QString& key);
 
+    /// Takes the bars that were set before, the last one perhaps changed and more behind it. Where the newest
+    /// bar was in view it stays so; what else is in view stays.
+    void growBars(const Bars& bars);
+
     const Instrument& instrument() const { return m_instrument; }
     /// The shown bars.
     const Bars& bars() const { return m_bars; }
@@ -102,6 +106,8 @@ public:
 
 Q_SIGNALS:
     void sigBarsChanged();
+    /// The last bar has changed, or more have come.
+    void sigBarsGrown();
     void sigViewChanged();
     void sigCrosshairChanged();
     /// The axis of the prices, or what is drawn on it, has changed.

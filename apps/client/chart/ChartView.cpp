@@ -4,6 +4,7 @@
 #include "apps/base/WholeFile.h"
 #include "apps/chart/ChartMeasures.h"
 #include "apps/client/chart/ChartKeys.h"
+#include "apps/client/chart/FocusFrame.h"
 #include "apps/client/EmptyPage.h"
 #include "apps/client/chart/PlotWidget.h"
 #include "apps/client/chart/TimeAxisWidget.h"
@@ -15,7 +16,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSplitter>
@@ -95,11 +95,7 @@ void ChartView::focusOutEvent(QFocusEvent* event)
 /// A frame shows that keys go to the chart.
 void ChartView::paintEvent(QPaintEvent*)
 {
-    if (!hasFocus())
-        return;
-    QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Highlight));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    paintFocusFrame(this);
 }
 
 ChartChoices ChartView::choices() const
@@ -141,6 +137,8 @@ ChartPane* ChartView::addPane(const QStringList& formulas)
     connect(
         pane, &ChartPane::sigExportRequested, this,
         [this, pane](const QString& formula, bool toClipboard) { exportPane(pane, formula, toClipboard); });
+    connect(pane, &ChartPane::sigPictureRequested, this,
+            [this, pane](bool toClipboard) { Q_EMIT sigPictureRequested(pane, toClipboard); });
     QTimer::singleShot(0, pane, [this, pane] { m_scroll->ensureWidgetVisible(pane, 0, 0); });
     return pane;
 }

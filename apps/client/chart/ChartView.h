@@ -51,6 +51,8 @@ Q_SIGNALS:
     void sigSearchRequested(const QString& typed);
     /// The user wants other parameters for a formula.
     void sigParametersRequested(const QString& formula);
+    /// The user wants a pane as a picture.
+    void sigPictureRequested(client::ChartPane* pane, bool toClipboard);
     /// The user wants to choose a bars file.
     void sigOpenRequested();
 

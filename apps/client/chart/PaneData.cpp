@@ -3,6 +3,7 @@
 
 #include "apps/chart/MappedRecords.h"
 #include "apps/chart/PaneScale.h"
+#include "apps/client/chart/ResultDifference.h"
 #include "draw/CDrawStyle.h"
 #include "host/TC/Instruments.h"
 
@@ -21,8 +22,10 @@ PaneData::PaneData(WB::CEventDeliverer* parent, ChartState* state, FormulaSource
         m_data.clear();
         m_places.clear();
         gatherOverlays();
+        m_followed.clear(); // these are other bars
         request();
     });
+    connect(state, &ChartState::sigBarsGrown, this, &PaneData::grow);
 }
 
 PaneData::~PaneData()
@@ -114,6 +117,36 @@ void PaneData::cancel()
     for (const QString& id : ids)
         m_source->cancel(id);
     m_requests.clear();
+    m_due.clear();
+}
+
+void PaneData::grow()
+{
+    const QString own = TC::getDetailQsKey(m_state->instrument());
+    for (const QString& name : qAsConst(m_formulas)) {
+        const TC::CFormulaKey key(own, name);
+        // A computation under way is not given up: at each new bar it would begin anew and never end.
+        if (m_requests.findKey(key))
+            m_due.insert(name);
+        else
+            growOne(key);
+    }
+}
+
+void PaneData::growOne(const TC::CFormulaKey& key)
+{
+    const QString id = m_source->follow(key.formulaName, m_state->bars(), m_followed[key.formulaName]);
+    if (!id.isEmpty())
+        m_requests.add(key, id);
+}
+
+bool PaneData::isSeen(const TC::CFormulaKey& key, const engine::FormulaRecords& records) const
+{
+    const auto known = m_data.find(key);
+    if (known == m_data.end() || isMainGraph(key.formulaName)) // whose pane marks the last price
+        return true;
+    const int before = m_state->first() - 1; // which the first bar in view is compared with
+    return differ(known->result, records.result, before, m_state->last());
 }
 
 void PaneData::store(const QString& id, const std::shared_ptr<const engine::FormulaRecords>& records,
@@ -124,12 +157,18 @@ void PaneData::store(const QString& id, const std::shared_ptr<const engine::Form
         return;
     m_requests.removeReq(id);
     m_places.remove(key);
+    const bool seen = isSeen(key, *records);
     TC::RPCFormulaResultCache& cache = m_data[key];
     cache.meta = records->meta;
     cache.result = records->result;
     TC::embedded::applyColors(recipe, cache.meta);
     colorOverlays();
-    Q_EMIT sigChanged();
+    if (seen)
+        Q_EMIT sigChanged();
+    else
+        Q_EMIT sigGrownOutOfView();
+    if (m_due.erase(key.formulaName) > 0)
+        growOne(key);
 }
 
 void PaneData::colorOverlays()

@@ -6,6 +6,9 @@
 #include "apps/client/chart/ChartState.h"
 #include "apps/client/chart/FormulaSource.h"
 
+#include <map>
+#include <set>
+
 namespace client {
 
 /// The pane's formulas, their requests and results. A result whose request was superseded is dropped.
@@ -56,6 +59,8 @@ public:
 
 Q_SIGNALS:
     void sigChanged();
+    /// Results have followed the bars, in a way that does not show in the plot.
+    void sigGrownOutOfView();
 
 private:
     void standOnAxis(chart::PaneContent& pane);
@@ -65,6 +70,11 @@ private:
     void placeOverlay(chart::PaneFormula& formula, const chart::PaneContent& pane);
     float factorOf(std::size_t overlay) const;
     std::optional<chart::LastPrice> lastPrice() const;
+    /// The bars have grown: the formulas follow.
+    void grow();
+    void growOne(const TC::CFormulaKey& key);
+    /// Whether the plot shows other results than those that are known.
+    bool isSeen(const TC::CFormulaKey& key, const engine::FormulaRecords& records) const;
     void requestOne(const TC::CFormulaKey& key, const ChartState::Bars& bars);
     void store(const QString& id, const std::shared_ptr<const engine::FormulaRecords>& records,
                const TC::embedded::FormulaRecipe& recipe);
@@ -75,7 +85,10 @@ private:
     ChartState* m_state;
     FormulaSource* m_source;
     std::vector<Overlay> m_overlays;
-    std::vector<ChartState::Bars> m_overlaidBars; ///< in the period of the chart
+    std::vector<ChartState::Bars> m_overlaidBars;          ///< in the period of the chart
+    std::map<QString, FormulaSource::Followed> m_followed; ///< by formula
+    /// Formulas whose request was under way when the bars grew: they follow when it has ended.
+    std::set<QString> m_due;
 };
 
 } // namespace client

@@ -94,6 +94,9 @@ QMenu* makePaneMenu(ChartPane* pane, const std::optional<int>& row)
                     [pane] { Q_EMIT pane->sigExportRequested(QString(), false); });
     menu->addAction(QStringLiteral("复制全部指标"), pane,
                     [pane] { Q_EMIT pane->sigExportRequested(QString(), true); });
+    menu->addAction(QStringLiteral("导出窗格图片…"), pane,
+                    [pane] { Q_EMIT pane->sigPictureRequested(false); });
+    menu->addAction(QStringLiteral("复制窗格图片"), pane, [pane] { Q_EMIT pane->sigPictureRequested(true); });
     menu->addSeparator();
     menu->addAction(QStringLiteral("最大化 / 还原"), pane, &ChartPane::sigMaximizeRequested);
     if (!pane->isMain())

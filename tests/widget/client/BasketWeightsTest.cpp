@@ -9,6 +9,9 @@
 #include "tests/support/Workbooks.h"
 #include "tests/widget/client/ClientWindow.h"
 
+#include <qtadvanceddocking/DockWidget.h>
+
+#include <QAction>
 #include <QClipboard>
 #include <QComboBox>
 #include <QMessageBox>
@@ -170,6 +173,24 @@ TEST_F(BasketWeights, ThatAWorkbookBroughtAreAskedForAsTypedOnesAre)
     EXPECT_FALSE(offer()->isVisibleTo(panel()));
     EXPECT_FALSE(chooseRule(kEqual, "取消").isEmpty());
     EXPECT_EQ(cells(4), QStringLiteral("75|25"));
+}
+
+TEST_F(BasketWeights, OfAPastedListGoToTheBasketThatIsInFrontWhereverTheFocusIs)
+{
+    const auto paste = [&] {
+        for (QAction* action : m_window->findChildren<QAction*>()) {
+            if (action->shortcut() == QKeySequence(QKeySequence::Paste))
+                action->trigger();
+        }
+    };
+    QApplication::clipboard()->setText(QStringLiteral("600000\n"));
+    m_window->docks()->dock(QStringLiteral("indexMainPanel"))->setAsCurrentTab();
+    paste();
+    EXPECT_TRUE(table()->getAllStock().isEmpty());
+    m_window->docks()->dock(QStringLiteral("tradeBaskets"))->setAsCurrentTab();
+    chart()->setFocus();
+    paste();
+    EXPECT_EQ(table()->getAllStock(), QVector<QString> { QStringLiteral("SH600000") });
 }
 
 TEST_F(BasketWeights, ThatTheRuleComputesCannotBeTyped)
