@@ -110,15 +110,15 @@ TEST_F(ClientWindow, LeavesSlotsFreeRightOfTheNewestBarOnly)
     state->setMargin(10);
     state->show(state->barTotal() - 40, state->barTotal() - 1);
     const int plotWidth = plot(0)->width() - chart::kAxisWidth;
-    EXPECT_NEAR(state->view(plotWidth).width, plotWidth * 40 / 50, 1);
+    EXPECT_NEAR(state->view(plotWidth).width, plotWidth * 0.8, 1.0);
     state->pan(-4);
     EXPECT_EQ(state->last(), state->barTotal() - 1) << "the margin gives way first";
-    EXPECT_NEAR(state->view(plotWidth).width, plotWidth * 44 / 50, 1);
+    EXPECT_NEAR(state->view(plotWidth).width, plotWidth * 0.88, 1.0);
     state->pan(-20);
     EXPECT_EQ(state->view(plotWidth).width, plotWidth);
     EXPECT_EQ(state->last() - state->first() + 1, 50);
     QTest::keyClick(chart(), Qt::Key_End);
-    EXPECT_NEAR(state->view(plotWidth).width, plotWidth * 40 / 50, 1);
+    EXPECT_NEAR(state->view(plotWidth).width, plotWidth * 0.8, 1.0);
     moveTo(plot(0), QPoint(plotWidth - 3, 40)); // in the margin
     EXPECT_EQ(state->crosshairBar(), state->barTotal() - 1);
 }
