@@ -84,5 +84,5 @@ TEST_F(ClientWindow, JumpsToATypedDateAndSaysWhereThereIsNone)
     EXPECT_FALSE(dialog->isVisible());
     const int bar = state->crosshairBar();
     EXPECT_EQ(state->bars()->timeMs[static_cast<std::size_t>(bar)], at(2011, 4, 28));
-    EXPECT_NEAR(bar - state->first(), (state->last() - state->first()) / 2, 4);
+    EXPECT_NEAR(bar - state->first(), (state->last() - state->first()) / 2.0, 4.5);
 }
