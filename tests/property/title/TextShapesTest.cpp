@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "title/internal/TextShapes.h"
 
+#include "title/internal/TextLine.h"
+
 #include "host/WB/CSimpleText.h"
 #include "tests/support/Seeds.h"
 #include "tests/support/TestFont.h"
@@ -176,6 +178,16 @@ TEST(PaintLine, PaintsThePixelsOfDrawText)
             ASSERT_EQ(textWidth(text, font), WB::CSimpleText::getSize(text, font).width())
                 << text.toStdString();
     }
+}
+
+TEST(PaintLine, LeavesATextToTheEngineWhereGlyphsOfTwoFontsTouch)
+{
+    QFont font(QStringLiteral("Noto Sans CJK SC"));
+    font.setPixelSize(6);
+    const TC::detail::TextLine touching(QStringLiteral("e\u0301\u0301"), font);
+    if (touching.runs().size() < 2)
+        GTEST_SKIP() << "one font holds the letter and its accent";
+    EXPECT_FALSE(touching.isPlain());
 }
 
 TEST(PaintLine, StaysInsideTheRoomThatItIsSaidToStayIn)
