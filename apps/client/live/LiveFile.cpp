@@ -52,7 +52,7 @@ std::optional<LiveFile::State> LiveFile::current() const
     struct stat found = {};
     std::optional<State> state;
     if (fstat(file, &found) == 0 && S_ISREG(found.st_mode)) {
-        constexpr qint64 nsPerSecond = 1'000'000'000;
+        constexpr qint64 nsPerSecond = 1000 * 1000 * 1000;
         state = State { found.st_dev, found.st_ino, found.st_size,
                         found.st_mtim.tv_sec * nsPerSecond + found.st_mtim.tv_nsec,
                         bytesBefore(file, found.st_size) };
