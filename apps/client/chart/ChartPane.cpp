@@ -62,7 +62,8 @@ ChartPane::ChartPane(bool main, ChartState* state, FormulaSource* source, const 
         m_klineParam->barCount = m_state->barTotal();
         m_title->setPeroid(m_state->period());
     });
-    connect(state, &ChartState::sigCrosshairChanged, this, [this] { showLegendOf(m_state->crosshairBar()); });
+    for (const auto signal : { &ChartState::sigCrosshairChanged, &ChartState::sigViewChanged })
+        connect(state, signal, this, [this] { showLegendOf(m_state->crosshairBar()); });
     connect(state, &ChartState::sigBarsChanged, this, &ChartPane::reloadStock);
     reloadStock();
     m_data->setFormulas(formulas);
@@ -136,10 +137,11 @@ void ChartPane::updateView()
     m_plot->renew();
 }
 
-/// The legend follows the crosshair; without one it shows the last bar.
+/// The legend follows the crosshair; without one it shows the last bar in view.
 void ChartPane::showLegendOf(int bar)
 {
-    m_title->updateIndexId(bar);
+    const bool looksBack = bar < 0 && m_state->last() >= 0 && m_state->last() + 1 < m_state->barTotal();
+    m_title->updateIndexId(looksBack ? m_state->last() : bar);
 }
 
 QString ChartPane::getMarket() const

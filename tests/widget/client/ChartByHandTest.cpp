@@ -122,3 +122,22 @@ TEST_F(ClientWindow, TakesTheBarUnderARestingPointerAfterEveryMove)
         EXPECT_EQ(state->crosshairBar(), state->view(plot(0)->width() - chart::kAxisWidth).barAt(place.x()));
     }
 }
+
+TEST_F(ClientWindow, LegendsShowTheLastBarInViewWhereThereIsNoCrosshair)
+{
+    openShare();
+    client::ChartState* state = chart()->state();
+    const auto legend = [this] { return panes()[0]->title()->grab().toImage(); };
+    const QImage newest = legend();
+    state->show(100, 200);
+    const QImage looksBack = legend();
+    EXPECT_NE(looksBack, newest);
+    state->setCrosshairBar(200);
+    EXPECT_EQ(legend(), looksBack);
+    state->setCrosshairBar(150);
+    EXPECT_NE(legend(), looksBack);
+    state->setCrosshairBar(-1);
+    EXPECT_EQ(legend(), looksBack);
+    state->showLast();
+    EXPECT_EQ(legend(), newest);
+}
