@@ -178,6 +178,7 @@ TEST(StockTable, FillingScalesTheCallersRecords)
 TEST(StockTable, TheFactorBringsTheMinimumToOneOrMore)
 {
     EXPECT_EQ(factorFor(0.25), QStringLiteral("10")); // 2.5 ends the loop
+    EXPECT_EQ(factorFor(1.5), QStringLiteral("1"));
     EXPECT_EQ(factorFor(0.05), QStringLiteral("100"));
     EXPECT_EQ(factorFor(0.1), QStringLiteral("10"));
     EXPECT_EQ(factorFor(0.001), QStringLiteral("1000"));

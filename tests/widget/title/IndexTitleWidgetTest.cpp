@@ -407,6 +407,13 @@ TEST_F(TitleWidget, PaintsTheBackgroundAloneWithoutDataOrInstrument)
     EXPECT_EQ(lastInk(nameless.picture(300, 16)), -1);
 }
 
+TEST_F(TitleWidget, AnInstrumentWithoutANameHasNoHeadingColumn)
+{
+    test::Strip strip(&data, 0, 0, 0);
+    strip.setStock(test::instrument("SH", "600000", "", 0.01));
+    EXPECT_EQ(lastInk(strip.picture(300, 32)), -1);
+}
+
 TEST_F(TitleWidget, PaintsTheLegendOfTheShownBar)
 {
     data.add(QStringLiteral("F"), FormulaBuilder().output("a", 0, { { 1.0, 88888.0 } }).build());
