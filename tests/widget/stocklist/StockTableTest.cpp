@@ -165,6 +165,18 @@ TEST(StockTable, ShowsAllStocksAfterAddingUnfilteredAndUnsorted)
 
 // Filling
 
+TEST(StockTable, AFilterOfItsOwnColumnLooksAtNoOther)
+{
+    BasketTable table;
+    table.add({ stock("600000", 1) });
+    for (const int column : { 0, 2 }) { // market and name; the text stands in the code
+        table.setColumnFilter(column, QStringLiteral("600"));
+        EXPECT_EQ(table.rowCount(), 0) << column;
+        table.setColumnFilter(column, QString());
+        EXPECT_EQ(table.rowCount(), 1) << column;
+    }
+}
+
 TEST(StockTable, FillingScalesTheCallersRecords)
 {
     BasketTable table;
