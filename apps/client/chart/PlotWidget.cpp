@@ -108,7 +108,7 @@ void PlotWidget::resizeEvent(QResizeEvent* event)
 void PlotWidget::mouseMoveEvent(QMouseEvent* event)
 {
     if (m_dragColumn)
-        drag(event->x());
+        drag(event->pos().x());
     const bool inPlot = geometryOfPane().plot.contains(event->pos());
     m_pointer = inPlot ? std::optional<QPoint>(event->pos()) : std::nullopt;
     followPointer();
@@ -120,7 +120,7 @@ void PlotWidget::mouseMoveEvent(QMouseEvent* event)
 void PlotWidget::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton)
-        m_dragColumn = event->x();
+        m_dragColumn = event->pos().x();
 }
 
 void PlotWidget::mouseReleaseEvent(QMouseEvent*)
