@@ -86,7 +86,7 @@ public:
     {
         m_window.resize(1400, 860);
         m_window.show();
-        QTest::qWait(50); // the arrangement is restored once the window stands
+        QTest::qWait(50);                         // the arrangement is restored once the window stands
         if (m_window.chart()->panes().size() < 4) // the session keeps it
             m_window.chart()->addPane({ QStringLiteral("KDJ") });
         static_cast<void>(m_window.openBars(folder.bars()));

@@ -133,13 +133,15 @@ void besidePlain(benchmark::State& state, const Contest& contest)
     state.counters["ratio"] = lowQuantile(own) / lowQuantile(same);
 }
 
-/// Windows whose length changes from bar to bar, 1 to 39, beside one of 20, both without the computing of the
-/// lengths; "ratio" is what they take of it.
+/// Windows whose length changes from bar to bar, 1 to 39 and back to 1, beside one of 20, both without the
+/// line of the lengths; "ratio" is what they take of it.
 void changingWindow(benchmark::State& state, const std::string& function)
 {
-    const engine::BarSeries bars = walk(kBars / 4);
+    engine::BarSeries bars = walk(kBars / 4);
+    for (std::size_t bar = 0; bar < bars.size(); ++bar)
+        bars.volume[bar] = static_cast<double>(bar % 39 + 1);
     const auto timed = [&](const std::string& window) {
-        const auto formula = formulaOf("N:MOD(BARPOS,39)+1;" + window);
+        const auto formula = formulaOf("N:VOL;" + window);
         const double start = threadTime();
         FormulaEvaluation evaluation(formula, {}, FormulaEvaluation::Mode::Once);
         evaluation.update(bars);

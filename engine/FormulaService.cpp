@@ -36,6 +36,8 @@ struct Job
 {
     quint64 number = 0;
     std::shared_ptr<const Formula> formula;
+    std::shared_ptr<FormulaEvaluation>
+        followed; ///< in place of the formula; null for one that is computed once
     std::shared_ptr<const BarSeries> bars;
     std::vector<double> parameters;
     std::atomic<bool> cancelled { false };
@@ -73,14 +75,18 @@ public:
         m_thread.join();
     }
 
-    void add(std::shared_ptr<Job> job)
+    /// @return the identifier that the job now has.
+    QString add(std::shared_ptr<Job> job)
     {
-        m_open.emplace(idOf(job->number), job);
+        job->number = nextNumber();
+        QString id = idOf(job->number);
+        m_open.emplace(id, job);
         {
             const std::lock_guard<std::mutex> lock(m_lock);
             m_waiting.push_back(std::move(job));
         }
         m_wake.notify_one();
+        return id;
     }
 
     /// Forgets an open request. @return whether it was open.
@@ -118,14 +124,23 @@ private:
     {
         while (const std::shared_ptr<Job> job = next()) {
             std::shared_ptr<const FormulaRecords> records;
-            if (job->bars) {
-                if (auto computed =
-                        computeFormula(job->formula, *job->bars, job->parameters, &job->cancelled))
-                    records = std::make_shared<const FormulaRecords>(std::move(*computed));
-            }
+            if (job->bars)
+                records = job->followed ? followed(*job) : computed(*job);
             if (!job->cancelled)
                 hand({ job->number, std::move(records) });
         }
+    }
+
+    static std::shared_ptr<const FormulaRecords> computed(const Job& job)
+    {
+        auto records = computeFormula(job.formula, *job.bars, job.parameters, &job.cancelled);
+        return records ? std::make_shared<const FormulaRecords>(std::move(*records)) : nullptr;
+    }
+
+    static std::shared_ptr<const FormulaRecords> followed(const Job& job)
+    {
+        const bool isDone = job.followed->update(*job.bars, &job.cancelled);
+        return isDone ? std::make_shared<const FormulaRecords>(job.followed->records()) : nullptr;
     }
 
     /// Leaves the outcome for the service's thread and calls that thread, once for all that lies there.
@@ -179,13 +194,19 @@ QString FormulaService::request(std::shared_ptr<const Formula> formula, std::sha
                                 const std::vector<double>& parameters)
 {
     auto job = std::make_shared<Job>();
-    job->number = nextNumber();
     job->formula = std::move(formula);
     job->bars = std::move(bars);
     job->parameters = parameters;
-    QString id = idOf(job->number);
-    m_worker->add(std::move(job));
-    return id;
+    return m_worker->add(std::move(job));
+}
+
+QString FormulaService::follow(std::shared_ptr<FormulaEvaluation> followed,
+                               std::shared_ptr<const BarSeries> bars)
+{
+    auto job = std::make_shared<Job>();
+    job->followed = std::move(followed);
+    job->bars = std::move(bars);
+    return m_worker->add(std::move(job));
 }
 
 void FormulaService::cancel(const QString& id)

@@ -4,6 +4,7 @@
 
 #include "engine/EngineExport.h"
 #include "engine/Formulas.h"
+#include "engine/evaluation/FormulaEvaluation.h"
 
 #include <QObject>
 #include <QString>
@@ -34,6 +35,14 @@ public:
     /// @return the identifier of the request, never empty and never used twice by any service.
     QString request(std::shared_ptr<const Formula> formula, std::shared_ptr<const BarSeries> bars,
                     const std::vector<double>& parameters = {});
+
+    /// Asks a formula that follows growing bars for its records over them; a new bar or a changed last one
+    /// costs no second look at the past. Ends as a request does.
+    /// @param followed  of FormulaEvaluation::Mode::Follow; while requests of it are open nobody else uses
+    /// it.
+    ///        Null fails.
+    /// @param bars  those of its request before, grown as FormulaEvaluation::update says.
+    QString follow(std::shared_ptr<FormulaEvaluation> followed, std::shared_ptr<const BarSeries> bars);
 
     /// Drops a request that has not been delivered; unknown identifiers are ignored.
     void cancel(const QString& id);

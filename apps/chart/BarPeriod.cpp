@@ -27,6 +27,8 @@ std::optional<TC::EFormulaPeriod> periodOf(std::int64_t seconds)
         return TC::EFormulaPeriod_Week;
     if (isDays(26, 36))
         return TC::EFormulaPeriod_Month;
+    if (isDays(80, 100))
+        return TC::EFormulaPeriod_Quarter;
     if (isDays(355, 376))
         return TC::EFormulaPeriod_Year;
     return seconds < kDay ? std::optional(static_cast<TC::EFormulaPeriod>(seconds)) : std::nullopt;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/chart/FormulaPainting.h"
 
+#include "apps/chart/AxisTexts.h"
 #include "data/RecordReading.h"
 #include "draw/CDrawStyle.h"
 #include "host/se/RecordCodes.h"
@@ -28,6 +29,26 @@ double closeBefore(const TC::RPCFormulaResultCache& cache, int output, int first
 {
     constexpr int close = 2; // third column of a volume output
     return TC::recordedNumber(cache, output, close, first - 1).value_or(0.0);
+}
+
+void paintCandles(QPainter& painter, TC::CDrawStyle& style, const PaneContent& pane,
+                  const PaneFormula& formula, int output, const BarView& view,
+                  const QPair<double, double>& range, int height)
+{
+    QRect rect(0, 0, view.width, height);
+    const int decimals = TC::CDrawStyle::priceTick2Precision(pane.priceTick);
+    const auto draw = [&](QPainter* on, int precision) {
+        style.drawKLine(on, rect, *formula.records, range, output, view.first, view.last, view.count(),
+                        view.halfWidth(), pane.periodSeconds, formula.overlaid, formula.scale, precision);
+    };
+    if (!pane.axis.isLogarithmic() || formula.overlaid)
+        return draw(&painter, decimals);
+    constexpr int exact = 12; // decimals of a place that tell its price
+    AxisTexts device(&painter, pane.axis, decimals);
+    QPainter labelled(&device);
+    labelled.setFont(painter.font());
+    labelled.setBrush(painter.brush());
+    draw(&labelled, exact);
 }
 
 void paintOutput(QPainter& painter, TC::CDrawStyle& style, const PaneContent& pane,
@@ -79,11 +100,7 @@ void paintOutput(QPainter& painter, TC::CDrawStyle& style, const PaneContent& pa
         TC::CDrawStyle::drawCircleDot(&painter, rect, cache, range, output, first, last, half, fullWidth,
                                       barCount, false);
         break;
-    case DrawType::Candle:
-        style.drawKLine(&painter, rect, cache, range, output, first, last, view.count(), half,
-                        pane.periodSeconds, formula.overlaid, formula.scale,
-                        TC::CDrawStyle::priceTick2Precision(pane.priceTick));
-        break;
+    case DrawType::Candle: paintCandles(painter, style, pane, formula, output, view, range, height); break;
     case DrawType::Text:
         style.drawText(&painter, rect, cache, range, output, first, last, half, barCount);
         break;

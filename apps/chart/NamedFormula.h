@@ -13,7 +13,8 @@
 namespace chart {
 
 /// Computes a formula that the formula manager knows, built-in or the user's own, with its parameters and
-/// colours, and makes records of the bars [first, end). Empty for a name that it does not know.
+/// colours, and makes records of the bars [first, end). Empty for a name that it does not know, and
+/// where the records would take too much memory.
 std::optional<engine::FormulaRecords> computeNamed(const QString& name, const engine::BarSeries& bars,
                                                    std::size_t first, std::size_t end);
 

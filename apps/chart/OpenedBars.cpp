@@ -21,20 +21,6 @@ namespace {
 
 constexpr int kMarketLength = 2;
 
-/// The instrument of a key, or one made up from it.
-Instrument instrumentOf(const QString& path, const QString& chosen, const std::vector<double>& prices)
-{
-    const QString key = chosen.isEmpty() ? QFileInfo(path).baseName() : chosen;
-    if (Instrument known = utils::CSingletonT<TC::CStockManager>::instance()->getInstrumentDetail(key))
-        return known;
-    auto instrument = std::make_shared<ttservice::CInstrumentDetail>();
-    instrument->market = WB::qsToS(key.left(kMarketLength));
-    instrument->code = WB::qsToS(key.mid(kMarketLength));
-    instrument->name = WB::qsToS(key);
-    instrument->priceTick = inferredPriceTick(prices);
-    return instrument;
-}
-
 /// A number of shares that the instrument database knows; NaN when it does not.
 double sharesOf(const Instrument& instrument, int field)
 {
@@ -50,6 +36,25 @@ base::Failure failureOf(const std::string& text)
 
 } // namespace
 
+Instrument instrumentOfFile(const QString& path, const QString& chosen, const std::vector<double>& prices)
+{
+    const QString key = chosen.isEmpty() ? QFileInfo(path).baseName() : chosen;
+    if (Instrument known = utils::CSingletonT<TC::CStockManager>::instance()->getInstrumentDetail(key))
+        return known;
+    auto instrument = std::make_shared<ttservice::CInstrumentDetail>();
+    instrument->market = WB::qsToS(key.left(kMarketLength));
+    instrument->code = WB::qsToS(key.mid(kMarketLength));
+    instrument->name = WB::qsToS(key);
+    instrument->priceTick = inferredPriceTick(prices);
+    return instrument;
+}
+
+void takeShares(engine::BarSeries& bars, const Instrument& instrument)
+{
+    bars.floatingShares = sharesOf(instrument, TC::embedded::kFloatingSharesField);
+    bars.totalShares = sharesOf(instrument, TC::embedded::kTotalSharesField);
+}
+
 base::Result<OpenedBars> openBarsFile(const QString& path, const QString& key)
 {
     std::string failure;
@@ -61,9 +66,8 @@ base::Result<OpenedBars> openBarsFile(const QString& path, const QString& key)
 
 OpenedBars withInstrument(engine::BarSeries bars, const QString& path, const QString& key)
 {
-    const Instrument instrument = instrumentOf(path, key, bars.close);
-    bars.floatingShares = sharesOf(instrument, TC::embedded::kFloatingSharesField);
-    bars.totalShares = sharesOf(instrument, TC::embedded::kTotalSharesField);
+    const Instrument instrument = instrumentOfFile(path, key, bars.close);
+    takeShares(bars, instrument);
     return { instrument, std::make_shared<engine::BarSeries>(std::move(bars)) };
 }
 
@@ -74,7 +78,7 @@ base::Result<OpenedTicks> openTicksFile(const QString& path, const QString& key)
         engine::readTicks(base::bytesOfName(path).toStdString(), failure);
     if (!ticks)
         return failureOf(failure);
-    return OpenedTicks { instrumentOf(path, key, ticks->price),
+    return OpenedTicks { instrumentOfFile(path, key, ticks->price),
                          std::make_shared<const engine::TickSeries>(std::move(*ticks)) };
 }
 

@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <memory>
+#include <vector>
 
 namespace ttservice {
 class CInstrumentDetail;
@@ -45,5 +46,12 @@ OpenedBars withInstrument(engine::BarSeries bars, const QString& path, const QSt
 
 /// Reads a trades file; otherwise as openBarsFile.
 base::Result<OpenedTicks> openTicksFile(const QString& path, const QString& key = QString());
+
+/// The instrument of a file, as openBarsFile finds it or makes it up.
+/// @param prices  of the file, for the price tick of one that is made up.
+Instrument instrumentOfFile(const QString& path, const QString& key, const std::vector<double>& prices);
+
+/// Gives bars the numbers of shares that the instrument database knows.
+void takeShares(engine::BarSeries& bars, const Instrument& instrument);
 
 } // namespace chart

@@ -2,10 +2,9 @@
 #pragma once
 /// @file What one pane shows.
 
+#include "apps/chart/ValueAxis.h"
 #include "data/CFormulaKey.h"
 #include "data/RPCFormulaResultCache.h"
-
-#include <QList>
 
 #include <optional>
 #include <vector>
@@ -21,6 +20,7 @@ struct PaneFormula
     /// own formulas.
     float scale = 1.0f;
     bool overlaid = false; ///< candles of another instrument, all in one colour
+    bool ownScale = false; ///< brought onto the pane's axis already, whose range it does not widen
 };
 
 /// The price that the instrument stands at.
@@ -35,9 +35,11 @@ struct PaneContent
 {
     std::vector<PaneFormula> formulas;
     bool showsPrices = false; ///< the pane's axis shows prices of the instrument
+    ValueAxis axis;           ///< on a logarithmic one the records hold places instead of prices
     double priceTick = 0.01;  ///< smallest price step of the instrument
     int periodSeconds = 86400;
     std::optional<LastPrice> lastPrice; ///< marked by a line and on the axis
+    std::vector<double> priceLines;     ///< prices with a line of the user's own
     std::vector<int> markedBars;        ///< bars with a line of the grid
     bool bookRule = false;              ///< tick volume sticks follow the order book
 };

@@ -9,6 +9,9 @@
 
 #include <QPainter>
 
+#include <algorithm>
+#include <cmath>
+
 namespace chart {
 
 namespace {
@@ -43,12 +46,18 @@ QPen dotted(const QColor& color)
     return QPen(color, 0, Qt::DotLine);
 }
 
+/// Row of the plot on which a value of the axis stands.
+int rowOfValue(double value, const PaneContent& pane, const QPair<double, double>& range, int height)
+{
+    return rowOf(pane.axis.placeOf(value), range, height);
+}
+
 void paintGrid(QPainter& painter, const PaneGeometry& geometry, const std::vector<AxisMark>& marks,
                const PaneContent& pane, const BarView& view, const QPair<double, double>& range)
 {
     painter.setPen(dotted(WB::skinColor("clr_chart_grid", Qt::darkGray)));
     for (const AxisMark& mark : marks) {
-        const int row = geometry.plot.top() + rowOf(mark.value, range, geometry.plot.height());
+        const int row = geometry.plot.top() + rowOfValue(mark.value, pane, range, geometry.plot.height());
         painter.drawLine(geometry.plot.left(), row, geometry.plot.right(), row);
     }
     for (int bar : pane.markedBars) {
@@ -63,20 +72,69 @@ std::optional<int> lastPriceRow(const PaneGeometry& geometry, const PaneContent&
 {
     if (!pane.lastPrice)
         return std::nullopt;
-    const int row = rowOf(pane.lastPrice->price, range, geometry.plot.height());
+    const int row = rowOfValue(pane.lastPrice->price, pane, range, geometry.plot.height());
     return row >= 0 && row < geometry.plot.height() ? std::optional(row) : std::nullopt;
+}
+
+/// A price with a line through the plot and a tag on the axis.
+struct MarkedPrice
+{
+    int row = 0, tagRow = 0; ///< of the plot
+    double price = 0.0;
+    QColor color;
+    Qt::PenStyle line = Qt::SolidLine;
+    bool isLast = false;
+};
+
+/// The prices that the pane marks, from the top; of those beyond its ends none.
+std::vector<MarkedPrice> markedPrices(const PaneGeometry& geometry, const PaneContent& pane,
+                                      const QPair<double, double>& range)
+{
+    std::vector<MarkedPrice> marked;
+    marked.reserve(pane.priceLines.size() + 1);
+    const QColor own = WB::skinColor("clr_chart_price_line", axisText());
+    for (double price : pane.priceLines) {
+        const int row = rowOfValue(price, pane, range, geometry.plot.height());
+        if (row >= 0 && row < geometry.plot.height())
+            marked.push_back({ row, row, price, own, Qt::SolidLine, false });
+    }
+    if (const std::optional<int> row = lastPriceRow(geometry, pane, range)) {
+        const QColor color =
+            WB::skinColor(pane.lastPrice->rises ? "ic_clr_kline_rise" : "ic_clr_kline_fall", axisText());
+        marked.push_back({ *row, *row, pane.lastPrice->price, color, Qt::DashLine, true });
+    }
+    std::sort(marked.begin(), marked.end(),
+              [](const MarkedPrice& a, const MarkedPrice& b) { return a.row < b.row; });
+    return marked;
+}
+
+/// Moves tags apart: that of the last price stays, the others make room above and below it.
+void moveTagsApart(std::vector<MarkedPrice>& marked)
+{
+    const auto found =
+        std::find_if(marked.begin(), marked.end(), [](const MarkedPrice& one) { return one.isLast; });
+    const auto fixed =
+        found == marked.end() ? std::size_t { 0 } : static_cast<std::size_t>(found - marked.begin());
+    for (std::size_t tag = fixed; tag > 0; --tag)
+        marked[tag - 1].tagRow = std::min(marked[tag - 1].tagRow, marked[tag].tagRow - kTagHeight);
+    for (std::size_t tag = fixed + 1; tag < marked.size(); ++tag)
+        marked[tag].tagRow = std::max(marked[tag].tagRow, marked[tag - 1].tagRow + kTagHeight);
 }
 
 void paintAxis(QPainter& painter, const PaneGeometry& geometry, const std::vector<AxisMark>& marks,
                const PaneContent& pane, const QPair<double, double>& range)
 {
-    const std::optional<int> covered = lastPriceRow(geometry, pane, range);
+    std::vector<MarkedPrice> marked = markedPrices(geometry, pane, range);
+    moveTagsApart(marked);
+    const auto isCovered = [&](int row) {
+        return std::any_of(marked.begin(), marked.end(),
+                           [&](const MarkedPrice& one) { return std::abs(row - one.tagRow) < kLabelHeight; });
+    };
     useAxisFont(painter);
     painter.setPen(axisText());
     for (const AxisMark& mark : marks) {
-        const int row = rowOf(mark.value, range, geometry.plot.height());
-        if (!hasLabelRoom(row, geometry.plot.height())
-            || (covered && std::abs(row - *covered) < kLabelHeight))
+        const int row = rowOfValue(mark.value, pane, range, geometry.plot.height());
+        if (!hasLabelRoom(row, geometry.plot.height()) || isCovered(row))
             continue;
         painter.drawText(QRect(geometry.axis.left() + kTextMargin,
                                geometry.plot.top() + row - kLabelHeight / 2,
@@ -101,30 +159,32 @@ QRect tagOf(const PaneGeometry& geometry, int row)
 
 /// The row of the pointer with its value.
 void paintPointer(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane,
-                  const QPair<double, double>& range, int pointer)
+                  const QPair<double, double>& range, const Crosshair& crosshair)
 {
-    const int row = geometry.plot.top() + pointer;
+    const int pointer = *crosshair.row, row = geometry.plot.top() + pointer;
     painter.drawLine(geometry.plot.left(), row, geometry.plot.right(), row);
-    const double value = valueAt(pointer, range, geometry.plot.height());
-    const double step = (range.first - range.second) / geometry.plot.height();
+    const double value = pane.axis.valueAt(valueAt(pointer, range, geometry.plot.height()));
+    const double step =
+        std::abs(value - pane.axis.valueAt(valueAt(pointer + 1, range, geometry.plot.height())));
     useAxisFont(painter);
-    paintTag(painter, tagOf(geometry, row), valueText(value, pane, step), axisText());
+    paintTag(painter, tagOf(geometry, row), valueText(crosshair.value.value_or(value), pane, step),
+             axisText());
 }
 
-/// A line at the last price, and the price on the axis.
-void paintLastPrice(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane,
-                    const QPair<double, double>& range)
+/// A line at each price that the pane marks, and the price on the axis.
+void paintMarkedPrices(QPainter& painter, const PaneGeometry& geometry, const PaneContent& pane,
+                       const QPair<double, double>& range)
 {
-    const std::optional<int> lastRow = lastPriceRow(geometry, pane, range);
-    if (!lastRow)
-        return;
-    const QColor color =
-        WB::skinColor(pane.lastPrice->rises ? "ic_clr_kline_rise" : "ic_clr_kline_fall", axisText());
-    const int row = geometry.plot.top() + *lastRow;
-    painter.setPen(QPen(color, 0, Qt::DashLine));
-    painter.drawLine(geometry.plot.left(), row, geometry.plot.right(), row);
+    std::vector<MarkedPrice> marked = markedPrices(geometry, pane, range);
+    moveTagsApart(marked);
     useAxisFont(painter);
-    paintTag(painter, tagOf(geometry, row), valueText(pane.lastPrice->price, pane, pane.priceTick), color);
+    for (const MarkedPrice& one : marked) {
+        const int row = geometry.plot.top() + one.row;
+        painter.setPen(QPen(one.color, 0, one.line));
+        painter.drawLine(geometry.plot.left(), row, geometry.plot.right(), row);
+        paintTag(painter, tagOf(geometry, geometry.plot.top() + one.tagRow),
+                 valueText(one.price, pane, pane.priceTick), one.color);
+    }
 }
 
 } // namespace
@@ -145,7 +205,7 @@ void paintPlot(QPainter& painter, const PaneGeometry& geometry, const PaneConten
     painter.restore();
 
     paintAxis(painter, geometry, marks, pane, range);
-    paintLastPrice(painter, geometry, pane, range);
+    paintMarkedPrices(painter, geometry, pane, range);
     painter.setPen(frame());
     painter.drawLine(geometry.axis.topLeft(), geometry.axis.bottomLeft());
     painter.restore();
@@ -161,7 +221,7 @@ void paintCrosshair(QPainter& painter, const PaneGeometry& geometry, const PaneC
     const int column = geometry.plot.left() + view.centre(crosshair.bar);
     painter.drawLine(column, geometry.plot.top(), column, geometry.plot.bottom());
     if (crosshair.row)
-        paintPointer(painter, geometry, pane, range, *crosshair.row);
+        paintPointer(painter, geometry, pane, range, crosshair);
     painter.restore();
 }
 

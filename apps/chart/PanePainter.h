@@ -25,8 +25,9 @@ struct PaneGeometry
 /// Where the crosshair stands.
 struct Crosshair
 {
-    int bar = -1;           ///< -1: no crosshair
-    std::optional<int> row; ///< row of the plot, when the pointer is in this pane
+    int bar = -1;                               ///< -1: no crosshair
+    std::optional<int> row;                     ///< row of the plot, when the pointer is in this pane
+    std::optional<double> value = std::nullopt; ///< told on the axis instead of the row's value
 };
 
 /// Paints everything of a pane but the crosshair. Colours and fonts come from the skin; `view.width` must be

@@ -19,7 +19,9 @@ constexpr double kAir = 0.06; // share of the range that is left free above and 
 /// drawn outside the pane.
 constexpr double kGreatest = 1e304;
 
-bool hasVolume(const PaneContent& pane)
+} // namespace
+
+bool standsOnZero(const PaneContent& pane)
 {
     for (const PaneFormula& formula : pane.formulas) {
         const auto& types = formula.records->meta.drawType;
@@ -31,7 +33,13 @@ bool hasVolume(const PaneContent& pane)
     return false;
 }
 
-} // namespace
+QPair<double, double> stretched(const QPair<double, double>& range, double factor, bool fromZero)
+{
+    if (fromZero)
+        return { range.first * factor, range.second };
+    const double middle = range.first / 2 + range.second / 2;
+    return { middle + (range.first - middle) * factor, middle + (range.second - middle) * factor };
+}
 
 QPair<double, double> visibleRange(const PaneContent& pane, const BarView& view)
 {
@@ -39,6 +47,8 @@ QPair<double, double> visibleRange(const PaneContent& pane, const BarView& view)
     bool counted = false;
     for (const PaneFormula& formula : pane.formulas) {
         double max = 0.0, min = 0.0;
+        if (formula.ownScale)
+            continue;
         if (!TC::CDrawStyle::calcMaxMin(max, min, view.first, view.last, *formula.records, QRect(),
                                         !pane.showsPrices, formula.overlaid, formula.scale))
             continue;
@@ -50,7 +60,7 @@ QPair<double, double> visibleRange(const PaneContent& pane, const BarView& view)
         return { 1.0, 0.0 };
     highest = std::clamp(highest, -kGreatest, kGreatest);
     lowest = std::clamp(lowest, -kGreatest, kGreatest);
-    if (hasVolume(pane))
+    if (standsOnZero(pane))
         return { highest > 0.0 ? highest * (1.0 + kAir) : 1.0, 0.0 };
     const double extent = highest - lowest;
     const double air = extent > 0.0 ? extent * kAir : std::max(std::abs(highest) * kAir, 1e-3);

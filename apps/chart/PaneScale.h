@@ -13,6 +13,13 @@ namespace chart {
 /// with volume start at zero. (1, 0) when nothing counts.
 QPair<double, double> visibleRange(const PaneContent& pane, const BarView& view);
 
+/// Whether the pane's axis begins at zero, as painters of volume need it.
+bool standsOnZero(const PaneContent& pane);
+
+/// The range made larger (factor above 1) or smaller, around its middle, or upward from zero where the pane
+/// stands on it.
+QPair<double, double> stretched(const QPair<double, double>& range, double factor, bool fromZero);
+
 /// Row of a value as the library's painters place it.
 int rowOf(double value, const QPair<double, double>& range, int height);
 

@@ -115,14 +115,10 @@ QString textOf(double value, const PaneContent& pane, int decimals)
     return TC::CDrawStyle::toStringByPrec(decimals, value, 0.0);
 }
 
-} // namespace
-
-std::vector<AxisMark> valueMarks(const QPair<double, double>& range, int height, int spacing,
-                                 const PaneContent& pane)
+std::vector<AxisMark> linearMarks(const QPair<double, double>& range, int height, int spacing,
+                                  const PaneContent& pane)
 {
     const double extent = range.first - range.second;
-    if (!(extent > 0.0) || !std::isfinite(extent) || height < kLeastHeight)
-        return {};
     const Axis axis { range, height, pane };
     Step step = finest(stepsFrom({ 1, 2, 5 }, extent), axis, spacing);
     if (axis.labelsOf(step) < kFewest) {
@@ -136,8 +132,91 @@ std::vector<AxisMark> valueMarks(const QPair<double, double>& range, int height,
     return marks;
 }
 
+/// What a relative axis says of a number that it tells.
+QString relativeText(const ValueAxis& axis, double number, const QString& digits)
+{
+    if (axis.kind != AxisKind::Percent)
+        return digits;
+    return (number > 0.0 ? QStringLiteral("+") : QString()) + digits + QLatin1Char('%');
+}
+
+/// Marks where percent, or points of the index, are round.
+std::vector<AxisMark> relativeMarks(const QPair<double, double>& range, int height, int spacing,
+                                    const ValueAxis& axis)
+{
+    std::vector<AxisMark> marks =
+        linearMarks({ axis.told(range.first), axis.told(range.second) }, height, spacing, PaneContent());
+    for (AxisMark& mark : marks)
+        mark = { axis.valueOfTold(mark.value), relativeText(axis, mark.value, mark.text) };
+    return marks;
+}
+
+/// The next round price above one that stands at least `spacing` rows above it.
+double nextRound(double value, const QPair<double, double>& range, int height, int spacing,
+                 const PaneContent& pane)
+{
+    const double distance = (range.first - range.second) / height * spacing;
+    const double least = std::max(pane.axis.valueAt(pane.axis.placeOf(value) + distance) - value,
+                                  pane.showsPrices ? pane.priceTick : 0.0);
+    double step = std::pow(10.0, std::floor(std::log10(least)));
+    for (double factor : { 2.0, 2.5, 2.0 }) { // 1, 2, 5, 10
+        if (step >= least * (1.0 - kExact))
+            break;
+        step *= factor;
+    }
+    const double next = (std::floor(value / step + kExact) + 1.0) * step;
+    return next - value >= least * (1.0 - kExact) ? next : next + step;
+}
+
+/// Marks at round prices, whose distances grow with them; one more than there may be at most.
+std::vector<AxisMark> roundPrices(const QPair<double, double>& range, int height, int spacing,
+                                  const PaneContent& pane)
+{
+    const double lowest = pane.axis.valueAt(range.second), highest = pane.axis.valueAt(range.first);
+    std::vector<AxisMark> marks;
+    if (!(lowest > 0.0) || !std::isfinite(highest))
+        return marks;
+    double value = nextRound(lowest, range, height, 1, pane);
+    while (value <= highest && marks.size() <= kMost) {
+        marks.push_back({ value, textOf(value, pane, 2) });
+        value = nextRound(value, range, height, spacing, pane);
+    }
+    return marks;
+}
+
+std::vector<AxisMark> logarithmicMarks(const QPair<double, double>& range, int height, int spacing,
+                                       const PaneContent& pane)
+{
+    std::vector<AxisMark> marks = roundPrices(range, height, spacing, pane);
+    for (int closer = spacing * 3 / 4; marks.size() < kFewest && closer >= kClosest; closer = closer * 3 / 4)
+        marks = roundPrices(range, height, closer, pane);
+    for (int wider = spacing; marks.size() > kMost && wider < height; wider += spacing / 2)
+        marks = roundPrices(range, height, wider, pane);
+    return marks;
+}
+
+} // namespace
+
+std::vector<AxisMark> valueMarks(const QPair<double, double>& range, int height, int spacing,
+                                 const PaneContent& pane)
+{
+    const double extent = range.first - range.second;
+    if (!(extent > 0.0) || !std::isfinite(extent) || height < kLeastHeight)
+        return {};
+    if (pane.axis.isLogarithmic())
+        return logarithmicMarks(range, height, spacing, pane);
+    if (pane.axis.isRelative())
+        return relativeMarks(range, height, spacing, pane.axis);
+    return linearMarks(range, height, spacing, pane);
+}
+
 QString valueText(double value, const PaneContent& pane, double step)
 {
+    if (pane.axis.isRelative()) {
+        constexpr int decimals = 2;
+        const double number = pane.axis.told(value);
+        return relativeText(pane.axis, number, TC::CDrawStyle::toStringByPrec(decimals, number, 0.0));
+    }
     const int decimals = step > 0.0 ? static_cast<int>(std::ceil(-std::log10(step) - kExact)) : 0;
     return textOf(value, pane, std::clamp(decimals, 0, 8));
 }

@@ -5,13 +5,41 @@
 #include "host/WB/SkinLookup.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QProxyStyle>
+#include <QStyleOption>
 #include <QWidget>
 
 namespace client {
 
 namespace {
+
+/// Menus with a frame: over a chart their own ground alone would not tell where they end.
+class FramedMenus : public QProxyStyle
+{
+public:
+    FramedMenus()
+        : QProxyStyle(QStringLiteral("Fusion"))
+    {
+    }
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
+    {
+        return metric == PM_MenuPanelWidth ? 1 : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override
+    {
+        if (element != PE_FrameMenu)
+            return QProxyStyle::drawPrimitive(element, option, painter, widget);
+        painter->save();
+        painter->setPen(option->palette.color(QPalette::Disabled, QPalette::Text));
+        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        painter->restore();
+    }
+};
 
 /// A style sheet, and all that stands inside its widget, keeps the palette that it was read in.
 void renewStyleSheets()
@@ -32,7 +60,7 @@ ApplicationLook::ApplicationLook()
 {
     // The docks' style sheet would keep palettes from reaching the widgets inside.
     QApplication::setAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new FramedMenus);
     ApplicationLook::uiResourceChanged();
 }
 

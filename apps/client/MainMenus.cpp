@@ -34,8 +34,19 @@ void MainWindow::buildFileMenu()
         if (!path.isEmpty())
             m_basket->importFile(path);
     });
+    menu->addAction(QStringLiteral("粘贴股票列表"), this, &MainWindow::pasteIntoRaised, QKeySequence::Paste);
+    menu->addSeparator();
+    buildOutputMenu(menu);
     menu->addSeparator();
     menu->addAction(QStringLiteral("退出"), this, &QWidget::close, QKeySequence::Quit);
+}
+
+void MainWindow::pasteIntoRaised()
+{
+    if (m_basket->isVisible())
+        m_basket->slotPaste();
+    else
+        slotShowMessage(QStringLiteral("先把“篮子管理”面板放到前面，再粘贴股票列表"));
 }
 
 void MainWindow::buildViewMenu()
@@ -63,8 +74,8 @@ void MainWindow::buildViewMenu()
     });
 
     QMenu* panels = menu->addMenu(QStringLiteral("面板"));
-    for (const QString& id :
-         { kChartPanel, kTickPanel, kBasketPanel, kInstrumentPanel, kFormulaPanel, kMessagePanel }) {
+    for (const QString& id : { kChartPanel, kTickPanel, kQuotePanel, kBasketPanel, kInstrumentPanel,
+                               kFormulaPanel, kMessagePanel }) {
         if (ads::CDockWidget* dock = m_docks.dock(id))
             panels->addAction(dock->toggleViewAction());
     }

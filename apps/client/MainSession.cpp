@@ -55,7 +55,9 @@ void MainWindow::takeChoices()
         chooseSkin(m_last.skin);
     for (const QStringList& formulas : m_last.panes.empty() ? usualPanes() : m_last.panes)
         m_chart->addPane(formulas);
+    m_chart->take(m_last.chart);
     m_instruments->setFilter(m_last.filter);
+    m_instruments->setMarks(m_last.favourites, m_last.recent);
     m_ticks->setFollowsBook(m_last.bookRule);
 }
 
@@ -118,8 +120,11 @@ Session MainWindow::session() const
     now.bars = m_barsPath.isEmpty() && isOpening() ? m_last.bars : m_barsPath;
     now.ticks = m_ticksPath;
     now.filter = m_instruments->filter();
+    now.favourites = m_instruments->favourites();
+    now.recent = m_instruments->recent();
     now.shown = state->last() - state->first() + 1;
     now.behind = std::max(0, state->barTotal() - 1 - state->last());
+    now.chart = m_chart->choices();
     now.bookRule = m_ticks->followsBook();
     for (ChartPane* pane : m_chart->panes())
         now.panes.push_back(pane->data()->getFormulas());

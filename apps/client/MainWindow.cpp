@@ -7,6 +7,7 @@
 #include "apps/client/PanelIds.h"
 #include "apps/client/basket/BasketPanel.h"
 #include "apps/client/chart/BarAlignment.h"
+#include "apps/client/chart/ChartMenus.h"
 #include "apps/client/chart/ChartView.h"
 #include "apps/client/chart/TickView.h"
 #include "apps/client/docking/Panel.h"
@@ -15,6 +16,8 @@
 #include "apps/client/lists/InstrumentList.h"
 #include "apps/client/lists/InstrumentSearch.h"
 #include "apps/client/lists/MessageList.h"
+#include "apps/client/lists/QuoteList.h"
+#include "apps/client/live/FollowedFile.h"
 #include "apps/client/opening/BarsOpening.h"
 #include "host/TC/Folders.h"
 #include "host/TC/Instruments.h"
@@ -28,6 +31,7 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QMenuBar>
 #include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
@@ -84,8 +88,11 @@ MainWindow::MainWindow()
     nameInstrument();
     buildFileMenu();
     buildViewMenu();
+    addPeriodMenu(menuBar(), m_chart);
+    addChartMenu(menuBar(), m_chart);
     buildOverlayMenu();
     buildToolsMenu();
+    buildLiveMenu();
     takeChoices();
     connect(&m_keeper, &SessionKeeper::sigMessage, this, &MainWindow::slotShowMessage);
     connect(&m_keeper, &SessionKeeper::sigKeep, this, [this] { m_docks.saveChange(); });
@@ -184,12 +191,14 @@ void MainWindow::buildPanels()
     m_ticks = new TickView;
     m_basket = new BasketPanel;
     m_instruments = new InstrumentList;
+    m_quotes = new QuoteList;
     m_formulas = new FormulaList;
     m_messages = new MessageList;
     const std::pair<QString, QWidget*> contents[] = {
         { kChartPanel, m_chart },      { kTickPanel, m_ticks },
         { kBasketPanel, m_basket },    { kInstrumentPanel, m_instruments },
-        { kFormulaPanel, m_formulas }, { kMessagePanel, m_messages }
+        { kFormulaPanel, m_formulas }, { kMessagePanel, m_messages },
+        { kQuotePanel, m_quotes }
     };
     for (const auto& [id, content] : contents)
         m_pool.setMaker(id, [panelId = id, widget = content] { return new Panel(panelId, widget); });
@@ -198,6 +207,7 @@ void MainWindow::buildPanels()
     ads::CDockWidget* instruments = m_docks.addPanel(kInstrumentPanel, ads::LeftDockWidgetArea, chart);
     m_docks.addPanel(kFormulaPanel, ads::BottomDockWidgetArea, instruments);
     m_docks.addPanel(kTickPanel, ads::CenterDockWidgetArea, chart);
+    m_docks.addPanel(kQuotePanel, ads::CenterDockWidgetArea, chart);
     m_docks.addPanel(kBasketPanel, ads::CenterDockWidgetArea, chart);
     m_docks.addPanel(kMessagePanel, ads::BottomDockWidgetArea, chart);
     if (chart && instruments) {
@@ -221,6 +231,13 @@ void MainWindow::buildPanels()
         static_cast<void>(openBars(path));
     }; // a failure is shown
     connect(m_instruments, &InstrumentList::sigOpen, this, openFile);
+    connect(m_quotes, &QuoteList::sigOpen, this, [this](const QString& path) {
+        static_cast<void>(openBars(path, [this] { raisePanel(kChartPanel, m_chart); })); // a failure is shown
+    });
+    connect(m_instruments, &InstrumentList::sigListed, this,
+            [this] { m_quotes->setInstruments(m_instruments->instruments()); });
+    connect(m_chart->state(), &ChartState::sigBarsGrown, this,
+            [this] { m_quotes->setBars(m_barsPath, *m_chart->state()->source()); });
     connect(m_chart, &ChartView::sigOpenRequested, this, &MainWindow::chooseBars);
     connect(m_ticks, &TickView::sigOpenRequested, this, &MainWindow::chooseTicks);
     m_search = new InstrumentSearch(m_chart);
@@ -271,6 +288,7 @@ bool MainWindow::isOpening() const
 
 void MainWindow::showBars(const chart::OpenedBars& opened, const QString& path)
 {
+    stopLive();
     m_instruments->showFile(path);
     clearOverlays();
     m_barsPath = QFileInfo(path).absoluteFilePath();
@@ -286,13 +304,10 @@ base::Result<void> MainWindow::openTicks(const QString& path)
     base::Result<chart::OpenedTicks> opened = chart::openTicksFile(path);
     if (!opened.isGood())
         return told(opened.failure());
+    stopLive();
     m_ticksPath = QFileInfo(path).absoluteFilePath();
     m_ticks->setTicks(*opened);
-    if (ads::CDockWidget* dock = m_docks.dock(kTickPanel)) {
-        dock->toggleView(true);
-        dock->setAsCurrentTab();
-        m_ticks->setFocus();
-    }
+    raisePanel(kTickPanel, m_ticks);
     slotShowMessage(
         QStringLiteral("已打开 %1（%2 笔）")
             .arg(TC::getDetailQsName(opened->instrument), QString::number(opened->ticks->size())));
@@ -306,18 +321,18 @@ base::Result<void> MainWindow::overlayBars(const QString& path)
     base::Result<chart::OpenedBars> opened = chart::openBarsFile(path);
     if (!opened.isGood())
         return told(opened.failure());
-    m_overlays.push_back({ opened->instrument,
-                           std::make_shared<const engine::BarSeries>(
-                               alignedTo(m_chart->state()->bars()->timeMs, *opened->bars)) });
-    m_chart->panes().front()->setOverlays(m_overlays);
+    std::vector<PaneData::Overlay> overlays = m_chart->panes().front()->data()->overlays();
+    overlays.push_back({ opened->instrument,
+                         std::make_shared<const engine::BarSeries>(
+                             alignedTo(m_chart->state()->source()->timeMs, *opened->bars)) });
+    m_chart->panes().front()->setOverlays(overlays);
     slotShowMessage(QStringLiteral("已叠加 %1").arg(TC::getDetailQsName(opened->instrument)));
     return {};
 }
 
 void MainWindow::clearOverlays()
 {
-    m_overlays.clear();
-    m_chart->panes().front()->setOverlays(m_overlays);
+    m_chart->panes().front()->setOverlays({});
 }
 
 base::Result<void> MainWindow::compareWith(const QString& path)
@@ -342,8 +357,8 @@ void MainWindow::followIndex()
     m_indexName->setText(QStringLiteral("对照指数：%1").arg(base::printable(m_index.name())));
     m_indexName->setHidden(m_index.name().isEmpty());
     ChartState* state = m_chart->state();
-    const std::shared_ptr<const engine::BarSeries> bars = m_index.beside(state->bars());
-    if (bars == state->bars())
+    const std::shared_ptr<const engine::BarSeries> bars = m_index.beside(state->source());
+    if (bars == state->source())
         return;
     const int first = state->first(), last = state->last();
     state->setBars(state->instrument(), bars);

@@ -20,6 +20,7 @@
 #include <functional>
 
 class QLabel;
+class QMenu;
 
 namespace chart {
 struct OpenedBars;
@@ -29,12 +30,16 @@ namespace client {
 
 class BarsOpening;
 class BasketPanel;
+class ChartPane;
 class ChartView;
+class FollowedFile;
 class FormulaEditor;
 class FormulaList;
 class InstrumentList;
 class InstrumentSearch;
 class MessageList;
+class QuoteList;
+class Replay;
 class TickView;
 
 /// Chart, ticks, basket, instruments, formulas and messages as dock panels, with menus. GUI thread only.
@@ -60,6 +65,19 @@ public:
     /// Chooses the bars file that INDEXC and its like read, and keeps it for later runs; as openBars.
     base::Result<void> compareWith(const QString& path);
     void compareWithNothing();
+    /// Opens a file of bars or trades that another program appends to, and shows each new row at once; as
+    /// openBars.
+    base::Result<void> follow(const QString& path);
+    /// Lets the bars of the chart, or the trades of the tick page, come again from those in view on.
+    void replayBars();
+    void replayTicks();
+
+    /// Writes the chart's page, or one pane of it, into a file whose suffix names its form: .svg, .pdf, or
+    /// PNG with so many device pixels per pixel; as openBars.
+    base::Result<void> savePicture(const QString& path, int factor, ChartPane* only = nullptr);
+    /// Puts it on the clipboard, as sharp as the screen.
+    void copyPicture(ChartPane* only = nullptr);
+
     /// Shows invented trades and accounts in the main legend, or none.
     void setDemoAccount(bool on);
 
@@ -105,6 +123,18 @@ private:
     void buildViewMenu();
     void buildOverlayMenu();
     void buildToolsMenu();
+    void buildLiveMenu();
+    void buildOutputMenu(QMenu* menu);
+    /// Ctrl+V goes to the panel that is in front, wherever the focus is.
+    void pasteIntoRaised();
+    void choosePicture(ChartPane* only);
+    void previewPrint();
+    /// Others are shown from now on: no file is followed, nothing replayed.
+    void stopLive();
+    void leaveFollowed();
+    void takeBars(const chart::OpenedBars& opened, bool anew);
+    void takeTicks(const chart::OpenedTicks& opened, bool anew);
+    void raisePanel(const QString& id, QWidget* content);
     void refreshDemoAccount();
     /// Lets the formulas read the index that is chosen now, and the status line name it.
     void followIndex();
@@ -135,14 +165,16 @@ private:
     BasketPanel* m_basket = nullptr;
     InstrumentList* m_instruments = nullptr;
     InstrumentSearch* m_search = nullptr;
+    QuoteList* m_quotes = nullptr;
     FormulaList* m_formulas = nullptr;
     MessageList* m_messages = nullptr;
+    std::unique_ptr<FollowedFile> m_followed; ///< null without one
+    Replay* m_replay = nullptr;
     QPointer<FormulaEditor> m_editor; ///< while it is open
     ComparedIndex m_index;
     BarsOpening* m_opening = nullptr; ///< in the status line
     QLabel* m_indexName = nullptr;    ///< in the status line; hidden without an index
-    std::vector<PaneData::Overlay> m_overlays;
-    Session m_last; ///< the session before this one
+    Session m_last;                   ///< the session before this one
     SessionKeeper m_keeper;
     QString m_barsPath, m_ticksPath;             ///< of what is open
     QString m_skin;                              ///< as it was chosen: a name or a path

@@ -104,6 +104,8 @@ base::Result<void> loadPane(const QStringList& names, const engine::BarSeries& b
     const auto [first, end] = neededBars(chart.picture);
     for (const QString& name : names) {
         std::optional<engine::FormulaRecords> records = chart::computeNamed(name, bars, first, end);
+        if (!records && chart::evaluationOfNamed(name))
+            return base::Failure { QStringLiteral("--pane: formula \"%1\" takes too much memory").arg(name) };
         if (!records)
             return base::Failure { QStringLiteral("--pane: unknown formula \"%1\"; known are %2")
                                        .arg(name, TC::embedded::formulaNames().join(QStringLiteral(", "))) };

@@ -47,11 +47,17 @@ QStringList openFormulaFile(const QString& path, QString& name, QStringList* hin
         engine::readFormula(inUtf8(text).toStdString(), chart::knownFormulas());
     if (hints)
         *hints = linesOf(path, reading.hints, QStringLiteral("hint: "));
-    if (reading.formula) {
-        name = QFileInfo(path).completeBaseName();
-        TC::embedded::setTextFormula(name, reading.formula);
+    if (!reading.formula)
+        return linesOf(path, reading.problems, {});
+    name = QFileInfo(path).completeBaseName();
+    for (const QString& known : TC::embedded::formulaNames()) {
+        if (known != name && known.compare(name, Qt::CaseInsensitive) == 0)
+            return {
+                QStringLiteral("%1: the name differs from the formula %2 in case alone").arg(path, known)
+            };
     }
-    return linesOf(path, reading.problems, {});
+    TC::embedded::setTextFormula(name, reading.formula);
+    return {};
 }
 
 } // namespace render

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/render/Options.h"
 
-#include <QCommandLineParser>
+#include "apps/base/CommandLine.h"
+
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -16,34 +17,16 @@ QString text(const char* latin1)
     return QString::fromLatin1(latin1);
 }
 
-/// The renderer's options. An option that is given twice counts as it stands last, but for --pane.
-class CommandLine
+/// The renderer's options; of --pane all values count.
+class CommandLine : public base::CommandLine
 {
 public:
     CommandLine();
-
-    /// Whether every argument is a known option with its value; else wrong() tells.
-    bool parse(const QStringList& arguments)
-    {
-        return m_parser.parse(QStringList(QString()) + arguments) && m_parser.positionalArguments().isEmpty();
-    }
-    QString wrong() const;
-
-    bool has(const char* name) const { return m_parser.isSet(text(name)); }
-    QString value(const char* name) const { return m_parser.value(text(name)); }
-    QStringList values(const char* name) const { return m_parser.values(text(name)); }
-    QString help() const { return m_parser.helpText(); }
-
-private:
-    void add(const char* name, const char* value, const char* description);
-
-    QCommandLineParser m_parser;
 };
 
 CommandLine::CommandLine()
+    : base::CommandLine("A chart of a bars or trades file as a picture or as text, without a display.")
 {
-    m_parser.setApplicationDescription(
-        text("A chart of a bars or trades file as a picture or as text, without a display."));
     add("bars", "FILE.csv", "bars to draw; or");
     add("ticks", "FILE.csv", "trades to draw");
     add("instrument", "KEY", "instrument key such as SH600000 (default: the file's base name)");
@@ -60,29 +43,7 @@ CommandLine::CommandLine()
     add("export", "FILE.csv", "write the first pane's formulas as text");
     add("export-one", "NAME", "with --export: this formula alone");
     add("with-time", "", "with --export: the time of day behind the date");
-    m_parser.addOption({ { text("o"), text("output") },
-                         text("where to paint the picture: .png, .svg or .pdf"),
-                         text("FILE") });
-    m_parser.addOption({ { text("h"), text("help") }, text("show this text") });
-    m_parser.addOption({ text("version"), text("show the version") });
-}
-
-void CommandLine::add(const char* name, const char* value, const char* description)
-{
-    m_parser.addOption({ text(name), text(description), text(value) });
-}
-
-QString CommandLine::wrong() const
-{
-    if (!m_parser.unknownOptionNames().isEmpty()) {
-        const QString name = m_parser.unknownOptionNames().constFirst();
-        return QStringLiteral("unknown argument %1%2; see --help")
-            .arg(name.size() > 1 ? QStringLiteral("--") : QStringLiteral("-"), name);
-    }
-    if (!m_parser.positionalArguments().isEmpty())
-        return QStringLiteral("unknown argument %1; see --help")
-            .arg(m_parser.positionalArguments().constFirst());
-    return QStringLiteral("%1 See --help.").arg(m_parser.errorText());
+    add("o", "output", "FILE", "where to paint the picture: .png, .svg or .pdf");
 }
 
 /// What is wrong with the value of an option.

@@ -16,7 +16,7 @@ namespace bench {
 
 constexpr int kWidth = 1920, kHeight = 800;
 
-enum class Work { LineWalk, LineNoise, LineWide, Candles, Volume };
+enum class Work { LineWalk, LineNoise, LineWide, Dots, Candles, Volume };
 
 /// The data of one cell of the table.
 struct Scene
@@ -27,14 +27,17 @@ struct Scene
     {
         return work == Work::LineWalk || work == Work::LineNoise || work == Work::LineWide;
     }
+    /// One number a bar, drawn as a line or as dots.
+    bool isOfValues() const { return isLine() || work == Work::Dots; }
     int lineWidth() const { return work == Work::LineWide ? 2 : 1; }
     /// Half the width of bodies in pixels.
     int halfWidth() const { return kWidth / bars / 3; }
+    static constexpr int kDotSize = 4; ///< pixels
 
     Work work;
     int bars;
     RandomWalk walk;
-    std::vector<double> values;         ///< of the line
+    std::vector<double> values;         ///< of the line or the dots
     double lowest = 0.0, highest = 0.0; ///< of the axis
 };
 

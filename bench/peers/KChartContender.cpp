@@ -57,8 +57,9 @@ KChart::AbstractDiagram* diagramOf(const Scene& scene)
 
 Contender kChart(const Scene& scene)
 {
-    if (scene.bars > (scene.isLine() ? 20'000 : 2'000))
-        return { "KChart", {} }; // beyond, one picture takes seconds
+    // It has no diagram of markers alone; and of more bars one picture takes seconds.
+    if (scene.work == Work::Dots || scene.bars > (scene.isLine() ? 20'000 : 2'000))
+        return { "KChart", {} };
     const RandomWalk& walk = scene.walk;
     const auto table = std::make_shared<Table>(
         scene.isLine() ? std::vector<std::vector<double>> { scene.values }

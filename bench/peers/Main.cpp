@@ -34,6 +34,7 @@ const char* nameOf(Work work)
     case Work::LineWalk: return "line, walk";
     case Work::LineNoise: return "line, noise";
     case Work::LineWide: return "line, width 2";
+    case Work::Dots: return "dots";
     case Work::Candles: return "candles";
     case Work::Volume: return "volume";
     }
@@ -135,14 +136,15 @@ int main(int argc, char** argv)
         "Milliseconds of thread time, low quantile.\n\n"
         "| work | bars | clip | own | plain | floor | QCustomPlot | Qwt | Qt Charts | KChart "
         "| best peer/own | plain/own | own/floor |\n|---|---|---|---|---|---|---|---|---|---|---|---|---|\n");
-    for (const Work work : { Work::LineWalk, Work::LineNoise, Work::LineWide, Work::Candles, Work::Volume }) {
+    for (const Work work :
+         { Work::LineWalk, Work::LineNoise, Work::LineWide, Work::Dots, Work::Candles, Work::Volume }) {
         for (const int bars : { 250, 2'000, 20'000, 200'000, 1'000'000 }) {
             if ((!onlyWork.isEmpty() && onlyWork != QLatin1String(nameOf(work)))
                 || (!onlyBars.isEmpty() && onlyBars != QString::number(bars)))
                 continue;
             const Scene scene(work, bars);
-            // A wide line of tall columns fills the pane; beyond 200,000 bars nothing more is learnt.
-            const bool isSlow = work == Work::LineWide && bars > 200'000;
+            // Wide lines of tall columns and dots fill the pane; beyond 200,000 bars nothing more is learnt.
+            const bool isSlow = (work == Work::LineWide || work == Work::Dots) && bars > 200'000;
             if (isSlow || (quick && bars > 20'000))
                 continue;
             const std::vector<Contender> contenders = {

@@ -23,7 +23,7 @@ std::vector<double> lineOf(Work work, const RandomWalk& walk)
 
 TC::RPCFormulaResultCache recordOf(const Scene& scene)
 {
-    TC::RPCFormulaResultCache cache = scene.isLine() ? bench::recordOf(0, { scene.values })
+    TC::RPCFormulaResultCache cache = scene.isOfValues() ? bench::recordOf(0, { scene.values })
         : scene.work == Work::Candles
         ? bench::recordOf(12, { scene.walk.open, scene.walk.high, scene.walk.low, scene.walk.close })
         : bench::recordOf(27, { scene.walk.volume, scene.walk.open, scene.walk.close });
@@ -45,6 +45,8 @@ std::function<void(QPainter&)> painterOf(const Scene& scene)
         else if (work == Work::Volume)
             style.drawVolStick(&painter, pane, *cache, range, 0, 0, last, half, false, false, last, 0.0,
                                false);
+        else if (work == Work::Dots)
+            style.drawPointDot(&painter, pane, *cache, range, 0, 0, last, 0, false, last + 1);
         else
             style.drawSimpleLine(&painter, pane, *cache, range, Qt::SolidLine, 0, 0, last, last, 0, false,
                                  false, 1.0F, false, false);
@@ -59,8 +61,8 @@ Scene::Scene(Work kind, int barCount)
     , walk(static_cast<std::size_t>(barCount))
     , values(lineOf(kind, walk))
 {
-    const std::vector<double>& high = isLine() ? values : work == Work::Candles ? walk.high : walk.volume;
-    const std::vector<double>& low = isLine() ? values : work == Work::Candles ? walk.low : walk.volume;
+    const std::vector<double>& high = isOfValues() ? values : work == Work::Candles ? walk.high : walk.volume;
+    const std::vector<double>& low = isOfValues() ? values : work == Work::Candles ? walk.low : walk.volume;
     highest = *std::max_element(high.begin(), high.end());
     lowest = work == Work::Volume ? 0.0 : *std::min_element(low.begin(), low.end());
 }

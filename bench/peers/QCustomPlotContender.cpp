@@ -53,8 +53,13 @@ Contender qCustomPlot(const Scene& scene)
         return QVector<double>(values.begin(), values.end());
     };
     std::function<void(QPainter&)> paint;
-    if (scene.isLine()) {
+    if (scene.isOfValues()) {
         auto* graph = new Open<QCPGraph>(plot->xAxis, plot->yAxis);
+        if (scene.work == Work::Dots) {
+            graph->setLineStyle(QCPGraph::lsNone);
+            graph->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssCircle, Scene::kDotSize));
+            graph->setAntialiasedScatters(false);
+        }
         graph->setPen(QPen(Qt::yellow, scene.lineWidth()));
         graph->setData(keys, column(scene.values), true);
         paint = painting<QCPGraph>(plot, graph);

@@ -8,6 +8,7 @@
 #include <QChart>
 #include <QGraphicsScene>
 #include <QLineSeries>
+#include <QScatterSeries>
 #include <QValueAxis>
 
 using namespace QtCharts;
@@ -35,7 +36,15 @@ QAbstractSeries* seriesOf(const Scene& scene)
         series->append(set);
         return series;
     }
-    auto* series = new QLineSeries;
+    QXYSeries* series = nullptr;
+    if (scene.work == Work::Dots) {
+        auto* dots = new QScatterSeries;
+        dots->setMarkerSize(Scene::kDotSize);
+        dots->setBrush(Qt::NoBrush);
+        series = dots;
+    } else {
+        series = new QLineSeries;
+    }
     QVector<QPointF> points;
     for (int i = 0; i < scene.bars; ++i)
         points.append(QPointF(i, scene.values[static_cast<std::size_t>(i)]));

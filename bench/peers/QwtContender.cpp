@@ -4,6 +4,7 @@
 #include <qwt_plot_curve.h>
 #include <qwt_plot_tradingcurve.h>
 #include <qwt_scale_map.h>
+#include <qwt_symbol.h>
 
 namespace bench {
 
@@ -46,11 +47,16 @@ Contender qwt(const Scene& scene)
     samples.reserve(scene.bars);
     for (int i = 0; i < scene.bars; ++i) {
         const auto bar = static_cast<std::size_t>(i);
-        samples.append(QPointF(i, scene.isLine() ? scene.values[bar] : scene.walk.volume[bar]));
+        samples.append(QPointF(i, scene.isOfValues() ? scene.values[bar] : scene.walk.volume[bar]));
     }
     curve->setSamples(samples);
     curve->setPen(QPen(Qt::yellow, scene.lineWidth()));
     curve->setStyle(scene.isLine() ? QwtPlotCurve::Lines : QwtPlotCurve::Sticks);
+    if (scene.work == Work::Dots) {
+        constexpr int size = Scene::kDotSize;
+        curve->setStyle(QwtPlotCurve::NoCurve);
+        curve->setSymbol(new QwtSymbol(QwtSymbol::Ellipse, Qt::NoBrush, QPen(Qt::yellow), QSize(size, size)));
+    }
     return { "Qwt", [=](QPainter& painter) { curve->drawSeries(&painter, x, y, canvas, 0, last); } };
 }
 

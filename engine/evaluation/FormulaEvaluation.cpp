@@ -73,9 +73,10 @@ public:
             || needsTooMuch(bars.size(), end - first))
             return cancel();
         m_records->begin(first, end - first);
-        if (m_isWhole && m_known > 0)
-            m_records->fill(bars, first, end, *m_columns);
-        else if (!compute(bars, { m_known, end, end }, first, cancelled))
+        const bool isFilled = m_isWhole && m_known > 0
+            ? m_records->fill(bars, first, end, *m_columns)
+            : compute(bars, { m_known, end, end }, first, cancelled);
+        if (!isFilled)
             return cancel();
         m_known = end;
         return true;
@@ -87,6 +88,14 @@ private:
     struct Bars
     {
         std::size_t from, keep, end; ///< as Work takes them
+    };
+
+    /// One of several steps that are run together.
+    struct Bundled
+    {
+        StepId step;
+        Result result;
+        const Operand* arguments;
     };
 
     /// Forgets what the kernels keep.
@@ -109,7 +118,8 @@ private:
         return false;
     }
 
-    /// Runs all steps, and fills the records from a bar on. @return false when cancelled.
+    /// Runs all steps, and fills the records from a bar on. @return false when cancelled or when texts take
+    /// too much.
     bool compute(const BarSeries& bars, const Bars& asked, std::size_t recorded,
                  const std::atomic<bool>* cancelled)
     {
@@ -117,15 +127,14 @@ private:
             const std::size_t last = bars.size() - std::min<std::size_t>(bars.size(), 1);
             if (!runSteps({ bars, asked.from, last, bars.size(), cancelled }))
                 return false;
-            m_records->fill(bars, recorded, asked.end, *m_columns);
-            return true;
+            return m_records->fill(bars, recorded, asked.end, *m_columns);
         }
         for (std::size_t from = asked.from; from < asked.end;) {
             const std::size_t end = std::min(from + kBlock, asked.end);
             if (!runSteps({ bars, from, std::min(end, asked.keep), end, cancelled }))
                 return false;
-            if (end > recorded)
-                m_records->fill(bars, std::max(from, recorded), end, *m_columns);
+            if (end > recorded && !m_records->fill(bars, std::max(from, recorded), end, *m_columns))
+                return false;
             from = end;
         }
         return !cancelled || !cancelled->load(std::memory_order_relaxed);
@@ -134,16 +143,15 @@ private:
     /// @return false when cancelled.
     bool runSteps(const Work& work)
     {
+        auto strands = m_plan.strands.begin();
         for (std::size_t step = 0; step < m_plan.steps.size(); ++step) {
             if (work.cancelled())
                 return false;
             const Step& planned = m_plan.steps[step];
-            if (planned.isConstant || planned.isSecond)
-                continue;
-            if (planned.second == kNoStep)
+            if (strands != m_plan.strands.end() && strands->first == static_cast<StepId>(step))
+                runStrands(*strands++, work);
+            else if (!planned.isConstant && !planned.isRunEarlier)
                 run(static_cast<StepId>(step), work);
-            else
-                runBoth(static_cast<StepId>(step), planned.second, work);
         }
         return !work.cancelled();
     }
@@ -155,15 +163,68 @@ private:
             operands.push_back(m_columns->operand(argument));
     }
 
-    void runBoth(StepId first, StepId second, const Work& work)
+    Kernel& kernel(StepId id) const { return *m_kernels[static_cast<std::size_t>(id)]; }
+
+    /// Runs chains piece by piece. The third one is a piece behind the others, so that the steps between have
+    /// been run.
+    void runStrands(const Strands& strands, const Work& work)
     {
-        const Result result = m_columns->makeRoom(first, work.from, work.count);
-        const Result secondResult = m_columns->makeRoom(second, work.from, work.count);
-        readOperands(first, m_operands);
-        readOperands(second, m_secondOperands); // the first one's result may be among them
-        m_kernels[static_cast<std::size_t>(first)]->computeBoth(m_operands.data(), result,
-                                                                *m_kernels[static_cast<std::size_t>(second)],
-                                                                m_secondOperands.data(), secondResult, work);
+        m_bundle.clear();
+        addToBundle(strands.first, work);
+        if (strands.second != kNoStep)
+            addToBundle(strands.second, work);
+        const std::size_t leading = m_bundle.size();
+        for (const StepId step : strands.between)
+            addToBundle(step, work);
+        if (strands.third != kNoStep)
+            addToBundle(strands.third, work);
+        for (std::size_t index = 0; index < m_bundle.size(); ++index) { // now that all columns stand
+            readOperands(m_bundle[index].step, m_bundleOperands[index]);
+            m_bundle[index].arguments = m_bundleOperands[index].data();
+        }
+        runPieces(leading, work);
+        for (const Bundled& step : m_bundle)
+            kernel(step.step).compute(step.arguments, { work.bars, work.keep, work.keep, work.count },
+                                      step.result);
+    }
+
+    void addToBundle(StepId step, const Work& work)
+    {
+        m_bundle.push_back({ step, m_columns->makeRoom(step, work.from, work.count), nullptr });
+        m_bundleOperands.resize(std::max(m_bundleOperands.size(), m_bundle.size()));
+    }
+
+    /// Runs a bundle up to the bar to be kept. @param leading  how many chains lead it.
+    void runPieces(std::size_t leading, const Work& work)
+    {
+        constexpr std::size_t kPiece = 64; // bars
+        const Bundled& last = m_bundle.back();
+        const auto chainOf = [&](const Bundled& step, std::size_t from, std::size_t to) {
+            return Chain { &kernel(step.step), step.arguments, step.result, from, to };
+        };
+        const bool isFollowed = m_bundle.size() > leading;
+        std::size_t followed = work.from; // by the last one
+        for (std::size_t from = work.from; from < work.keep;) {
+            const std::size_t to = std::min(from + kPiece, work.keep);
+            Chain chains[3];
+            std::size_t count = 0;
+            while (count < leading) {
+                chains[count] = chainOf(m_bundle[count], from, to);
+                ++count;
+            }
+            if (isFollowed && followed < from)
+                chains[count++] = chainOf(last, followed, from);
+            m_records->fetch(from, to); // chains leave time for it
+            kernel(m_bundle[0].step).computeTogether(chains, count, work);
+            for (std::size_t step = leading; step + 1 < m_bundle.size(); ++step)
+                kernel(m_bundle[step].step)
+                    .compute(m_bundle[step].arguments, { work.bars, from, to, to }, m_bundle[step].result);
+            followed = from;
+            from = to;
+        }
+        if (isFollowed && work.from < work.keep)
+            kernel(last.step).compute(last.arguments, { work.bars, followed, work.keep, work.keep },
+                                      last.result);
     }
 
     void run(StepId id, const Work& asked)
@@ -230,7 +291,7 @@ private:
         return most;
     }
 
-    /// Columns of the records, texts by the room they take.
+    /// Columns of the records; texts, of which a record has one for every bar, by the room of an empty one.
     std::size_t recordedColumns() const
     {
         std::size_t recorded = 0;
@@ -238,7 +299,7 @@ private:
             recorded += columns.size();
         for (const Output& output : m_formula->syntax().outputs) {
             if (!output.text.empty())
-                recorded += (sizeof(std::string) + output.text.size()) / sizeof(double) + 1;
+                recorded += sizeof(std::string) / sizeof(double);
         }
         return recorded;
     }
@@ -250,9 +311,10 @@ private:
     const bool m_isWhole; ///< values depend on later bars, so that every step needs all of them
     const std::vector<StepId> m_lastReader;
     std::optional<Columns> m_columns;
-    std::vector<KernelPointer> m_kernels;  ///< by step; null for numbers
-    std::vector<Operand> m_operands;       ///< of the step that is run
-    std::vector<Operand> m_secondOperands; ///< of the one that is run with it
+    std::vector<KernelPointer> m_kernels; ///< by step; null for numbers
+    std::vector<Operand> m_operands;      ///< of the step that is run
+    std::vector<Bundled> m_bundle;        ///< the steps that are run together
+    std::vector<std::vector<Operand>> m_bundleOperands;
     std::optional<OutputRecords> m_records;
     bool m_hasAmount = false, m_hasOpenInterest = false;
     std::size_t m_known = 0; ///< bars of the last update that was completed

@@ -34,7 +34,7 @@ public:
     /// @param bars  vectors may be shorter than the times: missing past their end.
     /// @param cancelled  when it turns true the computation ends early; may be null.
     /// @return false when cancelled, or when the columns would take more than FormulaLimits::kMaxNumbers
-    ///         numbers; the next call then begins from the beginning.
+    ///         numbers or the texts more than kMaxTextBytes; the next call then begins from the beginning.
     bool update(const BarSeries& bars, const std::atomic<bool>* cancelled = nullptr);
 
     /// Computes on to a bar and makes records of a stretch alone, whose first entry is the bar `first`, so

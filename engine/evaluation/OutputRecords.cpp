@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace engine::language {
 
@@ -11,6 +12,9 @@ namespace {
 constexpr const char* kNoName = "__noname"; // the legend shows the value alone
 constexpr const char* kNoShow = "__noshow"; // the legend leaves the output out
 constexpr const char* kHidden = "output"; // before the number of one that is left out: kNoName would undo it
+
+/// Bytes of a text that all bars carry; what is longer would fill the memory with copies.
+constexpr std::size_t kLongestRepeated = 64;
 
 constexpr int kDefaultStackColors[] = { 0x0000FF, 0x00FF00, 0xFF0000, 0x00FFFF,
                                         0xFFFF54, 0xFF00FF, 0x808080, 0x004080 };
@@ -33,15 +37,16 @@ std::string decimalText(double value, int decimals)
     return text;
 }
 
-/// Whether a column has a price on every one of the bars [from, to).
-bool hasAllPrices(const std::vector<double>& prices, std::size_t from, std::size_t to)
+/// Asks for the memory of entries [from, to) as far as there is room for them.
+template <class Value>
+void fetchRoom(const std::vector<Value>& column, std::size_t from, std::size_t to)
 {
-    if (to > prices.size())
-        return false;
-    std::size_t missing = 0; // counted, so that several bars are looked at at once
-    for (std::size_t bar = from; bar < to; ++bar)
-        missing += isMissing(valueOrMissing(prices[bar]));
-    return missing == 0;
+    constexpr std::size_t kLine = 64; // bytes that memory hands out at a time
+    if (to > column.capacity())
+        return;
+    const auto* const begin = reinterpret_cast<const char*>(column.data() + from);
+    for (std::size_t offset = 0; offset < (to - from) * sizeof(Value); offset += kLine)
+        __builtin_prefetch(begin + offset, 1);
 }
 
 /// The name that the records give to an output.
@@ -149,7 +154,7 @@ void OutputRecords::describeDrawing(const Output& output, const std::vector<Step
     case se::DrawType::FixedText:
         addColumn(condition, WhenMissing::Zero, Axis::No);
         addAll(1, Axis::No);
-        addText(condition, true, output.text);
+        addText(condition, output.text.size() > kLongestRepeated ? TextAt::Last : TextAt::All, output.text);
         return;
     case se::DrawType::Text:
     case se::DrawType::Number:
@@ -158,7 +163,7 @@ void OutputRecords::describeDrawing(const Output& output, const std::vector<Step
         addPlace(1);
         addAll(2, Axis::No);
         if (output.drawType == se::DrawType::Text)
-            addText(condition, false, output.text);
+            addText(condition, TextAt::Held, output.text);
         return;
     default: return; // the others are values
     }
@@ -174,10 +179,10 @@ void OutputRecords::addColumn(StepId step, WhenMissing whenMissing, Axis axis, S
     m_builder.column(known->second, axis);
 }
 
-void OutputRecords::addText(StepId condition, bool isEverywhere, const std::string& text)
+void OutputRecords::addText(StepId condition, TextAt bars, const std::string& text)
 {
     const int series = m_builder.texts({});
-    m_texts.push_back({ condition, isEverywhere, text, static_cast<std::size_t>(series) });
+    m_texts.push_back({ condition, bars, text, static_cast<std::size_t>(series) });
     m_builder.textColumn(series);
 }
 
@@ -222,6 +227,7 @@ void OutputRecords::begin(std::size_t first, std::size_t count)
 {
     m_first = first;
     m_expected = count;
+    m_textBytes = 0;
     m_records.result.barTimes.clear();
     m_records.result.barValid.clear();
     for (Series& series : m_records.result.numberSeries)
@@ -230,12 +236,26 @@ void OutputRecords::begin(std::size_t first, std::size_t count)
         texts.clear();
 }
 
-void OutputRecords::fill(const BarSeries& bars, std::size_t from, std::size_t to, const Columns& columns)
+bool OutputRecords::fill(const BarSeries& bars, std::size_t from, std::size_t to, const Columns& columns)
 {
+    if (!takesTexts(from, to, columns))
+        return false;
     fillBars(bars, from, to);
     fillTexts(from, to, columns);
+    fillLegendTexts(from, to, columns);
     for (const NumberLink& link : m_numbers)
         fillNumbers(link, from, to, columns);
+    return true;
+}
+
+void OutputRecords::fetch(std::size_t from, std::size_t to) const
+{
+    if (from < m_first)
+        return;
+    fetchRoom(m_records.result.barTimes, from - m_first, to - m_first);
+    fetchRoom(m_records.result.barValid, from - m_first, to - m_first);
+    for (const Series& series : m_records.result.numberSeries)
+        fetchRoom(series, from - m_first, to - m_first);
 }
 
 void OutputRecords::fillBars(const BarSeries& bars, std::size_t from, std::size_t to)
@@ -249,7 +269,7 @@ void OutputRecords::fillBars(const BarSeries& bars, std::size_t from, std::size_
         times[bar - from].msecs = bars.timeMs[bar];
     result.barValid.resize(from - m_first);
     result.barValid.resize(to - m_first, 1);
-    if (hasAllPrices(bars.close, from, to))
+    if (to <= bars.close.size() && areNumbers(bars.close.data() + from, to - from))
         return;
     const auto hasPrice = [](const std::vector<double>& prices, std::size_t bar) {
         return bar < prices.size() && !isMissing(valueOrMissing(prices[bar]));
@@ -287,15 +307,47 @@ void OutputRecords::fillNumbers(const NumberLink& link, std::size_t from, std::s
         added[index] = isMissing(added[index]) ? instead : added[index];
 }
 
+/// Counts what the texts of the bars [from, to) will take. @return false when that is too much.
+bool OutputRecords::takesTexts(std::size_t from, std::size_t to, const Columns& columns)
+{
+    for (const TextLink& link : m_texts) {
+        const std::vector<std::string>& texts = m_records.result.textSeries[link.series];
+        if (link.bars == TextAt::Last) {
+            m_textBytes += texts.empty() ? link.text.size() : 0;
+            continue;
+        }
+        const Operand condition = columns.operand(link.condition);
+        const std::size_t first = firstChanged(link.condition, from);
+        for (std::size_t index = first - m_first; index < texts.size(); ++index)
+            m_textBytes -= texts[index].size();
+        for (std::size_t bar = first; bar < to; ++bar)
+            m_textBytes += link.bars == TextAt::All || isTrue(condition[bar]) ? link.text.size() : 0;
+    }
+    return m_textBytes <= FormulaLimits::kMaxTextBytes;
+}
+
+/// A record has a text of its own for every bar; a long one is stored where it is read.
 void OutputRecords::fillTexts(std::size_t from, std::size_t to, const Columns& columns)
 {
     for (const TextLink& link : m_texts) {
-        const Operand condition = columns.operand(link.condition);
         std::vector<std::string>& texts = m_records.result.textSeries[link.series];
+        if (link.bars == TextAt::Last) {
+            std::string text = texts.empty() ? link.text : std::exchange(texts.back(), std::string());
+            texts.resize(to - m_first);
+            if (!texts.empty())
+                texts.back() = std::move(text);
+            continue;
+        }
         texts.resize(to - m_first);
+        const Operand condition = columns.operand(link.condition);
         for (std::size_t bar = firstChanged(link.condition, from); bar < to; ++bar)
-            texts[bar - m_first] = link.isEverywhere || isTrue(condition[bar]) ? link.text : std::string();
+            texts[bar - m_first] =
+                link.bars == TextAt::All || isTrue(condition[bar]) ? link.text : std::string();
     }
+}
+
+void OutputRecords::fillLegendTexts(std::size_t from, std::size_t to, const Columns& columns)
+{
     for (const DecimalsLink& link : m_decimals) {
         const Operand values = columns.operand(link.values);
         std::vector<std::string>& texts = m_records.result.textSeries[link.series];

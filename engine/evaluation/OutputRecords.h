@@ -34,7 +34,12 @@ public:
     /// @param count  how many are to come soon.
     void begin(std::size_t first, std::size_t count);
     /// Fills in the bars [from, to); those before must stand.
-    void fill(const BarSeries& bars, std::size_t from, std::size_t to, const Columns& columns);
+    /// @return false when the texts would take more than FormulaLimits::kMaxTextBytes.
+    bool fill(const BarSeries& bars, std::size_t from, std::size_t to, const Columns& columns);
+
+    /// Asks for the memory that fill() will write for the bars [from, to), so that it comes while something
+    /// else is computed.
+    void fetch(std::size_t from, std::size_t to) const;
 
     const FormulaRecords& records() const { return m_records; }
     FormulaRecords take() { return std::move(m_records); }
@@ -50,11 +55,17 @@ private:
 
     static constexpr StepId kAlways = -1;
 
-    /// A text where a condition holds.
+    /// The bars that carry a text.
+    enum class TextAt {
+        Held, ///< where a condition holds
+        All,  ///< whatever it says
+        Last  ///< behind the last bar alone, where the painter of texts of the pane reads
+    };
+
     struct TextLink
     {
         StepId condition;
-        bool isEverywhere; ///< whatever the condition says
+        TextAt bars;
         std::string text;
         std::size_t series;
     };
@@ -70,7 +81,7 @@ private:
     void describeLine(const Output& output, const std::vector<StepId>& columns);
     void describeDrawing(const Output& output, const std::vector<StepId>& columns);
     void addColumn(StepId step, WhenMissing whenMissing, Axis axis, StepId condition = kAlways);
-    void addText(StepId condition, bool isEverywhere, const std::string& text);
+    void addText(StepId condition, TextAt bars, const std::string& text);
     void addLegendText(StepId values, int decimals);
     void addStackedColors(const Output& output);
     void placeTexts();
@@ -81,6 +92,8 @@ private:
     void fillBars(const BarSeries& bars, std::size_t from, std::size_t to);
     void fillNumbers(const NumberLink& link, std::size_t from, std::size_t to, const Columns& columns);
     void fillTexts(std::size_t from, std::size_t to, const Columns& columns);
+    void fillLegendTexts(std::size_t from, std::size_t to, const Columns& columns);
+    bool takesTexts(std::size_t from, std::size_t to, const Columns& columns);
 
     const Plan& m_plan;
     RecordBuilder m_builder;
@@ -90,6 +103,7 @@ private:
     std::vector<NumberLink> m_numbers;
     std::vector<TextLink> m_texts;
     std::vector<DecimalsLink> m_decimals;
+    std::size_t m_textBytes = 0; ///< of the texts that are stored
     std::map<std::tuple<StepId, WhenMissing, StepId>, int> m_known;
     std::vector<const Output*> m_described; ///< by output of the records
 };

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstring>
 #include <map>
+#include <set>
 #include <string_view>
 #include <tuple>
 
@@ -59,33 +60,73 @@ public:
             }
         }
         if (!m_plan.looksAhead())
-            pairChains();
+            bundleChains();
         return std::move(m_plan);
     }
 
 private:
-    /// Finds every chain a second one of its function whose arguments stand by then, or are its results.
-    void pairChains()
+    /// Finds every chain a second one of its function whose arguments stand by then, or are its results, and
+    /// a third one that reads no more than arithmetic on what both give.
+    void bundleChains()
     {
-        std::map<const Function*, StepId> alone;
         for (std::size_t id = 0; id < m_plan.steps.size(); ++id) {
-            Step& step = m_plan.steps[id];
-            if (step.isConstant || !step.function->isChain)
+            const Step& step = m_plan.steps[id];
+            if (step.isConstant || !step.function->isChain || step.isRunEarlier)
                 continue;
-            const auto [first, isFirst] = alone.emplace(step.function, static_cast<StepId>(id));
-            if (isFirst)
-                continue;
-            const StepId firstId = first->second;
-            const bool isReady =
-                std::all_of(step.arguments.begin(), step.arguments.end(),
-                            [&](StepId argument) { return argument <= firstId || at(argument).isConstant; });
-            if (isReady) {
-                m_plan.steps[static_cast<std::size_t>(firstId)].second = static_cast<StepId>(id);
-                step.isSecond = true;
-                alone.erase(first);
-            } else {
-                first->second = static_cast<StepId>(id);
+            Strands strands;
+            strands.first = static_cast<StepId>(id);
+            strands.second = findFollower(strands, false);
+            if (strands.second != kNoStep)
+                runEarlier(strands.second);
+            strands.third = findFollower(strands, true);
+            if (strands.third != kNoStep) {
+                runEarlier(strands.third);
+                addBetween(strands, strands.third);
             }
+            if (strands.second != kNoStep || strands.third != kNoStep)
+                m_plan.strands.push_back(std::move(strands));
+        }
+    }
+
+    void runEarlier(StepId id) { m_plan.steps[static_cast<std::size_t>(id)].isRunEarlier = true; }
+
+    /// Whether a step has been run when those that are bundled run. Bundles are made in the order of their
+    /// first steps, so that what has been marked by now belongs to this or to earlier ones.
+    bool stands(StepId id, const Strands& strands) const
+    {
+        return id <= strands.first || at(id).isConstant || at(id).isRunEarlier;
+    }
+
+    /// The next step of the first one's function whose arguments stand.
+    /// @param takesArithmetic  arguments may be elementwise steps of what stands.
+    StepId findFollower(const Strands& strands, bool takesArithmetic) const
+    {
+        constexpr StepId kFurthest =
+            64; // texts of many statements are planned in time linear to their length
+        const StepId end = std::min(static_cast<StepId>(m_plan.steps.size()), strands.first + 1 + kFurthest);
+        std::set<StepId> arithmetic;
+        const auto isReady = [&](StepId id) { return stands(id, strands) || arithmetic.count(id) > 0; };
+        for (StepId id = strands.first + 1; id < end; ++id) {
+            const Step& step = at(id);
+            if (isReady(id) || !std::all_of(step.arguments.begin(), step.arguments.end(), isReady))
+                continue;
+            if (step.function == at(strands.first).function)
+                return id;
+            if (takesArithmetic && step.function->isElementwise)
+                arithmetic.insert(id);
+        }
+        return kNoStep;
+    }
+
+    /// Adds what a step reads and does not stand.
+    void addBetween(Strands& strands, StepId reader)
+    {
+        for (const StepId id : at(reader).arguments) {
+            if (stands(id, strands))
+                continue;
+            addBetween(strands, id);
+            strands.between.push_back(id);
+            runEarlier(id);
         }
     }
 
@@ -171,7 +212,8 @@ private:
         if (!step.function->reachArgument)
             return kEndless;
         const Step& bars = at(step.arguments[*step.function->reachArgument]);
-        return bars.isConstant ? barsOf(bars.number).value_or(0) : kEndless;
+        return bars.isConstant ? barsOf(bars.number).value_or(0)
+                               : step.function->reachOfSeries.value_or(kEndless);
     }
 
     StepId add(Step step, double number)

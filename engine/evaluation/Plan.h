@@ -22,17 +22,26 @@ struct Step
     std::vector<StepId> arguments;      ///< earlier steps
     std::size_t lookAhead = 0;          ///< bars behind a bar that its value depends on, at most kEndless
     std::size_t reach = 0;              ///< bars before a bar that later steps still read there, likewise
-    StepId second = kNoStep; ///< a later step of the same chain function, to be run together with this one
-    bool isSecond = false;   ///< it is another one's second
+    bool isRunEarlier = false;          ///< together with an earlier step, see Strands
 };
 
 constexpr std::size_t kEndless = SIZE_MAX / 2;
+
+/// Steps of one chain function that are run in one loop, at the place of the first.
+struct Strands
+{
+    StepId first = kNoStep;
+    StepId second = kNoStep;     ///< may read the first one's result; there may be none
+    std::vector<StepId> between; ///< elementwise steps that the third reads, in their order
+    StepId third = kNoStep;      ///< runs some bars behind the others; there may be none
+};
 
 /// What a formula with given parameters computes: every step once, however often the text says it, and none
 /// that no output needs.
 struct Plan
 {
     std::vector<Step> steps;
+    std::vector<Strands> strands;                   ///< by their first steps
     std::vector<std::vector<StepId>> outputColumns; ///< by output: Output::columns, and open and close
                                                     ///< behind a volume
 

@@ -4,6 +4,8 @@
 #include "engine/files/BarHeader.h"
 #include "engine/files/BarTime.h"
 #include "engine/files/CsvReader.h"
+#include "engine/files/RowFollower.h"
+#include "engine/series/SeriesHead.h"
 
 namespace engine {
 
@@ -43,9 +45,18 @@ public:
             m_bars.amount.push_back(m_csv.number(*m_amount));
         if (m_openInterest)
             m_bars.openInterest.push_back(m_csv.number(*m_openInterest));
+        if (m_replaces && !m_csv.failed())
+            dropOneBeforeLast();
     }
 
+    const BarSeries& series() const { return m_bars; }
     BarSeries take() { return std::move(m_bars); }
+
+    /// Forgets what was read of a wrong row.
+    void dropBeyond(std::size_t count) { m_bars = headOf(m_bars, count); }
+
+    /// From now on a row with the time of the one before replaces it.
+    void letRowsReplace() { m_mayReplace = true; }
 
 private:
     static constexpr std::vector<double> BarSeries::*kPrices[] = { &BarSeries::open, &BarSeries::high,
@@ -64,13 +75,30 @@ private:
             readBarTime(m_csv.text(m_date), m_time ? m_csv.text(*m_time) : std::string_view(), failure);
         if (!time)
             return m_csv.fail(failure);
-        if (!m_bars.timeMs.empty() && time->written <= m_lastWritten)
+        m_replaces = m_mayReplace && !m_bars.timeMs.empty() && time->written == m_lastWritten;
+        if (!m_replaces && !m_bars.timeMs.empty() && time->written <= m_lastWritten)
             return m_csv.fail("the date is not after the one before");
         m_lastWritten = time->written;
         m_bars.timeMs.push_back(time->timeMs);
     }
 
+    /// Leaves the row that was read last in the place of the one before it.
+    void dropOneBeforeLast()
+    {
+        const auto drop = [](auto& column) {
+            if (!column.empty())
+                column.erase(column.end() - 2);
+        };
+        drop(m_bars.timeMs);
+        for (const auto price : kPrices)
+            drop(m_bars.*price);
+        for (const auto column : { &BarSeries::volume, &BarSeries::amount, &BarSeries::openInterest })
+            drop(m_bars.*column);
+    }
+
     CsvReader& m_csv;
+    bool m_mayReplace = false;
+    bool m_replaces = false; ///< the current row has the time of the one before
     std::size_t m_date;
     std::optional<std::size_t> m_time;
     std::size_t m_prices[4];
@@ -79,15 +107,27 @@ private:
     BarSeries m_bars;
 };
 
-} // namespace
+/// A reader whose rows may replace the one before.
+class GrowingBarReader : public BarReader
+{
+public:
+    explicit GrowingBarReader(CsvReader& csv)
+        : BarReader(csv)
+    {
+        letRowsReplace();
+    }
+};
 
-std::optional<BarSeries> readBars(const std::string& path, std::string& failure,
-                                  const ReadingProgress& progress)
+/// @param last  bytes at the end of the file that are read; all of them otherwise.
+std::optional<BarSeries> readBars(const std::string& path, std::optional<std::int64_t> last,
+                                  std::string& failure, const ReadingProgress& progress)
 {
     CsvReader csv(path);
     failure.clear();
     if (csv.readHeader()) {
         BarReader reader(csv);
+        if (last)
+            csv.skipToLast(*last);
         for (std::size_t row = 0; csv.nextRow(); ++row) {
             if (progress && row % kRowsOfAStep == 0 && !progress(csv.share()))
                 return std::nullopt;
@@ -101,6 +141,49 @@ std::optional<BarSeries> readBars(const std::string& path, std::string& failure,
     }
     failure = csv.failure();
     return std::nullopt;
+}
+
+} // namespace
+
+std::optional<BarSeries> readBars(const std::string& path, std::string& failure,
+                                  const ReadingProgress& progress)
+{
+    return readBars(path, std::nullopt, failure, progress);
+}
+
+std::optional<BarSeries> readLastBars(const std::string& path, std::string& failure)
+{
+    constexpr std::int64_t lastBytes = 4096;
+    return readBars(path, lastBytes, failure, {});
+}
+
+class BarFollower::Worker : public RowFollower<GrowingBarReader>
+{
+public:
+    using RowFollower::RowFollower;
+};
+
+BarFollower::BarFollower(const std::string& path)
+    : m_worker(std::make_unique<Worker>(path))
+{
+}
+
+BarFollower::~BarFollower() = default;
+
+std::size_t BarFollower::read()
+{
+    return m_worker->read();
+}
+
+const BarSeries& BarFollower::bars() const
+{
+    static const BarSeries none;
+    return m_worker->reader() ? m_worker->reader()->series() : none;
+}
+
+const std::string& BarFollower::failure() const
+{
+    return m_worker->failure();
 }
 
 } // namespace engine

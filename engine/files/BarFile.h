@@ -5,7 +5,9 @@
 #include "engine/EngineExport.h"
 #include "engine/series/BarSeries.h"
 
+#include <cstddef>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -27,5 +29,32 @@ using ReadingProgress = std::function<bool(double share)>;
 /// @param progress  called on the reading thread; may be empty.
 ENGINE_EXPORT std::optional<BarSeries> readBars(const std::string& path, std::string& failure,
                                                 const ReadingProgress& progress = {});
+
+/// The last bars of a file, those in its last 4 KiB, read without a look at the others; otherwise as
+/// readBars.
+ENGINE_EXPORT std::optional<BarSeries> readLastBars(const std::string& path, std::string& failure);
+
+/// Bars of a file that another program appends to. Only whole lines count: the last one waits for its end. A
+/// row with the time of the last bar replaces that bar. Otherwise rows are those of readBars. For one thread
+/// at a time.
+class ENGINE_EXPORT BarFollower
+{
+public:
+    explicit BarFollower(const std::string& path);
+    ~BarFollower();
+
+    /// Takes in the rows that stand behind those of the calls before. @return how many; none after a failure.
+    std::size_t read();
+
+    /// What has come so far; after a failure the bars before the wrong row.
+    const BarSeries& bars() const;
+    /// One line "FILE:LINE: reason"; empty while all is well.
+    const std::string& failure() const;
+
+private:
+    class Worker;
+
+    std::unique_ptr<Worker> m_worker;
+};
 
 } // namespace engine

@@ -94,6 +94,25 @@ std::size_t CsvReader::require(std::optional<std::size_t> column, std::string_vi
     return column.value_or(0);
 }
 
+void CsvReader::skipToLast(std::int64_t bytes)
+{
+    const std::int64_t target = m_file.size() - bytes,
+                       here = m_read - static_cast<std::int64_t>(m_end - m_begin);
+    if (failed() || target <= here)
+        return;
+    if (target <= m_read) {
+        m_begin += static_cast<std::size_t>(target - here);
+    } else if (m_file.moveTo(target)) {
+        m_read = target;
+        m_begin = m_end = 0;
+    } else {
+        return fail("the file cannot be read from its end");
+    }
+    std::size_t end = 0;
+    if (nextLineEnd(end))
+        m_begin = std::min(end + 1, m_end);
+}
+
 bool CsvReader::nextRow()
 {
     std::string_view line;
@@ -180,7 +199,7 @@ bool CsvReader::nextLineEnd(std::size_t& end)
         searched = m_end - m_begin; // reading on moves the line to the beginning of the block
         if (!readBlock()) {
             end = m_end;
-            return !failed() && m_end > m_begin;
+            return !m_waits && !failed() && m_end > m_begin;
         }
     }
 }

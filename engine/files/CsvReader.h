@@ -30,6 +30,10 @@ class CsvReader
 public:
     explicit CsvReader(const std::string& path);
 
+    /// From now on a last line without its end waits for it: nextRow() answers false there without a failure,
+    /// and may be called again when the file has grown.
+    void waitForLineEnds() { m_waits = true; }
+
     /// Reads the header. @return false with failure() set when the file cannot be read or holds nothing.
     bool readHeader();
 
@@ -41,6 +45,10 @@ public:
     std::size_t require(std::string_view name);
     /// A position that was found otherwise; a missing column of the name is a failure.
     std::size_t require(std::optional<std::size_t> column, std::string_view name);
+
+    /// Passes over all but the last bytes of the file, and the rest of the line that is cut so. Behind the
+    /// header; failures from here on have no line of the file.
+    void skipToLast(std::int64_t bytes);
 
     /// Goes to the next line that is not blank and splits it. @return false at the end, or after a failure,
     /// which a line with fewer fields than the header is.
@@ -73,6 +81,7 @@ private:
     std::vector<char> m_block;
     std::size_t m_begin = 0, m_end = 0; ///< what of the block is read and not yet handed out
     std::int64_t m_read = 0;            ///< bytes of the file
+    bool m_waits = false;
     std::size_t m_line = 0;
     std::size_t m_rows = 0;
     std::vector<std::string> m_header;

@@ -39,6 +39,10 @@ std::int64_t readFile(int file, char* bytes, unsigned count)
 {
     return ::_read(file, bytes, count);
 }
+bool seekFile(int file, std::int64_t offset)
+{
+    return ::_lseeki64(file, offset, SEEK_SET) == offset;
+}
 #else
 using State = struct stat;
 constexpr unsigned kFolder = S_IFDIR, kOrdinary = S_IFREG, kKinds = S_IFMT;
@@ -60,6 +64,10 @@ std::int64_t readFile(int file, char* bytes, unsigned count)
 {
     return ::read(file, bytes, count);
 }
+bool seekFile(int file, std::int64_t offset)
+{
+    return ::lseek(file, static_cast<off_t>(offset), SEEK_SET) == offset;
+}
 #endif
 
 std::string systemWords(int error)
@@ -73,6 +81,11 @@ FileBytes::~FileBytes()
 {
     if (m_file >= 0)
         closeFile(m_file);
+}
+
+bool FileBytes::moveTo(std::int64_t offset)
+{
+    return m_file >= 0 && seekFile(m_file, offset);
 }
 
 bool FileBytes::open(const std::string& path)

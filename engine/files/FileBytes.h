@@ -25,6 +25,9 @@ public:
     /// Reads up to `count` bytes. @return their number; 0 at the end and when reading fails.
     std::size_t read(char* bytes, std::size_t count);
 
+    /// Lets the next bytes be those behind an offset. @return whether the file can do that.
+    bool moveTo(std::int64_t offset);
+
     /// Size of the file when it was opened.
     std::int64_t size() const { return m_size; }
     /// In the words of the system; empty while all is well.

@@ -2,6 +2,8 @@
 #include "engine/files/TickFile.h"
 
 #include "engine/files/CsvReader.h"
+#include "engine/files/RowFollower.h"
+#include "engine/series/SeriesHead.h"
 #include "engine/series/Series.h"
 #include "engine/calendar/Times.h"
 
@@ -53,7 +55,11 @@ public:
         }
     }
 
+    const TickSeries& series() const { return m_ticks; }
     TickSeries take() { return std::move(m_ticks); }
+
+    /// Forgets what was read of a wrong row. The places of the level columns stay.
+    void dropBeyond(std::size_t count) { m_ticks = headOf(m_ticks, count); }
 
 private:
     /// Whether the header names any column of the deeper book; then it must name all of them.
@@ -113,6 +119,35 @@ std::optional<TickSeries> readTicks(const std::string& path, std::string& failur
     }
     failure = csv.failure();
     return std::nullopt;
+}
+
+class TickFollower::Worker : public RowFollower<TickReader>
+{
+public:
+    using RowFollower::RowFollower;
+};
+
+TickFollower::TickFollower(const std::string& path)
+    : m_worker(std::make_unique<Worker>(path))
+{
+}
+
+TickFollower::~TickFollower() = default;
+
+std::size_t TickFollower::read()
+{
+    return m_worker->read();
+}
+
+const TickSeries& TickFollower::ticks() const
+{
+    static const TickSeries none;
+    return m_worker->reader() ? m_worker->reader()->series() : none;
+}
+
+const std::string& TickFollower::failure() const
+{
+    return m_worker->failure();
 }
 
 } // namespace engine

@@ -5,6 +5,8 @@
 #include "engine/EngineExport.h"
 #include "engine/series/TickSeries.h"
 
+#include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -18,5 +20,27 @@ namespace engine {
 /// files are read.
 /// @param[out] failure  one line "FILE:LINE: reason" when nothing is returned.
 ENGINE_EXPORT std::optional<TickSeries> readTicks(const std::string& path, std::string& failure);
+
+/// Trades of a file that another program appends to. Only whole lines count: the last one waits for its end.
+/// Otherwise rows are those of readTicks. For one thread at a time.
+class ENGINE_EXPORT TickFollower
+{
+public:
+    explicit TickFollower(const std::string& path);
+    ~TickFollower();
+
+    /// Takes in the rows that stand behind those of the calls before. @return how many; none after a failure.
+    std::size_t read();
+
+    /// What has come so far; after a failure the trades before the wrong row.
+    const TickSeries& ticks() const;
+    /// One line "FILE:LINE: reason"; empty while all is well.
+    const std::string& failure() const;
+
+private:
+    class Worker;
+
+    std::unique_ptr<Worker> m_worker;
+};
 
 } // namespace engine

@@ -37,6 +37,12 @@ public:
 
     double operator()(State& state, std::size_t bar) const { return stepped(state, m_values[bar], m_weight); }
 
+    bool isPlain(const State& state) const { return state.isStarted && !m_values.isConstant; }
+    PlainAverage plainFrom(const State& state, std::size_t bar, Result result) const
+    {
+        return { m_values.from(bar), m_weight, state.average, result.from(bar) };
+    }
+
 protected:
     /// @param weight  of the new value, 0 to 1; without a value nothing has an average.
     WeightedStep(const Operand& values, double weight)

@@ -21,6 +21,8 @@
 
 #include "engine/kernels/Kernel.h"
 
+#include <limits>
+
 namespace engine::language {
 
 /// Compensated summation (A. Neumaier, 1974): a sum together with its own rounding error, which the two-sum
@@ -115,32 +117,29 @@ struct WeightedMeanFold
     }
 };
 
-/// The highest or lowest value; of equal ones the last.
+/// The highest or lowest value; of equal ones the last. Where there is none stands the infinity that any
+/// value is better than, so that every merge is one comparison; it is no answer.
 template <class IsBetter>
 struct ExtremeValueFold
 {
+    static constexpr double kWorst = IsBetter()(1.0, 0.0) ? -std::numeric_limits<double>::infinity()
+                                                          : std::numeric_limits<double>::infinity();
+
     struct State
     {
-        double value = kMissing;
+        double value = kWorst;
     };
 
     static State of(double value, std::size_t) { return { value }; }
-
-    static State merged(const State& a, const State& b)
-    {
-        return { IsBetter()(a.value, b.value) || isMissing(b.value) ? a.value : b.value };
-    }
-
+    static State merged(const State& a, const State& b) { return later(a, b.value); }
     static State later(const State& before, double value)
     {
         return { IsBetter()(before.value, value) ? before.value : value };
     }
     static State earlier(double value, const State& behind)
     {
-        const bool isWorse = IsBetter()(behind.value, value) || behind.value == value;
-        return { isWorse ? behind.value : value };
+        return { IsBetter()(value, behind.value) ? value : behind.value };
     }
-
     static double answer(const State& window, double, std::size_t) { return window.value; }
 };
 

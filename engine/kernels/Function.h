@@ -53,12 +53,14 @@ struct Function
     bool isOperator = false;
     bool isLogical = false;     ///< the value is 1 or 0
     bool isElementwise = false; ///< a bar of the result depends on nothing but that bar of the arguments
-    bool isChain = false;       ///< a bar waits for the result of the one before, see Kernel::computeBoth
+    bool isChain = false;       ///< a bar waits for the result of the one before, see Kernel::computeTogether
     /// The argument that says how many bars later a value is read; nothing where no later bar counts.
     std::optional<std::size_t> lookAheadArgument;
     /// How many bars before a bar the bars of the arguments still count for it, besides what the kernel
     /// keeps: a number, or the value of an argument that is a constant. Neither: any number of them.
     std::optional<std::size_t> reach, reachArgument;
+    /// The same where that argument is a series. Nothing: any number of them.
+    std::optional<std::size_t> reachOfSeries;
     /// The optional column of the bars without which there is no value at all; null when there is none.
     std::vector<double> BarSeries::*neededColumn = nullptr;
     /// The value changes with bars that come later, however many.
@@ -152,9 +154,10 @@ public:
         return *this;
     }
 
-    FunctionRow& reachesBackBy(std::size_t argument)
+    FunctionRow& reachesBackBy(std::size_t argument, std::optional<std::size_t> barsOfSeries = std::nullopt)
     {
         m_row.reachArgument = argument;
+        m_row.reachOfSeries = barsOfSeries;
         return *this;
     }
 

@@ -62,6 +62,17 @@ struct Work
     bool cancelled() const { return cancelledFlag && cancelledFlag->load(std::memory_order_relaxed); }
 };
 
+class Kernel;
+
+/// The bars of one of several kernels that are computed together.
+struct Chain
+{
+    Kernel* kernel;
+    const Operand* arguments;
+    Result result;
+    std::size_t from, to; ///< as Work::from and, for both of its ends, Work::keep
+};
+
 /// A function at work. One object belongs to one step of one evaluation.
 class Kernel
 {
@@ -71,13 +82,13 @@ public:
     /// Fills result[from] to result[count - 1]; what was there before is not read.
     virtual void compute(const Operand* arguments, const Work& work, Result result) = 0;
 
-    /// As compute() of this one and then of a kernel of the same function, which may read this one's result;
-    /// for functions that Function::isChain marks.
-    virtual void computeBoth(const Operand* arguments, Result result, Kernel& second,
-                             const Operand* secondArguments, Result secondResult, const Work& work)
+    /// As compute() of one to three kernels of this one's function after another; each may read what those
+    /// before it give for the same bar. For functions that Function::isChain marks.
+    virtual void computeTogether(const Chain* chains, std::size_t count, const Work& work)
     {
-        compute(arguments, work, result);
-        second.compute(secondArguments, work, secondResult);
+        for (const Chain* chain = chains; chain != chains + count; ++chain)
+            chain->kernel->compute(chain->arguments, { work.bars, chain->from, chain->to, chain->to },
+                                   chain->result);
     }
 };
 

@@ -4,6 +4,8 @@
 
 #include "engine/kernels/Kernel.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <optional>
 
 namespace engine::language {
@@ -17,6 +19,13 @@ inline std::optional<std::size_t> barsOf(double number)
     if (!(number > -1.0))
         return std::nullopt;
     return static_cast<std::size_t>(number < kLongestStretch ? number : kLongestStretch);
+}
+
+/// The same without a branch; 0 for what is no number of bars.
+inline std::size_t barsOrNone(double number)
+{
+    const double some = number > 0.0 ? number : 0.0; // a missing number is not
+    return static_cast<std::size_t>(static_cast<std::int64_t>(std::min(some, kLongestStretch)));
 }
 
 } // namespace engine::language

@@ -27,7 +27,7 @@ public:
         m_levels[0].resize(count);
         for (std::size_t bar = from; bar < count; ++bar)
             m_levels[0][bar] = stateOf(bar);
-        for (std::size_t level = 1; count >> level > 0; ++level) {
+        for (std::size_t level = 1; from >> level < count >> level; ++level) { // while a stretch has ended
             if (m_levels.size() == level)
                 m_levels.emplace_back();
             const std::vector<State>& below = m_levels[level - 1];

@@ -108,13 +108,15 @@ constexpr PeriodCode kPeriods[] = {
     { 4.0, 60 },          { 3.0, 30 },         { 2.0, 15 },        { 1.0, 5 },        { 0.0, 0 },
 };
 
-/// The period of the bars, told by the median distance between two of them.
+/// The period of the bars: the one that they state, else told by the median distance between two of them.
 class PeriodKernel : public Kernel
 {
 public:
     void compute(const Operand*, const Work& work, Result result) override
     {
-        const std::optional<std::int64_t> minutes = usualMinutes(work.bars.timeMs);
+        const std::int64_t stated = work.bars.periodMinutes;
+        const std::optional<std::int64_t> minutes =
+            stated > 0 ? std::optional(stated) : usualMinutes(work.bars.timeMs);
         const auto isReached = [&](const PeriodCode& period) { return *minutes >= period.leastMinutes; };
         const double code =
             minutes ? std::find_if(std::begin(kPeriods), std::end(kPeriods) - 1, isReached)->code : kMissing;

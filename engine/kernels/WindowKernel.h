@@ -2,10 +2,11 @@
 #pragma once
 /// @file Functions over the last bars.
 
+#include "engine/kernels/BlockFolds.h"
 #include "engine/kernels/Periods.h"
-#include "engine/kernels/SegmentTree.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <vector>
 
 namespace engine::language {
@@ -19,8 +20,7 @@ enum class Window {
 
 /// Folds the window of N bars that ends at each bar. With a constant N, bars are cut into blocks of N, and a
 /// window is the tail of one block and the head of the next: three merges a bar whatever N (M. van Herk,
-/// 1992; J. Gil and M. Werman, 1993). A window reads N bars back. Where N is a series, a segment tree
-/// answers.
+/// 1992; J. Gil and M. Werman, 1993). A window reads N bars back. Where N is a series, see BlockFolds.
 template <class Fold, Window kWindow>
 class WindowKernel : public Kernel
 {
@@ -43,6 +43,7 @@ public:
 
 private:
     using State = typename Fold::State;
+    using Folds = BlockFolds<Fold>;
 
     static constexpr bool kTakesGaps = kWindow == Window::Conditions;
     static constexpr bool kTakesFewer = kWindow != Window::Whole;
@@ -96,7 +97,8 @@ private:
 
     static double answer(const State& window, std::size_t length, std::size_t bar)
     {
-        return valueOrMissing(Fold::answer(window, static_cast<double>(length), bar));
+        return valueOrMissing(
+            Fold::answer(window, static_cast<double>(static_cast<std::int64_t>(length)), bar));
     }
 
     void computeFixed(const Operand& values, std::size_t length, const Work& work, Result result)
@@ -125,7 +127,7 @@ private:
                     Result result)
     {
         const Operand values = asked.isConstant ? repeated(asked[0], std::min(begin, length), begin) : asked;
-        const bool isClear = kTakesGaps || !hasGap(values.from(begin), end - begin);
+        const bool isClear = kTakesGaps || areNumbers(values.from(begin), end - begin);
         const std::size_t firstThere = begin - m_present; // if there is no gap
         makeRoomForTails(length, begin, end);
         foldBlocks(values, length, begin, end, isClear ? firstThere : end);
@@ -169,14 +171,6 @@ private:
             else
                 result[bar] = kTakesFewer && m_present > 0 ? answer(*heads, length, bar) : kMissing;
         }
-    }
-
-    static bool hasGap(const double* values, std::size_t count)
-    {
-        std::size_t gaps = 0;
-        for (std::size_t index = 0; index < count; ++index)
-            gaps += isMissing(values[index]);
-        return gaps > 0;
     }
 
     /// Room for the tails of the blocks that end with a run; those that no window reads again go.
@@ -275,20 +269,78 @@ private:
 
     void computeVariable(const Operand& values, const Operand& lengths, const Work& work, Result result)
     {
-        m_tree.extend(work.from, work.count, [&](std::size_t bar) { return stateOf(values[bar], bar); });
-        std::size_t present = work.from == 0 ? 0 : m_keptPresent;
-        for (std::size_t bar = work.from; bar < work.count; ++bar) {
+        if (values.isConstant)
+            m_repeated.assign(Folds::kBlock, values[0]);
+        m_folds.makeRoom(work.count, work.bars.size());
+        m_present = work.from == 0 ? 0 : m_keptPresent;
+        for (std::size_t bar = work.from; bar < work.count;) {
+            const std::size_t first = Folds::blockBegin(bar);
+            const std::size_t end = std::min(first + Folds::kBlock, bar < work.keep ? work.keep : work.count);
             if (bar == work.keep)
-                m_keptPresent = present;
-            present = isThere(values[bar]) ? present + 1 : 0;
-            const std::size_t asked = barsOf(lengths[bar]).value_or(0);
-            const std::size_t length = kTakesFewer ? std::min(asked, bar + 1) : asked;
-            const std::size_t needed = kWindow == Window::There ? 1 : length;
-            const bool isWhole = length > 0 && needed <= present;
-            result[bar] = isWhole ? answer(m_tree.fold(bar + 1 - length, bar + 1), asked, bar) : kMissing;
+                m_keptPresent = m_present;
+            const double* const in = values.isConstant ? m_repeated.data() : values.from(first);
+            const double* const asked = lengths.from(bar);
+            if (kTakesGaps || areNumbers(in, end - first))
+                computeBlock(TakenIn<true> { in, first }, bar, end, asked, result);
+            else
+                computeBlock(TakenIn<false> { in, first }, bar, end, asked, result);
+            bar = end;
         }
         if (work.keep >= work.count)
-            m_keptPresent = present;
+            m_keptPresent = m_present;
+    }
+
+    /// How values of a block come into a state.
+    template <bool kIsClear>
+    struct TakenIn
+    {
+        const double* in;
+        std::size_t first;
+
+        double value(std::size_t bar) const { return in[bar - first]; }
+        State operator()(const State& state, std::size_t bar) const
+        {
+            return kIsClear ? later(state, value(bar), bar) : Fold::merged(state, stateOf(value(bar), bar));
+        }
+        State operator()(std::size_t bar, const State& state) const
+        {
+            return kIsClear ? earlier(value(bar), bar, state) : Fold::merged(stateOf(value(bar), bar), state);
+        }
+    };
+
+    /// Bars of one block.
+    /// @param lengths  from the first of them on.
+    template <bool kIsClear>
+    void computeBlock(TakenIn<kIsClear> taken, std::size_t begin, std::size_t end, const double* lengths,
+                      Result result)
+    {
+        takeIn(taken, begin, end);
+        double* const out = result.from(begin);
+        std::size_t present = m_present;
+        for (std::size_t bar = begin; bar < end; ++bar) {
+            present = kIsClear || isThere(taken.value(bar)) ? present + 1 : 0;
+            const std::size_t asked = barsOrNone(lengths[bar - begin]);
+            const std::size_t length = kTakesFewer ? std::min(asked, bar + 1) : asked;
+            const std::size_t needed = kWindow == Window::There ? 1 : length;
+            out[bar - begin] = length > 0 && needed <= present
+                ? answer(m_folds.fold(bar + 1 - length, bar, taken), asked, bar)
+                : kMissing;
+        }
+        m_present = present;
+    }
+
+    template <bool kIsClear>
+    void takeIn(TakenIn<kIsClear> taken, std::size_t begin, std::size_t end)
+    {
+        if constexpr (kIsClear && foldsBothEnds<Fold>(0)) {
+            if (end - begin == Folds::kBlock) {
+                m_folds.extendByBlock(begin, [&](State* heads, State* tails) {
+                    Fold::foldBoth(taken.in, Folds::kBlock, heads, tails);
+                });
+                return;
+            }
+        }
+        m_folds.extend(begin, end, taken, taken);
     }
 
     static constexpr std::size_t kRun = 1024; ///< bars that are folded at a time
@@ -304,7 +356,7 @@ private:
     std::vector<State> m_tails;   ///< from a bar on, and room behind the last
     std::size_t m_firstTail = 0;  ///< that bar
     std::size_t m_foldedBars = 0; ///< bars of whole blocks, the tails of which are known
-    SegmentTree<Fold> m_tree;
+    Folds m_folds;                ///< for lengths that are a series
 };
 
 } // namespace engine::language

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "engine/kernels/Folds.h"
 #include "engine/kernels/KernelRows.h"
-#include "engine/kernels/SortedWindow.h"
+#include "engine/kernels/SortedBlocks.h"
 #include "engine/kernels/WindowKernel.h"
 
 #include <functional>
@@ -67,77 +67,26 @@ struct ExistFold : CountFold
     static double answer(const State& window, double, std::size_t) { return window > 0.0 ? 1.0 : 0.0; }
 };
 
-/// Mean distance from the mean. Short windows and those whose length changes are added up anew, which takes N
-/// steps a bar; long ones are kept in order.
+/// Mean distance from the mean.
 class MeanDeviationKernel : public Kernel
 {
 public:
     void compute(const Operand* arguments, const Work& work, Result result) override
     {
         m_mean.compute(arguments, work, result);
-        const std::size_t length = arguments[1].isConstant ? barsOf(arguments[1][0]).value_or(0) : 0;
-        if (length > kLongestAdded && length <= work.count)
-            computeSorted(arguments[0], length, work, result);
-        else
-            computeAnew(arguments, work, result);
-    }
-
-private:
-    static constexpr std::size_t kLongestAdded = 64;
-
-    static void computeAnew(const Operand* arguments, const Work& work, Result result)
-    {
+        m_sorted.takeBack(work.from);
         for (std::size_t bar = work.from; bar < work.count && !work.cancelled(); ++bar) {
             if (isMissing(result[bar]))
                 continue;
-            const std::size_t length = *barsOf(arguments[1][bar]); // a mean has a length
-            CompensatedSum distances;
-            for (std::size_t other = bar + 1 - length; other <= bar; ++other)
-                distances =
-                    CompensatedSum::merged(distances, { std::abs(arguments[0][other] - result[bar]), 0.0 });
-            result[bar] = valueOrMissing(distances.total() / static_cast<double>(length));
+            const std::size_t length = barsOrNone(arguments[1][bar]); // a mean has a length
+            const double distances = m_sorted.distances(arguments[0], bar + 1 - length, bar + 1, result[bar]);
+            result[bar] = valueOrMissing(distances / static_cast<double>(length));
         }
     }
 
-    void computeSorted(const Operand& values, std::size_t length, const Work& work, Result result)
-    {
-        if (!m_sorted || work.from == 0) {
-            m_sorted.emplace(length + 1);
-            m_seen.clear();
-        }
-        while (m_seen.size() > work.from)
-            takeBack(length);
-        for (std::size_t bar = m_seen.size(); bar < work.count && !work.cancelled(); ++bar) {
-            add(values[bar], length);
-            if (bar >= work.from && !isMissing(result[bar]))
-                result[bar] = valueOrMissing(m_sorted->distances(result[bar]) / static_cast<double>(length));
-        }
-    }
-
-    /// The next bar comes in and the one that is now too old goes.
-    void add(double value, std::size_t length)
-    {
-        const std::size_t bar = m_seen.size();
-        m_seen.push_back(value);
-        if (bar >= length && !isMissing(m_seen[bar - length]))
-            m_sorted->erase(bar - length, m_seen[bar - length]);
-        if (!isMissing(value))
-            m_sorted->insert(bar, value);
-    }
-
-    void takeBack(std::size_t length)
-    {
-        const std::size_t bar = m_seen.size() - 1;
-        if (!isMissing(m_seen[bar]))
-            m_sorted->erase(bar, m_seen[bar]);
-        m_seen.pop_back();
-        if (bar >= length && !isMissing(m_seen[bar - length]))
-            m_sorted->insert(bar - length, m_seen[bar - length]);
-    }
-
+private:
     WindowKernel<MeanFold, Window::Whole> m_mean;
-    std::optional<SortedWindow> m_sorted;
-    Series m_seen; ///< the values that came in, by bar
+    SortedBlocks m_sorted;
 };
 
 using IsHigher = std::greater<double>;
@@ -149,7 +98,7 @@ FunctionRow window(const char* name, const char* chinese, const char* english)
     return FunctionRow(name, chinese, english)
         .takes("X,N", "ss")
         .window(1)
-        .reachesBackBy(1)
+        .reachesBackBy(1, kFoldedBlock)
         .runs<WindowKernel<Fold, Window::Whole>>();
 }
 
@@ -159,7 +108,7 @@ FunctionRow windowThere(const char* name, const char* chinese, const char* engli
     return FunctionRow(name, chinese, english)
         .takes("X,N", "ss")
         .window(1, 0.0)
-        .reachesBackBy(1)
+        .reachesBackBy(1, kFoldedBlock)
         .runs<WindowKernel<Fold, Window::There>>();
 }
 
@@ -169,7 +118,7 @@ FunctionRow condition(const char* name, const char* chinese, const char* english
     return FunctionRow(name, chinese, english)
         .takes("COND,N", "ss")
         .window(1, 0.0)
-        .reachesBackBy(1)
+        .reachesBackBy(1, kFoldedBlock)
         .runs<WindowKernel<Fold, Window::Conditions>>();
 }
 

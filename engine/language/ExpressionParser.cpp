@@ -451,22 +451,55 @@ bool ExpressionParser::isNumberOfArgumentsRight(const Token& name, const Functio
     return given >= function.minArguments && given <= function.maxArguments;
 }
 
-/// Arguments that are series of the bars and named like other arguments of the function.
+/// Arguments that are series of the bars and named like other arguments of the function, and a condition at
+/// the place of a value.
 void ExpressionParser::hintAtOrder(const Function& function, const std::vector<NodeId>& arguments,
                                    const std::vector<Token>& starts)
 {
-    const std::string names = std::string(",") + function.argumentNames + ",";
+    // With colours PARTLINE takes the price first.
+    const bool isPriceFirst =
+        function.isBuilt && function.argumentNames == std::string("COND,PRICE") && arguments.size() > 2;
+    const std::string form = isPriceFirst ? "PRICE,COND,COLOR,..." : function.argumentNames;
+    const std::string names = "," + form + ",";
+    if (isConditionMisplaced(names, arguments) || areSeriesInOtherOrder(names, arguments))
+        m_reader.hint(starts.front(), "参数的次序是 " + form, "the order of the arguments is " + form);
+}
+
+/// @param names  of the arguments, with commas around each.
+bool ExpressionParser::areSeriesInOtherOrder(const std::string& names,
+                                             const std::vector<NodeId>& arguments) const
+{
     std::string given = ",";
     for (const NodeId argument : arguments) {
         const Node& node = m_syntax[argument];
-        const bool isSeries = node.kind == Node::Kind::Call && node.function->maxArguments == 0;
-        if (!isSeries || names.find(std::string(",") + node.function->name + ",") == std::string::npos)
-            return;
+        if (!isBarSeries(node)
+            || names.find(std::string(",") + node.function->name + ",") == std::string::npos)
+            return false;
         given += std::string(node.function->name) + ",";
     }
-    if (!arguments.empty() && given != names)
-        m_reader.hint(starts.front(), std::string("参数的次序是 ") + function.argumentNames,
-                      std::string("the order of the arguments is ") + function.argumentNames);
+    return !arguments.empty() && given != names;
+}
+
+/// Whether a series of the bars stands where a condition is expected, as the first or second argument, and a
+/// condition elsewhere.
+bool ExpressionParser::isConditionMisplaced(const std::string& names,
+                                            const std::vector<NodeId>& arguments) const
+{
+    const auto isLogical = [&](NodeId argument) {
+        const Node& node = m_syntax[argument];
+        return node.kind == Node::Kind::Call && node.function->isLogical;
+    };
+    const bool isSecond = names.find(",PRICE,COND,") == 0;
+    if (arguments.size() < 2 || (!isSecond && names.find(",COND,") != 0))
+        return false;
+    const NodeId condition = arguments[isSecond];
+    return isBarSeries(m_syntax[condition]) && !isLogical(condition)
+        && std::any_of(arguments.begin(), arguments.end(), isLogical);
+}
+
+bool ExpressionParser::isBarSeries(const Node& node)
+{
+    return node.kind == Node::Kind::Call && node.function->maxArguments == 0;
 }
 
 void ExpressionParser::hintAtWindow(const Function& function, const std::vector<NodeId>& arguments,

@@ -50,6 +50,9 @@ private:
     NodeId colorNode(const Token& name, const std::vector<NodeId>& parts);
     bool isNumberOfArgumentsRight(const Token& name, const Function& function,
                                   const std::vector<Token>& starts);
+    bool areSeriesInOtherOrder(const std::string& names, const std::vector<NodeId>& arguments) const;
+    bool isConditionMisplaced(const std::string& names, const std::vector<NodeId>& arguments) const;
+    static bool isBarSeries(const Node& node);
     void hintAtOrder(const Function& function, const std::vector<NodeId>& arguments,
                      const std::vector<Token>& starts);
     void hintAtWindow(const Function& function, const std::vector<NodeId>& arguments,

@@ -50,6 +50,10 @@ constexpr Group kGroups[] = {
       "NUMTOSTRN STRTONMB TOSTRING",
       "文字不参加运算，用 DRAWNUMBER 画数字",
       "texts take no part in calculations; DRAWNUMBER draws numbers" },
+    { "SARTURN", "请写 CROSS(C,SAR(4,2,20)) 和 CROSS(SAR(4,2,20),C)",
+      "write CROSS(C,SAR(4,2,20)) and CROSS(SAR(4,2,20),C)" },
+    { "HORLINE DRAWNUMBER_FIX", "没有这种画法；水平线写成 LEVEL:3000;，数值由图例显示",
+      "there is no such drawing; write a level as LEVEL:3000; and let the legend show numbers" },
     { "RAND PI ALGORITHM", "没有这个函数；圆周率可写 3.14159265358979",
       "there is no such function; write pi as 3.14159265358979" },
     { "MACHINEDATE MACHINETIME MACHINEWEEK CURRENTDATE CURRENTTIME DATETODAY DAYTODATE TIMETOSEC SECTOTIME "

@@ -36,7 +36,8 @@ struct FormulaLimits
     static constexpr int kMaxOutputs = 100;           ///< of a formula
     static constexpr int kMaxParameters = 32;         ///< of a formula
     static constexpr int kMaxSteps = 20'000;          ///< operations and functions, equal ones counted again
-    static constexpr std::size_t kMaxNumbers = 1 << 29; ///< bars times columns that stand at once: 4 GiB
+    static constexpr std::size_t kMaxNumbers = 1 << 29;   ///< bars times columns that stand at once: 4 GiB
+    static constexpr std::size_t kMaxTextBytes = 1 << 28; ///< of texts at all bars of the records: 256 MiB
 };
 
 /// A formula whose text is free of faults. Unchangeable; may be read from any thread.

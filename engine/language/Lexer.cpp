@@ -416,7 +416,8 @@ private:
     /// A run of characters that the language does not know is one fault.
     void passForeign()
     {
-        const bool isCharacter = m_cursor.character() != kNoCharacter;
+        const char32_t first = m_cursor.character();
+        const bool isCharacter = first != kNoCharacter;
         const bool isWord = isFullWidthWord(m_cursor.character());
         const auto isForeign = [&] {
             const char32_t character = m_cursor.character();
@@ -432,9 +433,25 @@ private:
             report("全角字母或数字，请改用半角",
                    "full-width letters or digits, expected the half-width ones");
         else if (isCharacter)
-            report("公式里不能使用的符号", "a character that formulas do not use");
+            reportSign(first);
         else
             report("不是 UTF-8 编码的文字", "these bytes are no UTF-8");
+    }
+
+    /// Operators of other languages have functions here.
+    void reportSign(char32_t sign)
+    {
+        if (sign == U'%')
+            report("公式里不能使用的符号，余数请写 MOD(A,B)",
+                   "a character that formulas do not use; write MOD(A,B) for a remainder");
+        else if (sign == U'^')
+            report("公式里不能使用的符号，乘方请写 POW(A,B)",
+                   "a character that formulas do not use; write POW(A,B) for a power");
+        else if (sign == U'?')
+            report("公式里不能使用的符号，取舍请写 IF(COND,A,B)",
+                   "a character that formulas do not use; write IF(COND,A,B) for a choice");
+        else
+            report("公式里不能使用的符号", "a character that formulas do not use");
     }
 
     bool isKnownSign() const

@@ -28,6 +28,7 @@ struct BarSeries
     double floatingShares =
         std::numeric_limits<double>::quiet_NaN(); ///< in the unit of the volume; NaN: unknown
     double totalShares = std::numeric_limits<double>::quiet_NaN(); ///< likewise
+    std::int64_t periodMinutes = 0; ///< length of a bar; 0: told by the distance between bars
     /// A second instrument to compare with, usually an index; null when there is none. Its bars answer those
     /// of this series that begin at the same time. It may only grow as this series may.
     std::shared_ptr<const BarSeries> index;

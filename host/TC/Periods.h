@@ -15,6 +15,7 @@ enum EFormulaPeriod : int {
     EFormulaPeriod_Day = 86400,
     EFormulaPeriod_Week = 604800,
     EFormulaPeriod_Month = 2592000,
+    EFormulaPeriod_Quarter = 7776000,
     EFormulaPeriod_Year = 31536000
 };
 

@@ -38,6 +38,10 @@ constexpr int kTotalMarketValueField = 3016;    ///< figure id: total market val
 constexpr int kFloatingSharesField = 1'000'001; ///< figure id of this host's own: floating shares
 constexpr int kTotalSharesField = 1'000'002;    ///< figure id of this host's own: all shares
 
+/// Whether a figure of the instrument is the synthetic one that its store was filled with, and no market
+/// data. False for fields without one and for figures that were replaced.
+INDICATORHOST_EXPORT bool isSyntheticFigure(const ttservice::CInstrumentDetail& instrument, int field);
+
 /// Adds an instrument for this run, or replaces the one of the same market and code. The store stays as it
 /// is.
 INDICATORHOST_EXPORT void setInstrument(const ttservice::CInstrumentDetail& instrument);

@@ -7,6 +7,7 @@
 #include "draw/internal/BarLayout.h"
 #include "draw/internal/Pens.h"
 #include "draw/internal/ink/Ink.h"
+#include "draw/internal/ink/PaintedPlaces.h"
 
 #include <optional>
 
@@ -41,14 +42,18 @@ void drawDots(QPainter* painter, const QRect& rect, const RPCFormulaResultCache&
     const ValueScale scale = valueScale(rect, range); // no fallback on a flat range
 
     Ink ink(painter);
+    PaintedPlaces painted; // a dot on the spot of another one adds nothing where its pixels are stored
     ink.setPen(linePen(fromPacked(*color), output.lineWidth(), Qt::SolidLine));
     forEachValidBar(cache.result, bars.first, bars.last, [&](int bar) {
         const std::optional<double> value = values.finite(bar); // the missing marker is drawn like a value
         if (!value)
             return;
         const double x = layout.at(bar), row = scale.at(*value);
-        if (hasPixel(x) && hasPixel(row))
-            ink.ellipse(paintableRect(toPixel(x), dotTop(row, rect), kDotSize, kDotSize));
+        if (!hasPixel(x) || !hasPixel(row))
+            return;
+        const QRect dot = paintableRect(toPixel(x), dotTop(row, rect), kDotSize, kDotSize);
+        if (!ink.isEllipseStored() || painted.isNew(dot.topLeft()))
+            ink.ellipse(dot);
     });
 }
 

@@ -6,6 +6,7 @@
 #include "data/internal/RecordViews.h"
 #include "draw/internal/BarLayout.h"
 #include "draw/internal/Pens.h"
+#include "draw/internal/ink/FurthestSticks.h"
 #include "draw/internal/ink/StandingSticks.h"
 
 #include <QPainter>
@@ -34,9 +35,9 @@ void CDrawStyle::drawColorStick(QPainter* painter, QRect& rect, RPCFormulaResult
                                 bool realtimeColours, bool alignByIndex)
 {
     const OutputView output(cache, outputIndex);
-    const ColumnView values = output.column(0);
+    const ColumnView column = output.column(0);
     const BarWindow bars { startIndex, endIndex, barCount, fullWidth };
-    if (!values.exists() || bars.divisor() < 1.0)
+    if (!column.exists() || bars.divisor() < 1.0)
         return;
 
     const SlotLayout layout = colorStickLayout(rect, bars, xOffset, alignByIndex);
@@ -50,16 +51,16 @@ void CDrawStyle::drawColorStick(QPainter* painter, QRect& rect, RPCFormulaResult
         linePen(WB::skinColor(realtimeColours ? kRealtimeStickColor : kFallColor), 1.0, penStyle);
 
     Ink ink(painter);
-    StandingSticks sticks(ink, zeroRow, coversWhole(rise) && coversWhole(fall) && hidesBeneath(*painter));
-    forEachValidBar(cache.result, startIndex, endIndex, [&](int bar) {
-        // Deliberate: any finite number has a stick here, the missing marker as well.
-        const std::optional<double> value = values.finite(bar);
-        if (!value || isZero(*value) || !hasPixel(layout.at(bar)) || !hasPixel(scale.at(*value)))
+    const bool hides = coversWhole(rise) && coversWhole(fall) && hidesBeneath(*painter);
+    StandingSticks sticks(ink, zeroRow, hides);
+    const SignedSticks values { cache.result, *column.values(), layout, scale, rect.right(), hides };
+    forEachFurthestStick(values, startIndex, endIndex, [&](int bar, double value) {
+        if (!hasPixel(layout.at(bar)) || !hasPixel(scale.at(value)))
             return;
         const int x = std::min(layout.x(bar), rect.right());
-        const int row = scale.row(*value);
+        const int row = scale.row(value);
         // Every stick shows: one that ends on the zero row is moved a pixel away from it.
-        if (*value > kTolerance)
+        if (value > 0.0)
             sticks.add(x, row == zeroRow ? saturatedSum(row, -1) : row, rise);
         else
             sticks.add(x, row == zeroRow ? saturatedSum(row, 1) : row, fall, true);

@@ -60,6 +60,14 @@ void drawThinVolume(Ink& ink, const QRect& rect, const VolumeBar& bar)
         ink.upright(bar.left, bar.top, rect.bottom());
 }
 
+/// Lowest row that a thin stick's top can stand on while the stick reaches the bottom as one line; lower ones
+/// may leave a mark instead, two rows above the bottom at most.
+int lowestLineTop(const QRect& rect, bool thinLines)
+{
+    const long long lowestOfPane = rect.bottom() - 2LL;
+    return saturatedSum(0, thinLines ? lowestOfPane : std::min(lowestOfPane, rect.height() - 2LL));
+}
+
 void drawVolumeBody(Ink& ink, const QRect& rect, const VolumeBar& bar, const QColor& color)
 {
     // Deliberate: the height counts from row 0, not from the pane's bottom, so that bodies of a pane that
@@ -97,8 +105,15 @@ void CDrawStyle::drawVolStick(QPainter* painter, QRect& rect, RPCFormulaResultCa
     const ValueScale scale = volumeScale(rect, range);
     const QColor riseColor = WB::skinColor(kRiseColor), fallColor = WB::skinColor(kFallColor);
 
+    // Of thin sticks on one column only those in sight are walked over.
+    const bool isThin = thinLines || layout.bodyWidth() == 1;
+    const bool hides = isThin && isOpaque(riseColor) && isOpaque(fallColor) && hidesBeneath(*painter);
+    const StandingValues sticks {
+        *volumes.values(), *opens.values(), *closes.values(), scale, lowestLineTop(rect, thinLines), hides
+    };
+
     Ink ink(painter);
-    const auto drawStick = [&](const StandingStick& stick) {
+    forEachShownStick(cache.result, bars, layout, sticks, [&](const StandingStick& stick) {
         if (isMissing(stick.value) || isZero(stick.value))
             return;
         if (!hasPixel(layout.at(stick.bar)) || !hasPixel(scale.at(stick.value)))
@@ -116,15 +131,7 @@ void CDrawStyle::drawVolStick(QPainter* painter, QRect& rect, RPCFormulaResultCa
             drawThinVolume(ink, rect, body);
         else
             drawVolumeBody(ink, rect, body, color);
-    };
-    // Lower lines leave a mark instead, two rows above the bottom at most.
-    const long long lowestTop = std::min(rect.bottom() - 2LL, thinLines ? INT_MAX : rect.height() - 2LL);
-    const bool hides = (thinLines || layout.bodyWidth() == 1) && isOpaque(riseColor) && isOpaque(fallColor)
-        && hidesBeneath(*painter);
-    const StandingValues sticks { *volumes.values(),          *opens.values(),
-                                  *closes.values(),           scale,
-                                  saturatedSum(0, lowestTop), hides };
-    forEachShownStick(cache.result, bars, layout, sticks, drawStick);
+    });
 }
 
 namespace {

@@ -205,7 +205,7 @@ void CIndexTitleWidget::paintRows(QPainter& painter, const LegendRows& rows, con
     if (origin.hasSummary)
         summary = summaryBehind(saturatedSum(origin.firstX, objectsWidth(rows.first)), layout.legend);
     const int width = layout.rowsRect.width();
-    const LegendClip visible = wholePieces(layout.legend, rows, origin, width, summary);
+    const LegendClip visible = wholePieces(painter, layout.legend, rows, origin, width, summary);
     if (visible.pieces.isEmpty())
         return;
     // Under a clip of many rectangles a text takes nearly half as long again.

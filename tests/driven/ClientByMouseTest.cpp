@@ -16,6 +16,7 @@ using test::View;
 const QString kBasket = QStringLiteral("tradeBaskets");
 const QString kBasketTitle = QStringLiteral("篮子管理");
 const QString kMessages = QStringLiteral("messagePanel");
+const QString kQuotes = QStringLiteral("quoteList");
 const QString kMainWindow = QStringLiteral("client::MainWindow");
 const QByteArray kFormulas = R"({"formulas": [{"name": "MINE", "base": "MA", "parameters": [7]}]})";
 
@@ -143,20 +144,19 @@ TEST_F(ClientByMouse, DocksAFloatingPanelThatIsDroppedOnAMark)
               [](const View& view) { return view.widget("ads::CDockOverlay").has_value(); });
     // Nothing blends windows on this screen; the marks must not cover what lies under them all the same.
     const QImage above = picture(QStringLiteral("above-the-right-mark"));
-    const std::optional<Seen> ticks = look().dock(QStringLiteral("transactionPanel"));
-    ASSERT_TRUE(ticks);
-    const QRect leftThird(ticks->place.topLeft(), QSize(ticks->place.width() / 3, ticks->place.height()));
+    const std::optional<Seen> quotes = look().dock(kQuotes); // the tab that is in front without the basket
+    ASSERT_TRUE(quotes);
+    const QRect leftThird(quotes->place.topLeft(), QSize(quotes->place.width() / 3, quotes->place.height()));
     EXPECT_EQ(blackPixels(above, leftThird), 0);
     letGo();
     awaitThat("no floating window",
               [](const View& view) { return !view.widget("ads::CFloatingDockContainer"); });
     const View view = settled();
     picture(QStringLiteral("docked-at-the-right"));
-    const std::optional<Seen> basket = view.dock(kBasket),
-                              chart = view.dock(QStringLiteral("transactionPanel"));
-    ASSERT_TRUE(basket && chart);
+    const std::optional<Seen> basket = view.dock(kBasket), quotesBeside = view.dock(kQuotes);
+    ASSERT_TRUE(basket && quotesBeside);
     EXPECT_EQ(basket->windowKind, kMainWindow);
-    EXPECT_GT(basket->place.left(), chart->place.right());
+    EXPECT_GT(basket->place.left(), quotesBeside->place.right());
     EXPECT_FALSE(view.rightmostDropMark());
 }
 
@@ -205,8 +205,7 @@ TEST_F(ClientByMouse, ShowsEveryDockInTheSkinThatIsChosen)
     awaitThat("the menus closed", [](const View& view) { return !view.widget("QMenu"); });
     const QImage light = picture(QStringLiteral("light-skin"));
     const View view = look();
-    for (const char* panel :
-         { "transactionPanel", "tradeBaskets", "productBaseInfo", "F7index", "messagePanel" }) {
+    for (const char* panel : { "quoteList", "tradeBaskets", "productBaseInfo", "F7index", "messagePanel" }) {
         const std::optional<Seen> dock = view.dock(QLatin1String(panel));
         ASSERT_TRUE(dock) << panel;
         EXPECT_GT(averageGray(light, dock->place), 200) << panel;

@@ -2,11 +2,12 @@
 #include "apps/client/basket/BasketPanel.h"
 
 #include "apps/base/FileNames.h"
+#include "apps/client/PlainTexts.h"
 #include "apps/client/basket/BasketExport.h"
 #include "apps/client/basket/ImportReport.h"
+#include "apps/client/basket/WeightTable.h"
 #include "host/TC/CStockManager.h"
 #include "host/utils/CSingletonT.h"
-#include "stocklist/CParserStockExeclTable.h"
 
 #include <QAction>
 #include <QApplication>
@@ -59,18 +60,18 @@ struct BasketPanel::Import
 
 BasketPanel::BasketPanel(QWidget* parent)
     : QWidget(parent)
-    , m_table(new TC::CParserStockExeclTable(0, this, {}))
+    , m_table(new WeightTable(this))
+    , m_rule(new QComboBox(this))
     , m_report(new QLabel(this))
+    , m_offer(new QPushButton(QStringLiteral("改用等权"), this))
 {
-    m_report->setTextFormat(Qt::PlainText);
     setAcceptDrops(true);
-    m_report->setWordWrap(true);
-    m_report->setText(QStringLiteral("拖入或打开 .csv .txt .xlsx .xls，或按 Ctrl+V 粘贴"));
+    setFocusProxy(m_table);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->addWidget(buildBar());
     layout->addWidget(m_table, 1);
-    layout->addWidget(m_report);
+    layout->addWidget(buildReport());
     connect(m_table, SIGNAL(sigPasteTable(bool)), this, SLOT(slotPaste()));
     tellHowExportsEnd();
 }
@@ -79,6 +80,11 @@ BasketPanel::~BasketPanel()
 {
     if (m_cancelled)
         *m_cancelled = true;
+}
+
+TC::CParserStockExeclTable* BasketPanel::table()
+{
+    return m_table;
 }
 
 void BasketPanel::tellHowExportsEnd()
@@ -105,14 +111,11 @@ QWidget* BasketPanel::buildBar()
     auto* clear = new QPushButton(QStringLiteral("清空"), bar);
     connect(clear, &QPushButton::clicked, this, [this] { m_table->clearAll(); });
 
-    auto* rule = new QComboBox(bar);
-    rule->addItems({ QStringLiteral("等权"), QStringLiteral("相对权重"), QStringLiteral("流通市值"),
-                     QStringLiteral("总市值"), QStringLiteral("绝对权重"), QStringLiteral("股数") });
-    rule->setCurrentIndex(m_table->getWeightType());
-    connect(rule, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int type) {
-        m_table->setWeightType(type);
-        m_table->reCalc();
-    });
+    m_rule->addItems({ QStringLiteral("等权"), QStringLiteral("相对权重"), QStringLiteral("流通市值"),
+                       QStringLiteral("总市值"), QStringLiteral("绝对权重"), QStringLiteral("股数") });
+    m_rule->setCurrentIndex(m_table->getWeightType());
+    m_rule->setToolTip(QStringLiteral("权重规则"));
+    connect(m_rule, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &BasketPanel::chooseRule);
 
     auto* filter = new QLineEdit(bar);
     filter->setPlaceholderText(QStringLiteral("过滤：代码、名称、拼音"));
@@ -126,10 +129,40 @@ QWidget* BasketPanel::buildBar()
     });
 
     for (QWidget* widget :
-         { static_cast<QWidget*>(open), static_cast<QWidget*>(clear), static_cast<QWidget*>(rule),
+         { static_cast<QWidget*>(open), static_cast<QWidget*>(clear), static_cast<QWidget*>(m_rule),
            static_cast<QWidget*>(filter), static_cast<QWidget*>(readOnly) })
         layout->addWidget(widget, widget == filter ? 1 : 0);
     return bar;
+}
+
+QWidget* BasketPanel::buildReport()
+{
+    m_report->setTextFormat(Qt::PlainText);
+    m_report->setWordWrap(true);
+    m_report->setText(QStringLiteral("拖入或打开 .csv .txt .xlsx .xls，或按 Ctrl+V 粘贴"));
+    m_offer->hide();
+    connect(m_offer, &QPushButton::clicked, this, [this] { m_rule->setCurrentIndex(0); });
+    auto* row = new QWidget(this);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_report, 1);
+    layout->addWidget(m_offer);
+    return row;
+}
+
+void BasketPanel::chooseRule(int rule)
+{
+    const int before = m_table->getWeightType();
+    if (rule == before)
+        return;
+    const QString question =
+        QStringLiteral("“%1”会用算出的权重覆盖已输入或导入的权重，不能恢复。").arg(m_rule->itemText(rule));
+    if (m_table->wouldOverwrite(rule) && !isConfirmed(this, question, QStringLiteral("覆盖"))) {
+        m_rule->setCurrentIndex(before);
+        return;
+    }
+    m_offer->hide();
+    m_table->chooseRule(rule);
 }
 
 void BasketPanel::chooseFile()
@@ -216,8 +249,11 @@ void BasketPanel::slotFilter(const QString& text)
 
 void BasketPanel::add(Import import, const QString& source)
 {
-    m_table->addData(import.found, import.minimum);
-    tell(import.report.text(source));
+    const bool hasWeights = m_table->add(import.found, import.minimum);
+    const bool lacksWeights =
+        !hasWeights && !import.found.isEmpty() && !WeightTable::isComputed(m_table->getWeightType());
+    m_offer->setVisible(lacksWeights);
+    tell(import.report.text(source) + (lacksWeights ? QStringLiteral("；没有读到权重") : QString()));
 }
 
 void BasketPanel::tell(const QString& line)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/client/chart/BarAlignment.h"
 
+#include <cmath>
+
 namespace client {
 
 namespace {
@@ -24,14 +26,15 @@ engine::BarSeries alignedTo(const std::vector<std::int64_t>& times, const engine
     if (other.size() == 0)
         return aligned;
     double standing = other.open.front();
+    const auto stand = [&](double close) { standing = std::isnan(close) ? standing : close; };
     std::size_t next = 0;
     for (std::int64_t time : times) {
         while (next < other.size() && other.timeMs[next] < time)
-            standing = other.close[next++];
+            stand(other.close[next++]);
         if (next < other.size() && other.timeMs[next] == time) {
             append(aligned, time, other.open[next], other.high[next], other.low[next], other.close[next],
                    other.volume[next]);
-            standing = other.close[next++];
+            stand(other.close[next++]);
         } else {
             append(aligned, time, standing, standing, standing, standing, 0.0);
         }

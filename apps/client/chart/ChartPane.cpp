@@ -13,10 +13,13 @@
 
 #include <boost/make_shared.hpp>
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include <cstdlib>
 
 namespace client {
 
@@ -53,6 +56,12 @@ ChartPane::ChartPane(bool main, ChartState* state, FormulaSource* source, const 
     if (auto* close = m_title->closeButton())
         connect(close, &WB::CPushButton::clicked, this, &ChartPane::sigCloseRequested);
     connect(m_data.get(), &PaneData::sigChanged, this, &ChartPane::updateView);
+    connect(m_data.get(), &PaneData::sigGrownOutOfView, this,
+            [this] { showLegendOf(m_state->crosshairBar()); });
+    connect(state, &ChartState::sigBarsGrown, this, [this] {
+        m_klineParam->barCount = m_state->barTotal();
+        m_title->setPeroid(m_state->period());
+    });
     connect(state, &ChartState::sigCrosshairChanged, this, [this] { showLegendOf(m_state->crosshairBar()); });
     connect(state, &ChartState::sigBarsChanged, this, &ChartPane::reloadStock);
     reloadStock();
@@ -71,6 +80,24 @@ void ChartPane::setOverlays(const std::vector<PaneData::Overlay>& overlays)
         instruments << overlay.instrument;
     m_title->setAddStockList(instruments);
     m_data->setOverlays(overlays);
+}
+
+void ChartPane::setOverlayScale(std::size_t overlay, PaneData::OverlayScale scale)
+{
+    std::vector<PaneData::Overlay> all = m_data->overlays();
+    if (overlay >= all.size())
+        return;
+    all[overlay].scale = scale;
+    setOverlays(all);
+}
+
+void ChartPane::removeOverlay(std::size_t overlay)
+{
+    std::vector<PaneData::Overlay> all = m_data->overlays();
+    if (overlay >= all.size())
+        return;
+    all.erase(all.begin() + static_cast<std::ptrdiff_t>(overlay));
+    setOverlays(all);
 }
 
 void ChartPane::showPositions(bool on)
@@ -141,7 +168,23 @@ bool ChartPane::eventFilter(QObject* watched, QEvent* event)
         QTimer::singleShot(kLegendOpened, this, &ChartPane::fitLegend);
     else if (watched == m_title && event->type() == QEvent::Leave)
         QTimer::singleShot(0, this, &ChartPane::fitLegend);
+    else if (watched == m_title && !m_main)
+        followStripDrag(event);
     return TC::CIndexPanelBaseWidget::eventFilter(watched, event);
+}
+
+/// A pane of its own is taken by its strip and goes where it is dragged.
+void ChartPane::followStripDrag(QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonRelease)
+        m_grip.reset();
+    if (event->type() != QEvent::MouseButtonPress && event->type() != QEvent::MouseMove)
+        return;
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    if (event->type() == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton)
+        m_grip = mouse->globalPos().y();
+    else if (m_grip && std::abs(mouse->globalPos().y() - *m_grip) >= QApplication::startDragDistance())
+        Q_EMIT sigDragged(mouse->globalPos());
 }
 
 /// Gives the strip the rows that its legend needs now.
@@ -164,7 +207,9 @@ bool ChartPane::handleDeliveredEvent(int id, const QString& text, void* data)
 
 void ChartPane::contextMenuEvent(QContextMenuEvent* event)
 {
-    makePaneMenu(this)->popup(event->globalPos());
+    const QPoint place = m_plot->mapFrom(this, event->pos());
+    makePaneMenu(this, m_plot->rect().contains(place) ? std::optional<int>(place.y()) : std::nullopt)
+        ->popup(event->globalPos());
 }
 
 /// A pane of its own goes with its last formula.

@@ -7,6 +7,8 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <optional>
+
 namespace TC {
 class CIndexTitleWidget;
 struct CKLineUiParam;
@@ -29,9 +31,15 @@ public:
 
     bool isMain() const { return m_main; }
     PaneData* data() { return m_data.get(); }
+    ChartState* state() { return m_state; }
+    PlotWidget* plot() { return m_plot; }
     TC::CIndexTitleWidget* title() { return m_title; }
 
     void setOverlays(const std::vector<PaneData::Overlay>& overlays);
+
+    /// @param overlay  its place among the overlaid instruments; one that does not exist changes nothing.
+    void setOverlayScale(std::size_t overlay, PaneData::OverlayScale scale);
+    void removeOverlay(std::size_t overlay);
 
     void removeFormula(const QString& formula);
 
@@ -52,8 +60,13 @@ Q_SIGNALS:
     void sigCloseRequested();
     /// The legend was double-clicked.
     void sigMaximizeRequested();
+    /// The user drags the pane by its strip.
+    /// @param place  of the pointer on the screen.
+    void sigDragged(const QPoint& place);
     void sigParametersRequested(const QString& formula);
     void sigExportRequested(const QString& formula, bool toClipboard);
+    /// The user wants the pane as a picture.
+    void sigPictureRequested(bool toClipboard);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -64,6 +77,7 @@ protected:
 private:
     void showLegendOf(int bar);
     void fitLegend();
+    void followStripDrag(QEvent* event);
 
     bool m_main;
     ChartState* m_state;
@@ -71,6 +85,7 @@ private:
     boost::shared_ptr<TC::CKLineUiParam> m_klineParam;
     TC::CIndexTitleWidget* m_title = nullptr;
     PlotWidget* m_plot = nullptr;
+    std::optional<int> m_grip; ///< row of the screen where the strip was taken
 };
 
 } // namespace client

@@ -2,6 +2,8 @@
 #include "apps/client/chart/ChartState.h"
 
 #include "apps/chart/BarPeriod.h"
+#include "apps/chart/LongerBars.h"
+#include "host/TC/Instruments.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,13 +25,88 @@ ChartState::ChartState(QObject* parent)
 void ChartState::setBars(const Instrument& instrument, const Bars& bars)
 {
     m_instrument = instrument;
-    m_bars = bars;
-    m_period = chart::barPeriod(bars ? bars->timeMs : std::vector<std::int64_t>());
+    m_source = bars;
+    gather();
     m_crosshairBar = -1;
+    m_slots = std::min(kUsualCount, barTotal()) + m_margin;
     m_first = std::max(0, barTotal() - kUsualCount);
-    m_last = barTotal() - 1;
     Q_EMIT sigBarsChanged();
     Q_EMIT sigViewChanged();
+}
+
+void ChartState::setPeriod(const QString& key)
+{
+    if (key == m_periodKey)
+        return;
+    const bool wasNewest = last() == barTotal() - 1;
+    const std::int64_t until = barTotal() > 0 ? m_bars->timeMs[static_cast<std::size_t>(last())] : 0;
+    const int slotCount = m_slots;
+    m_periodKey = key;
+    gather();
+    m_crosshairBar = -1;
+    if (barTotal() > 0 && !wasNewest) {
+        const auto& times = m_bars->timeMs;
+        const auto right = std::lower_bound(times.begin(), times.end(), until) - times.begin();
+        m_first = std::min(static_cast<int>(right), barTotal() - 1) - slotCount + 1;
+    } else {
+        m_first = barTotal();
+    }
+    m_slots = std::min(slotCount, barTotal() + m_margin);
+    m_first = std::clamp(m_first, 0, barTotal() + m_margin - m_slots);
+    Q_EMIT sigBarsChanged();
+    Q_EMIT sigViewChanged();
+}
+
+void ChartState::gather()
+{
+    m_bars = inPeriod(m_source);
+    const chart::OfferedPeriod* chosen = chart::offeredPeriod(m_periodKey);
+    m_period = chosen && m_bars != m_source
+        ? chosen->period
+        : chart::barPeriod(m_bars ? m_bars->timeMs : std::vector<std::int64_t>());
+}
+
+ChartState::Bars ChartState::inPeriod(const Bars& bars) const
+{
+    const chart::OfferedPeriod* chosen = chart::offeredPeriod(m_periodKey);
+    if (!bars || !chosen)
+        return bars;
+    std::optional<engine::BarSeries> longer = chart::longerBars(*bars, *chosen);
+    return longer ? std::make_shared<const engine::BarSeries>(std::move(*longer)) : bars;
+}
+
+int ChartState::last() const
+{
+    return std::min(m_first + m_slots, barTotal()) - 1;
+}
+
+chart::BarView ChartState::view(int plotWidth) const
+{
+    const double share = m_slots > 0 ? (last() - m_first + 1.0) / m_slots : 1.0;
+    return { m_first, last(), static_cast<int>(std::lround(plotWidth * share)) };
+}
+
+void ChartState::setMargin(int slotCount)
+{
+    const bool wasNewest = last() == barTotal() - 1;
+    m_margin = std::max(0, slotCount);
+    if (wasNewest && barTotal() > 0)
+        show(m_first, last());
+}
+
+void ChartState::growBars(const Bars& bars)
+{
+    const int before = barTotal();
+    if (before == 0)
+        return setBars(m_instrument, bars);
+    const bool wasNewest = last() == before - 1;
+    m_source = bars;
+    gather();
+    Q_EMIT sigBarsGrown();
+    if (wasNewest && barTotal() > before) {
+        const int count = std::max(m_slots - m_margin, std::min(kUsualCount, barTotal()));
+        show(barTotal() - count, barTotal() - 1);
+    }
 }
 
 void ChartState::setCrosshairBar(int bar, double place)
@@ -42,36 +119,95 @@ void ChartState::setCrosshairBar(int bar, double place)
     Q_EMIT sigCrosshairChanged();
 }
 
+void ChartState::setAxisKind(chart::AxisKind kind)
+{
+    if (kind == m_axisKind)
+        return;
+    m_axisKind = kind;
+    Q_EMIT sigAxisChanged();
+}
+
+void ChartState::setMagnetic(bool on)
+{
+    m_isMagnetic = on;
+    Q_EMIT sigCrosshairChanged();
+}
+
+std::vector<double> ChartState::priceLines() const
+{
+    const QVector<double> lines = m_priceLines.value(TC::getDetailQsKey(m_instrument));
+    return { lines.begin(), lines.end() };
+}
+
+void ChartState::addPriceLine(double price)
+{
+    QVector<double>& lines = m_priceLines[TC::getDetailQsKey(m_instrument)];
+    if (!std::isfinite(price) || lines.contains(price))
+        return;
+    lines.insert(std::lower_bound(lines.begin(), lines.end(), price), price);
+    Q_EMIT sigAxisChanged();
+}
+
+void ChartState::removePriceLine(double price)
+{
+    const QString key = TC::getDetailQsKey(m_instrument);
+    m_priceLines[key].removeOne(price);
+    if (m_priceLines[key].isEmpty())
+        m_priceLines.remove(key);
+    Q_EMIT sigAxisChanged();
+}
+
+void ChartState::movePriceLine(double from, double to)
+{
+    m_priceLines[TC::getDetailQsKey(m_instrument)].removeOne(from);
+    addPriceLine(to);
+}
+
+void ChartState::clearPriceLines()
+{
+    m_priceLines.remove(TC::getDetailQsKey(m_instrument));
+    Q_EMIT sigAxisChanged();
+}
+
+void ChartState::setAllPriceLines(const QMap<QString, QVector<double>>& lines)
+{
+    m_priceLines = lines;
+    for (QVector<double>& prices : m_priceLines)
+        std::sort(prices.begin(), prices.end());
+    Q_EMIT sigAxisChanged();
+}
+
 void ChartState::zoomAtCrosshair(double factor)
 {
     if (m_crosshairBar >= 0)
         zoom(factor, m_crosshairBar, m_crosshairPlace);
     else
-        zoom(factor, m_last, 1.0);
+        place(m_first + m_slots - zoomedSlots(factor), zoomedSlots(factor));
+}
+
+int ChartState::zoomedSlots(double factor) const
+{
+    const double wanted = factor < 1.0 ? std::floor(m_slots * factor) : std::ceil(m_slots * factor);
+    return static_cast<int>(
+        std::clamp<double>(wanted, std::min(kLeastCount, barTotal()), barTotal() + m_margin));
 }
 
 void ChartState::zoom(double factor, int anchor, double place)
 {
-    const int count = m_last - m_first + 1;
-    if (count < 1)
+    if (barTotal() < 1 || m_slots < 1)
         return;
-    const double wanted = factor < 1.0 ? std::floor(count * factor) : std::ceil(count * factor);
-    const int newCount =
-        static_cast<int>(std::clamp<double>(wanted, std::min(kLeastCount, barTotal()), barTotal()));
-    const int shown = std::clamp(anchor, m_first, m_last);
+    const int newSlots = zoomedSlots(factor);
+    const int shown = std::clamp(anchor, m_first, last());
     if (place <= 0.0)
-        place = (shown - m_first + 0.5) / count;
+        place = (shown - m_first + 0.5) / m_slots;
     // The bar whose slot holds the place: the last one that begins left of the place's right edge.
-    const int slot = static_cast<int>(std::ceil(std::min(place, 1.0) * newCount)) - 1;
-    const int first = std::clamp(shown - slot, 0, barTotal() - newCount);
-    show(first, first + newCount - 1);
+    const int slot = static_cast<int>(std::ceil(std::min(place, 1.0) * newSlots)) - 1;
+    this->place(shown - slot, newSlots);
 }
 
 void ChartState::pan(int bars)
 {
-    const int count = m_last - m_first + 1;
-    const int first = std::clamp(m_first + bars, 0, std::max(0, barTotal() - count));
-    show(first, first + count - 1);
+    place(m_first + std::clamp(bars, -barTotal(), barTotal()), m_slots);
 }
 
 void ChartState::showFirst()
@@ -88,10 +224,23 @@ void ChartState::show(int first, int last)
 {
     first = std::clamp(first, 0, std::max(0, barTotal() - 1));
     last = std::clamp(last, first - 1, barTotal() - 1);
-    if (first == m_first && last == m_last)
+    place(first, last - first + 1 + (last >= 0 && last == barTotal() - 1 ? m_margin : 0));
+}
+
+void ChartState::centre(int bar)
+{
+    place(std::clamp(bar, 0, std::max(0, barTotal() - 1)) - m_slots / 2, m_slots);
+}
+
+void ChartState::place(int first, int slotCount)
+{
+    slotCount = std::clamp(slotCount, 0, barTotal() + m_margin);
+    first = std::clamp(first, 0, std::max(0, barTotal() + m_margin - slotCount));
+    first = std::min(first, std::max(0, barTotal() - 1));
+    if (first == m_first && slotCount == m_slots)
         return;
     m_first = first;
-    m_last = last;
+    m_slots = slotCount;
     Q_EMIT sigViewChanged();
 }
 

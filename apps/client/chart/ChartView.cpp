@@ -4,7 +4,9 @@
 #include "apps/base/WholeFile.h"
 #include "apps/chart/ChartMeasures.h"
 #include "apps/client/chart/ChartKeys.h"
+#include "apps/client/chart/FocusFrame.h"
 #include "apps/client/EmptyPage.h"
+#include "apps/client/chart/PlotWidget.h"
 #include "apps/client/chart/TimeAxisWidget.h"
 #include "engine/language/Formula.h"
 #include "host/TC/Instruments.h"
@@ -14,7 +16,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSplitter>
@@ -94,11 +95,31 @@ void ChartView::focusOutEvent(QFocusEvent* event)
 /// A frame shows that keys go to the chart.
 void ChartView::paintEvent(QPaintEvent*)
 {
-    if (!hasFocus())
-        return;
-    QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Highlight));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    paintFocusFrame(this);
+}
+
+ChartChoices ChartView::choices() const
+{
+    ChartChoices choices;
+    choices.period = m_state.chosenPeriod();
+    choices.margin = m_state.margin();
+    choices.axis = m_state.axisKind();
+    choices.isMagnetic = m_state.isMagnetic();
+    choices.priceLines = m_state.allPriceLines();
+    for (ChartPane* pane : m_panes)
+        choices.stretches << pane->plot()->stretch();
+    return choices;
+}
+
+void ChartView::take(const ChartChoices& choices)
+{
+    m_state.setPeriod(choices.period);
+    m_state.setMargin(choices.margin);
+    m_state.setAxisKind(choices.axis);
+    m_state.setMagnetic(choices.isMagnetic);
+    m_state.setAllPriceLines(choices.priceLines);
+    for (std::size_t pane = 0; pane < m_panes.size(); ++pane)
+        m_panes[pane]->plot()->setStretch(choices.stretches.value(static_cast<int>(pane), 1.0));
 }
 
 ChartPane* ChartView::addPane(const QStringList& formulas)
@@ -111,10 +132,13 @@ ChartPane* ChartView::addPane(const QStringList& formulas)
     m_panes.push_back(pane);
     connect(pane, &ChartPane::sigCloseRequested, this, [this, pane] { closePane(pane); });
     connect(pane, &ChartPane::sigParametersRequested, this, &ChartView::sigParametersRequested);
+    connect(pane, &ChartPane::sigDragged, this, [this, pane](const QPoint& place) { dragPane(pane, place); });
     connect(pane, &ChartPane::sigMaximizeRequested, this, [this, pane] { toggleMaximized(pane); });
     connect(
         pane, &ChartPane::sigExportRequested, this,
         [this, pane](const QString& formula, bool toClipboard) { exportPane(pane, formula, toClipboard); });
+    connect(pane, &ChartPane::sigPictureRequested, this,
+            [this, pane](bool toClipboard) { Q_EMIT sigPictureRequested(pane, toClipboard); });
     QTimer::singleShot(0, pane, [this, pane] { m_scroll->ensureWidgetVisible(pane, 0, 0); });
     return pane;
 }
@@ -139,6 +163,33 @@ void ChartView::closePane(ChartPane* pane)
     showEveryPane();
 }
 
+void ChartView::movePane(ChartPane* pane, std::size_t place)
+{
+    const auto from = std::find(m_panes.begin(), m_panes.end(), pane);
+    if (from == m_panes.end() || pane->isMain() || place < 1 || place >= m_panes.size())
+        return;
+    QList<int> heights = m_splitter->sizes();
+    const int old = static_cast<int>(from - m_panes.begin());
+    m_panes.erase(from);
+    m_panes.insert(m_panes.begin() + static_cast<std::ptrdiff_t>(place), pane);
+    m_splitter->insertWidget(static_cast<int>(place), pane);
+    heights.move(old, static_cast<int>(place));
+    m_splitter->setSizes(heights);
+}
+
+/// The pane takes the place of the one whose middle the pointer has passed.
+void ChartView::dragPane(ChartPane* pane, const QPoint& place)
+{
+    const auto own =
+        static_cast<std::size_t>(std::find(m_panes.begin(), m_panes.end(), pane) - m_panes.begin());
+    for (std::size_t other = 1; other < m_panes.size(); ++other) {
+        const int row = m_panes[other]->mapFromGlobal(place).y(), middle = m_panes[other]->height() / 2;
+        const bool isPassed = m_panes[other]->isVisible() && (other < own ? row < middle : row > middle);
+        if (other != own && isPassed && row >= 0 && row < m_panes[other]->height())
+            return movePane(pane, other);
+    }
+}
+
 void ChartView::showEveryPane()
 {
     for (ChartPane* pane : m_panes)
@@ -158,7 +209,10 @@ void ChartView::keyPressEvent(QKeyEvent* event)
 {
     const QString typed = event->text();
     const bool isPlain = !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
-    if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown)
+    if (event->key() == Qt::Key_Escape) {
+        for (ChartPane* pane : m_panes)
+            pane->plot()->forgetMeasure();
+    } else if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown)
         Q_EMIT sigStepRequested(event->key() == Qt::Key_PageUp ? -1 : 1);
     else if (isPlain && !typed.isEmpty() && typed.at(0).isLetterOrNumber())
         Q_EMIT sigSearchRequested(typed);

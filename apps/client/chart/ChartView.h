@@ -3,6 +3,7 @@
 /// @file The chart: panes below each other over one time axis.
 
 #include "apps/client/chart/ChartPane.h"
+#include "apps/client/session/ChartChoices.h"
 
 #include <QWidget>
 
@@ -28,11 +29,17 @@ public:
     ChartState* state() { return &m_state; }
     const std::vector<ChartPane*>& panes() const { return m_panes; }
 
+    /// What the user has chosen here, and takes it again.
+    ChartChoices choices() const;
+    void take(const ChartChoices& choices);
+
     /// Adds a pane below the others; the first one is the main pane and cannot be closed.
     ChartPane* addPane(const QStringList& formulas);
     /// Shows a formula where it belongs: over the candles, or in a pane of its own.
     void showFormula(const QString& name);
     void closePane(ChartPane* pane);
+    /// Moves a pane to another place; the main pane stays the first.
+    void movePane(ChartPane* pane, std::size_t place);
     /// Gives one pane the whole height, or all their shares again.
     void toggleMaximized(ChartPane* pane);
 
@@ -44,6 +51,8 @@ Q_SIGNALS:
     void sigSearchRequested(const QString& typed);
     /// The user wants other parameters for a formula.
     void sigParametersRequested(const QString& formula);
+    /// The user wants a pane as a picture.
+    void sigPictureRequested(client::ChartPane* pane, bool toClipboard);
     /// The user wants to choose a bars file.
     void sigOpenRequested();
 
@@ -57,6 +66,7 @@ protected:
 private:
     QWidget* makeChartPage();
     void showEveryPane();
+    void dragPane(ChartPane* pane, const QPoint& place);
     void exportPane(ChartPane* pane, const QString& formula, bool toClipboard);
 
     FormulaSource* m_source;

@@ -22,6 +22,21 @@ QString FormulaSource::request(const QString& name, const std::shared_ptr<const 
     return id;
 }
 
+QString FormulaSource::follow(const QString& name, const std::shared_ptr<const engine::BarSeries>& bars,
+                              Followed& followed)
+{
+    const std::optional<TC::embedded::FormulaRecipe> recipe = TC::embedded::resolveFormula(name);
+    if (!recipe)
+        return QString();
+    const std::vector<double> parameters(recipe->parameters.begin(), recipe->parameters.end());
+    if (!followed.evaluation || followed.formula != recipe->formula || followed.parameters != parameters)
+        followed = { recipe->formula, parameters,
+                     std::make_shared<engine::FormulaEvaluation>(recipe->formula, parameters) };
+    QString id = m_service.follow(followed.evaluation, bars);
+    m_open.insert(id, *recipe);
+    return id;
+}
+
 void FormulaSource::cancel(const QString& id)
 {
     m_service.cancel(id);

@@ -26,6 +26,18 @@ public:
     /// @return the request's id, never used twice; empty for a name that nobody knows.
     QString request(const QString& name, const std::shared_ptr<const engine::BarSeries>& bars);
 
+    /// A formula that follows the bars of a chart; empty at first.
+    struct Followed
+    {
+        std::shared_ptr<const engine::Formula> formula; ///< with these parameters
+        std::vector<double> parameters;
+        std::shared_ptr<engine::FormulaEvaluation> evaluation; ///< of both; null at first
+    };
+    /// The same over bars that grow: what the request before has computed is not computed again.
+    /// @param bars  the ones of the request before, the last one perhaps changed and more behind it.
+    QString follow(const QString& name, const std::shared_ptr<const engine::BarSeries>& bars,
+                   Followed& followed);
+
     /// Gives up a request; its result will not arrive.
     void cancel(const QString& id);
 

@@ -6,6 +6,9 @@
 #include "apps/client/chart/ChartState.h"
 #include "apps/client/chart/FormulaSource.h"
 
+#include <map>
+#include <set>
+
 namespace client {
 
 /// The pane's formulas, their requests and results. A result whose request was superseded is dropped.
@@ -30,14 +33,22 @@ public:
     /// Gives up whatever is outstanding.
     void cancel();
 
+    /// How an overlaid instrument stands on the pane's axis.
+    enum class OverlayScale {
+        Together, ///< both instruments meet at the first shown close
+        Same,     ///< at its own prices
+        Own       ///< as high as the pane, whatever its prices are
+    };
     /// Overlaid instruments with their bars.
     struct Overlay
     {
         ChartState::Instrument instrument;
         ChartState::Bars bars;
+        OverlayScale scale = OverlayScale::Together;
     };
-    /// @param overlays  bars on the times of the chart's own bars.
+    /// @param overlays  bars on the times of the bars that the chart was given, before they were gathered.
     void setOverlays(const std::vector<Overlay>& overlays);
+    const std::vector<Overlay>& overlays() const { return m_overlays; }
 
     /// Gives overlaid candles, and their texts in the legend, colours of the skin's palette that the pane's
     /// first averages do not use.
@@ -48,18 +59,36 @@ public:
 
 Q_SIGNALS:
     void sigChanged();
+    /// Results have followed the bars, in a way that does not show in the plot.
+    void sigGrownOutOfView();
 
 private:
-    void bringOntoOneAxis(chart::PaneContent& pane) const;
+    void standOnAxis(chart::PaneContent& pane);
+    void gatherOverlays();
+    /// Brings overlaid prices onto the pane's axis.
+    void placeOverlays(chart::PaneContent& pane);
+    void placeOverlay(chart::PaneFormula& formula, const chart::PaneContent& pane);
+    float factorOf(std::size_t overlay) const;
     std::optional<chart::LastPrice> lastPrice() const;
+    /// The bars have grown: the formulas follow.
+    void grow();
+    void growOne(const TC::CFormulaKey& key);
+    /// Whether the plot shows other results than those that are known.
+    bool isSeen(const TC::CFormulaKey& key, const engine::FormulaRecords& records) const;
     void requestOne(const TC::CFormulaKey& key, const ChartState::Bars& bars);
     void store(const QString& id, const std::shared_ptr<const engine::FormulaRecords>& records,
                const TC::embedded::FormulaRecipe& recipe);
     std::vector<TC::CFormulaKey> keys() const;
 
+    QMap<TC::CFormulaKey, TC::RPCFormulaResultCache> m_places;        ///< of results on a logarithmic axis
+    QMap<TC::CFormulaKey, TC::RPCFormulaResultCache> m_overlayPlaces; ///< as they were last painted
     ChartState* m_state;
     FormulaSource* m_source;
     std::vector<Overlay> m_overlays;
+    std::vector<ChartState::Bars> m_overlaidBars;          ///< in the period of the chart
+    std::map<QString, FormulaSource::Followed> m_followed; ///< by formula
+    /// Formulas whose request was under way when the bars grew: they follow when it has ended.
+    std::set<QString> m_due;
 };
 
 } // namespace client

@@ -14,6 +14,9 @@ namespace client {
 
 namespace {
 
+constexpr int kGrip = 3;          // rows beside a price line on which it can be taken
+constexpr double kAxisDrag = 6.0; // range after a drag over the whole axis, as a factor
+constexpr double kMostStretch = 20.0;
 constexpr double kZoomStep = 1.2; // bars shown after one notch of the wheel, as a factor
 
 } // namespace
@@ -26,6 +29,8 @@ PlotWidget::PlotWidget(ChartState* state, Content content, QWidget* parent)
     setMouseTracking(true);
     setMinimumHeight(40);
     connect(state, &ChartState::sigViewChanged, this, &PlotWidget::renew);
+    connect(state, &ChartState::sigAxisChanged, this, &PlotWidget::renew);
+    connect(state, &ChartState::sigBarsChanged, this, &PlotWidget::forgetMeasure);
     connect(state, &ChartState::sigCrosshairChanged, this, &PlotWidget::moveCrosshair);
 }
 
@@ -50,31 +55,64 @@ chart::PaneGeometry PlotWidget::geometryOfPane() const
 
 chart::BarView PlotWidget::barView() const
 {
-    return { m_state->first(), m_state->last(), geometryOfPane().plot.width() };
+    return m_state->view(geometryOfPane().plot.width());
 }
 
 /// Share of the plot's width up to the right edge of a column.
 double PlotWidget::placeOf(int column) const
 {
-    return (column + 1.0) / std::max(1, barView().width);
+    return (column + 1.0) / std::max(1, geometryOfPane().plot.width());
+}
+
+/// The close that a magnetic crosshair stands on; none where it follows the pointer.
+std::optional<double> PlotWidget::magnet() const
+{
+    const int bar = m_state->crosshairBar();
+    if (!m_state->isMagnetic() || !m_pane.showsPrices || bar < 0 || !m_state->bars()
+        || bar >= static_cast<int>(m_state->bars()->close.size()))
+        return std::nullopt;
+    const double close = m_state->bars()->close[static_cast<std::size_t>(bar)];
+    return std::isnan(m_pane.axis.placeOf(close)) ? std::nullopt : std::optional(close);
+}
+
+std::optional<int> PlotWidget::crosshairRow() const
+{
+    if (!m_pointer)
+        return std::nullopt;
+    const std::optional<double> close = magnet();
+    return close ? chart::rowOf(m_pane.axis.placeOf(*close), m_range, geometryOfPane().plot.height())
+                 : m_pointer->y();
 }
 
 chart::Crosshair PlotWidget::crosshair() const
 {
-    return { m_state->crosshairBar(), m_pointer ? std::optional<int>(m_pointer->y()) : std::nullopt };
+    return { m_state->crosshairBar(), crosshairRow(), magnet() };
+}
+
+void PlotWidget::paintPlot(QPainter& painter)
+{
+    m_pane = m_content();
+    if (m_state->bars())
+        m_pane.markedBars = chart::timeGrid(m_state->bars()->timeMs, barView());
+    m_range =
+        chart::stretched(chart::visibleRange(m_pane, barView()), m_stretch, chart::standsOnZero(m_pane));
+    painter.setFont(font());
+    chart::paintPlot(painter, geometryOfPane(), m_pane, barView(), m_range);
+}
+
+void PlotWidget::paintOn(QPainter& painter)
+{
+    paintPlot(painter);
+    paintMeasured(painter);
+    chart::paintCrosshair(painter, geometryOfPane(), m_pane, barView(), m_range, crosshair());
 }
 
 void PlotWidget::paintKept()
 {
     m_kept = QPixmap(size() * devicePixelRatioF());
     m_kept.setDevicePixelRatio(devicePixelRatioF());
-    m_pane = m_content();
-    if (m_state->bars())
-        m_pane.markedBars = chart::timeGrid(m_state->bars()->timeMs, barView());
-    m_range = chart::visibleRange(m_pane, barView());
     QPainter painter(&m_kept);
-    painter.setFont(font());
-    chart::paintPlot(painter, geometryOfPane(), m_pane, barView(), m_range);
+    paintPlot(painter);
 }
 
 void PlotWidget::paintEvent(QPaintEvent*)
@@ -83,6 +121,7 @@ void PlotWidget::paintEvent(QPaintEvent*)
         paintKept();
     QPainter painter(this);
     painter.drawPixmap(0, 0, m_kept);
+    paintMeasured(painter);
     chart::paintCrosshair(painter, geometryOfPane(), m_pane, barView(), m_range, crosshair());
     m_crosshairShown = chart::crosshairRegion(geometryOfPane(), barView(), crosshair());
 }
@@ -107,8 +146,17 @@ void PlotWidget::resizeEvent(QResizeEvent* event)
 
 void PlotWidget::mouseMoveEvent(QMouseEvent* event)
 {
+    if (m_isMeasuring) {
+        m_measure->to = placeAt(event->pos());
+        update();
+    }
+    if (m_dragLine)
+        dragPriceLine(event->pos().y());
+    if (m_dragRow)
+        return dragAxis(event->pos().y());
     if (m_dragColumn)
         drag(event->pos().x());
+    showCursor(event->pos());
     const bool inPlot = geometryOfPane().plot.contains(event->pos());
     m_pointer = inPlot ? std::optional<QPoint>(event->pos()) : std::nullopt;
     followPointer();
@@ -119,13 +167,33 @@ void PlotWidget::mouseMoveEvent(QMouseEvent* event)
 
 void PlotWidget::mousePressEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton)
+    if (event->button() != Qt::LeftButton)
+        return;
+    forgetMeasure();
+    if (geometryOfPane().axis.contains(event->pos())) {
+        m_dragRow = event->pos().y();
+    } else if (event->modifiers() & Qt::ShiftModifier) {
+        m_measure = Measure { placeAt(event->pos()), placeAt(event->pos()) };
+        m_isMeasuring = true;
+    } else if (const std::optional<double> line = priceLineAt(event->pos().y())) {
+        m_dragLine = line;
+    } else
         m_dragColumn = event->pos().x();
+}
+
+/// On the axis: its own range again.
+void PlotWidget::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && geometryOfPane().axis.contains(event->pos()))
+        setStretch(1.0);
 }
 
 void PlotWidget::mouseReleaseEvent(QMouseEvent*)
 {
     m_dragColumn.reset();
+    m_dragRow.reset();
+    m_dragLine.reset();
+    m_isMeasuring = false;
 }
 
 void PlotWidget::leaveEvent(QEvent*)
@@ -142,6 +210,86 @@ void PlotWidget::wheelEvent(QWheelEvent* event)
     const int bar = barView().barAt(column);
     m_state->zoom(std::pow(kZoomStep, -notches), bar < 0 ? m_state->last() : bar, placeOf(column));
     event->accept();
+}
+
+/// A drag over the whole axis makes the range as many times as large as kAxisDrag says.
+void PlotWidget::dragAxis(int row)
+{
+    setStretch(m_stretch * std::pow(kAxisDrag, (row - *m_dragRow) / std::max(1.0, 1.0 * height())));
+    m_dragRow = row;
+}
+
+void PlotWidget::setStretch(double factor)
+{
+    const double limited = std::isfinite(factor) ? std::clamp(factor, 1.0 / kMostStretch, kMostStretch) : 1.0;
+    if (limited == m_stretch)
+        return;
+    m_stretch = limited;
+    renew();
+}
+
+/// The pointer says where the axis can be dragged.
+void PlotWidget::showCursor(const QPoint& place)
+{
+    const bool isGrip = geometryOfPane().axis.contains(place) || priceLineAt(place.y());
+    setCursor(isGrip ? Qt::SizeVerCursor : Qt::ArrowCursor);
+}
+
+std::optional<double> PlotWidget::priceAt(int row) const
+{
+    const int height = geometryOfPane().plot.height();
+    const double price = m_pane.axis.valueAt(chart::valueAt(row, m_range, height));
+    if (!m_pane.showsPrices || m_pane.formulas.empty() || !std::isfinite(price) || !(m_pane.priceTick > 0.0))
+        return std::nullopt;
+    return std::round(price / m_pane.priceTick) * m_pane.priceTick;
+}
+
+std::optional<double> PlotWidget::priceLineAt(int row) const
+{
+    for (double price : m_pane.priceLines) {
+        const int line = chart::rowOf(m_pane.axis.placeOf(price), m_range, geometryOfPane().plot.height());
+        if (std::abs(line - row) <= kGrip)
+            return price;
+    }
+    return std::nullopt;
+}
+
+void PlotWidget::dragPriceLine(int row)
+{
+    const std::optional<double> price = priceAt(row);
+    if (!price || *price == *m_dragLine)
+        return;
+    m_state->movePriceLine(*m_dragLine, *price);
+    m_dragLine = price;
+}
+
+void PlotWidget::forgetMeasure()
+{
+    if (m_measure)
+        update();
+    m_measure.reset();
+}
+
+MeasuredPlace PlotWidget::placeAt(const QPoint& pixel) const
+{
+    const int height = geometryOfPane().plot.height();
+    return { barView().barAt(pixel.x()),
+             m_pane.axis.valueAt(chart::valueAt(std::clamp(pixel.y(), 0, height - 1), m_range, height)) };
+}
+
+QPoint PlotWidget::pixelOf(const MeasuredPlace& place) const
+{
+    return { barView().centre(place.bar),
+             chart::rowOf(m_pane.axis.placeOf(place.value), m_range, geometryOfPane().plot.height()) };
+}
+
+void PlotWidget::paintMeasured(QPainter& painter) const
+{
+    if (!m_measure)
+        return;
+    const double step = (m_range.first - m_range.second) / std::max(1, height());
+    paintMeasure(painter, geometryOfPane().plot, pixelOf(m_measure->from), pixelOf(m_measure->to),
+                 m_measure->text(m_pane, step), m_measure->to.value >= m_measure->from.value);
 }
 
 void PlotWidget::drag(int column)

@@ -5,6 +5,7 @@
 #include "apps/chart/TickFormulaNames.h"
 #include "apps/client/EmptyPage.h"
 #include "apps/client/chart/ChartKeys.h"
+#include "apps/client/chart/FocusFrame.h"
 #include "apps/client/chart/PlotWidget.h"
 #include "apps/client/chart/TimeAxisWidget.h"
 #include "engine/TickFormulas.h"
@@ -26,6 +27,14 @@ namespace {
 constexpr int kShownTrades = 600;
 constexpr int kUnadjusted = -1; // trades are never adjusted, which needs no word
 
+/// Bars of nothing but times, as the chart's axis takes them.
+std::shared_ptr<const engine::BarSeries> timesOf(const engine::TickSeries& ticks)
+{
+    auto times = std::make_shared<engine::BarSeries>();
+    times->timeMs = ticks.timeMs;
+    return times;
+}
+
 } // namespace
 
 TickView::TickView(QWidget* parent)
@@ -35,6 +44,7 @@ TickView::TickView(QWidget* parent)
 {
     chart::registerTickFormulas();
     setFocusPolicy(Qt::StrongFocus);
+    m_pages->setContentsMargins(1, 1, 1, 1); // where the frame of the focus shows
     m_rule->addItems({ QStringLiteral("量能颜色：按价格"), QStringLiteral("量能颜色：按价格与盘口") });
     m_rule->setFocusPolicy(Qt::NoFocus);
     auto* empty =
@@ -106,12 +116,25 @@ void TickView::show(Pane& pane, const QString& formula, engine::FormulaRecords r
 
 void TickView::setTicks(const chart::OpenedTicks& opened)
 {
-    auto times = std::make_shared<engine::BarSeries>();
-    times->timeMs = opened.ticks->timeMs;
-    m_state.setBars(opened.instrument, times);
-    m_pages->setCurrentIndex(1);
+    m_opened = opened;
+    m_state.setBars(opened.instrument, timesOf(*opened.ticks));
+    m_pages->setCurrentIndex(m_state.barTotal() > 0 ? 1 : 0);
     m_state.show(m_state.barTotal() - kShownTrades, m_state.barTotal() - 1);
-    engine::TickRecords records = engine::computeTicks(*opened.ticks);
+    showResults();
+}
+
+void TickView::growTicks(const chart::OpenedTicks& opened)
+{
+    if (m_state.barTotal() == 0)
+        return setTicks(opened);
+    m_opened = opened;
+    m_state.growBars(timesOf(*opened.ticks));
+    showResults();
+}
+
+void TickView::showResults()
+{
+    engine::TickRecords records = engine::computeTicks(*m_opened.ticks);
     show(m_prices, QString::fromLatin1(chart::kTickPrices), std::move(records.prices));
     show(m_volumes, QString::fromUtf8(chart::kTickVolumes), std::move(records.volumes));
 }
@@ -124,6 +147,23 @@ bool TickView::followsBook() const
 void TickView::setFollowsBook(bool on)
 {
     m_rule->setCurrentIndex(on ? 1 : 0);
+}
+
+void TickView::focusInEvent(QFocusEvent* event)
+{
+    QWidget::focusInEvent(event);
+    update();
+}
+
+void TickView::focusOutEvent(QFocusEvent* event)
+{
+    QWidget::focusOutEvent(event);
+    update();
+}
+
+void TickView::paintEvent(QPaintEvent*)
+{
+    paintFocusFrame(this);
 }
 
 void TickView::keyPressEvent(QKeyEvent* event)

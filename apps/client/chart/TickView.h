@@ -36,6 +36,10 @@ public:
     ~TickView() override;
 
     void setTicks(const chart::OpenedTicks& opened);
+    /// Takes the trades that were set before and more behind them.
+    void growTicks(const chart::OpenedTicks& opened);
+    /// What is shown; null trades without any.
+    const chart::OpenedTicks& opened() const { return m_opened; }
     ChartState* state() { return &m_state; }
 
     /// Whether large changes of the order book override the direction of a trade's volume.
@@ -47,6 +51,9 @@ Q_SIGNALS:
     void sigOpenRequested();
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -62,7 +69,9 @@ private:
     Pane makePane(bool main);
     chart::PaneContent contentOf(chart::PaneResults& results);
     void show(Pane& pane, const QString& formula, engine::FormulaRecords records);
+    void showResults();
 
+    chart::OpenedTicks m_opened;
     ChartState m_state;
     QStackedLayout* m_pages;
     QComboBox* m_rule;

@@ -22,7 +22,7 @@ void TimeAxisWidget::paintEvent(QPaintEvent*)
     QPainter painter(this);
     std::vector<std::int64_t> none;
     const auto& times = m_state->bars() ? m_state->bars()->timeMs : none;
-    const chart::BarView view { m_state->first(), m_state->last(), std::max(0, width() - chart::kAxisWidth) };
+    const chart::BarView view = m_state->view(std::max(0, width() - chart::kAxisWidth));
     chart::paintTimeAxis(painter, rect(), times, view, { m_state->crosshairBar(), std::nullopt });
 }
 

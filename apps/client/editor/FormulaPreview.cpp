@@ -38,6 +38,7 @@ engine::BarSeries lastBars(const engine::BarSeries& bars)
              tailOf(bars.openInterest, kBarsComputed),
              bars.floatingShares,
              bars.totalShares,
+             bars.periodMinutes,
              bars.index };
 }
 

@@ -7,10 +7,12 @@
 #include "host/TC/Pinyin.h"
 #include "host/utils/CSingletonT.h"
 
+#include <QComboBox>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -20,6 +22,9 @@
 namespace client {
 
 namespace {
+
+enum EGroup { EGroup_All, EGroup_Favourites, EGroup_Recent };
+constexpr int kMostRecent = 30;
 
 /// The CSV files of a folder in alphabetical order, whatever bytes their names are made of.
 QStringList barsFilesIn(const QString& folder)
@@ -47,15 +52,24 @@ bool ListedInstrument::isMeantBy(const QString& typed) const
 
 InstrumentList::InstrumentList(QWidget* parent)
     : QWidget(parent)
+    , m_group(new QComboBox(this))
     , m_filter(new QLineEdit(this))
     , m_list(new QListWidget(this))
 {
-    m_filter->setPlaceholderText(QStringLiteral("代码、名称或拼音首字母"));
+    m_filter->setPlaceholderText(QStringLiteral("代码、名称、拼音"));
     m_filter->setClearButtonEnabled(true);
     setFocusProxy(m_filter);
+    m_group->addItems({ QStringLiteral("全部"), QStringLiteral("自选"), QStringLiteral("最近") });
+    m_group->setToolTip(QStringLiteral("右键点品种可加入自选"));
+    m_list->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_list, &QWidget::customContextMenuRequested, this, &InstrumentList::showMenu);
+    connect(m_group, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &InstrumentList::applyFilter);
+    auto* top = new QHBoxLayout;
+    top->addWidget(m_filter, 1);
+    top->addWidget(m_group);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(2, 2, 2, 2);
-    layout->addWidget(m_filter);
+    layout->addLayout(top);
     layout->addWidget(m_list);
     m_filter->installEventFilter(this);
     m_list->installEventFilter(this);
@@ -66,7 +80,13 @@ InstrumentList::InstrumentList(QWidget* parent)
 void InstrumentList::showFile(const QString& path)
 {
     const QString absolute = QFileInfo(path).absoluteFilePath();
+    const QString opened = QFileInfo(absolute).baseName();
+    m_recent.removeAll(opened);
+    m_recent.prepend(opened);
+    m_recent = m_recent.mid(0, kMostRecent);
     list(QFileInfo(absolute).absolutePath());
+    if (m_group->currentIndex() == EGroup_Recent)
+        applyFilter();
     const auto found =
         std::find_if(m_instruments.begin(), m_instruments.end(),
                      [&](const ListedInstrument& instrument) { return instrument.path == absolute; });
@@ -88,10 +108,49 @@ void InstrumentList::list(const QString& folder)
     for (const QString& path : paths) {
         const QString key = QFileInfo(path).baseName();
         const QString name = TC::getDetailQsName(stocks->getInstrumentDetail(key));
-        m_instruments.push_back({ path, QStringLiteral("%1  %2").arg(base::printable(key), name) });
+        m_instruments.push_back(
+            { path, QStringLiteral("%1  %2").arg(base::printable(key), name), key, name });
         m_list->addItem(m_instruments.back().text);
     }
     applyFilter();
+    Q_EMIT sigListed();
+}
+
+void InstrumentList::setMarks(const QStringList& favourites, const QStringList& recent)
+{
+    m_favourites = favourites;
+    m_recent = recent.mid(0, kMostRecent);
+    applyFilter();
+}
+
+void InstrumentList::setFavourite(const QString& key, bool on)
+{
+    m_favourites.removeAll(key);
+    if (on)
+        m_favourites << key;
+    applyFilter();
+}
+
+bool InstrumentList::isShown(const ListedInstrument& instrument) const
+{
+    const int group = m_group->currentIndex();
+    return instrument.isMeantBy(m_filter->text())
+        && (group != EGroup_Favourites || m_favourites.contains(instrument.key))
+        && (group != EGroup_Recent || m_recent.contains(instrument.key));
+}
+
+void InstrumentList::showMenu(const QPoint& place)
+{
+    const int row = m_list->row(m_list->itemAt(place));
+    if (row < 0)
+        return;
+    const QString key = m_instruments[static_cast<std::size_t>(row)].key;
+    const bool isFavourite = m_favourites.contains(key);
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(isFavourite ? QStringLiteral("移出自选") : QStringLiteral("加入自选"), this,
+                    [this, key, isFavourite] { setFavourite(key, !isFavourite); });
+    menu->popup(m_list->viewport()->mapToGlobal(place));
 }
 
 QString InstrumentList::filter() const
@@ -107,8 +166,7 @@ void InstrumentList::setFilter(const QString& text)
 void InstrumentList::applyFilter()
 {
     for (int row = 0; row < m_list->count(); ++row)
-        m_list->item(row)->setHidden(
-            !m_instruments[static_cast<std::size_t>(row)].isMeantBy(m_filter->text()));
+        m_list->item(row)->setHidden(!isShown(m_instruments[static_cast<std::size_t>(row)]));
 }
 
 int InstrumentList::rowBehind(int places) const

@@ -14,7 +14,7 @@ namespace client {
 
 namespace {
 
-constexpr int kMostPanes = 50, kMostFormulas = 50;
+constexpr int kMostPanes = 50, kMostFormulas = 50, kMostNames = 5000;
 
 /// A file's name may be made of any bytes, a text of JSON may not.
 QJsonValue fromName(const QString& name)
@@ -25,6 +25,24 @@ QJsonValue fromName(const QString& name)
 QString toName(const QJsonValue& value)
 {
     return base::nameFromBytes(QByteArray::fromPercentEncoding(value.toString().toLatin1()));
+}
+
+QJsonArray packedNames(const QStringList& names)
+{
+    QJsonArray all;
+    for (const QString& name : names)
+        all.append(fromName(name));
+    return all;
+}
+
+QStringList unpackedNames(const QJsonArray& all)
+{
+    QStringList names;
+    for (const QJsonValue& name : all) {
+        if (name.isString() && names.size() < kMostNames)
+            names << toName(name);
+    }
+    return names;
 }
 
 QJsonArray packed(const std::vector<QStringList>& panes)
@@ -66,9 +84,12 @@ QByteArray Session::toJson() const
                                        { QStringLiteral("bars"), fromName(bars) },
                                        { QStringLiteral("ticks"), fromName(ticks) },
                                        { QStringLiteral("filter"), filter },
+                                       { QStringLiteral("favourites"), packedNames(favourites) },
+                                       { QStringLiteral("recent"), packedNames(recent) },
                                        { QStringLiteral("shown"), shown },
                                        { QStringLiteral("behind"), behind },
                                        { QStringLiteral("bookRule"), bookRule },
+                                       { QStringLiteral("chart"), chart.toJson() },
                                        { QStringLiteral("panes"), packed(panes) },
                                        { QStringLiteral("parameters"), numbers } })
         .toJson();
@@ -82,9 +103,12 @@ Session Session::fromJson(const QByteArray& json)
     session.bars = toName(root.value(QStringLiteral("bars")));
     session.ticks = toName(root.value(QStringLiteral("ticks")));
     session.filter = root.value(QStringLiteral("filter")).toString();
+    session.favourites = unpackedNames(root.value(QStringLiteral("favourites")).toArray());
+    session.recent = unpackedNames(root.value(QStringLiteral("recent")).toArray());
     session.shown = std::max(0, root.value(QStringLiteral("shown")).toInt());
     session.behind = std::max(0, root.value(QStringLiteral("behind")).toInt());
     session.bookRule = root.value(QStringLiteral("bookRule")).toBool();
+    session.chart = ChartChoices::fromJson(root.value(QStringLiteral("chart")).toObject());
     session.panes = unpacked(root.value(QStringLiteral("panes")).toArray());
     const QJsonObject numbers = root.value(QStringLiteral("parameters")).toObject();
     for (auto entry = numbers.begin(); entry != numbers.end(); ++entry) {

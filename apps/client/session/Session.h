@@ -2,6 +2,8 @@
 #pragma once
 /// @file What the client shows, so that the next run can show it again.
 
+#include "apps/client/session/ChartChoices.h"
+
 #include <QMap>
 #include <QString>
 #include <QStringList>
@@ -14,13 +16,15 @@ namespace client {
 /// The user's choices beside the arrangement of the docks, which has a file of its own.
 struct Session
 {
-    QString skin;   ///< shipped name or path; empty: the default
-    QString bars;   ///< file of the instrument on the chart; empty: none
-    QString ticks;  ///< file of the tick page; empty: none
-    QString filter; ///< of the instruments
-    int shown = 0;  ///< bars in view; 0: as many as is usual
-    int behind = 0; ///< bars between the last one in view and the last one of all
+    QString skin;                   ///< shipped name or path; empty: the default
+    QString bars;                   ///< file of the instrument on the chart; empty: none
+    QString ticks;                  ///< file of the tick page; empty: none
+    QString filter;                 ///< of the instruments
+    QStringList favourites, recent; ///< keys of instruments
+    int shown = 0;                  ///< bars in view; 0: as many as is usual
+    int behind = 0;                 ///< bars between the last one in view and the last one of all
     bool bookRule = false;
+    ChartChoices chart;
     std::vector<QStringList> panes;            ///< formulas from top to bottom; empty: the usual ones
     QMap<QString, QVector<double>> parameters; ///< of built-in formulas that were changed, by name
 

@@ -24,13 +24,12 @@ double fractionOf(const std::string& text)
 }
 
 /// Figures 3015 and 3016 of a stock: synthetic, see InstrumentSetup.h.
-void addSyntheticFigures(ttservice::CInstrumentDetail& instrument)
+std::map<int, double> syntheticFigures(const ttservice::CInstrumentDetail& instrument)
 {
     const std::string key = instrument.market + instrument.code;
     const double total = std::round(2e9 * std::pow(250.0, fractionOf(key + "/total")));
     const double share = 0.3 + 0.7 * fractionOf(key + "/free float");
-    instrument.figures[kTotalMarketValueField] = total;
-    instrument.figures[kFreeFloatValueField] = std::round(total * share);
+    return { { kTotalMarketValueField, total }, { kFreeFloatValueField, std::round(total * share) } };
 }
 
 } // namespace
@@ -43,9 +42,20 @@ Instruments listedInstruments()
     Instruments instruments = readInstrumentLines(file.readAll(), file.fileName(), {}).instruments;
     for (ttservice::CInstrumentDetail& instrument : instruments) {
         if (instrument.kind == "stock")
-            addSyntheticFigures(instrument);
+            instrument.figures.merge(syntheticFigures(instrument));
     }
     return instruments;
+}
+
+bool isSyntheticFigure(const ttservice::CInstrumentDetail& instrument, int field)
+{
+    const auto figure = instrument.figures.find(field);
+    if (instrument.kind != "stock" || figure == instrument.figures.end())
+        return false;
+    // The store keeps the marks, an instrument does not; but the figures follow from the key alone.
+    const std::map<int, double> synthetic = syntheticFigures(instrument);
+    const auto known = synthetic.find(field);
+    return known != synthetic.end() && !(known->second < figure->second || figure->second < known->second);
 }
 
 } // namespace TC::embedded

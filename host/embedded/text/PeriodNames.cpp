@@ -17,6 +17,7 @@ constexpr NamedPeriod kPeriods[] = {
     { TC::EFormulaPeriod_Minute30, "30分钟" }, { TC::EFormulaPeriod_Hour, "60分钟" },
     { TC::EFormulaPeriod_Day, "日线" },        { TC::EFormulaPeriod_Week, "周线" },
     { TC::EFormulaPeriod_Month, "月线" },      { TC::EFormulaPeriod_Year, "年线" },
+    { TC::EFormulaPeriod_Quarter, "季线" },
 };
 constexpr int kPeriodCount = static_cast<int>(std::size(kPeriods));
 

@@ -97,7 +97,7 @@ public:
     /// The stored number of a bar, whatever it is; empty past the end of the series.
     std::optional<double> raw(int bar) const
     {
-        const double* value = m_values ? elementAt(*m_values, bar) : nullptr;
+        const double* value = place(bar);
         return value ? std::optional<double>(*value) : std::nullopt;
     }
 
@@ -110,22 +110,25 @@ public:
     /// The stored number where it is finite; the missing marker DBL_MAX is finite.
     std::optional<double> finite(int bar) const
     {
-        const std::optional<double> value = raw(bar);
-        return value && std::isfinite(*value) ? value : std::nullopt;
+        const double* value = place(bar);
+        return value && std::isfinite(*value) ? std::optional<double>(*value) : std::nullopt;
     }
 
     /// The number computed for a bar; empty when the engine left it out (not finite, DBL_MAX, or the
     /// largest int in an integer column).
     std::optional<double> at(int bar) const
     {
-        const std::optional<double> value = raw(bar);
+        const double* value = place(bar);
         if (!value || isMissing(*value)
             || (m_type == se::ColumnType::Integer && *value >= INT_MAX && *value < INT_MAX + 1.0))
             return std::nullopt;
-        return value;
+        return *value;
     }
 
 private:
+    /// Null past the end of the series.
+    const double* place(int bar) const { return m_values ? elementAt(*m_values, bar) : nullptr; }
+
     static bool isNumberType(int type)
     {
         return type < se::ColumnType::Flag || type == se::ColumnType::Plain;

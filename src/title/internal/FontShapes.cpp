@@ -2,6 +2,7 @@
 #include "title/internal/FontShapes.h"
 
 #include "host/WB/CSimpleText.h"
+#include "title/internal/PaintedPixels.h"
 #include "title/internal/TextLine.h"
 
 #include <algorithm>
@@ -56,23 +57,28 @@ FontShapes::FontShapes(const QFont& font)
 
 int FontShapes::width(const QString& text)
 {
-    const int length = headLength(text);
-    const Head& start = head(text, length);
-    if (length == text.size())
-        return start.shape.width;
-    return start.numbers ? qRound(extendedWidth(start, text, length)) : head(text, text.size()).shape.width;
+    return shape(text).width;
 }
 
 const TextShape& FontShapes::shape(const QString& text)
 {
+    const bool ownsItsMemory = text.capacity() > 0; // else the same place may hold another text
+    for (const Asked& asked : m_asked) {
+        if (ownsItsMemory && asked.text.constData() == text.constData() && asked.text.size() == text.size())
+            return asked.shape;
+    }
+    m_next = (m_next + 1) % m_asked.size();
+    Asked& asked = m_asked[m_next];
+    asked.text = ownsItsMemory ? text : QString();
     const int length = headLength(text);
     const Head& start = head(text, length);
     if (length == text.size())
-        return start.shape;
-    if (!start.numbers)
-        return head(text, text.size()).shape;
-    extend(start, text, length);
-    return m_extended;
+        asked.shape = start.shape;
+    else if (!start.numbers)
+        asked.shape = head(text, text.size()).shape;
+    else
+        extend(start, text, length, asked);
+    return asked.shape;
 }
 
 const FontShapes::Head& FontShapes::head(const QString& text, int length)
@@ -94,6 +100,7 @@ FontShapes::Head FontShapes::makeHead(const QString& text)
     head.shape.height = line.height();
     head.shape.runs = line.runs();
     head.shape.ink = inkOf(line.runs());
+    head.shape.pixels = paintedPixels(line.runs(), head.shape.ink);
     head.glyphs = line.runs().last().glyphIndexes();
     head.positions = line.runs().last().positions();
 
@@ -125,33 +132,36 @@ const NumberGlyphs* FontShapes::numbersBehind(const QString& text)
     return known->second.areKnown() ? &known->second : nullptr;
 }
 
-qreal FontShapes::extendedWidth(const Head& head, const QString& text, int length) const
+void FontShapes::extend(const Head& head, const QString& text, int length, Asked& asked)
 {
-    qreal x = head.positions.last().x();
-    for (int at = length; at < text.size(); ++at)
-        x += head.numbers->step(text.at(at - 1), text.at(at));
-    return x + head.numbers->lastStep(text.at(text.size() - 1));
-}
-
-void FontShapes::extend(const Head& head, const QString& text, int length)
-{
+    const NumberGlyphs& numbers = *head.numbers;
     const int known = head.glyphs.size();
-    m_glyphs.resize(known + text.size() - length);
-    m_positions.resize(m_glyphs.size());
-    std::copy(head.glyphs.begin(), head.glyphs.end(), m_glyphs.begin());
-    std::copy(head.positions.begin(), head.positions.end(), m_positions.begin());
-    QPointF position = head.positions.last();
+    asked.glyphs.resize(known + text.size() - length);
+    asked.positions.resize(asked.glyphs.size());
+    std::copy(head.glyphs.begin(), head.glyphs.end(), asked.glyphs.begin());
+    std::copy(head.positions.begin(), head.positions.end(), asked.positions.begin());
+    QPointF position = head.positions.last(), lastInk = position;
     for (int at = length; at < text.size(); ++at) {
-        position.rx() += head.numbers->step(text.at(at - 1), text.at(at));
-        m_glyphs[known + at - length] = head.numbers->glyph(text.at(at));
-        m_positions[known + at - length] = position;
+        position.rx() += numbers.step(text.at(at - 1), text.at(at));
+        asked.glyphs[known + at - length] = numbers.glyph(text.at(at));
+        asked.positions[known + at - length] = position;
+        if (text.at(at) != QLatin1Char(' '))
+            lastInk = position;
     }
-    const QRectF numberInk = head.numbers->ink();
-    m_extended = head.shape;
-    m_extended.exactWidth = position.x() + head.numbers->lastStep(text.at(text.size() - 1));
-    m_extended.width = qRound(m_extended.exactWidth);
-    m_extended.ink |= numberInk.translated(head.positions.last()) | numberInk.translated(position);
-    m_extended.runs.last().setRawData(m_glyphs.constData(), m_positions.constData(), m_glyphs.size());
+    TextShape& shape = asked.shape;
+    shape = head.shape;
+    shape.exactWidth = position.x() + numbers.lastStep(text.at(text.size() - 1));
+    shape.width = qRound(shape.exactWidth);
+    shape.ink |= numbers.ink().translated(head.positions.last()) | numbers.ink().translated(lastInk);
+    if (!numbers.pixels())
+        shape.pixels.reset();
+    if (shape.pixels) {
+        // Places between two pixels may be moved to either by the fraction that the corner brings along.
+        const QRectF pixels = *numbers.pixels();
+        *shape.pixels |= pixels.translated(head.positions.last()).toAlignedRect()
+            | pixels.translated(lastInk).toAlignedRect();
+    }
+    shape.runs.last().setRawData(asked.glyphs.constData(), asked.positions.constData(), asked.glyphs.size());
 }
 
 } // namespace TC::detail

@@ -11,18 +11,21 @@
 #include <QRectF>
 #include <QVector>
 
+#include <array>
 #include <map>
+#include <optional>
 
 namespace TC::detail {
 
 /// A text's glyphs in one line.
 struct TextShape
 {
-    int width = 0;          ///< advance in pixels, rounded as WB::CSimpleText::getSize rounds it
-    qreal exactWidth = 0.0; ///< advance in pixels
-    qreal height = 0.0;     ///< of the line in pixels
-    QRectF ink;             ///< holds every glyph's outline, from the line's top left corner
-    QList<QGlyphRun> runs;  ///< from the line's top left corner; empty: Qt must paint the text itself
+    int width = 0;               ///< advance in pixels, rounded as WB::CSimpleText::getSize rounds it
+    qreal exactWidth = 0.0;      ///< advance in pixels
+    qreal height = 0.0;          ///< of the line in pixels
+    QRectF ink;                  ///< holds every glyph's outline, from the line's top left corner
+    std::optional<QRect> pixels; ///< that paintedPixels finds
+    QList<QGlyphRun> runs;       ///< from the line's top left corner; empty: Qt must paint the text itself
 };
 
 /// Shapes of one font's texts. A text that ends in a number is cut behind the second character of the number:
@@ -35,7 +38,7 @@ public:
     bool isOf(const QFont& font) const { return m_font == font; }
 
     int width(const QString& text);
-    /// Valid until the next call of either operation.
+    /// Valid until a few other texts were asked for.
     const TextShape& shape(const QString& text);
 
 private:
@@ -48,18 +51,27 @@ private:
         QVector<QPointF> positions; ///< of the last run
     };
 
+    /// A text asked for. Who asks again with the same text, not with an equal one, is known by its place in
+    /// memory, which nobody else takes while it is kept here.
+    struct Asked
+    {
+        QString text;
+        TextShape shape;
+        QVector<quint32> glyphs;    ///< of the last run
+        QVector<QPointF> positions; ///< of the last run
+    };
+
     const Head& head(const QString& text, int length);
     Head makeHead(const QString& text);
     const NumberGlyphs* numbersBehind(const QString& text);
-    qreal extendedWidth(const Head& head, const QString& text, int length) const;
-    void extend(const Head& head, const QString& text, int length);
+    /// Puts a text together from its head and the rest of its number.
+    static void extend(const Head& head, const QString& text, int length, Asked& asked);
 
     QFont m_font;
     std::map<QChar::Script, NumberGlyphs> m_numbers; ///< by the script that stands before the number
     RecentTexts<Head> m_heads;
-    TextShape m_extended;         ///< the last text put together
-    QVector<quint32> m_glyphs;    ///< of its last run
-    QVector<QPointF> m_positions; ///< of its last run
+    std::array<Asked, 32> m_asked; ///< by turns
+    std::size_t m_next = 0;
 };
 
 } // namespace TC::detail

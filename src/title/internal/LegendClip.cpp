@@ -17,8 +17,9 @@ constexpr int kDescent = 2; ///< pixels of ink below a row of text
 class PieceCollector
 {
 public:
-    explicit PieceCollector(const QRect& area)
-        : m_area(area)
+    PieceCollector(const QPainter& painter, const QRect& area)
+        : m_painter(painter)
+        , m_area(area)
     {
     }
 
@@ -26,7 +27,8 @@ public:
     void add(const ArrowColorTextData& piece, const QRect& place, const QSize& arrow, const QFont& font)
     {
         const QRect room = addRoom(place, arrow.width());
-        if (arrow.height() > place.height() || !inkStaysIn(room, place, Qt::AlignCenter, piece.text, font))
+        if (arrow.height() > place.height()
+            || !inkStaysIn(room, m_painter, place, Qt::AlignCenter, piece.text, font))
             m_clip.isNeeded = true;
     }
     /// A text of the trade summary, which is painted without regard to its ink.
@@ -49,6 +51,7 @@ private:
         return m_clip.pieces.last();
     }
 
+    const QPainter& m_painter;
     QRect m_area;
     LegendClip m_clip;
 };
@@ -63,10 +66,10 @@ QRegion LegendClip::region() const
     return all;
 }
 
-LegendClip wholePieces(const QRect& area, const LegendRows& rows, const LegendOrigin& origin, int width,
-                       const QVector<ArrowColorTextData>& summary)
+LegendClip wholePieces(const QPainter& painter, const QRect& area, const LegendRows& rows,
+                       const LegendOrigin& origin, int width, const QVector<ArrowColorTextData>& summary)
 {
-    PieceCollector whole(area);
+    PieceCollector whole(painter, area);
     const QFont font = WB::skinFont(kTitleFont);
     const auto addRow = [&](const QList<CArrowColorSimpleText>& row, int rowX, int y, bool stopAtEdge) {
         const auto addObject = [&](const CArrowColorSimpleText& object, int x, int room) {

@@ -20,7 +20,7 @@ struct LegendClip
 
 /// The pieces of a legend that `area` shows: each text with the arrow behind it either lies inside `area`
 /// altogether or is left out. The other arguments as for paintLegend.
-LegendClip wholePieces(const QRect& area, const LegendRows& rows, const LegendOrigin& origin, int width,
-                       const QVector<ArrowColorTextData>& summary);
+LegendClip wholePieces(const QPainter& painter, const QRect& area, const LegendRows& rows,
+                       const LegendOrigin& origin, int width, const QVector<ArrowColorTextData>& summary);
 
 } // namespace TC::detail

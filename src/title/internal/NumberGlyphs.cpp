@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "title/internal/NumberGlyphs.h"
 
+#include "title/internal/PaintedPixels.h"
 #include "title/internal/TextLine.h"
 
 #include <cmath>
@@ -83,6 +84,8 @@ NumberGlyphs::NumberGlyphs(const QFont& font, const QString& letter)
 {
     if (!readSingles(font, letter) || !readSteps(font, letter))
         m_glyphs.clear();
+    else
+        readPixels();
 }
 
 /// Each character right behind the letter, at the end of a text.
@@ -103,6 +106,16 @@ bool NumberGlyphs::readSingles(const QFont& font, const QString& letter)
         m_lastSteps += line.width() - all.positions.last().x();
     }
     return true;
+}
+
+/// All glyphs on the same place: together they touch what any of them touches.
+void NumberGlyphs::readPixels()
+{
+    QGlyphRun run;
+    run.setRawFont(m_rawFont);
+    run.setGlyphIndexes(m_glyphs);
+    run.setPositions(QVector<QPointF>(m_glyphs.size()));
+    m_pixels = paintedPixels({ run }, m_ink);
 }
 
 /// Answers whether neighbours alone decide the steps.

@@ -8,6 +8,8 @@
 #include <QString>
 #include <QVector>
 
+#include <optional>
+
 namespace TC::detail {
 
 /// Whether a character stands in numbers: a digit, a sign, a point or a blank.
@@ -32,6 +34,8 @@ public:
     qreal lastStep(QChar character) const { return m_lastSteps.at(indexOf(character)); }
     /// Holds the outline of each glyph, from its place.
     const QRectF& ink() const { return m_ink; }
+    /// The pixels that paintedPixels finds of all glyphs, from their place.
+    const std::optional<QRect>& pixels() const { return m_pixels; }
     /// The font of all glyphs.
     const QRawFont& rawFont() const { return m_rawFont; }
 
@@ -39,11 +43,13 @@ private:
     static int indexOf(QChar character);
     static int pairOf(QChar character, QChar next);
     bool readSingles(const QFont& font, const QString& letter);
+    void readPixels();
     bool readSteps(const QFont& font, const QString& letter);
 
     QVector<quint32> m_glyphs;
     QVector<qreal> m_steps, m_lastSteps;
     QRectF m_ink;
+    std::optional<QRect> m_pixels;
     QRawFont m_rawFont;
 };
 

@@ -16,9 +16,11 @@ public:
     TextLine(const QString& text, const QFont& font);
 
     /// Whether painting the runs is the same as painting the text: it runs from left to right, holds no
-    /// character that drawText replaces, and its font brings neither lines nor spacing of its own.
+    /// character that drawText replaces, its font brings neither lines nor spacing of its own, and glyphs of
+    /// different fonts do not touch.
     bool isPlain() const { return m_isPlain; }
-    /// Positions in pixels from the line's top left corner.
+    /// Positions in pixels from the line's top left corner; one run for each font, from left to right by its
+    /// last glyph.
     const QList<QGlyphRun>& runs() const { return m_runs; }
     qreal width() const { return m_width; }
     qreal height() const { return m_height; }

@@ -2,6 +2,7 @@
 #include "title/internal/TextShapes.h"
 
 #include "title/internal/FontShapes.h"
+#include "title/internal/GlyphStamps.h"
 
 #include <QPaintEngine>
 #include <QPainter>
@@ -97,6 +98,8 @@ bool paintGlyphs(QPainter* painter, const QRect& place, int alignment, const QSt
     const auto corner = roundedCorner(cornerOf(shape, place, alignment), painter->deviceTransform());
     if (!corner)
         return false;
+    if (shape.pixels && paintStamps(painter, *corner, shape.runs, *shape.pixels))
+        return true;
     for (const QGlyphRun& run : shape.runs)
         painter->drawGlyphRun(*corner, run);
     return true;
@@ -121,19 +124,28 @@ void paintLine(QPainter* painter, const QRect& place, int alignment, const QStri
         painter->drawText(place, alignment | Qt::TextDontClip | Qt::TextSingleLine, text);
 }
 
-bool inkStaysIn(const QRect& room, const QRect& place, int alignment, const QString& text, const QFont& font)
+bool inkStaysIn(const QRect& room, const QPainter& painter, const QRect& place, int alignment,
+                const QString& text, const QFont& font)
 {
-    constexpr qreal rasterized = 1.0; // pixels by which hinting and whole pixels may widen an outline
     const TextShape& shape = shapesOf(font).shape(text);
-    const QRectF ink = shape.ink.translated(cornerOf(shape, place, alignment));
-    return !shape.runs.isEmpty() && isNear(place) && ink.left() - rasterized >= room.left()
-        && ink.top() - rasterized >= room.top() && ink.right() + rasterized <= room.right() + 1
-        && ink.bottom() + rasterized <= room.bottom() + 1;
+    if (shape.runs.isEmpty() || !isNear(place))
+        return false;
+    const QPointF corner = cornerOf(shape, place, alignment);
+    if (shape.pixels && keepsPixels(painter, font) && painter.deviceTransform().isIdentity()
+        && corner.x() >= 0.0 && corner.y() >= 0.0) {
+        // The pixels move with the whole pixel that the corner stands in.
+        const QPoint pixel(static_cast<int>(corner.x()), static_cast<int>(corner.y()));
+        return shape.pixels->isEmpty() || room.contains(shape.pixels->translated(pixel));
+    }
+    constexpr qreal rasterized = 1.0; // pixels by which hinting and whole pixels may widen an outline
+    return QRectF(room).contains(
+        shape.ink.translated(corner).adjusted(-rasterized, -rasterized, rasterized, rasterized));
 }
 
 void forgetTexts()
 {
     keptFonts().clear();
+    forgetStamps();
 }
 
 } // namespace TC::detail

@@ -25,8 +25,9 @@ bool isWithin(int pixels, const QString& text, const QFont& font);
 /// @param alignment  of the text in `place`, which may be narrower than the text.
 void paintLine(QPainter* painter, const QRect& place, int alignment, const QString& text, const QFont& font);
 
-/// Whether what paintLine paints is certain to stay inside `room`, whatever the painter.
-bool inkStaysIn(const QRect& room, const QRect& place, int alignment, const QString& text, const QFont& font);
+/// Whether what paintLine paints is certain to stay inside `room`.
+bool inkStaysIn(const QRect& room, const QPainter& painter, const QRect& place, int alignment,
+                const QString& text, const QFont& font);
 
 /// Drops everything kept: fonts may have come or gone.
 void forgetTexts();

@@ -276,9 +276,9 @@ TEST(FormulaEvaluation, FollowsBarsAsIfItComputedThemFromTheBeginning)
     }
 }
 
-TEST(FormulaEvaluation, FollowsALongWindowThatIsKeptInOrder)
+TEST(FormulaEvaluation, FollowsALongWindowOfBlocksInOrder)
 {
-    constexpr std::size_t length = 80; // longer than what is added up anew
+    constexpr std::size_t length = 80; // longer than a block
     const auto formula = formulaOf("X:AVEDEV(C," + std::to_string(length) + "),NODRAW;");
     for (const unsigned seed : test::seedsFor("FormulaEvaluationLong", 20)) {
         Dice dice(seed);

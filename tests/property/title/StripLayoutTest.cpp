@@ -8,11 +8,21 @@
 
 #include <gtest/gtest.h>
 
+#include <QImage>
+#include <QPainter>
+
 #include <random>
 
 using namespace TC::detail;
 
 namespace {
+
+/// A strip's own painter: pixel by pixel, without a clip.
+struct Canvas
+{
+    QImage image { 1, 1, QImage::Format_RGB32 };
+    QPainter painter { &image };
+};
 
 /// Everything of a strip that must keep clear of everything else.
 QVector<QRect> parts(const StripLayout& layout)
@@ -191,7 +201,10 @@ TEST(WholePieces, LeavesOutWhatCrossesTheEdgeWithItsArrow)
     const int end = first + 9 + 3 + second + 9; // with the second piece's arrow
     const auto right = [&](int width) {
         const LegendOrigin origin = legendOrigin(QRect(0, 0, 5000, 16), TC::EIndexView_Plain, 0, false);
-        return wholePieces(QRect(0, 0, width, 16), rows, origin, 5000, {}).region().boundingRect().right();
+        return wholePieces(Canvas().painter, QRect(0, 0, width, 16), rows, origin, 5000, {})
+            .region()
+            .boundingRect()
+            .right();
     };
     EXPECT_GE(right(end), end - 1);
     EXPECT_LE(right(end - 1), first + 1);
@@ -205,7 +218,7 @@ TEST(WholePieces, LeaveRoomForInkOnePixelBesideATextAndTwoBelowIt)
     LegendRows rows;
     rows.first = { object };
     const LegendOrigin origin = legendOrigin(QRect(20, 0, 500, 32), TC::EIndexView_Plain, 0, true);
-    EXPECT_EQ(wholePieces(QRect(0, 0, 500, 32), rows, origin, 500, {}).region(),
+    EXPECT_EQ(wholePieces(Canvas().painter, QRect(0, 0, 500, 32), rows, origin, 500, {}).region(),
               QRegion(19, 0, test::widthOf(QStringLiteral("abc")) + 2, 18));
 }
 
@@ -227,7 +240,7 @@ TEST(WholePieces, LeavesOutRowsBelowTheStrip)
     const auto visible = [&](int height) {
         const QRect strip(0, 0, 500, height);
         const LegendOrigin origin = legendOrigin(strip, TC::EIndexView_Plain, 0, true);
-        return !wholePieces(strip, rows, origin, 500, {}).pieces.isEmpty();
+        return !wholePieces(Canvas().painter, strip, rows, origin, 500, {}).pieces.isEmpty();
     };
     EXPECT_TRUE(visible(32));
     EXPECT_FALSE(visible(31));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "title/internal/TextShapes.h"
 
+#include "title/internal/TextLine.h"
+
 #include "host/WB/CSimpleText.h"
 #include "tests/support/Seeds.h"
 #include "tests/support/TestFont.h"
@@ -12,6 +14,7 @@
 
 #include <random>
 
+using TC::detail::inkStaysIn;
 using TC::detail::paintLine;
 using TC::detail::textWidth;
 
@@ -165,14 +168,53 @@ TEST(PaintLine, PaintsThePixelsOfDrawText)
         };
         draw(plainLine); // Qt paints some large glyphs otherwise the first time, before it has kept them
         const QImage plain = draw(plainLine);
-        const QImage ours =
-            draw([&](QPainter& painter, const QRect& place, int alignment, const QString& text) {
-                paintLine(&painter, place, alignment, text, font);
-            });
-        ASSERT_EQ(ours, plain) << texts.join(QLatin1Char('|')).toStdString() << " in "
-                               << font.toString().toStdString();
+        const auto ourLine = [&](QPainter& painter, const QRect& place, int alignment, const QString& text) {
+            paintLine(&painter, place, alignment, text, font);
+        };
+        ASSERT_EQ(draw(ourLine), plain)
+            << texts.join(QLatin1Char('|')).toStdString() << " in " << font.toString().toStdString();
+        ASSERT_EQ(draw(ourLine), plain) << "the second time, from known pixels";
         for (const QString& text : texts)
             ASSERT_EQ(textWidth(text, font), WB::CSimpleText::getSize(text, font).width())
                 << text.toStdString();
     }
+}
+
+TEST(PaintLine, LeavesATextToTheEngineWhereGlyphsOfTwoFontsTouch)
+{
+    QFont font(QStringLiteral("Noto Sans CJK SC"));
+    font.setPixelSize(6);
+    const TC::detail::TextLine touching(QStringLiteral("e\u0301\u0301"), font);
+    if (touching.runs().size() < 2)
+        GTEST_SKIP() << "one font holds the letter and its accent";
+    EXPECT_FALSE(touching.isPlain());
+}
+
+TEST(PaintLine, StaysInsideTheRoomThatItIsSaidToStayIn)
+{
+    int inside = 0;
+    for (const unsigned seed : test::seedsFor("ink_stays", 1000)) {
+        SCOPED_TRACE(testing::Message() << "seed " << seed);
+        RandomLine random(seed);
+        const QFont font = random.font();
+        const QString text = random.text();
+        QImage image(400, 60, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        painter.setFont(font);
+        const int width = WB::CSimpleText::getSize(text, font).width();
+        const QRect place(random.pick(20, 40), random.pick(10, 20), width + random.pick(0, 1), 16);
+        const QRect room = place.adjusted(random.pick(-3, 1), random.pick(-3, 1), random.pick(-1, 3), 2);
+        if (!inkStaysIn(room, painter, place, Qt::AlignCenter, text, font))
+            continue;
+        ++inside;
+        paintLine(&painter, place, Qt::AlignCenter, text, font);
+        painter.setCompositionMode(QPainter::CompositionMode_Clear);
+        painter.fillRect(room, Qt::transparent);
+        painter.end();
+        QImage empty(image.size(), image.format());
+        empty.fill(Qt::transparent);
+        ASSERT_EQ(image, empty) << text.toStdString() << " in " << font.toString().toStdString();
+    }
+    EXPECT_GT(inside, 100);
 }

@@ -231,6 +231,37 @@ TEST_F(RenderProgram, EndsInOneLineWhenMemoryGivesOut)
                   "indicatorui-render: ");
 }
 
+TEST_F(RenderProgram, RefusesAFormulaWhoseNameDiffersFromAnotherInCaseAlone)
+{
+    test::RecoveryFolders::write(path("kline.txt"), "X:CLOSE;");
+    const QStringList words { QStringLiteral("--bars"), sample("DFM00.csv"),  QStringLiteral("--formula"),
+                              path("kline.txt"),        QStringLiteral("-o"), path("out.png") };
+    expectRefused(run(words), "differs from the formula KLINE in case alone");
+}
+
+TEST_F(RenderProgram, KeepsAHugeTextOfThePaneOnceAndRefusesOneAtEveryBar)
+{
+    if (!test::measuresMemory())
+        GTEST_SKIP() << "sanitizers need several times as much";
+    const QByteArray text(1'000'000, 'x');
+    const auto draw = [&](const QByteArray& formula) {
+        test::RecoveryFolders::write(path("TEXT.txt"), formula);
+        QProcess process; // 700 MB hold the text, but not once a bar
+        process.start(QStringLiteral("/bin/sh"),
+                      { QStringLiteral("-c"), QStringLiteral("ulimit -v 700000; exec \"$@\""),
+                        QStringLiteral("sh"), QStringLiteral(RENDER_PROGRAM), QStringLiteral("--bars"),
+                        sample("SH600030.csv"), QStringLiteral("--formula"), path("TEXT.txt"),
+                        QStringLiteral("--count"), QStringLiteral("5639"), QStringLiteral("--size"),
+                        QStringLiteral("400x300"), QStringLiteral("-o"), path("out.png") });
+        EXPECT_TRUE(process.waitForFinished(60'000));
+        return Outcome { process.exitCode(), QString::fromUtf8(process.readAllStandardError()).trimmed() };
+    };
+    const Outcome once = draw("DRAWTEXT_FIX(1,0,0,0,'" + text + "');X:CLOSE;");
+    EXPECT_EQ(once.exitCode, 0) << once.error.toStdString();
+    QFile::remove(path("out.png"));
+    expectRefused(draw("DRAWTEXT(1,H,'" + text + "');X:CLOSE;"), "takes too much memory");
+}
+
 TEST_F(RenderProgram, TakesLittleMoreMemoryThanTheBarsToPaintAndToExport)
 {
     if (!test::measuresMemory())

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 /// @file How the outputs of a text reach the painters and the legend.
 
+#include "engine/evaluation/FormulaEvaluation.h"
 #include "tests/support/EngineBars.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -120,6 +123,37 @@ TEST(FormulaOutputs, WithMoreTextThanThereIsRoomForAreNotComputed)
     const auto reading = engine::readFormula("DRAWTEXT(1,H,'" + std::string(1'000'000, 'x') + "');");
     ASSERT_TRUE(reading.formula);
     EXPECT_FALSE(engine::computeFormula(reading.formula, test::randomBars(1, 5639)));
+}
+
+TEST(FormulaOutputs, StoreATextOfThePaneBehindTheLastBarAlone)
+{
+    const auto reading =
+        engine::readFormula("DRAWTEXT_FIX(1,0.5,0.25,0,'" + std::string(1'000'000, 'x') + "');");
+    ASSERT_TRUE(reading.formula);
+    engine::FormulaEvaluation evaluation(reading.formula);
+    for (const std::size_t count : { 5639, 5640, 5640 }) {
+        ASSERT_TRUE(evaluation.update(test::randomBars(1, count)));
+        const std::vector<std::string>& texts = evaluation.records().result.textSeries.at(0);
+        ASSERT_EQ(texts.size(), count);
+        EXPECT_EQ(texts.back().size(), 1'000'000);
+        EXPECT_TRUE(
+            std::all_of(texts.begin(), texts.end() - 1, [](const auto& text) { return text.empty(); }));
+    }
+}
+
+TEST(FormulaOutputs, CountTextsWhereTheyAreDrawn)
+{
+    const std::string million(1'000'000, 'x');
+    const auto rare = engine::readFormula("DRAWTEXT(MOD(BARPOS,100)=0,H,'" + million + "');").formula;
+    ASSERT_TRUE(rare);
+    EXPECT_TRUE(engine::computeFormula(rare, test::randomBars(1, 5639))); // 56 MB
+    const auto often = engine::readFormula("DRAWTEXT(MOD(BARPOS,20)=0,H,'" + million + "');").formula;
+    ASSERT_TRUE(often);
+    EXPECT_FALSE(engine::computeFormula(often, test::randomBars(1, 5639))); // 282 MB
+    engine::FormulaEvaluation evaluation(often);
+    EXPECT_TRUE(evaluation.update(test::randomBars(1, 5360))); // 268 MB
+    EXPECT_TRUE(evaluation.update(test::randomBars(1, 5360))); // what is stored anew is counted once
+    EXPECT_FALSE(evaluation.update(test::randomBars(1, 5380)));
 }
 
 TEST(FormulaOutputs, WithoutANameShowTheirValueAlone)

@@ -151,6 +151,12 @@ TEST(FormulaText, ReadsFullWidthSignsAndTypographicQuotesWithAHint)
 TEST(FormulaText, NamesWhatHasNoPlainMeaning)
 {
     EXPECT_EQ(faultsOf("X:C。").front(), "1:4+1 。: a character that formulas do not use");
+    EXPECT_EQ(faultsOf("X:BARPOS%2;").front(),
+              "1:9+1 %: a character that formulas do not use; write MOD(A,B) for a remainder");
+    EXPECT_EQ(faultsOf("X:C^2;").front(),
+              "1:4+1 ^: a character that formulas do not use; write POW(A,B) for a power");
+    EXPECT_EQ(faultsOf("X:C>O?1:0;").front(),
+              "1:6+1 ?: a character that formulas do not use; write IF(COND,A,B) for a choice");
     EXPECT_EQ(faultsOf("X:ＭＡ(C,5);").front(),
               "1:3+2 ＭＡ: full-width letters or digits, expected the half-width ones");
 }
@@ -160,6 +166,15 @@ TEST(FormulaText, HintsWhereAWordMeansSomethingElseToOthers)
     EXPECT_EQ(hintsOf("DRAWKLINE(HIGH,OPEN,LOW,CLOSE);"), std::vector<std::string> {});
     EXPECT_EQ(hintsOf("DRAWKLINE(O,H,L,C);"),
               (std::vector<std::string> { "1:11+1 O: the order of the arguments is HIGH,OPEN,LOW,CLOSE" }));
+    EXPECT_EQ(hintsOf("DRAWTEXT(L,C>O,'x');"),
+              (std::vector<std::string> { "1:10+1 L: the order of the arguments is COND,PRICE,TEXT" }));
+    EXPECT_EQ(hintsOf("PARTLINE(C,C>O);"),
+              (std::vector<std::string> { "1:10+1 C: the order of the arguments is COND,PRICE" }));
+    EXPECT_EQ(hintsOf("PARTLINE(C>O,C,COLORRED);"),
+              (std::vector<std::string> { "1:10+1 C: the order of the arguments is PRICE,COND,COLOR,..." }));
+    EXPECT_EQ(hintsOf("PARTLINE(C>O,C);PARTLINE(C,C>O,COLORRED);PARTLINE(V,C>O,COLORRED,1,COLORGREEN);"
+                      "DRAWICON(ISLASTBAR,L,1);COUNT(C>O,5);X:VALUEWHEN(C,H);"),
+              std::vector<std::string> {});
     EXPECT_EQ(
         hintsOf("A:=C,COLORRED,RGB(1,2,3),LINETHICK2; X:A;"),
         (std::vector<std::string> { "1:5+1 ,: a hidden value is not drawn, its attributes have no effect" }));

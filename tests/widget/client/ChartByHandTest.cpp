@@ -119,7 +119,6 @@ TEST_F(ClientWindow, TakesTheBarUnderARestingPointerAfterEveryMove)
     moveTo(plot(0), place);
     for (int key : { Qt::Key_Left, Qt::Key_Home, Qt::Key_Right, Qt::Key_End }) {
         QTest::keyClick(chart(), static_cast<Qt::Key>(key));
-        const chart::BarView view { state->first(), state->last(), plot(0)->width() - chart::kAxisWidth };
-        EXPECT_EQ(state->crosshairBar(), view.barAt(place.x()));
+        EXPECT_EQ(state->crosshairBar(), state->view(plot(0)->width() - chart::kAxisWidth).barAt(place.x()));
     }
 }

@@ -10,6 +10,7 @@
 #include "recovery/CRecoveryVersionManager.h"
 #include "tests/support/Trace.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCursor>
 #include <QFile>
@@ -22,6 +23,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 
 namespace test {
@@ -60,9 +62,7 @@ protected:
     void openShare()
     {
         ASSERT_TRUE(m_window->openBars(sample("bars/SH600030.csv")).isGood());
-        for (client::ChartPane* pane : panes())
-            ASSERT_TRUE(QTest::qWaitFor(
-                [&] { return pane->data()->getData().size() == pane->data()->getFormulaSize(); }));
+        awaitResults();
     }
 
     /// A bars file of the test's own.
@@ -73,6 +73,24 @@ protected:
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write("date,open,high,low,close,volume\n" + rows);
         return path;
+    }
+
+    /// Waits until every formula of every pane has its result.
+    void awaitResults()
+    {
+        for (client::ChartPane* pane : panes())
+            ASSERT_TRUE(QTest::qWaitFor(
+                [&] { return pane->data()->getData().size() == pane->data()->getFormulaSize(); }));
+    }
+
+    /// The entry of a menu, wherever it stands; null when there is none.
+    QAction* entry(const QString& text)
+    {
+        for (QAction* action : m_window->findChildren<QAction*>()) {
+            if (action->text() == text)
+                return action;
+        }
+        return nullptr;
     }
 
     client::ChartView* chart() { return m_window->chart(); }
@@ -100,9 +118,18 @@ protected:
     /// The texts that a widget paints.
     static QStringList textsOf(QWidget* widget)
     {
+        return textsPainted([&](QPainter& painter) { widget->render(&painter); });
+    }
+    /// The texts of a plot, its axis and its crosshair.
+    static QStringList textsOf(client::PlotWidget* plot)
+    {
+        return textsPainted([&](QPainter& painter) { plot->paintOn(painter); });
+    }
+    static QStringList textsPainted(const std::function<void(QPainter&)>& paint)
+    {
         static const QRegularExpression text(QStringLiteral("^text [^\"]*\"(.*)\" #"));
         QStringList texts;
-        const QStringList lines = traceOf([&](QPainter& painter) { widget->render(&painter); });
+        const QStringList lines = traceOf(paint);
         for (const QString& line : lines) {
             const QRegularExpressionMatch match = text.match(line);
             if (match.hasMatch())

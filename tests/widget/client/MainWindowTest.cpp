@@ -140,9 +140,7 @@ TEST_F(ClientWindow, FollowsTheCrosshairInEveryPane)
     QMouseEvent move(QEvent::MouseMove, QPointF(60, 30), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
     QApplication::sendEvent(plot(0), &move);
     EXPECT_EQ(chart()->state()->crosshairBar(),
-              chart::BarView({ chart()->state()->first(), chart()->state()->last(),
-                               plot(0)->width() - chart::kAxisWidth })
-                  .barAt(60));
+              chart()->state()->view(plot(0)->width() - chart::kAxisWidth).barAt(60));
     const QImage before = panes()[1]->title()->grab().toImage();
     chart()->state()->setCrosshairBar(chart()->state()->first());
     EXPECT_NE(panes()[1]->title()->grab().toImage(), before); // its legend shows another bar

@@ -20,11 +20,8 @@ EllipseStamp::EllipseStamp(const QSize& size, const QPen& pen)
         for (int x = 0; x < image.width(); ++x) {
             if (image.pixel(x, y) == 0)
                 continue;
-            const int left = x;
-            while (x + 1 < image.width() && image.pixel(x + 1, y) != 0)
-                ++x;
-            m_runs.push_back({ y - margin, left - margin, x - margin });
-            m_bounds |= QRect(left - margin, y - margin, x - left + 1, 1);
+            m_pixels.emplace_back(x - margin, y - margin);
+            m_bounds |= QRect(m_pixels.back(), QSize(1, 1));
         }
     }
 }
@@ -37,9 +34,15 @@ bool EllipseStamp::fits(const Surface& surface, const QPoint& corner) const
 
 void EllipseStamp::store(const Surface& surface, const QPoint& corner, quint32 word) const
 {
-    for (const Run& run : m_runs)
-        surface.fill(corner.x() + run.left, corner.y() + run.row, corner.x() + run.right,
-                     corner.y() + run.row, word);
+    const QRect taken = m_bounds.translated(corner);
+    const bool isOpen = surface.isOpen(taken.left(), taken.top(), taken.right(), taken.bottom());
+    for (const QPoint& pixel : m_pixels) {
+        const QPoint place = corner + pixel;
+        if (isOpen)
+            surface.set(place.x(), place.y(), word);
+        else
+            surface.fill(place.x(), place.y(), place.x(), place.y(), word);
+    }
 }
 
 } // namespace TC::detail

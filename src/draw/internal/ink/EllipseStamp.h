@@ -5,6 +5,7 @@
 #include "draw/internal/ink/Surface.h"
 
 #include <QPen>
+#include <QPoint>
 #include <QRect>
 #include <QSize>
 
@@ -27,15 +28,9 @@ public:
     void store(const Surface& surface, const QPoint& corner, quint32 word) const;
 
 private:
-    /// Neighbouring pixels of one row, from the corner.
-    struct Run
-    {
-        int row, left, right;
-    };
-
     QSize m_size;
     QRect m_bounds;
-    std::vector<Run> m_runs;
+    std::vector<QPoint> m_pixels; ///< from the corner
 };
 
 } // namespace TC::detail

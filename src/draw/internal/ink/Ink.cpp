@@ -108,8 +108,8 @@ void Ink::outline(const QRect& rect)
     const int right = std::max(rect.x(), rect.x() + rect.width());
     const int top = std::min(rect.y(), rect.y() + rect.height());
     const int bottom = std::max(rect.y(), rect.y() + rect.height());
-    // Where an outline leaves the device, the engine loses track of its corners.
-    if (!isStored() || !m_isHollow || !m_surface->holds(left, top, right, bottom)) {
+    // Where an outline is cut by the device's edge, the engine loses track of its corners.
+    if (!isStored() || !m_isHollow || !m_surface->nearlyHolds(left, top, right, bottom)) {
         painter()->drawRect(rect);
         return;
     }
@@ -128,7 +128,7 @@ void Ink::outline(const QRect& rect)
 
 void Ink::ellipse(const QRect& rect)
 {
-    if (isStored() && m_isHollow) {
+    if (isEllipseStored()) {
         if (!m_stamp || !m_stamp->isOf(rect.size()))
             m_stamp.emplace(rect.size(), pen());
         if (m_stamp->fits(*m_surface, rect.topLeft())) {

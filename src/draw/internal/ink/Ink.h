@@ -50,6 +50,9 @@ public:
     /// Whether ink of the pen in use is stored directly, so that covered ink may as well be left out.
     bool isStored() const { return m_surface && m_isThin; }
 
+    /// Whether that goes for ellipses as well: nothing fills them.
+    bool isEllipseStored() const { return isStored() && m_isHollow; }
+
     /// Whether the outline of a rectangle is stored as an upright line on its column.
     bool isRun(const QRect& rect) const;
 

@@ -6,6 +6,10 @@
 #include <algorithm>
 #include <cmath>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 namespace TC::detail {
 
 namespace {
@@ -45,6 +49,49 @@ bool isBlending(const QPainter& painter)
 {
     return painter.compositionMode() != QPainter::CompositionMode_SourceOver || painter.opacity() != 1.0;
 }
+
+#ifdef __SSE2__
+
+__m128i loaded(const quint32* words)
+{
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(words));
+}
+
+/// Not 0 where one of four words that differ from `beneath` would cover a pixel that does as well.
+quint32 hiddenInk(const quint32* words, const quint32* pixels, quint32 beneath)
+{
+    const __m128i empty = _mm_set1_epi32(static_cast<int>(beneath));
+    const __m128i isOpen =
+        _mm_or_si128(_mm_cmpeq_epi32(loaded(words), empty), _mm_cmpeq_epi32(loaded(pixels), empty));
+    return static_cast<quint32>(_mm_movemask_epi8(isOpen)) ^ 0xffffU;
+}
+
+/// Stores those of four words that differ from `beneath`.
+void replaceWords(const quint32* words, quint32* pixels, quint32 beneath)
+{
+    const __m128i isEmpty = _mm_cmpeq_epi32(loaded(words), _mm_set1_epi32(static_cast<int>(beneath)));
+    const __m128i mixed =
+        _mm_or_si128(_mm_and_si128(isEmpty, loaded(pixels)), _mm_andnot_si128(isEmpty, loaded(words)));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(pixels), mixed);
+}
+
+#else
+
+quint32 hiddenInk(const quint32* words, const quint32* pixels, quint32 beneath)
+{
+    quint32 hidden = 0;
+    for (int i = 0; i < Surface::kWordsAtOnce; ++i)
+        hidden |= words[i] == beneath ? 0 : pixels[i] ^ beneath;
+    return hidden;
+}
+
+void replaceWords(const quint32* words, quint32* pixels, quint32 beneath)
+{
+    for (int i = 0; i < Surface::kWordsAtOnce; ++i)
+        pixels[i] = words[i] == beneath ? pixels[i] : words[i];
+}
+
+#endif
 
 } // namespace
 
@@ -118,6 +165,7 @@ std::optional<Surface> Surface::of(QPainter& painter)
     // The engine paints into these very bytes: an image that is being painted on has an owner only.
     surface.m_bits = const_cast<uchar*>(image->constBits());
     surface.m_stride = image->bytesPerLine();
+    surface.m_format = image->format();
     surface.m_size = image->size();
     surface.m_clip = clip->boundingRect();
     const QTransform toDevice = painter.deviceTransform();
@@ -132,9 +180,15 @@ bool Surface::holds(int left, int top, int right, int bottom) const
         && bottom < m_size.height() - m_offset.y();
 }
 
+bool Surface::nearlyHolds(int left, int top, int right, int bottom) const
+{
+    return left >= -m_offset.x() - 1 && top >= -m_offset.y() - 1 && right <= m_size.width() - m_offset.x()
+        && bottom <= m_size.height() - m_offset.y();
+}
+
 Surface::Area Surface::cut(int left, int top, int right, int bottom) const
 {
-    if (left >= m_open.left() && top >= m_open.top() && right <= m_open.right() && bottom <= m_open.bottom())
+    if (isOpen(left, top, right, bottom))
         return { left + m_offset.x(), top + m_offset.y(), right + m_offset.x(), bottom + m_offset.y() };
     const auto bounded = [](int value, int move, int lowest, int highest) {
         return static_cast<int>(std::clamp<long long>(static_cast<long long>(value) + move, lowest, highest));
@@ -172,6 +226,45 @@ void Surface::fillRows(int left, int top, int bottom, const quint32* words, int 
     uchar* row = m_bits + area.y1 * m_stride;
     for (int y = area.y1; y <= area.y2; ++y, row += m_stride)
         std::copy_n(first, area.x2 - area.x1 + 1, reinterpret_cast<quint32*>(row) + area.x1);
+}
+
+std::optional<quint32> Surface::onlyWord(const QRect& place) const
+{
+    if (place.isEmpty() || !m_clip.contains(place))
+        return std::nullopt;
+    const quint32 word = *pixelsAt(place.left(), place.top());
+    for (int y = place.top(); y <= place.bottom(); ++y) {
+        const quint32* pixels = pixelsAt(place.left(), y);
+        quint32 other = 0;
+        for (int i = 0; i < place.width(); ++i)
+            other |= pixels[i] ^ word;
+        if (other != 0)
+            return std::nullopt;
+    }
+    return word;
+}
+
+bool Surface::replace(const QRect& place, const quint32* words, quint32 beneath) const
+{
+    if (place.isEmpty() || !m_clip.contains(place))
+        return false;
+    const int fours = place.width() / kWordsAtOnce;
+    quint32 hidden = 0;
+    const quint32* word = words;
+    for (int y = place.top(); y <= place.bottom(); ++y) {
+        const quint32* pixel = pixelsAt(place.left(), y);
+        for (int i = 0; i < fours; ++i, word += kWordsAtOnce, pixel += kWordsAtOnce)
+            hidden |= hiddenInk(word, pixel, beneath);
+    }
+    if (hidden != 0)
+        return false;
+    word = words;
+    for (int y = place.top(); y <= place.bottom(); ++y) {
+        quint32* pixel = pixelsAt(place.left(), y);
+        for (int i = 0; i < fours; ++i, word += kWordsAtOnce, pixel += kWordsAtOnce)
+            replaceWords(word, pixel, beneath);
+    }
+    return true;
 }
 
 bool Surface::storeSlope(int first, int end, int across, int slope, bool isSteep, quint32 word) const

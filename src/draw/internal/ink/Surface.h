@@ -59,6 +59,15 @@ public:
     /// Stores one word into a rectangle of painter coordinates, all edges inclusive, cut to the clip.
     void fill(int left, int top, int right, int bottom, quint32 word) const;
 
+    /// Whether a rectangle of painter coordinates, all edges inclusive, lies wholly inside the clip.
+    bool isOpen(int left, int top, int right, int bottom) const
+    {
+        return left >= m_open.left() && top >= m_open.top() && right <= m_open.right()
+            && bottom <= m_open.bottom();
+    }
+    /// Stores a word into a pixel that lies inside the clip, painter coordinates.
+    void set(int x, int y, quint32 word) const { *pixelsAt(x + m_offset.x(), y + m_offset.y()) = word; }
+
     /// Stores the same words, one per column from `left` on, into every row from `top` to `bottom`.
     void fillRows(int left, int top, int bottom, const quint32* words, int count) const;
 
@@ -69,13 +78,29 @@ public:
     /// @return false, and nothing stored, where one of them lies outside the clip.
     bool storeSlope(int first, int end, int across, int slope, bool isSteep, quint32 word) const;
 
+    /// The word that every pixel of a rectangle of device coordinates holds; empty where they differ or one
+    /// lies outside the clip.
+    std::optional<quint32> onlyWord(const QRect& place) const;
+
+    static constexpr int kWordsAtOnce = 4; ///< that `replace` compares
+
+    /// Stores the words of a rectangle of device coordinates, row by row, that differ from `beneath`.
+    /// @param place  a multiple of kWordsAtOnce wide.
+    /// @return false, and nothing stored, where a pixel to be changed holds another word than `beneath` or
+    ///         the rectangle leaves the clip.
+    bool replace(const QRect& place, const quint32* words, quint32 beneath) const;
+
     /// Whether a rectangle of painter coordinates, all edges inclusive, lies wholly on the device.
     bool holds(int left, int top, int right, int bottom) const;
+
+    /// Whether it lies there or no more than one pixel beside, where the engine does not cut lines yet.
+    bool nearlyHolds(int left, int top, int right, int bottom) const;
 
     /// From painter to device coordinates, pixels.
     QPoint offset() const { return m_offset; }
     /// Size of the device in pixels; lines are cut by it, not by the clip.
     QSize deviceSize() const { return m_size; }
+    QImage::Format format() const { return m_format; }
 
 private:
     /// The part of a rectangle of painter coordinates inside the clip, in device coordinates.
@@ -84,9 +109,11 @@ private:
         int x1, y1, x2, y2; ///< inclusive; nothing where one runs backward
     };
     Area cut(int left, int top, int right, int bottom) const;
+    quint32* pixelsAt(int x, int y) const { return reinterpret_cast<quint32*>(m_bits + y * m_stride) + x; }
 
     uchar* m_bits = nullptr;
     qsizetype m_stride = 0; ///< bytes
+    QImage::Format m_format = QImage::Format_Invalid;
     QSize m_size;
     QRect m_clip; ///< device coordinates, inside the image
     QPoint m_offset;

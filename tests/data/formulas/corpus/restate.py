@@ -455,6 +455,7 @@ def with_names(bars):
     for letter, name in zip("OHLCV", ("OPEN", "HIGH", "LOW", "CLOSE", "VOL")):
         named[name] = bars[letter]
     named["BARPOS"] = [float(bar + 1) for bar in range(len(bars["C"]))]
+    named["DRAWNULL"] = [None] * len(bars["C"])
     before = [None] + bars["C"][:-1]
     named["TR"] = [h - l if c is None else max(h - l, abs(h - c), abs(l - c))
                    for h, l, c in zip(bars["H"], bars["L"], before)]

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#include "apps/client/ClientOptions.h"
+
+#include "apps/base/CommandLine.h"
+
+namespace client {
+
+namespace {
+
+/// The client's options.
+class Options : public base::CommandLine
+{
+public:
+    Options()
+        : base::CommandLine("Charts of market data with indicators of your own.")
+    {
+        takeFiles("FILE.csv", "bars to open");
+        add("follow", "FILE.csv",
+            "bars or trades that another program appends to: show each new row at once");
+    }
+};
+
+} // namespace
+
+QString clientUsage()
+{
+    return Options().help();
+}
+
+QString clientVersionLine()
+{
+    return QStringLiteral("indicatorui-client " INDICATORUI_VERSION "\n");
+}
+
+base::Result<ClientOptions> readClientOptions(const QStringList& arguments)
+{
+    Options line;
+    if (!line.parse(arguments))
+        return base::Failure { line.wrong() };
+    ClientOptions options;
+    options.help = line.has("help");
+    options.version = line.has("version");
+    options.follow = line.value("follow");
+    options.bars = line.files();
+    return options;
+}
+
+} // namespace client

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+/// @file The chart as a file, on the clipboard and on paper.
+
+#include "apps/base/FileNames.h"
+#include "apps/client/MainWindow.h"
+#include "apps/client/chart/ChartView.h"
+#include "apps/client/output/PageOutput.h"
+#include "host/TC/Instruments.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenu>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+
+#include <cmath>
+
+namespace client {
+
+namespace {
+
+/// The forms as the file dialog offers them: PNG by its factor, then SVG and PDF.
+QStringList pictureForms()
+{
+    QStringList forms;
+    for (int factor = 1; factor <= PageOutput::kLargestFactor; ++factor)
+        forms << QStringLiteral("PNG %1 倍 (*.png)").arg(factor);
+    return forms << QStringLiteral("SVG (*.svg)") << QStringLiteral("PDF (*.pdf)");
+}
+
+QString suffixOf(int form)
+{
+    if (form < PageOutput::kLargestFactor)
+        return QStringLiteral(".png");
+    return form == PageOutput::kLargestFactor ? QStringLiteral(".svg") : QStringLiteral(".pdf");
+}
+
+} // namespace
+
+void MainWindow::buildOutputMenu(QMenu* menu)
+{
+    QAction* actions[] = { menu->addAction(
+                               QStringLiteral("导出图片…"), this, [this] { choosePicture(nullptr); },
+                               QKeySequence(QStringLiteral("Ctrl+S"))),
+                           menu->addAction(
+                               QStringLiteral("复制图片"), this, [this] { copyPicture(); },
+                               QKeySequence(QStringLiteral("Ctrl+Shift+C"))),
+                           menu->addAction(QStringLiteral("打印预览…"), this, &MainWindow::previewPrint,
+                                           QKeySequence::Print) };
+    const auto follow = [this, first = actions[0], second = actions[1], third = actions[2]] {
+        for (QAction* action : { first, second, third })
+            action->setEnabled(m_chart->state()->barTotal() > 0);
+    };
+    follow();
+    connect(m_chart->state(), &ChartState::sigBarsChanged, this, follow);
+    connect(m_chart, &ChartView::sigPictureRequested, this, [this](ChartPane* pane, bool toClipboard) {
+        toClipboard ? copyPicture(pane) : choosePicture(pane);
+    });
+}
+
+void MainWindow::choosePicture(ChartPane* only)
+{
+    const QStringList forms = pictureForms();
+    QString form = forms.at(1);
+    const QString what = only ? only->data()->getFormulas().join(QLatin1Char('-')) : QStringLiteral("图");
+    QString path = QFileDialog::getSaveFileName(
+        this, QStringLiteral("导出图片"),
+        QStringLiteral("%1-%2.png").arg(TC::getDetailQsKey(m_chart->state()->instrument()), what),
+        forms.join(QStringLiteral(";;")), &form);
+    if (path.isEmpty())
+        return;
+    const int chosen = std::max(0, forms.indexOf(form));
+    const QString suffix = suffixOf(chosen);
+    if (!path.endsWith(suffix, Qt::CaseInsensitive)) // the form was changed, or none was typed
+        path = QFileInfo(path).path() + QLatin1Char('/') + QFileInfo(path).completeBaseName() + suffix;
+    static_cast<void>(savePicture(path, chosen + 1, only)); // a failure is shown
+}
+
+base::Result<void> MainWindow::savePicture(const QString& path, int factor, ChartPane* only)
+{
+    const base::Result<void> saved = PageOutput(m_chart, only).save(path, factor);
+    if (!saved.isGood())
+        return told(saved.failure());
+    slotShowMessage(QStringLiteral("已导出 %1").arg(path));
+    return {};
+}
+
+void MainWindow::copyPicture(ChartPane* only)
+{
+    if (m_chart->state()->barTotal() == 0)
+        return;
+    QApplication::clipboard()->setImage(PageOutput(m_chart, only).image(std::ceil(devicePixelRatioF())));
+    slotShowMessage(QStringLiteral("图片已复制到剪贴板"));
+}
+
+void MainWindow::previewPrint()
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    QPrintPreviewDialog preview(&printer, this);
+    preview.setWindowTitle(QStringLiteral("打印预览"));
+    preview.resize(size() * 0.8);
+    connect(&preview, &QPrintPreviewDialog::paintRequested, this,
+            [this](QPrinter* paper) { PageOutput(m_chart).print(*paper); });
+    preview.exec();
+}
+
+} // namespace client
