@@ -67,11 +67,11 @@ QByteArray bytesOfName(const QString& name)
     for (int place = 0; place < name.size(); ++place) {
         if (!isMarkedByte(name, place))
             continue;
-        bytes += name.midRef(written, place - written).toUtf8();
+        bytes += QStringView(name).mid(written, place - written).toUtf8();
         bytes += static_cast<char>(name[place].unicode() - kByteMark);
         written = place + 1;
     }
-    return bytes + name.midRef(written).toUtf8();
+    return bytes + QStringView(name).mid(written).toUtf8();
 }
 
 QString printable(const QString& text)

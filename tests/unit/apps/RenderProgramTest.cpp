@@ -9,6 +9,7 @@
 #include "tests/support/ChildRun.h"
 #include "tests/support/RecoveryFolders.h"
 #include "tests/support/Trace.h"
+#include "host/utils/TextCodec.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -17,7 +18,6 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
-#include <QTextCodec>
 
 #include <gtest/gtest.h>
 
@@ -468,9 +468,11 @@ TEST_F(RenderProgram, DrawsTheFormulaOfAText)
 TEST_F(RenderProgram, ExportsTheFormulaOfAFileOverAllBarsInAnyOfItsEncodings)
 {
     const QString text = QStringLiteral("{ 说明 } 均线:MA(CLOSE,5); DRAWTEXT(CLOSE>OPEN,LOW,'买');");
-    for (const char* codec : { "UTF-8", "UTF-16", "GB18030" }) {
-        ASSERT_FALSE(
-            base::writeWholeFile(path("own.txt"), QTextCodec::codecForName(codec)->fromUnicode(text)));
+    constexpr std::pair<const char*, const char*> marksAndEncodings[] = { { "", "UTF-8" },
+                                                                          { "\xFF\xFE", "UTF-16LE" },
+                                                                          { "", "GB18030" } };
+    for (const auto& [mark, codec] : marksAndEncodings) {
+        ASSERT_FALSE(base::writeWholeFile(path("own.txt"), mark + utils::encoded(text, codec).value()));
         const Outcome result =
             run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--formula"), path("own.txt"),
                   QStringLiteral("--export"), path("out.csv") });
@@ -528,8 +530,7 @@ TEST_F(RenderProgram, TakesNumbersOfSharesFromTheUsersListOfInstruments)
     EXPECT_FALSE(none.contains("12000000000")) << none.left(200).toStdString();
     const QByteArray list = "code,market,流通股本,总股本\r\n600030,SH,12000000000,14820546829\r\n"
                             "600030,SZ,1,1\r\n";
-    const QTextCodec* codec = QTextCodec::codecForName("GB18030");
-    for (const QByteArray& bytes : { list, codec->fromUnicode(QString::fromUtf8(list)) }) {
+    for (const QByteArray& bytes : { list, utils::encoded(QString::fromUtf8(list), "GB18030").value() }) {
         const QByteArray known = exported(bytes);
         EXPECT_EQ(known.count(",12000000000.0000,14820546829.0000,"), 5639) << known.left(200).toStdString();
         EXPECT_TRUE(known.contains(",0.6451\n") || known.endsWith(",0.6451"))

@@ -3,10 +3,10 @@
 
 #include "engine/files/CsvReader.h"
 #include "tests/support/TimeZone.h"
+#include "host/utils/TextCodec.h"
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTextCodec>
 
 #include <gtest/gtest.h>
 
@@ -309,7 +309,7 @@ TEST(BarFile, FindsChineseColumnsInUtf8AndGbk)
 {
     const QString header = QStringLiteral("日期,时间,开盘价,最高价,最低价,收盘价,成交量,成交额");
     for (const char* codec : { "UTF-8", "GBK" }) {
-        const BarText text(QTextCodec::codecForName(codec)->fromUnicode(header).toStdString()
+        const BarText text(utils::encoded(header, codec).value().toStdString()
                            + "\r\n20240102,09:31,2,4,1,3,50,99\r\n");
         ASSERT_TRUE(text.bars) << codec << text.failure;
         EXPECT_EQ(text.bars->open[0], 2);

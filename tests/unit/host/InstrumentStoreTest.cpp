@@ -306,7 +306,7 @@ QByteArray damaged(QByteArray bytes, std::mt19937& random)
     case 3: bytes.remove(0, place); break;
     case 4: bytes.remove(place, length); break;
     case 5: // other bytes
-        for (int offset = place; offset < std::min(place + length, bytes.size()); ++offset)
+        for (int offset = place; offset < std::min<int>(place + length, bytes.size()); ++offset)
             bytes[offset] = static_cast<char>(random());
         break;
     case 6: { // two pages change places

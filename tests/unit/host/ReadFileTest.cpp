@@ -2,9 +2,9 @@
 #include "host/TC/QReadFile.h"
 #include "tests/support/Trace.h"
 #include "tests/support/Workbooks.h"
+#include "host/utils/TextCodec.h"
 
 #include <QTemporaryDir>
-#include <QTextCodec>
 
 #include <gtest/gtest.h>
 
@@ -28,10 +28,9 @@ protected:
     QTemporaryDir m_folder;
 };
 
-QByteArray encoded(const char* codec, const QString& text)
+QByteArray encoded(const char* encoding, const QString& text)
 {
-    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    return QTextCodec::codecForName(codec)->fromUnicode(text.constData(), text.size(), &state);
+    return utils::encoded(text, encoding).value();
 }
 
 const QString kText = QStringLiteral("600000,浦发银行,1\n000001,平安银行,2\n");
