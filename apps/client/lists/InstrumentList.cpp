@@ -62,6 +62,9 @@ InstrumentList::InstrumentList(QWidget* parent)
     m_group->addItems({ QString(), QString(), QString() });
     followLanguage(this, [this] {
         m_filter->setPlaceholderText(tr("代码、名称、拼音"));
+        m_filter->setAccessibleName(tr("品种过滤"));
+        m_group->setAccessibleName(tr("品种分组"));
+        m_list->setAccessibleName(tr("品种"));
         m_group->setToolTip(tr("右键点品种可加入自选"));
         m_group->setItemText(EGroup_All, tr("全部"));
         m_group->setItemText(EGroup_Favourites, tr("自选"));

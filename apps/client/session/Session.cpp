@@ -82,6 +82,7 @@ QByteArray Session::toJson() const
     }
     return QJsonDocument(QJsonObject { { QStringLiteral("language"), language },
                                        { QStringLiteral("skin"), fromName(skin) },
+                                       { QStringLiteral("greenUp"), isGreenUp },
                                        { QStringLiteral("bars"), fromName(bars) },
                                        { QStringLiteral("ticks"), fromName(ticks) },
                                        { QStringLiteral("filter"), filter },
@@ -102,6 +103,7 @@ Session Session::fromJson(const QByteArray& json)
     Session session;
     session.language = root.value(QStringLiteral("language")).toString();
     session.skin = toName(root.value(QStringLiteral("skin")));
+    session.isGreenUp = root.value(QStringLiteral("greenUp")).toBool();
     session.bars = toName(root.value(QStringLiteral("bars")));
     session.ticks = toName(root.value(QStringLiteral("ticks")));
     session.filter = root.value(QStringLiteral("filter")).toString();
