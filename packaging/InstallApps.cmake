@@ -4,6 +4,9 @@ install(TARGETS indicatorui-client indicatorui-render EXPORT IndicatorUIApps
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT apps)
 install(EXPORT IndicatorUIApps NAMESPACE IndicatorUI:: DESTINATION ${package_folder} COMPONENT apps)
 
+if(WIN32)
+    return() # manual pages and menus of another kind
+endif()
 foreach(program indicatorui-client indicatorui-render)
     configure_file(${PROJECT_SOURCE_DIR}/packaging/man/${program}.1.in ${PROJECT_BINARY_DIR}/packaging/${program}.1
                    @ONLY)
