@@ -6,6 +6,7 @@
 #include "apps/client/chart/ChartView.h"
 #include "apps/client/chart/ParameterDialog.h"
 #include "apps/client/chart/TickView.h"
+#include "apps/client/language/Language.h"
 #include "apps/client/lists/InstrumentList.h"
 #include "engine/language/Formula.h"
 #include "host/TC/CFormulaOperateManager.h"
@@ -116,6 +117,7 @@ Session MainWindow::session() const
 {
     const ChartState* state = m_chart->state();
     Session now;
+    now.language = chosenLanguage();
     now.skin = m_skin;
     now.bars = m_barsPath.isEmpty() && isOpening() ? m_last.bars : m_barsPath;
     now.ticks = m_ticksPath;
@@ -142,16 +144,16 @@ void MainWindow::nameInstrument()
 
 void MainWindow::chooseBars()
 {
-    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("打开K线"), QString(),
-                                                      QStringLiteral("CSV (*.csv)"));
+    const QString path =
+        QFileDialog::getOpenFileName(this, tr("打开K线"), QString(), QStringLiteral("CSV (*.csv)"));
     if (!path.isEmpty())
         static_cast<void>(openBars(path)); // a failure is shown
 }
 
 void MainWindow::chooseTicks()
 {
-    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("打开分笔"), QString(),
-                                                      QStringLiteral("CSV (*.csv)"));
+    const QString path =
+        QFileDialog::getOpenFileName(this, tr("打开分笔"), QString(), QStringLiteral("CSV (*.csv)"));
     if (!path.isEmpty())
         static_cast<void>(openTicks(path));
 }

@@ -48,7 +48,8 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    MainWindow();
+    /// @param language  of offeredLanguages(); empty: that of the last run.
+    explicit MainWindow(const QString& language = QString());
     ~MainWindow() override;
 
     /// Opens a bars file. A failure is shown as well. A large file is read while the window goes on; what it
@@ -121,6 +122,7 @@ private:
     void buildPanels();
     void buildFileMenu();
     void buildViewMenu();
+    void addLanguages(QMenu* menu);
     void buildOverlayMenu();
     void buildToolsMenu();
     void buildLiveMenu();
@@ -138,6 +140,7 @@ private:
     void refreshDemoAccount();
     /// Lets the formulas read the index that is chosen now, and the status line name it.
     void followIndex();
+    void nameIndex();
     /// Shows a failure and hands it on.
     base::Failure told(const base::Failure& failure);
     /// Restores the arrangement, mends what the previous run left unfinished, starts the mark of a running
@@ -145,9 +148,12 @@ private:
     void startRun();
     /// Shows a message where there is one.
     void tell(const QString& text);
+    /// Titles of the panels, in the chosen language.
+    void namePanels();
     /// Says what is wrong with the file of the user's formulas, if anything.
     void tellFormulaProblems(const QStringList& problems);
     void reloadFormulas();
+    void backUp();
     void showRestoreDialog(RestoreDialog::Occasion occasion);
     /// @param formula  what to open by its display name; empty: what the editor shows anyway.
     void showFormulaEditor(const QString& formula);

@@ -25,7 +25,7 @@ bool isQuestion(const char* argument)
 int show(const client::ClientOptions& options)
 {
     QApplication::setApplicationDisplayName(QStringLiteral("Indicator UI"));
-    client::MainWindow window;
+    client::MainWindow window(options.language);
     window.show();
     for (const QString& path : options.bars)
         static_cast<void>(window.openBars(path)); // a failure is shown

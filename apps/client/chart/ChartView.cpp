@@ -8,6 +8,7 @@
 #include "apps/client/EmptyPage.h"
 #include "apps/client/chart/PlotWidget.h"
 #include "apps/client/chart/TimeAxisWidget.h"
+#include "apps/client/language/Language.h"
 #include "engine/language/Formula.h"
 #include "host/TC/Instruments.h"
 
@@ -35,11 +36,15 @@ ChartView::ChartView(FormulaSource* source, QWidget* parent)
     , m_splitter(new QSplitter(Qt::Vertical, this))
 {
     setFocusPolicy(Qt::StrongFocus);
-    auto* empty = new EmptyPage(
-        QStringLiteral("还没有打开品种"),
-        QStringLiteral("打开K线文件（CSV：date,open,high,low,close,volume），或把它拖到窗口里。\n"
-                       "打开一个文件后，左边的列表给出同一文件夹里的其他品种。"),
-        QStringLiteral("打开K线…  (Ctrl+O)"), this);
+    const auto words = [] {
+        return EmptyPage::Words {
+            tr("还没有打开品种"),
+            tr("打开K线文件（CSV：date,open,high,low,close,volume），或把它拖到窗口里。\n"
+               "打开一个文件后，左边的列表给出同一文件夹里的其他品种。"),
+            tr("打开K线…  (Ctrl+O)")
+        };
+    };
+    auto* empty = new EmptyPage(words, this);
     connect(empty, &EmptyPage::sigOpen, this, &ChartView::sigOpenRequested);
     m_pages->addWidget(empty);
     m_pages->addWidget(makeChartPage());
@@ -226,19 +231,19 @@ void ChartView::exportPane(ChartPane* pane, const QString& formula, bool toClipb
     const std::string text = pane->data()->exported(formula, withTime);
     if (toClipboard) {
         QApplication::clipboard()->setText(QString::fromStdString(text));
-        Q_EMIT sigMessage(QStringLiteral("指标数据已复制到剪贴板"));
+        Q_EMIT sigMessage(tr("指标数据已复制到剪贴板"));
         return;
     }
     const QString shown = formula.isEmpty() ? pane->data()->getFormulas().join(QLatin1Char('-')) : formula;
     const QString proposed = QStringLiteral("%1-%2.csv").arg(TC::getDetailQsKey(m_state.instrument()), shown);
-    QString path = QFileDialog::getSaveFileName(this, QStringLiteral("导出指标"), proposed,
-                                                QStringLiteral("CSV (*.csv)"));
+    QString path =
+        QFileDialog::getSaveFileName(this, tr("导出指标"), proposed, QStringLiteral("CSV (*.csv)"));
     if (path.isEmpty())
         return;
     if (QFileInfo(path).suffix().isEmpty())
         path += QStringLiteral(".csv");
     const auto fault = base::writeWholeFile(path, QByteArray::fromStdString(text));
-    Q_EMIT sigMessage(fault ? fault->chinese() : QStringLiteral("已导出 %1").arg(path));
+    Q_EMIT sigMessage(fault ? ownWords(*fault) : tr("已导出 %1").arg(path));
 }
 
 } // namespace client

@@ -80,7 +80,8 @@ QByteArray Session::toJson() const
             values.append(value);
         numbers.insert(entry.key(), values);
     }
-    return QJsonDocument(QJsonObject { { QStringLiteral("skin"), fromName(skin) },
+    return QJsonDocument(QJsonObject { { QStringLiteral("language"), language },
+                                       { QStringLiteral("skin"), fromName(skin) },
                                        { QStringLiteral("bars"), fromName(bars) },
                                        { QStringLiteral("ticks"), fromName(ticks) },
                                        { QStringLiteral("filter"), filter },
@@ -99,6 +100,7 @@ Session Session::fromJson(const QByteArray& json)
 {
     const QJsonObject root = QJsonDocument::fromJson(json).object();
     Session session;
+    session.language = root.value(QStringLiteral("language")).toString();
     session.skin = toName(root.value(QStringLiteral("skin")));
     session.bars = toName(root.value(QStringLiteral("bars")));
     session.ticks = toName(root.value(QStringLiteral("ticks")));

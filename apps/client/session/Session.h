@@ -16,6 +16,7 @@ namespace client {
 /// The user's choices beside the arrangement of the docks, which has a file of its own.
 struct Session
 {
+    QString language;               ///< of offeredLanguages(); empty: the default
     QString skin;                   ///< shipped name or path; empty: the default
     QString bars;                   ///< file of the instrument on the chart; empty: none
     QString ticks;                  ///< file of the tick page; empty: none
