@@ -5,9 +5,8 @@ add_subdirectory(faults)
 # Tells what texts a program draws.
 add_library(drawn_texts MODULE ${CMAKE_CURRENT_SOURCE_DIR}/programs/DrawnTexts.cpp)
 target_link_libraries(drawn_texts PRIVATE ${QT}::Gui ${CMAKE_DL_LIBS} indicatorui_options)
-add_dependencies(unit_tests indicatorui-client drawn_texts)
-target_compile_definitions(unit_tests PRIVATE CLIENT_PROGRAM="$<TARGET_FILE:indicatorui-client>"
-                                              DRAWN_TEXTS="$<TARGET_FILE:drawn_texts>")
+add_dependencies(unit_tests drawn_texts)
+target_compile_definitions(unit_tests PRIVATE DRAWN_TEXTS="$<TARGET_FILE:drawn_texts>")
 
 # The client once more in real windows of an X server.
 find_program(XVFB_RUN xvfb-run)
