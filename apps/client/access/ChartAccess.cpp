@@ -12,38 +12,39 @@ namespace client {
 
 namespace {
 
-/// A plot, or a whole chart by the plot of its prices.
+/// The plot whose values a widget tells: itself, or that of a chart's prices. Null while there is none.
+const PlotWidget* plotOf(const QWidget* widget)
+{
+    if (const auto* chart = qobject_cast<const ChartView*>(widget))
+        return chart->panes().empty() ? nullptr : chart->panes().front()->plot();
+    const auto* plot = qobject_cast<const PlotWidget*>(widget);
+    return plot ? plot : widget->findChild<PlotWidget*>();
+}
+
+/// A plot or a whole chart.
 class ChartAccess : public QAccessibleWidget
 {
 public:
-    /// @param plot  whose values are told; may be null.
-    ChartAccess(QWidget* widget, const PlotWidget* plot)
+    explicit ChartAccess(QWidget* widget)
         : QAccessibleWidget(widget, QAccessible::Chart)
-        , m_plot(plot)
     {
     }
 
     QString text(QAccessible::Text what) const override
     {
-        if (m_plot && (what == QAccessible::Value || what == QAccessible::Description))
-            return spokenValues(m_plot->content(), *m_plot->state());
+        const PlotWidget* plot = plotOf(widget());
+        if (plot && (what == QAccessible::Value || what == QAccessible::Description))
+            return spokenValues(plot->content(), *plot->state());
         const QString own = QAccessibleWidget::text(what);
-        return m_plot && what == QAccessible::Name && own.isEmpty() ? spokenName(m_plot->content()) : own;
+        return plot && what == QAccessible::Name && own.isEmpty() ? spokenName(plot->content()) : own;
     }
-
-private:
-    const PlotWidget* m_plot;
 };
 
 QAccessibleInterface* makeAccess(const QString&, QObject* object)
 {
-    if (auto* plot = qobject_cast<PlotWidget*>(object))
-        return new ChartAccess(plot, plot);
-    if (auto* chart = qobject_cast<ChartView*>(object))
-        return new ChartAccess(chart, chart->panes().empty() ? nullptr : chart->panes().front()->plot());
-    if (auto* ticks = qobject_cast<TickView*>(object))
-        return new ChartAccess(ticks, ticks->findChild<PlotWidget*>());
-    return nullptr;
+    const bool isChart = qobject_cast<PlotWidget*>(object) || qobject_cast<ChartView*>(object)
+        || qobject_cast<TickView*>(object);
+    return isChart ? new ChartAccess(static_cast<QWidget*>(object)) : nullptr;
 }
 
 } // namespace
