@@ -114,7 +114,7 @@ TEST(WidgetExamples, ADockKnowsItsPanel)
 {
     //! [IDockableWidget]
     WB::IDockableWidget panel(true, QStringLiteral("notes"), QStringLiteral("Notes"), nullptr, 0);
-    const QString tab = panel.title();
+    const QString& tab = panel.title();
     const bool mayBeClosed = panel.isCloseEnable();
     //! [IDockableWidget]
     EXPECT_EQ(tab, QStringLiteral("Notes"));
