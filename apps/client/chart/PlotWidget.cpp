@@ -156,11 +156,11 @@ void PlotWidget::mouseMoveEvent(QMouseEvent* event)
         update();
     }
     if (m_dragLine)
-        dragPriceLine(event->y());
+        dragPriceLine(event->pos().y());
     if (m_dragRow)
-        return dragAxis(event->y());
+        return dragAxis(event->pos().y());
     if (m_dragColumn)
-        drag(event->x());
+        drag(event->pos().x());
     showCursor(event->pos());
     const bool inPlot = geometryOfPane().plot.contains(event->pos());
     m_pointer = inPlot ? std::optional<QPoint>(event->pos()) : std::nullopt;
@@ -176,14 +176,14 @@ void PlotWidget::mousePressEvent(QMouseEvent* event)
         return;
     forgetMeasure();
     if (geometryOfPane().axis.contains(event->pos())) {
-        m_dragRow = event->y();
+        m_dragRow = event->pos().y();
     } else if (event->modifiers() & Qt::ShiftModifier) {
         m_measure = Measure { placeAt(event->pos()), placeAt(event->pos()) };
         m_isMeasuring = true;
-    } else if (const std::optional<double> line = priceLineAt(event->y())) {
+    } else if (const std::optional<double> line = priceLineAt(event->pos().y())) {
         m_dragLine = line;
     } else
-        m_dragColumn = event->x();
+        m_dragColumn = event->pos().x();
 }
 
 /// On the axis: its own range again.

@@ -33,9 +33,9 @@ QStringList barsFilesIn(const QString& folder)
     namespace files = std::filesystem;
     QStringList paths;
     std::error_code error;
-    for (files::directory_iterator entry(base::bytesOfName(folder).toStdString(), error), end;
-         !error && entry != end; entry.increment(error)) {
-        const QString path = base::nameFromBytes(QByteArray::fromStdString(entry->path().string()));
+    for (files::directory_iterator entry(base::pathOf(folder), error), end; !error && entry != end;
+         entry.increment(error)) {
+        const QString path = base::nameOf(entry->path());
         std::error_code unknown;
         if (path.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive) && entry->is_regular_file(unknown))
             paths << path;

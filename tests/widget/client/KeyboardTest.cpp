@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 /// @file Everything that the pointer reaches, by keys.
 
+#include "apps/chart/ChartMeasures.h"
 #include "apps/client/PanelIds.h"
 #include "apps/client/chart/TickView.h"
 #include "tests/widget/client/ClientWindow.h"

@@ -179,7 +179,8 @@ TEST_F(ClientWindow, OpensUpToFiveRowsOfLegendUnderARestingPointer)
     m_window->resize(700, 700);
     const int row = pane->title()->titleHeight();
     ASSERT_TRUE(QTest::qWaitFor([&] { return pane->title()->height() == 2 * row; }));
-    QEvent enter(QEvent::Enter), leave(QEvent::Leave);
+    QEnterEvent enter({}, {}, {});
+    QEvent leave(QEvent::Leave);
     QApplication::sendEvent(pane->title(), &enter);
     EXPECT_TRUE(QTest::qWaitFor([&] { return pane->title()->height() > 2 * row; }));
     EXPECT_LE(pane->title()->height(), 5 * row);
