@@ -38,7 +38,9 @@ void MainWindow::buildLiveMenu()
                                             }),
                             [] { return tr("停止跟随"); });
     menu->addSeparator();
-    worded(menu->addAction(QString(), this, &MainWindow::replayBars), [] { return tr("回放K线"); });
+    worded(menu->addAction(QString(), this, &MainWindow::replayBars), [] {
+        return tr("回放K线");
+    })->setObjectName(QStringLiteral("replayBars"));
     worded(menu->addAction(QString(), this, &MainWindow::replayTicks), [] { return tr("回放分笔"); });
     connect(menu, &QMenu::aboutToShow, this, [this, leave] { leave->setEnabled(m_followed != nullptr); });
 

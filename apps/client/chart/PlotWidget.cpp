@@ -3,6 +3,7 @@
 
 #include "apps/chart/ChartMeasures.h"
 #include "apps/chart/PaneScale.h"
+#include "apps/client/access/Announcement.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -126,10 +127,14 @@ void PlotWidget::paintEvent(QPaintEvent*)
     m_crosshairShown = chart::crosshairRegion(geometryOfPane(), barView(), crosshair());
 }
 
-/// Only what the crosshair leaves and takes is painted.
+/// Only what the crosshair leaves and takes is painted. A pointer that rests gives the crosshair up when keys
+/// move it.
 void PlotWidget::moveCrosshair()
 {
+    if (m_pointer && barView().barAt(m_pointer->x()) != m_state->crosshairBar())
+        m_pointer.reset();
     update(m_crosshairShown | chart::crosshairRegion(geometryOfPane(), barView(), crosshair()));
+    announceValues(this);
 }
 
 void PlotWidget::followPointer()
@@ -149,11 +154,11 @@ void PlotWidget::mouseMoveEvent(QMouseEvent* event)
     if (m_isMeasuring)
         measureTo(event->pos());
     if (m_dragLine)
-        dragPriceLine(event->y());
+        dragPriceLine(event->pos().y());
     if (m_dragRow)
-        return dragAxis(event->y());
+        return dragAxis(event->pos().y());
     if (m_dragColumn)
-        drag(event->x());
+        drag(event->pos().x());
     showCursor(event->pos());
     const bool inPlot = geometryOfPane().plot.contains(event->pos());
     m_pointer = inPlot ? std::optional<QPoint>(event->pos()) : std::nullopt;
@@ -169,15 +174,15 @@ void PlotWidget::mousePressEvent(QMouseEvent* event)
         return;
     forgetMeasure();
     if (geometryOfPane().axis.contains(event->pos())) {
-        m_dragRow = event->y();
+        m_dragRow = event->pos().y();
     } else if (event->modifiers() & Qt::ShiftModifier) {
         m_measure = Measure { placeAt(event->pos()), {} };
         m_isMeasuring = true;
         measureTo(event->pos());
-    } else if (const std::optional<double> line = priceLineAt(event->y())) {
+    } else if (const std::optional<double> line = priceLineAt(event->pos().y())) {
         m_dragLine = line;
     } else
-        m_dragColumn = event->x();
+        m_dragColumn = event->pos().x();
 }
 
 /// On the axis: its own range again.

@@ -39,6 +39,10 @@ public:
     /// Forgets what was measured in any pane.
     void forgetMeasure();
 
+    /// What the plot shows now.
+    chart::PaneContent content() const { return m_content(); }
+    const ChartState* state() const { return m_state; }
+
     /// The content has changed: it is asked for and painted anew.
     void renew();
 

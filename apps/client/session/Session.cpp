@@ -71,8 +71,9 @@ std::vector<OverlaidFile> unpackedOverlays(const QJsonArray& all)
         const QString path = toName(value.toObject().value(QStringLiteral("file")));
         const QString name = value.toObject().value(QStringLiteral("scale")).toString();
         if (!path.isEmpty() && overlays.size() < kMostOverlays)
-            overlays.push_back(
-                { path, static_cast<PaneData::OverlayScale>(std::max(0, scaleNames().indexOf(name))) });
+            overlays.push_back({ path,
+                                 static_cast<PaneData::OverlayScale>(
+                                     std::max(0, static_cast<int>(scaleNames().indexOf(name)))) });
     }
     return overlays;
 }
@@ -114,6 +115,7 @@ QByteArray Session::toJson() const
     }
     return QJsonDocument(QJsonObject { { QStringLiteral("language"), language },
                                        { QStringLiteral("skin"), fromName(skin) },
+                                       { QStringLiteral("greenUp"), isGreenUp },
                                        { QStringLiteral("bars"), fromName(bars) },
                                        { QStringLiteral("ticks"), fromName(ticks) },
                                        { QStringLiteral("filter"), filter },
@@ -135,6 +137,7 @@ Session Session::fromJson(const QByteArray& json)
     Session session;
     session.language = root.value(QStringLiteral("language")).toString();
     session.skin = toName(root.value(QStringLiteral("skin")));
+    session.isGreenUp = root.value(QStringLiteral("greenUp")).toBool();
     session.bars = toName(root.value(QStringLiteral("bars")));
     session.ticks = toName(root.value(QStringLiteral("ticks")));
     session.filter = root.value(QStringLiteral("filter")).toString();

@@ -94,7 +94,8 @@ public:
         ttservice::CInstrumentDetail instrument = known ? *known : ttservice::CInstrumentDetail();
         instrument.market = market;
         instrument.code = code;
-        for (int place = 0; place < std::min(cells.size(), static_cast<int>(m_columns.size())); ++place) {
+        for (int place = 0; place < std::min<int>(cells.size(), static_cast<int>(m_columns.size()));
+             ++place) {
             const QByteArray cell = cells[place].trimmed();
             if (!cell.isEmpty() && !take(m_columns[static_cast<std::size_t>(place)], cell, instrument))
                 return QStringLiteral("\"%1\" is no number above 0").arg(QString::fromUtf8(cell));

@@ -118,7 +118,9 @@ TEST_F(ClientWindow, TakesTheBarUnderARestingPointerAfterEveryMove)
     const QPoint place(300, 40);
     moveTo(plot(0), place);
     for (int key : { Qt::Key_Left, Qt::Key_Home, Qt::Key_Right, Qt::Key_End }) {
-        QTest::keyClick(chart(), static_cast<Qt::Key>(key));
+        const bool isCursorKey = key == Qt::Key_Left || key == Qt::Key_Right;
+        QTest::keyClick(chart(), static_cast<Qt::Key>(key),
+                        isCursorKey ? Qt::ControlModifier : Qt::NoModifier);
         EXPECT_EQ(state->crosshairBar(), state->view(plot(0)->width() - chart::kAxisWidth).barAt(place.x()));
     }
 }
