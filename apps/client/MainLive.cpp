@@ -84,7 +84,6 @@ void MainWindow::replayBars()
         return;
     }
     leaveFollowed();
-    clearOverlays();
     m_replay->replayBars(m_chart->state());
     raisePanel(kChartPanel, m_chart);
 }
@@ -125,7 +124,8 @@ void MainWindow::takeBars(const chart::OpenedBars& opened, bool anew)
     if (!anew)
         return state->growBars(bars);
     m_instruments->showFile(m_followed->path());
-    clearOverlays();
+    if (TC::getDetailQsKey(state->instrument()) != TC::getDetailQsKey(opened.instrument))
+        clearOverlays();
     m_barsPath = m_followed->path();
     state->setBars(opened.instrument, bars);
     nameInstrument();

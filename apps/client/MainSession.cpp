@@ -77,7 +77,10 @@ void MainWindow::takeChoices()
 void MainWindow::reopen()
 {
     if (!m_chart->state()->bars() && !isOpening() && !m_last.bars.isEmpty())
-        static_cast<void>(openBars(m_last.bars, [this] { showLastRange(); })); // a failure is shown
+        static_cast<void>(openBars(m_last.bars, [this] {
+            showLastRange();
+            overlayLast();
+        })); // a failure is shown
     if (m_ticksPath.isEmpty())
         reopenTicks();
 }
@@ -88,6 +91,13 @@ void MainWindow::showLastRange()
         return;
     const int last = std::max(0, m_chart->state()->barTotal() - 1 - m_last.behind);
     m_chart->state()->show(std::max(0, last - m_last.shown + 1), last);
+}
+
+void MainWindow::overlayLast()
+{
+    const std::vector<OverlaidFile> files = m_last.overlays;
+    for (const OverlaidFile& file : files)
+        static_cast<void>(overlayBars(file.path, file.scale)); // a failure is shown
 }
 
 void MainWindow::reopenTicks()
@@ -140,6 +150,10 @@ Session MainWindow::session() const
     now.shown = state->last() - state->first() + 1;
     now.behind = std::max(0, state->barTotal() - 1 - state->last());
     now.chart = m_chart->choices();
+    if (now.bars == m_last.bars && m_barsPath.isEmpty())
+        now.overlays = m_last.overlays;
+    for (const PaneData::Overlay& overlay : m_chart->panes().front()->data()->overlays())
+        now.overlays.push_back({ overlay.path, overlay.scale });
     now.bookRule = m_ticks->followsBook();
     for (ChartPane* pane : m_chart->panes())
         now.panes.push_back(pane->data()->getFormulas());

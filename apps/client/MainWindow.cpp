@@ -7,7 +7,6 @@
 #include "apps/client/PanelIds.h"
 #include "apps/client/access/ChartAccess.h"
 #include "apps/client/basket/BasketPanel.h"
-#include "apps/client/chart/BarAlignment.h"
 #include "apps/client/chart/ChartMenus.h"
 #include "apps/client/chart/ChartView.h"
 #include "apps/client/chart/TickView.h"
@@ -339,7 +338,7 @@ base::Result<void> MainWindow::openTicks(const QString& path)
     return {};
 }
 
-base::Result<void> MainWindow::overlayBars(const QString& path)
+base::Result<void> MainWindow::overlayBars(const QString& path, PaneData::OverlayScale scale)
 {
     if (!m_chart->state()->bars())
         return told({ tr("先打开K线") });
@@ -347,9 +346,12 @@ base::Result<void> MainWindow::overlayBars(const QString& path)
     if (!opened.isGood())
         return told(opened.failure());
     std::vector<PaneData::Overlay> overlays = m_chart->panes().front()->data()->overlays();
-    overlays.push_back({ opened->instrument,
-                         std::make_shared<const engine::BarSeries>(
-                             alignedTo(m_chart->state()->source()->timeMs, *opened->bars)) });
+    const QString key = TC::getDetailQsKey(opened->instrument);
+    const auto isSame = [&](const PaneData::Overlay& one) {
+        return TC::getDetailQsKey(one.instrument) == key;
+    };
+    overlays.erase(std::remove_if(overlays.begin(), overlays.end(), isSame), overlays.end());
+    overlays.push_back({ opened->instrument, opened->bars, scale, QFileInfo(path).absoluteFilePath() });
     m_chart->panes().front()->setOverlays(overlays);
     slotShowMessage(tr("已叠加 %1").arg(TC::getDetailQsName(opened->instrument)));
     return {};

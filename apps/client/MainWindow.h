@@ -62,7 +62,8 @@ public:
     /// Opens a trades file on the tick page; as openBars.
     base::Result<void> openTicks(const QString& path);
     /// Lays the prices of a bars file over the chart; as openBars.
-    base::Result<void> overlayBars(const QString& path);
+    base::Result<void> overlayBars(const QString& path,
+                                   PaneData::OverlayScale scale = PaneData::OverlayScale::Together);
     void clearOverlays();
     /// Chooses the bars file that INDEXC and its like read, and keeps it for later runs; as openBars.
     base::Result<void> compareWith(const QString& path);
@@ -109,6 +110,8 @@ private:
     void reopen();
     /// Shows as many bars as the last session did, as far behind the newest one.
     void showLastRange();
+    /// Lays over the chart what the last session did.
+    void overlayLast();
     void reopenTicks();
     void showParameters(const QString& formula);
     /// Gives a built-in formula other parameters wherever it is shown.

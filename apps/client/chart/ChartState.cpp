@@ -27,6 +27,7 @@ void ChartState::setBars(const Instrument& instrument, const Bars& bars)
     m_instrument = instrument;
     m_source = bars;
     gather();
+    forgetMeasured();
     m_crosshairBar = -1;
     m_slots = std::min(kUsualCount, barTotal()) + m_margin;
     m_first = std::max(0, barTotal() - kUsualCount);
@@ -43,6 +44,7 @@ void ChartState::setPeriod(const QString& key)
     const int slotCount = m_slots;
     m_periodKey = key;
     gather();
+    forgetMeasured();
     m_crosshairBar = -1;
     if (barTotal() > 0 && !wasNewest) {
         const auto& times = m_bars->timeMs;
@@ -131,6 +133,20 @@ void ChartState::setMagnetic(bool on)
 {
     m_isMagnetic = on;
     Q_EMIT sigCrosshairChanged();
+}
+
+void ChartState::setMeasured(const QObject* pane, const QPair<int, int>& bars)
+{
+    m_measuredBars = bars;
+    Q_EMIT sigMeasureChanged(pane);
+}
+
+void ChartState::forgetMeasured()
+{
+    if (!m_measuredBars)
+        return;
+    m_measuredBars.reset();
+    Q_EMIT sigMeasureChanged(nullptr);
 }
 
 std::vector<double> ChartState::priceLines() const

@@ -4,6 +4,7 @@
 #include "apps/base/FileNames.h"
 #include "apps/base/WholeFile.h"
 #include "apps/chart/PaneResults.h"
+#include "draw/CDrawStyle.h"
 #include "engine/Formulas.h"
 #include "engine/files/BarFile.h"
 #include "tests/support/ChildRun.h"
@@ -21,6 +22,8 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <cstring>
 
 namespace {
 
@@ -507,6 +510,73 @@ TEST_F(RenderProgram, TakesNumbersOfSharesFromTheUsersListOfInstruments)
         EXPECT_TRUE(known.contains(",0.6451\n") || known.endsWith(",0.6451"))
             << known.right(200).toStdString();
     }
+}
+
+TEST_F(RenderProgram, BoundsTheSizeOfVectorPicturesOfManyBars)
+{
+    QByteArray csv = "date,time,open,high,low,close,volume\n";
+    for (int bar = 0; bar < 40'000; ++bar) {
+        const int price = 1000 + bar % 613, minute = bar % 240;
+        const QDate day = QDate(2000, 1, 1).addDays(bar / 240);
+        csv += day.toString(Qt::ISODate).toLatin1()
+            + QString::asprintf(",%02d:%02d,%d,%d,%d,%d,%d\n", 9 + minute / 60, minute % 60, price, price + 9,
+                                price - 9, price + 5, 1 + bar % 977)
+                  .toLatin1();
+    }
+    ASSERT_FALSE(base::writeWholeFile(path("many.csv"), csv));
+    for (const char* name : { "out.svg", "out.pdf" }) {
+        const auto bytesOf = [&](int count) {
+            const Outcome result =
+                run({ QStringLiteral("--bars"), path("many.csv"), QStringLiteral("--count"),
+                      QString::number(count), QStringLiteral("--size"), QStringLiteral("800x600"),
+                      QStringLiteral("-o"), path(name) });
+            EXPECT_EQ(result.exitCode, 0) << result.error.toStdString();
+            return test::RecoveryFolders::contentOf(path(name));
+        };
+        const QByteArray many = bytesOf(40'000);
+        EXPECT_LT(many.size(), 1'000'000) << name;
+        const char* picture = std::strstr(name, "svg") ? "<image" : "/Subtype /Image";
+        // Arrows of the legends are pictures as well.
+        EXPECT_GE(many.count(picture), bytesOf(250).count(picture) + 3) << name << ": one a pane";
+    }
+    const QByteArray svg = test::RecoveryFolders::contentOf(path("out.svg"));
+    EXPECT_GT(svg.count("<text"), 10) << "axes and legends are text";
+}
+
+TEST_F(RenderProgram, LaysOtherInstrumentsOverTheFirstPane)
+{
+    const auto imageOf = [&](const QStringList& more) {
+        const Outcome result = run(QStringList { QStringLiteral("--bars"), sample("SH600030.csv"),
+                                                 QStringLiteral("-o"), path("out.png") }
+                                   + more);
+        EXPECT_EQ(result.exitCode, 0) << result.error.toStdString();
+        return QImage(path("out.png"));
+    };
+    const auto pixelsOf = [](const QImage& image, QRgb color) {
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                count += image.pixel(x, y) == color ? 1 : 0;
+        return count;
+    };
+    const TC::CDrawStyle reader; // reads the skin's palette
+    const int packed = TC::CDrawStyle::getIndexOutPutColorKey(6, 0, 0);
+    const QRgb color = qRgb(packed & 255, packed >> 8 & 255, packed >> 16 & 255);
+    const QString overlay = QStringLiteral("--overlay");
+    EXPECT_EQ(pixelsOf(imageOf({}), color), 0);
+    const QImage laid = imageOf({ overlay, sample("SH510050.csv") });
+    EXPECT_GT(pixelsOf(laid, color), 500);
+    EXPECT_NE(imageOf({ overlay, sample("SH510050.csv"), overlay, sample("SH000001.csv") }), laid);
+
+    QFile::remove(path("out.png"));
+    const auto refused = [&](const QStringList& arguments, const char* reason) {
+        expectRefused(run(arguments + QStringList { QStringLiteral("-o"), path("out.png") }), reason);
+    };
+    const QStringList share { QStringLiteral("--bars"), sample("SH600030.csv") };
+    refused(share + QStringList { overlay, path("none.csv") }, "none.csv");
+    refused(share + QStringList { overlay, sample("SH600030.csv") }, "shows SH600030 already");
+    refused({ QStringLiteral("--ticks"), sample("none.csv"), overlay, sample("SH510050.csv") },
+            "--overlay goes with --bars");
 }
 
 TEST_F(RenderProgram, PrintsHintsAndTakesTheFormulaAllTheSame)
