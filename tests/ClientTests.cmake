@@ -64,18 +64,3 @@ add_executable(recovery_steps ${CMAKE_CURRENT_SOURCE_DIR}/programs/RecoverySteps
 target_link_libraries(recovery_steps PRIVATE clientviews indicatorui_options)
 add_dependencies(unit_tests recovery_steps)
 target_compile_definitions(unit_tests PRIVATE RECOVERY_STEPS="$<TARGET_FILE:recovery_steps>")
-
-# The client as a screen reader reads it; the module that reads belongs to the system's Python.
-find_program(SESSION_BUS dbus-run-session)
-find_program(SYSTEM_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH)
-if(XVFB_RUN AND XDOTOOL AND WINDOW_MANAGER AND SESSION_BUS AND SYSTEM_PYTHON)
-    execute_process(COMMAND ${SYSTEM_PYTHON} -c "import gi; gi.require_version('Atspi', '2.0')"
-                    RESULT_VARIABLE without_atspi OUTPUT_QUIET ERROR_QUIET)
-    if(NOT without_atspi)
-        add_test(NAME client_is_read_by_screen_readers
-                 COMMAND sh ${CMAKE_CURRENT_SOURCE_DIR}/access/in_session.sh ${XVFB_RUN} -a -s "-screen 0 1600x1000x24" ${SYSTEM_PYTHON}
-                         ${CMAKE_CURRENT_SOURCE_DIR}/access/read_chart.py $<TARGET_FILE:indicatorui-client>
-                         ${PROJECT_SOURCE_DIR}/samples/bars/SH600030.csv ${XDOTOOL} ${WINDOW_MANAGER})
-        set_tests_properties(client_is_read_by_screen_readers PROPERTIES LABELS widget TIMEOUT 600)
-    endif()
-endif()
