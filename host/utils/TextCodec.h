@@ -18,8 +18,8 @@ namespace utils {
 /// A text and whether all bytes were characters of the encoding.
 struct DecodedText
 {
-    QString text; ///< U+FFFD stands for what is no character; a mark of byte order stays
-    bool isClean = true;
+    QString text;        ///< U+FFFD stands for what is no character; a mark of byte order stays
+    bool isClean = true; ///< false: some bytes were no character
 };
 
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)

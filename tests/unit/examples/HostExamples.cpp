@@ -20,6 +20,7 @@
 #include "host/ttservice/StockTypeCenter.h"
 #include "host/utils/CSingletonT.h"
 #include "host/utils/CivilDate.h"
+#include "host/utils/TextCodec.h"
 #include "recovery/CRecoveryVersionManager.h"
 #include "tests/support/RecoveryFolders.h"
 
@@ -147,6 +148,12 @@ TEST(HostExamples, SmallToolsCountAndFormat)
     //! [CivilDate]
     EXPECT_EQ(next.month, 3);
     EXPECT_EQ(next.day, 1);
+
+    //! [DecodedText]
+    const std::optional<utils::DecodedText> name = utils::decoded("\xC6\xD6\xB7\xA2", "GB18030");
+    const QString shown = name && name->isClean ? name->text : QString(); // "浦发"
+    //! [DecodedText]
+    EXPECT_EQ(shown, QStringLiteral("浦发"));
 
     //! [CSingletonT]
     auto* manager = utils::CSingletonT<TC::CStockManager>::instance(); // made by the first caller
