@@ -98,9 +98,9 @@ QString WriteFault::chinese() const
 }
 
 WholeFile::WholeFile(const QString& path)
+    : m_target(endOfLinks(bytesOfName(path)))
 {
     m_fault.path = path;
-    m_target = endOfLinks(bytesOfName(path));
     if (m_target.isEmpty()) {
         fail(systemWords(errno));
     } else if (const std::optional<mode_t> permissions = permissionsFor(m_target)) {

@@ -64,7 +64,7 @@ ChartPane::ChartPane(bool main, ChartState* state, FormulaSource* source, const 
     });
     connect(state, &ChartState::sigCrosshairChanged, this, [this] { showLegendOf(m_state->crosshairBar()); });
     connect(state, &ChartState::sigBarsChanged, this, &ChartPane::reloadStock);
-    reloadStock();
+    ChartPane::reloadStock();
     m_data->setFormulas(formulas);
 }
 
