@@ -8,6 +8,9 @@ install(TARGETS ${programs} EXPORT IndicatorUIApps
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT apps)
 install(EXPORT IndicatorUIApps NAMESPACE IndicatorUI:: DESTINATION ${package_folder} COMPONENT apps)
 
+if(WIN32)
+    return() # manual pages and menus of another kind
+endif()
 foreach(program IN LISTS programs)
     configure_file(${PROJECT_SOURCE_DIR}/packaging/man/${program}.1.in ${PROJECT_BINARY_DIR}/packaging/${program}.1
                    @ONLY)

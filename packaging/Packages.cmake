@@ -59,6 +59,7 @@ set(CPACK_DEBIAN_DEV_DESCRIPTION "indicator user interface of trading clients - 
 set(CPACK_DEBIAN_APPS_PACKAGE_NAME ${package_of_apps})
 set(CPACK_DEBIAN_APPS_PACKAGE_SECTION x11)
 set(CPACK_DEBIAN_APPS_PACKAGE_DEPENDS "${package_of_library} ${same}")
+set(CPACK_DEBIAN_APPS_PACKAGE_RECOMMENDS qttranslations5-l10n)
 set(CPACK_DEBIAN_APPS_DESCRIPTION "charts of market data with indicators of your own
  A client with charts, a formula editor and a stock basket, and a program
  that draws the same charts into pictures without a display.")

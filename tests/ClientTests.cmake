@@ -5,9 +5,8 @@ add_subdirectory(faults)
 # Tells what texts a program draws.
 add_library(drawn_texts MODULE ${CMAKE_CURRENT_SOURCE_DIR}/programs/DrawnTexts.cpp)
 target_link_libraries(drawn_texts PRIVATE ${QT}::Gui ${CMAKE_DL_LIBS} indicatorui_options)
-add_dependencies(unit_tests indicatorui-client drawn_texts)
-target_compile_definitions(unit_tests PRIVATE CLIENT_PROGRAM="$<TARGET_FILE:indicatorui-client>"
-                                              DRAWN_TEXTS="$<TARGET_FILE:drawn_texts>")
+add_dependencies(unit_tests drawn_texts)
+target_compile_definitions(unit_tests PRIVATE DRAWN_TEXTS="$<TARGET_FILE:drawn_texts>")
 
 # The client once more in real windows of an X server.
 find_program(XVFB_RUN xvfb-run)
@@ -42,6 +41,22 @@ if(XVFB_RUN AND XDOTOOL AND WINDOW_MANAGER AND NOT INDICATORUI_PLAIN_DOCKS)
     target_compile_definitions(soak PRIVATE CLIENT_PROGRAM="$<TARGET_FILE:indicatorui-client>"
                                             XDOTOOL="${XDOTOOL}" SAMPLES_DIR="${PROJECT_SOURCE_DIR}/samples")
     target_link_libraries(soak PRIVATE ${QT}::Core indicatorui_options)
+endif()
+
+# The client as a screen reader reads it; the module that reads belongs to the system's Python.
+find_program(SESSION_BUS dbus-run-session)
+find_program(SYSTEM_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH)
+if(XVFB_RUN AND XDOTOOL AND WINDOW_MANAGER AND SESSION_BUS AND SYSTEM_PYTHON)
+    execute_process(COMMAND ${SYSTEM_PYTHON} -c "import gi; gi.require_version('Atspi', '2.0')"
+                    RESULT_VARIABLE without_atspi OUTPUT_QUIET ERROR_QUIET)
+    if(NOT without_atspi)
+        add_test(NAME client_is_read_by_screen_readers
+                 COMMAND sh ${CMAKE_CURRENT_SOURCE_DIR}/access/in_session.sh ${XVFB_RUN} -a -s "-screen 0 1600x1000x24"
+                         ${SYSTEM_PYTHON} ${CMAKE_CURRENT_SOURCE_DIR}/access/read_chart.py
+                         $<TARGET_FILE:indicatorui-client> ${PROJECT_SOURCE_DIR}/samples/bars/SH600030.csv ${XDOTOOL}
+                         ${WINDOW_MANAGER})
+        set_tests_properties(client_is_read_by_screen_readers PROPERTIES LABELS widget TIMEOUT 600)
+    endif()
 endif()
 
 # A backup or a restore in a process of its own, which the recovery tests kill.

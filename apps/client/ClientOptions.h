@@ -14,6 +14,7 @@ struct ClientOptions
 {
     QStringList bars;     ///< CSV files of price bars
     QString follow;       ///< CSV file of bars or trades that another program appends to; empty: none
+    QString language;     ///< key of offeredLanguages(); empty: as the last run
     bool help = false;    ///< nothing else counts then
     bool version = false; ///< likewise
 };

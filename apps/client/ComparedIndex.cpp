@@ -3,6 +3,7 @@
 
 #include "apps/base/FileNames.h"
 #include "apps/base/WholeFile.h"
+#include "apps/client/language/Language.h"
 #include "host/TC/Folders.h"
 #include "host/TC/Instruments.h"
 
@@ -23,7 +24,7 @@ QString notePath()
 base::Result<void> keep(const QString& path)
 {
     if (const auto fault = base::writeWholeFile(notePath(), base::bytesOfName(path)))
-        return base::Failure { QStringLiteral("对照指数的设置未能保存：%1").arg(fault->chinese()) };
+        return base::Failure { ComparedIndex::tr("对照指数的设置未能保存：%1").arg(ownWords(*fault)) };
     return {};
 }
 
@@ -48,7 +49,7 @@ base::Result<void> ComparedIndex::restore()
         return {};
     base::Result<chart::OpenedBars> opened = chart::openBarsFile(path);
     if (!opened.isGood())
-        return base::Failure { QStringLiteral("对照指数打不开：%1").arg(opened.reason()) };
+        return base::Failure { tr("对照指数打不开：%1").arg(opened.reason()) };
     m_index = *opened;
     return {};
 }

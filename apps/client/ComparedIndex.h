@@ -5,6 +5,7 @@
 #include "apps/base/Result.h"
 #include "apps/chart/OpenedBars.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <memory>
@@ -15,6 +16,8 @@ namespace client {
 /// the file "comparedIndex" of TC::getConfigDir(). GUI thread only.
 class ComparedIndex
 {
+    Q_DECLARE_TR_FUNCTIONS(client::ComparedIndex)
+
 public:
     /// Opens a file and keeps its name. A file that cannot be opened changes nothing.
     base::Result<void> choose(const QString& path);

@@ -1,22 +1,30 @@
 // SPDX-License-Identifier: MIT
 #include "apps/client/EmptyPage.h"
 
+#include "apps/client/language/Language.h"
+
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace client {
 
-EmptyPage::EmptyPage(const QString& heading, const QString& advice, const QString& button, QWidget* parent)
+EmptyPage::EmptyPage(const std::function<Words()>& words, QWidget* parent)
     : QWidget(parent)
 {
-    auto* title = new QLabel(heading, this);
+    auto* title = new QLabel(this);
     QFont large = title->font();
     large.setPointSizeF(large.pointSizeF() > 0 ? large.pointSizeF() * 1.5 : 15);
     title->setFont(large);
-    auto* text = new QLabel(advice, this);
+    auto* text = new QLabel(this);
     text->setWordWrap(true);
-    auto* open = new QPushButton(button, this);
+    auto* open = new QPushButton(this);
+    followLanguage(this, [title, text, open, words] {
+        const Words said = words();
+        title->setText(said.heading);
+        text->setText(said.advice);
+        open->setText(said.button);
+    });
     connect(open, &QPushButton::clicked, this, &EmptyPage::sigOpen);
 
     auto* layout = new QVBoxLayout(this);

@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 namespace client {
 
 /// A heading, what to do, and a button that does it, in the middle of the page.
@@ -12,8 +14,13 @@ class EmptyPage : public QWidget
     Q_OBJECT
 
 public:
-    EmptyPage(const QString& heading, const QString& advice, const QString& button,
-              QWidget* parent = nullptr);
+    /// What the page says, in the chosen language.
+    struct Words
+    {
+        QString heading, advice, button;
+    };
+
+    explicit EmptyPage(const std::function<Words()>& words, QWidget* parent = nullptr);
 
 Q_SIGNALS:
     void sigOpen();

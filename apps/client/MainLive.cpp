@@ -5,6 +5,7 @@
 #include "apps/client/PanelIds.h"
 #include "apps/client/chart/ChartView.h"
 #include "apps/client/chart/TickView.h"
+#include "apps/client/language/Language.h"
 #include "apps/client/lists/InstrumentList.h"
 #include "apps/client/live/FollowedFile.h"
 #include "apps/client/live/Replay.h"
@@ -21,25 +22,32 @@ namespace client {
 
 void MainWindow::buildLiveMenu()
 {
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("实时(&L)"));
-    menu->addAction(QStringLiteral("跟随文件…"), this, [this] {
-        const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("跟随文件"), QString(),
-                                                          QStringLiteral("CSV (*.csv)"));
-        if (!path.isEmpty())
-            static_cast<void>(follow(path)); // a failure is shown
-    });
-    QAction* leave = menu->addAction(QStringLiteral("停止跟随"), this, [this] {
-        stopLive();
-        slotShowMessage(QStringLiteral("已停止跟随"));
-    });
+    QMenu* menu = titled(menuBar()->addMenu(QString()), [] { return tr("实时(&L)"); });
+    worded(menu->addAction(QString(), this,
+                           [this] {
+                               const QString path = QFileDialog::getOpenFileName(
+                                   this, tr("跟随文件"), QString(), QStringLiteral("CSV (*.csv)"));
+                               if (!path.isEmpty())
+                                   static_cast<void>(follow(path)); // a failure is shown
+                           }),
+           [] { return tr("跟随文件…"); });
+    QAction* leave = worded(menu->addAction(QString(), this,
+                                            [this] {
+                                                stopLive();
+                                                slotShowMessage(tr("已停止跟随"));
+                                            }),
+                            [] { return tr("停止跟随"); });
     menu->addSeparator();
-    menu->addAction(QStringLiteral("回放K线"), this, &MainWindow::replayBars);
-    menu->addAction(QStringLiteral("回放分笔"), this, &MainWindow::replayTicks);
+    worded(menu->addAction(QString(), this, &MainWindow::replayBars), [] {
+        return tr("回放K线");
+    })->setObjectName(QStringLiteral("replayBars"));
+    worded(menu->addAction(QString(), this, &MainWindow::replayTicks), [] { return tr("回放分笔"); });
     connect(menu, &QMenu::aboutToShow, this, [this, leave] { leave->setEnabled(m_followed != nullptr); });
 
     m_replay = new Replay(this);
     auto* steering = new ReplayBar(m_replay->clock());
-    auto* bar = new QToolBar(QStringLiteral("回放"), this);
+    auto* bar = new QToolBar(this);
+    followLanguage(bar, [bar] { bar->setWindowTitle(tr("回放")); });
     bar->setObjectName(QStringLiteral("replayBar"));
     bar->setMovable(false);
     bar->toggleViewAction()->setVisible(false); // it comes and goes with a replay
@@ -72,7 +80,7 @@ void MainWindow::leaveFollowed()
 void MainWindow::replayBars()
 {
     if (!m_chart->state()->bars()) {
-        slotShowMessage(QStringLiteral("先打开K线"));
+        slotShowMessage(tr("先打开K线"));
         return;
     }
     leaveFollowed();
@@ -84,7 +92,7 @@ void MainWindow::replayBars()
 void MainWindow::replayTicks()
 {
     if (m_ticks->opened().ticks == nullptr) {
-        slotShowMessage(QStringLiteral("先打开分笔"));
+        slotShowMessage(tr("先打开分笔"));
         return;
     }
     leaveFollowed();
@@ -106,7 +114,7 @@ base::Result<void> MainWindow::follow(const QString& path)
         m_followed.reset();
         return told(opened.failure());
     }
-    slotShowMessage(QStringLiteral("正在跟随 %1").arg(path));
+    slotShowMessage(tr("正在跟随 %1").arg(path));
     return {};
 }
 

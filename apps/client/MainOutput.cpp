@@ -4,6 +4,7 @@
 #include "apps/base/FileNames.h"
 #include "apps/client/MainWindow.h"
 #include "apps/client/chart/ChartView.h"
+#include "apps/client/language/Language.h"
 #include "apps/client/output/PageOutput.h"
 #include "host/TC/Instruments.h"
 
@@ -26,7 +27,7 @@ QStringList pictureForms()
 {
     QStringList forms;
     for (int factor = 1; factor <= PageOutput::kLargestFactor; ++factor)
-        forms << QStringLiteral("PNG %1 倍 (*.png)").arg(factor);
+        forms << MainWindow::tr("PNG %1 倍 (*.png)").arg(factor);
     return forms << QStringLiteral("SVG (*.svg)") << QStringLiteral("PDF (*.pdf)");
 }
 
@@ -41,14 +42,19 @@ QString suffixOf(int form)
 
 void MainWindow::buildOutputMenu(QMenu* menu)
 {
-    QAction* actions[] = { menu->addAction(
-                               QStringLiteral("导出图片…"), this, [this] { choosePicture(nullptr); },
-                               QKeySequence(QStringLiteral("Ctrl+S"))),
-                           menu->addAction(
-                               QStringLiteral("复制图片"), this, [this] { copyPicture(); },
-                               QKeySequence(QStringLiteral("Ctrl+Shift+C"))),
-                           menu->addAction(QStringLiteral("打印预览…"), this, &MainWindow::previewPrint,
-                                           QKeySequence::Print) };
+    const auto add = [this, menu](auto what, const QKeySequence& keys) {
+        return menu->addAction(QString(), this, what, keys);
+    };
+    QAction* actions[] = {
+        worded(add([this] { choosePicture(nullptr); }, QKeySequence(QStringLiteral("Ctrl+S"))),
+               [] { return tr("导出图片…"); }),
+        worded(add([this] { copyPicture(); }, QKeySequence(QStringLiteral("Ctrl+Shift+C"))),
+               [] { return tr("复制图片"); }),
+        worded(add(&MainWindow::previewPrint, QKeySequence::Print), [] { return tr("打印预览…"); })
+    };
+    actions[0]->setObjectName(QStringLiteral("savePicture"));
+    actions[1]->setObjectName(QStringLiteral("copyPicture"));
+    actions[2]->setObjectName(QStringLiteral("print"));
     const auto follow = [this, first = actions[0], second = actions[1], third = actions[2]] {
         for (QAction* action : { first, second, third })
             action->setEnabled(m_chart->state()->barTotal() > 0);
@@ -64,9 +70,9 @@ void MainWindow::choosePicture(ChartPane* only)
 {
     const QStringList forms = pictureForms();
     QString form = forms.at(1);
-    const QString what = only ? only->data()->getFormulas().join(QLatin1Char('-')) : QStringLiteral("图");
+    const QString what = only ? only->data()->getFormulas().join(QLatin1Char('-')) : tr("图");
     QString path = QFileDialog::getSaveFileName(
-        this, QStringLiteral("导出图片"),
+        this, tr("导出图片"),
         QStringLiteral("%1-%2.png").arg(TC::getDetailQsKey(m_chart->state()->instrument()), what),
         forms.join(QStringLiteral(";;")), &form);
     if (path.isEmpty())
@@ -83,7 +89,7 @@ base::Result<void> MainWindow::savePicture(const QString& path, int factor, Char
     const base::Result<void> saved = PageOutput(m_chart, only).save(path, factor);
     if (!saved.isGood())
         return told(saved.failure());
-    slotShowMessage(QStringLiteral("已导出 %1").arg(path));
+    slotShowMessage(tr("已导出 %1").arg(path));
     return {};
 }
 
@@ -92,7 +98,7 @@ void MainWindow::copyPicture(ChartPane* only)
     if (m_chart->state()->barTotal() == 0)
         return;
     QApplication::clipboard()->setImage(PageOutput(m_chart, only).image(std::ceil(devicePixelRatioF())));
-    slotShowMessage(QStringLiteral("图片已复制到剪贴板"));
+    slotShowMessage(tr("图片已复制到剪贴板"));
 }
 
 void MainWindow::previewPrint()
@@ -100,7 +106,7 @@ void MainWindow::previewPrint()
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageOrientation(QPageLayout::Landscape);
     QPrintPreviewDialog preview(&printer, this);
-    preview.setWindowTitle(QStringLiteral("打印预览"));
+    preview.setWindowTitle(tr("打印预览"));
     preview.resize(size() * 0.8);
     connect(&preview, &QPrintPreviewDialog::paintRequested, this,
             [this](QPrinter* paper) { PageOutput(m_chart).print(*paper); });

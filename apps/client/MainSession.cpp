@@ -3,9 +3,11 @@
 
 #include "apps/client/MainWindow.h"
 #include "apps/chart/OpenedBars.h"
+#include "apps/client/SkinDirections.h"
 #include "apps/client/chart/ChartView.h"
 #include "apps/client/chart/ParameterDialog.h"
 #include "apps/client/chart/TickView.h"
+#include "apps/client/language/Language.h"
 #include "apps/client/lists/InstrumentList.h"
 #include "engine/language/Formula.h"
 #include "host/TC/CFormulaOperateManager.h"
@@ -13,6 +15,7 @@
 #include "host/embedded/EmbeddedHost.h"
 #include "host/utils/CSingletonT.h"
 
+#include <QAction>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QMimeData>
@@ -43,16 +46,26 @@ QString firstFileOf(const QMimeData* data)
 void MainWindow::chooseSkin(const QString& nameOrPath)
 {
     const QString failure = TC::embedded::loadSkin(nameOrPath);
-    if (failure.isEmpty())
-        m_skin = nameOrPath;
-    else
-        slotShowMessage(failure);
+    if (!failure.isEmpty())
+        return slotShowMessage(failure);
+    m_skin = nameOrPath;
+    if (m_isGreenUp)
+        swapDirections();
+}
+
+void MainWindow::setGreenUp(bool on)
+{
+    if (on == m_isGreenUp)
+        return;
+    m_isGreenUp = on;
+    swapDirections();
 }
 
 void MainWindow::takeChoices()
 {
     if (!m_last.skin.isEmpty())
         chooseSkin(m_last.skin);
+    findChild<QAction*>(QStringLiteral("greenUp"))->setChecked(m_last.isGreenUp);
     for (const QStringList& formulas : m_last.panes.empty() ? usualPanes() : m_last.panes)
         m_chart->addPane(formulas);
     m_chart->take(m_last.chart);
@@ -116,7 +129,9 @@ Session MainWindow::session() const
 {
     const ChartState* state = m_chart->state();
     Session now;
+    now.language = chosenLanguage();
     now.skin = m_skin;
+    now.isGreenUp = m_isGreenUp;
     now.bars = m_barsPath.isEmpty() && isOpening() ? m_last.bars : m_barsPath;
     now.ticks = m_ticksPath;
     now.filter = m_instruments->filter();
@@ -142,16 +157,16 @@ void MainWindow::nameInstrument()
 
 void MainWindow::chooseBars()
 {
-    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("打开K线"), QString(),
-                                                      QStringLiteral("CSV (*.csv)"));
+    const QString path =
+        QFileDialog::getOpenFileName(this, tr("打开K线"), QString(), QStringLiteral("CSV (*.csv)"));
     if (!path.isEmpty())
         static_cast<void>(openBars(path)); // a failure is shown
 }
 
 void MainWindow::chooseTicks()
 {
-    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("打开分笔"), QString(),
-                                                      QStringLiteral("CSV (*.csv)"));
+    const QString path =
+        QFileDialog::getOpenFileName(this, tr("打开分笔"), QString(), QStringLiteral("CSV (*.csv)"));
     if (!path.isEmpty())
         static_cast<void>(openTicks(path));
 }

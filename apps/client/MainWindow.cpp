@@ -5,6 +5,7 @@
 #include "apps/base/WholeFile.h"
 #include "apps/chart/OpenedBars.h"
 #include "apps/client/PanelIds.h"
+#include "apps/client/access/ChartAccess.h"
 #include "apps/client/basket/BasketPanel.h"
 #include "apps/client/chart/BarAlignment.h"
 #include "apps/client/chart/ChartMenus.h"
@@ -12,6 +13,7 @@
 #include "apps/client/chart/TickView.h"
 #include "apps/client/docking/Panel.h"
 #include "apps/client/editor/FormulaEditor.h"
+#include "apps/client/language/Language.h"
 #include "apps/client/lists/FormulaList.h"
 #include "apps/client/lists/InstrumentList.h"
 #include "apps/client/lists/InstrumentSearch.h"
@@ -53,8 +55,8 @@ const QSize kFrame(16, 48);           // that window managers draw around a wind
 TC::CPositionNumber demoPositions()
 {
     TC::CPositionNumber positions;
-    positions.accounts = { { QStringLiteral("演示账户A"), 0, 1200, true },
-                           { QStringLiteral("演示账户B"), 0, -300, false } };
+    positions.accounts = { { MainWindow::tr("演示账户A"), 0, 1200, true },
+                           { MainWindow::tr("演示账户B"), 0, -300, false } };
     positions.summary.totalBuyAmount = 1234500.0;
     positions.summary.totalSellAmount = 567800.0;
     positions.summary.netBuyAmount = 666700.0;
@@ -68,41 +70,46 @@ TC::CPositionNumber demoPositions()
 
 } // namespace
 
-MainWindow::MainWindow()
+MainWindow::MainWindow(const QString& language)
     : m_docks(this, m_pool)
     , m_last(SessionKeeper::last())
     , m_keeper([this] { return session(); })
 {
+    describeCharts();
+    chooseLanguage(language.isEmpty() ? m_last.language : language);
     const QSize room = QGuiApplication::primaryScreen()->availableSize() - kFrame;
     resize(QSize(1400, 860).boundedTo(room.expandedTo(kUsable)));
     setAcceptDrops(true);
     m_indexName = new QLabel;
     m_indexName->setObjectName(QStringLiteral("comparedIndex"));
     m_indexName->hide();
+    followLanguage(this, [this] { nameIndex(); });
     m_opening = new BarsOpening;
-    connect(m_opening, &BarsOpening::sigCancelled, this,
-            [this] { slotShowMessage(QStringLiteral("已取消读取")); });
+    connect(m_opening, &BarsOpening::sigCancelled, this, [this] { slotShowMessage(tr("已取消读取")); });
     statusBar()->addPermanentWidget(m_opening);
     statusBar()->addPermanentWidget(m_indexName);
     buildPanels();
     nameInstrument();
     buildFileMenu();
     buildViewMenu();
-    addPeriodMenu(menuBar(), m_chart);
+    QMenu* periods = addPeriodMenu(menuBar(), m_chart);
     addChartMenu(menuBar(), m_chart);
     buildOverlayMenu();
     buildToolsMenu();
     buildLiveMenu();
+    buildHelpMenu();
+    buildToolBar(periods);
     takeChoices();
     connect(&m_keeper, &SessionKeeper::sigMessage, this, &MainWindow::slotShowMessage);
     connect(&m_keeper, &SessionKeeper::sigKeep, this, [this] { m_docks.saveChange(); });
-    statusBar()->showMessage(QStringLiteral("就绪"));
+    statusBar()->showMessage(tr("就绪"));
     m_chart->setFocus();
 }
 
 MainWindow::~MainWindow()
 {
     TC::embedded::setReloadReceiver({});
+    setGreenUp(false); // the skin outlives the window
 }
 
 void MainWindow::startRun()
@@ -142,11 +149,11 @@ void MainWindow::tellFormulaProblems(const QStringList& problems)
 {
     if (!problems.isEmpty()) {
         const QString others =
-            problems.size() > 1 ? QStringLiteral("（另有 %1 处）").arg(problems.size() - 1) : QString();
-        slotShowMessage(QStringLiteral("公式文件有误，有误的公式未载入：%1%2").arg(problems.front(), others));
+            problems.size() > 1 ? tr("（另有 %1 处）").arg(problems.size() - 1) : QString();
+        slotShowMessage(tr("公式文件有误，有误的公式未载入：%1%2").arg(problems.front(), others));
     }
     if (!QFile::exists(liveFormulasPath()) && !formulaVersions().empty())
-        slotShowMessage(QStringLiteral("没有公式文件；可用“工具”菜单的“恢复公式…”取回备份"));
+        slotShowMessage(tr("没有公式文件；可用“工具”菜单的“恢复公式…”取回备份"));
 }
 
 void MainWindow::reloadFormulas()
@@ -160,7 +167,7 @@ void MainWindow::showRestoreDialog(RestoreDialog::Occasion occasion)
     auto* dialog = new RestoreDialog(occasion, this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &RestoreDialog::restored, this,
-            [this](const QString& version) { slotShowMessage(QStringLiteral("已恢复 %1").arg(version)); });
+            [this](const QString& version) { slotShowMessage(tr("已恢复 %1").arg(version)); });
     dialog->open();
 }
 
@@ -219,10 +226,7 @@ void MainWindow::buildPanels()
                 splitter->setSizes({ kListWidth, kChartWidth });
         }
     }
-    for (const auto& [id, title] : kPanelTitles) {
-        if (ads::CDockWidget* dock = m_docks.dock(id))
-            dock->setWindowTitle(title);
-    }
+    followLanguage(this, [this] { namePanels(); });
     m_docks.rememberDefault();
 
     connect(m_chart, &ChartView::sigMessage, this, &MainWindow::slotShowMessage);
@@ -251,6 +255,27 @@ void MainWindow::buildPanels()
             [this](const QString& name) { m_chart->addPane({ name }); });
     connect(m_formulas, &FormulaList::sigEditRequested, this, &MainWindow::showFormulaEditor);
     connect(m_chart->state(), &ChartState::sigBarsChanged, this, &MainWindow::refreshDemoAccount);
+}
+
+void MainWindow::namePanels()
+{
+    const std::pair<QString, QString> titles[] = {
+        { kChartPanel, tr("K线图") },         { kTickPanel, tr("分笔成交") },
+        { kInstrumentPanel, tr("品种列表") }, { kQuotePanel, tr("行情报价") },
+        { kFormulaPanel, tr("指标公式") },    { kBasketPanel, tr("篮子管理") },
+        { kMessagePanel, tr("消息面板") },
+    };
+    for (const auto& [id, title] : titles) {
+        if (ads::CDockWidget* dock = m_docks.dock(id))
+            dock->setWindowTitle(title);
+    }
+    const std::pair<QWidget*, QString> contents[] = {
+        { m_chart, tr("K线图") },       { m_ticks, tr("分笔成交") },    { m_instruments, tr("品种列表") },
+        { m_quotes, tr("行情报价") },   { m_formulas, tr("指标公式") }, { m_basket, tr("篮子管理") },
+        { m_messages, tr("消息面板") },
+    };
+    for (const auto& [content, name] : contents)
+        content->setAccessibleName(name);
 }
 
 base::Failure MainWindow::told(const base::Failure& failure)
@@ -294,7 +319,7 @@ void MainWindow::showBars(const chart::OpenedBars& opened, const QString& path)
     m_barsPath = QFileInfo(path).absoluteFilePath();
     m_chart->state()->setBars(opened.instrument, m_index.beside(opened.bars));
     nameInstrument();
-    slotShowMessage(QStringLiteral("已打开 %1 %2（%3 根K线）")
+    slotShowMessage(tr("已打开 %1 %2（%3 根K线）")
                         .arg(TC::getDetailQsKey(opened.instrument), TC::getDetailQsName(opened.instrument),
                              QString::number(opened.bars->size())));
 }
@@ -309,7 +334,7 @@ base::Result<void> MainWindow::openTicks(const QString& path)
     m_ticks->setTicks(*opened);
     raisePanel(kTickPanel, m_ticks);
     slotShowMessage(
-        QStringLiteral("已打开 %1（%2 笔）")
+        tr("已打开 %1（%2 笔）")
             .arg(TC::getDetailQsName(opened->instrument), QString::number(opened->ticks->size())));
     return {};
 }
@@ -317,7 +342,7 @@ base::Result<void> MainWindow::openTicks(const QString& path)
 base::Result<void> MainWindow::overlayBars(const QString& path)
 {
     if (!m_chart->state()->bars())
-        return told({ QStringLiteral("先打开K线") });
+        return told({ tr("先打开K线") });
     base::Result<chart::OpenedBars> opened = chart::openBarsFile(path);
     if (!opened.isGood())
         return told(opened.failure());
@@ -326,7 +351,7 @@ base::Result<void> MainWindow::overlayBars(const QString& path)
                          std::make_shared<const engine::BarSeries>(
                              alignedTo(m_chart->state()->source()->timeMs, *opened->bars)) });
     m_chart->panes().front()->setOverlays(overlays);
-    slotShowMessage(QStringLiteral("已叠加 %1").arg(TC::getDetailQsName(opened->instrument)));
+    slotShowMessage(tr("已叠加 %1").arg(TC::getDetailQsName(opened->instrument)));
     return {};
 }
 
@@ -341,7 +366,7 @@ base::Result<void> MainWindow::compareWith(const QString& path)
     followIndex();
     if (!chosen.isGood())
         return told(chosen.failure());
-    slotShowMessage(QStringLiteral("对照指数：%1").arg(m_index.name()));
+    slotShowMessage(tr("对照指数：%1").arg(m_index.name()));
     return {};
 }
 
@@ -349,12 +374,17 @@ void MainWindow::compareWithNothing()
 {
     const base::Result<void> forgotten = m_index.forget();
     followIndex();
-    slotShowMessage(forgotten.isGood() ? QStringLiteral("已取消对照指数") : forgotten.reason());
+    slotShowMessage(forgotten.isGood() ? tr("已取消对照指数") : forgotten.reason());
+}
+
+void MainWindow::nameIndex()
+{
+    m_indexName->setText(tr("对照指数：%1").arg(base::printable(m_index.name())));
 }
 
 void MainWindow::followIndex()
 {
-    m_indexName->setText(QStringLiteral("对照指数：%1").arg(base::printable(m_index.name())));
+    nameIndex();
     m_indexName->setHidden(m_index.name().isEmpty());
     ChartState* state = m_chart->state();
     const std::shared_ptr<const engine::BarSeries> bars = m_index.beside(state->source());
@@ -369,8 +399,7 @@ void MainWindow::setDemoAccount(bool on)
 {
     m_demoAccount = on;
     refreshDemoAccount();
-    slotShowMessage(on ? QStringLiteral("演示账户已打开：成交与持仓均为虚构")
-                       : QStringLiteral("演示账户已关闭"));
+    slotShowMessage(on ? tr("演示账户已打开：成交与持仓均为虚构") : tr("演示账户已关闭"));
 }
 
 void MainWindow::refreshDemoAccount()
@@ -407,8 +436,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     }
     m_keeper.keep();
     const QString failure = m_docks.save().reason();
-    if (!failure.isEmpty()
-        && !isConfirmed(this, failure + QStringLiteral("\n仍然退出？"), QStringLiteral("退出"))) {
+    if (!failure.isEmpty() && !isConfirmed(this, failure + tr("\n仍然退出？"), tr("退出"))) {
         event->ignore();
         return;
     }

@@ -40,6 +40,7 @@ class InstrumentSearch;
 class MessageList;
 class QuoteList;
 class Replay;
+class ShortcutSheet;
 class TickView;
 
 /// Chart, ticks, basket, instruments, formulas and messages as dock panels, with menus. GUI thread only.
@@ -48,7 +49,8 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    MainWindow();
+    /// @param language  of offeredLanguages(); empty: that of the last run.
+    explicit MainWindow(const QString& language = QString());
     ~MainWindow() override;
 
     /// Opens a bars file. A failure is shown as well. A large file is read while the window goes on; what it
@@ -83,6 +85,8 @@ public:
 
     /// Loads a skin by its name or file. A failure is shown.
     void chooseSkin(const QString& nameOrPath);
+    /// Shows rises in green and falls in red, whatever the skin, or as the skin has them.
+    void setGreenUp(bool on);
 
     ChartView* chart() { return m_chart; }
     TickView* ticks() { return m_ticks; }
@@ -121,9 +125,17 @@ private:
     void buildPanels();
     void buildFileMenu();
     void buildViewMenu();
+    void addLanguages(QMenu* menu);
+    QString skinWords(const QString& name) const;
     void buildOverlayMenu();
     void buildToolsMenu();
     void buildLiveMenu();
+    void buildHelpMenu();
+    /// @param periods  the menu of periods.
+    void buildToolBar(QMenu* periods);
+    void buildPanelKeys(QMenu* menu);
+    void goToPanel(int step);
+    void showShortcuts();
     void buildOutputMenu(QMenu* menu);
     /// Ctrl+V goes to the panel that is in front, wherever the focus is.
     void pasteIntoRaised();
@@ -138,6 +150,7 @@ private:
     void refreshDemoAccount();
     /// Lets the formulas read the index that is chosen now, and the status line name it.
     void followIndex();
+    void nameIndex();
     /// Shows a failure and hands it on.
     base::Failure told(const base::Failure& failure);
     /// Restores the arrangement, mends what the previous run left unfinished, starts the mark of a running
@@ -145,9 +158,12 @@ private:
     void startRun();
     /// Shows a message where there is one.
     void tell(const QString& text);
+    /// Titles of the panels, in the chosen language.
+    void namePanels();
     /// Says what is wrong with the file of the user's formulas, if anything.
     void tellFormulaProblems(const QStringList& problems);
     void reloadFormulas();
+    void backUp();
     void showRestoreDialog(RestoreDialog::Occasion occasion);
     /// @param formula  what to open by its display name; empty: what the editor shows anyway.
     void showFormulaEditor(const QString& formula);
@@ -170,7 +186,8 @@ private:
     MessageList* m_messages = nullptr;
     std::unique_ptr<FollowedFile> m_followed; ///< null without one
     Replay* m_replay = nullptr;
-    QPointer<FormulaEditor> m_editor; ///< while it is open
+    QPointer<FormulaEditor> m_editor;    ///< while it is open
+    QPointer<ShortcutSheet> m_shortcuts; ///< likewise
     ComparedIndex m_index;
     BarsOpening* m_opening = nullptr; ///< in the status line
     QLabel* m_indexName = nullptr;    ///< in the status line; hidden without an index
@@ -179,6 +196,7 @@ private:
     QString m_barsPath, m_ticksPath;             ///< of what is open
     QString m_skin;                              ///< as it was chosen: a name or a path
     QMap<QString, QVector<double>> m_parameters; ///< that the user changed
+    bool m_isGreenUp = false;
     bool m_demoAccount = false;
     bool m_restored = false;
 };

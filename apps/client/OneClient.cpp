@@ -18,7 +18,7 @@ QString OneClient::enter()
         m_isFirst = m_lock->removeStaleLockFile() && m_lock->tryLock(0);
     if (m_isFirst)
         return QString();
-    return QStringLiteral("另一个客户端正在运行（进程 %1）：本窗口的面板布局不会保存。").arg(process);
+    return tr("另一个客户端正在运行（进程 %1）：本窗口的面板布局不会保存。").arg(process);
 }
 
 } // namespace client

@@ -2,6 +2,7 @@
 #pragma once
 /// @file Which of the clients that run at once may write the shared files of the configuration.
 
+#include <QCoreApplication>
 #include <QLockFile>
 #include <QString>
 
@@ -13,6 +14,8 @@ namespace client {
 /// leave the arrangement's file, the mark of a running client and unfinished work of others alone.
 class OneClient
 {
+    Q_DECLARE_TR_FUNCTIONS(client::OneClient)
+
 public:
     /// Takes the lock if nobody has it. @return what to tell the user; empty for the first client.
     QString enter();

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
-/// @file Identifiers of the client's panels. Titles come from the library's table where they say what is
-/// inside.
+/// @file Identifiers of the client's panels.
 
 #include <QString>
-
-#include <utility>
+#include <QStringList>
 
 namespace client {
 
@@ -17,11 +15,8 @@ inline const QString kQuotePanel = QStringLiteral("quoteList");
 inline const QString kFormulaPanel = QStringLiteral("F7index");
 inline const QString kMessagePanel = QStringLiteral("messagePanel");
 
-/// Titles of the panels that hold something else here than the library's table says.
-inline const std::pair<QString, QString> kPanelTitles[] = {
-    { kChartPanel, QStringLiteral("K线图") },         { kTickPanel, QStringLiteral("分笔成交") },
-    { kInstrumentPanel, QStringLiteral("品种列表") }, { kQuotePanel, QStringLiteral("行情报价") },
-    { kFormulaPanel, QStringLiteral("指标公式") },
-};
+/// In the order in which menu and keys go through them.
+inline const QStringList kPanels = { kChartPanel,      kTickPanel,    kQuotePanel,  kBasketPanel,
+                                     kInstrumentPanel, kFormulaPanel, kMessagePanel };
 
 } // namespace client

@@ -2,12 +2,23 @@
 #include "apps/client/PlainTexts.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
 namespace client {
+
+namespace {
+
+/// Of this file, for the catalogue.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(PlainTexts)
+};
+
+} // namespace
 
 PlainTexts::PlainTexts()
 {
@@ -36,7 +47,7 @@ bool isConfirmed(QWidget* parent, const QString& question, const QString& yes)
                     QMessageBox::NoButton, parent);
     box.setTextFormat(Qt::PlainText);
     const QPushButton* agreed = box.addButton(yes, QMessageBox::AcceptRole);
-    QPushButton* declined = box.addButton(QStringLiteral("取消"), QMessageBox::RejectRole);
+    QPushButton* declined = box.addButton(Texts::tr("取消"), QMessageBox::RejectRole);
     box.setDefaultButton(declined);
     box.setEscapeButton(declined);
     box.exec();

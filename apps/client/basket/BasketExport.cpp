@@ -5,6 +5,7 @@
 #include "host/embedded/TableSetup.h"
 #include "stocklist/CParserStockExeclTable.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
@@ -12,6 +13,12 @@
 namespace client {
 
 namespace {
+
+/// Of this file, for the catalogue.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(BasketExport)
+};
 
 constexpr qint64 kCoarsestStampMs = 2000; // file systems that count in two seconds
 
@@ -39,11 +46,10 @@ QString exportBasket(TC::CParserStockExeclTable& table)
         return QString();
     const QString name = base::printable(path);
     if (!path.endsWith(QLatin1String(".txt")) && !path.endsWith(QLatin1String(".csv")))
-        return QStringLiteral("未导出：文件名要以 .txt 或 .csv 结尾（%1）").arg(name);
+        return Texts::tr("未导出：文件名要以 .txt 或 .csv 结尾（%1）").arg(name);
     const int lines = table.rowCount() + 1;
-    return holdsLines(path, lines, begin)
-        ? QStringLiteral("已导出 %1 行到 %2").arg(table.rowCount()).arg(name)
-        : QStringLiteral("导出失败，文件不完整或未写入：%1").arg(name);
+    return holdsLines(path, lines, begin) ? Texts::tr("已导出 %1 行到 %2").arg(table.rowCount()).arg(name)
+                                          : Texts::tr("导出失败，文件不完整或未写入：%1").arg(name);
 }
 
 } // namespace client

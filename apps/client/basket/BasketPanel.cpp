@@ -6,6 +6,7 @@
 #include "apps/client/basket/BasketExport.h"
 #include "apps/client/basket/ImportReport.h"
 #include "apps/client/basket/WeightTable.h"
+#include "apps/client/language/Language.h"
 #include "host/TC/CStockManager.h"
 #include "host/utils/CSingletonT.h"
 
@@ -33,6 +34,7 @@ namespace client {
 
 namespace {
 
+constexpr int kRules = 6;           // of weights
 constexpr double kSeed = 1.0;       // least relative weight before the first row
 constexpr int kProgressDelay = 400; // milliseconds before the progress window appears
 
@@ -63,7 +65,7 @@ BasketPanel::BasketPanel(QWidget* parent)
     , m_table(new WeightTable(this))
     , m_rule(new QComboBox(this))
     , m_report(new QLabel(this))
-    , m_offer(new QPushButton(QStringLiteral("改用等权"), this))
+    , m_offer(new QPushButton(this))
 {
     setAcceptDrops(true);
     setFocusProxy(m_table);
@@ -106,23 +108,32 @@ QWidget* BasketPanel::buildBar()
     auto* layout = new QHBoxLayout(bar);
     layout->setContentsMargins(0, 0, 0, 0);
 
-    auto* open = new QPushButton(QStringLiteral("导入…"), bar);
+    auto* open = worded(new QPushButton(bar), [] { return tr("导入…"); });
     connect(open, &QPushButton::clicked, this, &BasketPanel::chooseFile);
-    auto* clear = new QPushButton(QStringLiteral("清空"), bar);
+    auto* clear = worded(new QPushButton(bar), [] { return tr("清空"); });
     connect(clear, &QPushButton::clicked, this, [this] { m_table->clearAll(); });
 
-    m_rule->addItems({ QStringLiteral("等权"), QStringLiteral("相对权重"), QStringLiteral("流通市值"),
-                       QStringLiteral("总市值"), QStringLiteral("绝对权重"), QStringLiteral("股数") });
+    for (int rule = 0; rule < kRules; ++rule)
+        m_rule->addItem(QString());
     m_rule->setCurrentIndex(m_table->getWeightType());
-    m_rule->setToolTip(QStringLiteral("权重规则"));
     connect(m_rule, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &BasketPanel::chooseRule);
 
     auto* filter = new QLineEdit(bar);
-    filter->setPlaceholderText(QStringLiteral("过滤：代码、名称、拼音"));
     filter->setClearButtonEnabled(true);
     connect(filter, &QLineEdit::textChanged, this, &BasketPanel::slotFilter);
 
-    auto* readOnly = new QCheckBox(QStringLiteral("只读"), bar);
+    auto* readOnly = worded(new QCheckBox(bar), [] { return tr("只读"); });
+    followLanguage(this, [this, filter] {
+        const QString rules[kRules] = { tr("等权"),   tr("相对权重"), tr("流通市值"),
+                                        tr("总市值"), tr("绝对权重"), tr("股数") };
+        for (int rule = 0; rule < kRules; ++rule)
+            m_rule->setItemText(rule, rules[rule]);
+        m_rule->setToolTip(tr("权重规则"));
+        m_rule->setAccessibleName(tr("权重规则"));
+        filter->setAccessibleName(tr("过滤：代码、名称、拼音"));
+        m_table->setAccessibleName(tr("权重表"));
+        filter->setPlaceholderText(tr("过滤：代码、名称、拼音"));
+    });
     connect(readOnly, &QCheckBox::toggled, this, [this](bool on) {
         m_table->setReadOnly(on);
         m_table->reCalc();
@@ -139,7 +150,11 @@ QWidget* BasketPanel::buildReport()
 {
     m_report->setTextFormat(Qt::PlainText);
     m_report->setWordWrap(true);
-    m_report->setText(QStringLiteral("拖入或打开 .csv .txt .xlsx .xls，或按 Ctrl+V 粘贴"));
+    worded(m_offer, [] { return tr("改用等权"); });
+    followLanguage(this, [this] { // what was found before stays told as it was
+        if (m_table->getAllStock().isEmpty())
+            m_report->setText(tr("拖入或打开 .csv .txt .xlsx .xls，或按 Ctrl+V 粘贴"));
+    });
     m_offer->hide();
     connect(m_offer, &QPushButton::clicked, this, [this] { m_rule->setCurrentIndex(0); });
     auto* row = new QWidget(this);
@@ -156,8 +171,8 @@ void BasketPanel::chooseRule(int rule)
     if (rule == before)
         return;
     const QString question =
-        QStringLiteral("“%1”会用算出的权重覆盖已输入或导入的权重，不能恢复。").arg(m_rule->itemText(rule));
-    if (m_table->wouldOverwrite(rule) && !isConfirmed(this, question, QStringLiteral("覆盖"))) {
+        tr("“%1”会用算出的权重覆盖已输入或导入的权重，不能恢复。").arg(m_rule->itemText(rule));
+    if (m_table->wouldOverwrite(rule) && !isConfirmed(this, question, tr("覆盖"))) {
         m_rule->setCurrentIndex(before);
         return;
     }
@@ -167,8 +182,8 @@ void BasketPanel::chooseRule(int rule)
 
 void BasketPanel::chooseFile()
 {
-    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("导入股票"), QString(),
-                                                      QStringLiteral("股票列表 (*.csv *.txt *.xlsx *.xls)"));
+    const QString path = QFileDialog::getOpenFileName(this, tr("导入股票"), QString(),
+                                                      tr("股票列表 (*.csv *.txt *.xlsx *.xls)"));
     if (!path.isEmpty())
         importFile(path);
 }
@@ -176,8 +191,7 @@ void BasketPanel::chooseFile()
 void BasketPanel::importFile(const QString& path)
 {
     if (!isKnownKind(path)) {
-        Q_EMIT sigMessage(
-            QStringLiteral("%1：只能导入 .csv .txt .xlsx .xls").arg(QFileInfo(path).fileName()));
+        Q_EMIT sigMessage(tr("%1：只能导入 .csv .txt .xlsx .xls").arg(QFileInfo(path).fileName()));
         return;
     }
     if (m_cancelled)
@@ -199,8 +213,8 @@ void BasketPanel::startImport(const QString& path)
     const std::shared_ptr<std::atomic<bool>> cancelled = m_cancelled;
     utils::CSingletonT<TC::CStockManager>::instance()->getInstrumentDetail(QString()); // loads on this thread
 
-    auto* progress = new QProgressDialog(QStringLiteral("正在导入 %1").arg(QFileInfo(path).fileName()),
-                                         QStringLiteral("取消"), 0, 0, this);
+    auto* progress =
+        new QProgressDialog(tr("正在导入 %1").arg(QFileInfo(path).fileName()), tr("取消"), 0, 0, this);
     progress->setMinimumDuration(kProgressDelay);
     connect(progress, &QProgressDialog::canceled, this, [cancelled] { *cancelled = true; });
 
@@ -209,7 +223,7 @@ void BasketPanel::startImport(const QString& path)
         progress->deleteLater();
         watcher->deleteLater();
         if (*cancelled)
-            Q_EMIT sigMessage(QStringLiteral("已取消导入 %1").arg(QFileInfo(path).fileName()));
+            Q_EMIT sigMessage(tr("已取消导入 %1").arg(QFileInfo(path).fileName()));
         else
             add(watcher->result(), QFileInfo(path).fileName());
         startNext();
@@ -239,7 +253,7 @@ void BasketPanel::slotPaste()
     if (!codes.isEmpty() && codes.last().isEmpty())
         codes.removeLast(); // behind the last line end
     import.report = reportOn(codes, false);
-    add(import, QStringLiteral("剪贴板"));
+    add(import, tr("剪贴板"));
 }
 
 void BasketPanel::slotFilter(const QString& text)
@@ -253,7 +267,7 @@ void BasketPanel::add(Import import, const QString& source)
     const bool lacksWeights =
         !hasWeights && !import.found.isEmpty() && !WeightTable::isComputed(m_table->getWeightType());
     m_offer->setVisible(lacksWeights);
-    tell(import.report.text(source) + (lacksWeights ? QStringLiteral("；没有读到权重") : QString()));
+    tell(import.report.text(source) + (lacksWeights ? tr("；没有读到权重") : QString()));
 }
 
 void BasketPanel::tell(const QString& line)

@@ -9,11 +9,19 @@
 #include "host/ttservice/StockTypeCenter.h"
 #include "host/utils/CSingletonT.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace client {
 
 namespace {
+
+/// Of this file, for the catalogue.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(ImportReport)
+};
 
 constexpr int kAShare = 100003;
 constexpr int kCodeLength = 6;
@@ -44,20 +52,18 @@ QString ImportReport::text(const QString& source) const
 {
     QStringList skipped;
     if (empty > 0)
-        skipped << QStringLiteral("空行 %1").arg(empty);
+        skipped << Texts::tr("空行 %1").arg(empty);
     if (unknown > 0)
-        skipped << QStringLiteral("代码未知 %1").arg(unknown);
+        skipped << Texts::tr("代码未知 %1").arg(unknown);
     if (otherKind > 0)
-        skipped << QStringLiteral("非A股 %1").arg(otherKind);
-    QString line = QStringLiteral("%1：读入 %2 行，识别 %3 行").arg(source).arg(rows).arg(recognised);
+        skipped << Texts::tr("非A股 %1").arg(otherKind);
+    QString line = Texts::tr("%1：读入 %2 行，识别 %3 行").arg(source).arg(rows).arg(recognised);
     if (!skipped.isEmpty())
-        line += QStringLiteral("，跳过 %1 行（%2）")
-                    .arg(rows - recognised)
-                    .arg(skipped.join(QStringLiteral("，")));
+        line += Texts::tr("，跳过 %1 行（%2）").arg(rows - recognised).arg(skipped.join(Texts::tr("，")));
     if (!examples.isEmpty())
-        line += QStringLiteral("，例如 %1").arg(examples.join(QStringLiteral("、")));
+        line += Texts::tr("，例如 %1").arg(examples.join(Texts::tr("、")));
     if (!trouble.isEmpty())
-        line += QStringLiteral("；%1").arg(trouble);
+        line += Texts::tr("；%1").arg(trouble);
     return line;
 }
 

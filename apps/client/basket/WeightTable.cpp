@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/client/basket/WeightTable.h"
 
+#include "apps/client/language/Language.h"
 #include "host/TC/CStockManager.h"
 #include "host/WB/TableEvents.h"
 #include "host/embedded/InstrumentSetup.h"
@@ -41,7 +42,7 @@ bool bringsWeight(const TC::ParserStockDetail& stock)
 WeightTable::WeightTable(QWidget* parent)
     : TC::CParserStockExeclTable(0, parent, {})
 {
-    markHeaders(false);
+    followLanguage(this, [this] { rowCount() > 0 ? filterColumn() : markHeaders(false); });
 }
 
 bool WeightTable::isComputed(int rule)
@@ -100,9 +101,9 @@ void WeightTable::markFigures()
         anySynthetic = anySynthetic || isSynthetic;
         for (int column : { int(EColumn_Relative), int(EColumn_Absolute) }) {
             if (!isKnown)
-                setCellText(row, column, QStringLiteral("无市值数据"));
+                setCellText(row, column, tr("无市值数据"));
             else if (isSynthetic)
-                setCellText(row, column, QStringLiteral("虚构 ") + cellText(row, column));
+                setCellText(row, column, tr("虚构 ") + cellText(row, column));
         }
     }
     markHeaders(anySynthetic);
@@ -110,15 +111,16 @@ void WeightTable::markFigures()
 
 void WeightTable::markHeaders(bool synthetic)
 {
-    constexpr int plainWidth = 90, markedWidth = 130; // pixels: ten digits behind the mark
-    const QString relative = synthetic ? QStringLiteral("相对权重(虚构)") : QStringLiteral("相对权重");
+    constexpr int plainWidth = 90, markedWidth = 130, padding = 8; // pixels: ten digits behind the mark
+    const QString relative = synthetic ? tr("相对权重(虚构)") : tr("相对权重");
     if (columnHeader(EColumn_Relative) == relative && rowCount() > 0)
         return;
     setColumnHeader(EColumn_Relative, relative);
-    setColumnHeader(EColumn_Absolute,
-                    synthetic ? QStringLiteral("绝对权重(%,虚构)") : QStringLiteral("绝对权重(%)"));
-    for (int column : { int(EColumn_Relative), int(EColumn_Absolute) })
-        setColumnWidth(column, synthetic ? markedWidth : plainWidth);
+    setColumnHeader(EColumn_Absolute, synthetic ? tr("绝对权重(%,虚构)") : tr("绝对权重(%)"));
+    for (int column : { int(EColumn_Relative), int(EColumn_Absolute) }) {
+        const int title = fontMetrics().horizontalAdvance(columnHeader(column)) + 2 * padding;
+        setColumnWidth(column, std::max(synthetic ? markedWidth : plainWidth, title));
+    }
 }
 
 bool WeightTable::handleEvent(int id, int row, int col, QString text, void* block)

@@ -5,6 +5,7 @@
 #include "apps/chart/LongerBars.h"
 #include "apps/client/chart/ChartView.h"
 #include "apps/client/chart/DateJump.h"
+#include "apps/client/language/Language.h"
 
 #include <QActionGroup>
 #include <QMenuBar>
@@ -13,13 +14,24 @@ namespace client {
 
 namespace {
 
-QAction* addChoice(QMenu* menu, QActionGroup* group, const QString& text)
+/// @param words  says the action's text in the chosen language.
+template <typename Words>
+QAction* addChoice(QMenu* menu, QActionGroup* group, Words words)
 {
-    QAction* action = menu->addAction(text);
+    QAction* action = worded(menu->addAction(QString()), words);
     action->setCheckable(true);
     group->addAction(action);
     return action;
 }
+
+/// The library's names of the periods, for the catalogue.
+[[maybe_unused]] const char* const kPeriodNames[] = {
+    QT_TRANSLATE_NOOP("client::ChartView", "5分钟"),  QT_TRANSLATE_NOOP("client::ChartView", "15分钟"),
+    QT_TRANSLATE_NOOP("client::ChartView", "30分钟"), QT_TRANSLATE_NOOP("client::ChartView", "60分钟"),
+    QT_TRANSLATE_NOOP("client::ChartView", "日线"),   QT_TRANSLATE_NOOP("client::ChartView", "周线"),
+    QT_TRANSLATE_NOOP("client::ChartView", "月线"),   QT_TRANSLATE_NOOP("client::ChartView", "季线"),
+    QT_TRANSLATE_NOOP("client::ChartView", "年线")
+};
 
 /// The periods that the opened bars can be shown in; the empty key stands for their own.
 QStringList possiblePeriods(const ChartState& state)
@@ -54,11 +66,12 @@ void followPeriod(const ChartState& state, const QList<QAction*>& actions)
 
 void addMargins(QMenu* menu, ChartState* state)
 {
-    QMenu* margins = menu->addMenu(QStringLiteral("右侧留白"));
+    QMenu* margins = titled(menu->addMenu(QString()), [] { return ChartView::tr("右侧留白"); });
     auto* group = new QActionGroup(margins);
     for (int slotCount : { 0, 5, 10, 20, 40 }) {
-        QAction* action = addChoice(
-            margins, group, slotCount == 0 ? QStringLiteral("无") : QStringLiteral("%1 根").arg(slotCount));
+        QAction* action = addChoice(margins, group, [slotCount] {
+            return slotCount == 0 ? ChartView::tr("无") : ChartView::tr("%1 根").arg(slotCount);
+        });
         QObject::connect(action, &QAction::triggered, state, [=] { state->setMargin(slotCount); });
         QObject::connect(margins, &QMenu::aboutToShow, action,
                          [=] { action->setChecked(state->margin() == slotCount); });
@@ -68,17 +81,17 @@ void addMargins(QMenu* menu, ChartState* state)
 void addAxisKinds(QMenu* menu, ChartState* state)
 {
     using chart::AxisKind;
-    const std::pair<AxisKind, QString> kinds[] = {
-        { AxisKind::Linear, QStringLiteral("普通坐标") },
-        { AxisKind::Logarithmic, QStringLiteral("对数坐标") },
-        { AxisKind::Percent, QStringLiteral("百分比坐标") },
-        { AxisKind::Indexed, QStringLiteral("指数坐标（起点为100）") },
+    const std::pair<AxisKind, QString (*)()> kinds[] = {
+        { AxisKind::Linear, [] { return ChartView::tr("普通坐标"); } },
+        { AxisKind::Logarithmic, [] { return ChartView::tr("对数坐标"); } },
+        { AxisKind::Percent, [] { return ChartView::tr("百分比坐标"); } },
+        { AxisKind::Indexed, [] { return ChartView::tr("指数坐标（起点为100）"); } },
     };
-    QMenu* axes = menu->addMenu(QStringLiteral("价格坐标"));
+    QMenu* axes = titled(menu->addMenu(QString()), [] { return ChartView::tr("价格坐标"); });
     auto* group = new QActionGroup(axes);
     int key = Qt::Key_1;
-    for (const auto& [kind, text] : kinds) {
-        QAction* action = addChoice(axes, group, text);
+    for (const auto& [kind, words] : kinds) {
+        QAction* action = addChoice(axes, group, words);
         action->setShortcut(Qt::CTRL + Qt::ALT + key++);
         action->setChecked(kind == state->axisKind());
         QObject::connect(action, &QAction::triggered, state,
@@ -90,54 +103,69 @@ void addAxisKinds(QMenu* menu, ChartState* state)
 
 void addMagnet(QMenu* menu, ChartState* state)
 {
-    QAction* action = menu->addAction(QStringLiteral("十字光标吸附收盘价"));
+    QAction* action = worded(menu->addAction(QString()), [] { return ChartView::tr("十字光标吸附收盘价"); });
     action->setCheckable(true);
+    action->setObjectName(QStringLiteral("magnet"));
     action->setShortcut(QKeySequence(QStringLiteral("Ctrl+M")));
     QObject::connect(action, &QAction::triggered, state, &ChartState::setMagnetic);
-    QObject::connect(menu, &QMenu::aboutToShow, action, [=] { action->setChecked(state->isMagnetic()); });
+    QObject::connect(state, &ChartState::sigAxisChanged, action,
+                     [=] { action->setChecked(state->isMagnetic()); });
+}
+
+/// What keys do on the chart, for those who look for it.
+void addMoves(QMenu* menu, const ChartView* chart)
+{
+    QMenu* moves = titled(menu->addMenu(QString()), [] { return ChartView::tr("移动与缩放"); });
+    moves->addActions(chart->actions());
 }
 
 } // namespace
 
-void addPeriodMenu(QMenuBar* bar, ChartView* chart)
+QMenu* addPeriodMenu(QMenuBar* bar, ChartView* chart)
 {
     ChartState* state = chart->state();
-    QMenu* menu = bar->addMenu(QStringLiteral("周期(&P)"));
+    QMenu* menu = titled(bar->addMenu(QString()), [] { return ChartView::tr("周期(&P)"); });
     auto* group = new QActionGroup(menu);
-    const auto add = [&](const QString& text, const QString& key) {
-        QAction* action = addChoice(menu, group, text);
+    const auto add = [&](auto words, const QString& key) {
+        QAction* action = addChoice(menu, group, words);
         action->setData(key);
         QObject::connect(action, &QAction::triggered, state, [state, key] { state->setPeriod(key); });
         return action;
     };
-    add(QStringLiteral("原始周期"), QString())->setShortcut(QKeySequence(QStringLiteral("Ctrl+0")));
+    add([] { return ChartView::tr("原始周期"); }, QString())
+        ->setShortcut(QKeySequence(QStringLiteral("Ctrl+0")));
     menu->addSeparator();
     int key = Qt::Key_1;
     for (const chart::OfferedPeriod& period : chart::offeredPeriods())
-        add(period.title, period.key)->setShortcut(Qt::CTRL + key++);
+        add([period] { return ChartView::tr(period.title.toUtf8()); }, period.key)
+            ->setShortcut(Qt::CTRL + key++);
     menu->addSeparator();
-    menu->addAction(
-        QStringLiteral("下一周期"), state, [state] { chooseNextPeriod(state); }, Qt::Key_F8);
+    worded(menu->addAction(
+               QString(), state, [state] { chooseNextPeriod(state); }, Qt::Key_F8),
+           [] { return ChartView::tr("下一周期"); });
     const auto follow = [state, group] { followPeriod(*state, group->actions()); };
     QObject::connect(state, &ChartState::sigBarsChanged, group, follow);
     follow();
+    return menu;
 }
 
 void addChartMenu(QMenuBar* bar, ChartView* chart)
 {
-    QMenu* menu = bar->addMenu(QStringLiteral("图表(&C)"));
+    QMenu* menu = titled(bar->addMenu(QString()), [] { return ChartView::tr("图表(&C)"); });
     addAxisKinds(menu, chart->state());
     addMargins(menu, chart->state());
     menu->addSeparator();
+    addMoves(menu, chart);
     addMagnet(menu, chart->state());
-    menu->addAction(
-        QStringLiteral("跳转到日期…"), chart,
+    QAction* jump = menu->addAction(
+        QString(), chart,
         [chart] {
             auto* dialog = new DateJump(chart->state(), chart);
             dialog->setAttribute(Qt::WA_DeleteOnClose);
             dialog->open();
         },
         QKeySequence(QStringLiteral("Ctrl+G")));
+    worded(jump, [] { return ChartView::tr("跳转到日期…"); })->setObjectName(QStringLiteral("goToDate"));
 }
 
 } // namespace client

@@ -3,6 +3,7 @@
 
 #include "apps/client/chart/PaneMenu.h"
 #include "apps/client/chart/PlotWidget.h"
+#include "apps/client/language/Language.h"
 #include "host/TC/Instruments.h"
 #include "host/TC/UiParams.h"
 #include "host/WB/CPushButton.h"
@@ -55,6 +56,11 @@ ChartPane::ChartPane(bool main, ChartState* state, FormulaSource* source, const 
     m_title->installEventFilter(this);
     if (auto* close = m_title->closeButton())
         connect(close, &WB::CPushButton::clicked, this, &ChartPane::sigCloseRequested);
+    followLanguage(this, [this] {
+        m_title->setAccessibleName(tr("图例"));
+        if (auto* close = m_title->closeButton())
+            close->setAccessibleName(tr("关闭窗格"));
+    });
     connect(m_data.get(), &PaneData::sigChanged, this, &ChartPane::updateView);
     connect(m_data.get(), &PaneData::sigGrownOutOfView, this,
             [this] { showLegendOf(m_state->crosshairBar()); });
@@ -62,7 +68,8 @@ ChartPane::ChartPane(bool main, ChartState* state, FormulaSource* source, const 
         m_klineParam->barCount = m_state->barTotal();
         m_title->setPeroid(m_state->period());
     });
-    connect(state, &ChartState::sigCrosshairChanged, this, [this] { showLegendOf(m_state->crosshairBar()); });
+    for (const auto signal : { &ChartState::sigCrosshairChanged, &ChartState::sigViewChanged })
+        connect(state, signal, this, [this] { showLegendOf(m_state->crosshairBar()); });
     connect(state, &ChartState::sigBarsChanged, this, &ChartPane::reloadStock);
     ChartPane::reloadStock();
     m_data->setFormulas(formulas);
@@ -136,10 +143,11 @@ void ChartPane::updateView()
     m_plot->renew();
 }
 
-/// The legend follows the crosshair; without one it shows the last bar.
+/// The legend follows the crosshair; without one it shows the last bar in view.
 void ChartPane::showLegendOf(int bar)
 {
-    m_title->updateIndexId(bar);
+    const bool looksBack = bar < 0 && m_state->last() >= 0 && m_state->last() + 1 < m_state->barTotal();
+    m_title->updateIndexId(looksBack ? m_state->last() : bar);
 }
 
 QString ChartPane::getMarket() const

@@ -192,6 +192,19 @@ int ChartState::zoomedSlots(double factor) const
         std::clamp<double>(wanted, std::min(kLeastCount, barTotal()), barTotal() + m_margin));
 }
 
+void ChartState::stepCrosshair(int bars)
+{
+    if (barTotal() == 0)
+        return;
+    const bool hasOne = m_crosshairBar >= m_first && m_crosshairBar <= last();
+    const int bar = hasOne ? std::clamp(m_crosshairBar + bars, 0, barTotal() - 1) : last();
+    setCrosshairBar(bar); // first: a resting pointer gives it up
+    if (bar < m_first)
+        pan(bar - m_first);
+    else if (bar > last())
+        pan(bar - last());
+}
+
 void ChartState::zoom(double factor, int anchor, double place)
 {
     if (barTotal() < 1 || m_slots < 1)

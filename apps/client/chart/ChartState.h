@@ -68,6 +68,8 @@ public:
     int crosshairBar() const { return m_crosshairBar; }
     /// @param place  where in the plot the pointer stands on the bar, as zoom's; 0: in its middle.
     void setCrosshairBar(int bar, double place = 0.0);
+    /// Moves the crosshair by bars and keeps it in view; without one it appears on the last bar in view.
+    void stepCrosshair(int bars);
 
     /// Shows fewer (factor below 1) or more bars.
     /// @param anchor  this bar keeps its place, as far as there are bars on both sides of it.

@@ -49,7 +49,7 @@ std::optional<TypedDate> readDate(const QString& text)
     const bool hasMonth = !match.captured(2).isEmpty() || !match.captured(3).isEmpty();
     const bool hasDay = !match.captured(4).isEmpty() || !match.captured(5).isEmpty();
     if (!match.captured(6).isEmpty()) {
-        constexpr std::int64_t minute = 60'000;
+        constexpr std::int64_t minute = 60 * 1000;
         const auto from = hasDay ? msOf(QDate(year, month, day), QTime(number(6), number(7))) : std::nullopt;
         return from ? std::optional(TypedDate { *from, *from + minute }) : std::nullopt;
     }
@@ -78,13 +78,13 @@ DateJump::DateJump(ChartState* state, QWidget* parent)
     , m_date(new QLineEdit(this))
     , m_fault(new QLabel(this))
 {
-    setWindowTitle(QStringLiteral("跳转到日期"));
-    m_date->setPlaceholderText(QStringLiteral("2024-01-15、20240115 或 2024-01"));
+    setWindowTitle(tr("跳转到日期"));
+    m_date->setPlaceholderText(tr("2024-01-15、20240115 或 2024-01"));
     m_date->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
     m_fault->setWordWrap(true);
     auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(QStringLiteral("跳转"), QDialogButtonBox::AcceptRole);
-    buttons->addButton(QStringLiteral("取消"), QDialogButtonBox::RejectRole);
+    buttons->addButton(tr("跳转"), QDialogButtonBox::AcceptRole);
+    buttons->addButton(tr("取消"), QDialogButtonBox::RejectRole);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_date);
     layout->addWidget(m_fault);
@@ -106,13 +106,13 @@ QString DateJump::jump()
 {
     const std::optional<TypedDate> date = readDate(m_date->text());
     if (!date)
-        return QStringLiteral("不是日期：请输入如 2024-01-15、20240115 或 2024-01");
+        return tr("不是日期：请输入如 2024-01-15、20240115 或 2024-01");
     if (m_state->barTotal() == 0)
-        return QStringLiteral("还没有打开品种");
+        return tr("还没有打开品种");
     const std::vector<std::int64_t>& times = m_state->bars()->timeMs;
     const std::optional<int> bar = barAtDate(times, *date);
     if (!bar)
-        return QStringLiteral("超出数据范围：%1 至 %2")
+        return tr("超出数据范围：%1 至 %2")
             .arg(chart::timeText(times, 0), chart::timeText(times, m_state->barTotal() - 1));
     m_state->centre(*bar);
     m_state->setCrosshairBar(*bar);

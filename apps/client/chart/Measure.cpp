@@ -5,11 +5,18 @@
 #include "draw/CDrawStyle.h"
 #include "host/WB/SkinLookup.h"
 
+#include <QCoreApplication>
 #include <QPainter>
 
 namespace client {
 
 namespace {
+
+/// Of this file, for the catalogue.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Measure)
+};
 
 constexpr int kPadding = 6, kGap = 8; // pixels around the text, and to the pointer
 constexpr int kFill = 40;             // opacity of the rectangle, of 255
@@ -39,7 +46,7 @@ QString Measure::text(const chart::PaneContent& pane, double step) const
     plain.showsPrices = pane.showsPrices;
     plain.priceTick = pane.priceTick;
     const double change = to.value - from.value;
-    QString told = QStringLiteral("%1 根  %2")
+    QString told = Texts::tr("%1 根  %2")
                        .arg(to.bar - from.bar)
                        .arg(withSign(change, chart::valueText(change, plain, step)));
     if (from.value > 0.0) {

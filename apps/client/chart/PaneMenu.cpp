@@ -23,33 +23,33 @@ void addFormulaMenu(QMenu* menu, ChartPane* pane, const QString& formula, int pl
 {
     QMenu* one = menu->addMenu(menuText(formula));
     const auto act = [one, pane](const QString& text, auto what) { return one->addAction(text, pane, what); };
-    act(QStringLiteral("参数…"), [pane, formula] {
+    act(ChartPane::tr("参数…"), [pane, formula] {
         Q_EMIT pane->sigParametersRequested(formula);
     })->setEnabled(hasOwnParameters(formula));
-    act(QStringLiteral("上移"), [pane, place] {
+    act(ChartPane::tr("上移"), [pane, place] {
         pane->data()->moveFormula(place, place - 1);
     })->setEnabled(place > 0);
-    act(QStringLiteral("下移"), [pane, place] {
+    act(ChartPane::tr("下移"), [pane, place] {
         pane->data()->moveFormula(place, place + 1);
     })->setEnabled(place + 1 < count);
-    act(QStringLiteral("移除"), [pane, formula] {
+    act(ChartPane::tr("移除"), [pane, formula] {
         pane->removeFormula(formula);
     })->setEnabled(!pane->isMain() || count > 1);
     one->addSeparator();
-    act(QStringLiteral("导出…"), [pane, formula] { Q_EMIT pane->sigExportRequested(formula, false); });
-    act(QStringLiteral("复制"), [pane, formula] { Q_EMIT pane->sigExportRequested(formula, true); });
+    act(ChartPane::tr("导出…"), [pane, formula] { Q_EMIT pane->sigExportRequested(formula, false); });
+    act(ChartPane::tr("复制"), [pane, formula] { Q_EMIT pane->sigExportRequested(formula, true); });
 }
 
 void addOverlayMenus(QMenu* menu, ChartPane* pane)
 {
     using Scale = PaneData::OverlayScale;
-    const std::pair<Scale, QString> scales[] = { { Scale::Together, QStringLiteral("起点对齐") },
-                                                 { Scale::Same, QStringLiteral("同一坐标") },
-                                                 { Scale::Own, QStringLiteral("独立坐标") } };
+    const std::pair<Scale, QString> scales[] = { { Scale::Together, ChartPane::tr("起点对齐") },
+                                                 { Scale::Same, ChartPane::tr("同一坐标") },
+                                                 { Scale::Own, ChartPane::tr("独立坐标") } };
     const std::vector<PaneData::Overlay>& overlays = pane->data()->overlays();
     for (std::size_t index = 0; index < overlays.size(); ++index) {
         QMenu* one = menu->addMenu(
-            menuText(QStringLiteral("叠加 %1").arg(TC::getDetailQsName(overlays[index].instrument))));
+            menuText(ChartPane::tr("叠加 %1").arg(TC::getDetailQsName(overlays[index].instrument))));
         for (const auto& [scale, text] : scales) {
             QAction* action = one->addAction(
                 text, pane, [pane, index, scale = scale] { pane->setOverlayScale(index, scale); });
@@ -57,7 +57,7 @@ void addOverlayMenus(QMenu* menu, ChartPane* pane)
             action->setChecked(scale == overlays[index].scale);
         }
         one->addSeparator();
-        one->addAction(QStringLiteral("移除"), pane, [pane, index] { pane->removeOverlay(index); });
+        one->addAction(ChartPane::tr("移除"), pane, [pane, index] { pane->removeOverlay(index); });
     }
 }
 
@@ -66,14 +66,14 @@ void addPriceLineEntries(QMenu* menu, ChartPane* pane, int row)
     ChartState* state = pane->state();
     const auto textOf = [&](double price) { return chart::valueText(price, pane->data()->content(), 0.0); };
     if (const std::optional<double> line = pane->plot()->priceLineAt(row)) {
-        menu->addAction(QStringLiteral("删除价位线 %1").arg(textOf(*line)), state,
+        menu->addAction(ChartPane::tr("删除价位线 %1").arg(textOf(*line)), state,
                         [state, price = *line] { state->removePriceLine(price); });
     } else if (const std::optional<double> price = pane->plot()->priceAt(row)) {
-        menu->addAction(QStringLiteral("画价位线 %1").arg(textOf(*price)), state,
+        menu->addAction(ChartPane::tr("画价位线 %1").arg(textOf(*price)), state,
                         [state, price = *price] { state->addPriceLine(price); });
     }
     if (!state->priceLines().empty())
-        menu->addAction(QStringLiteral("删除全部价位线"), state, &ChartState::clearPriceLines);
+        menu->addAction(ChartPane::tr("删除全部价位线"), state, &ChartState::clearPriceLines);
     menu->addSeparator();
 }
 
@@ -90,17 +90,17 @@ QMenu* makePaneMenu(ChartPane* pane, const std::optional<int>& row)
         addFormulaMenu(menu, pane, formulas.at(place), place, formulas.size());
     addOverlayMenus(menu, pane);
     menu->addSeparator();
-    menu->addAction(QStringLiteral("导出全部指标…"), pane,
+    menu->addAction(ChartPane::tr("导出全部指标…"), pane,
                     [pane] { Q_EMIT pane->sigExportRequested(QString(), false); });
-    menu->addAction(QStringLiteral("复制全部指标"), pane,
+    menu->addAction(ChartPane::tr("复制全部指标"), pane,
                     [pane] { Q_EMIT pane->sigExportRequested(QString(), true); });
-    menu->addAction(QStringLiteral("导出窗格图片…"), pane,
+    menu->addAction(ChartPane::tr("导出窗格图片…"), pane,
                     [pane] { Q_EMIT pane->sigPictureRequested(false); });
-    menu->addAction(QStringLiteral("复制窗格图片"), pane, [pane] { Q_EMIT pane->sigPictureRequested(true); });
+    menu->addAction(ChartPane::tr("复制窗格图片"), pane, [pane] { Q_EMIT pane->sigPictureRequested(true); });
     menu->addSeparator();
-    menu->addAction(QStringLiteral("最大化 / 还原"), pane, &ChartPane::sigMaximizeRequested);
+    menu->addAction(ChartPane::tr("最大化 / 还原"), pane, &ChartPane::sigMaximizeRequested);
     if (!pane->isMain())
-        menu->addAction(QStringLiteral("关闭窗格"), pane, &ChartPane::sigCloseRequested);
+        menu->addAction(ChartPane::tr("关闭窗格"), pane, &ChartPane::sigCloseRequested);
     return menu;
 }
 

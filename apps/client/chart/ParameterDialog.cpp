@@ -35,7 +35,7 @@ ParameterDialog::ParameterDialog(const QString& formula, const std::vector<engin
                                  const QVector<double>& values, QWidget* parent)
     : QDialog(parent)
 {
-    setWindowTitle(QStringLiteral("%1 的参数").arg(formula));
+    setWindowTitle(tr("%1 的参数").arg(formula));
     auto* layout = new QFormLayout(this);
     for (std::size_t index = 0; index < parameters.size(); ++index) {
         const engine::Parameter& parameter = parameters[index];
@@ -43,9 +43,9 @@ ParameterDialog::ParameterDialog(const QString& formula, const std::vector<engin
         layout->addRow(QString::fromStdString(parameter.name), m_fields.back());
     }
     auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(QStringLiteral("确定"), QDialogButtonBox::AcceptRole);
-    buttons->addButton(QStringLiteral("取消"), QDialogButtonBox::RejectRole);
-    QPushButton* reset = buttons->addButton(QStringLiteral("默认值"), QDialogButtonBox::ResetRole);
+    buttons->addButton(tr("确定"), QDialogButtonBox::AcceptRole);
+    buttons->addButton(tr("取消"), QDialogButtonBox::RejectRole);
+    QPushButton* reset = buttons->addButton(tr("默认值"), QDialogButtonBox::ResetRole);
     layout->addRow(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -3,6 +3,7 @@
 
 #include "apps/chart/ChartMeasures.h"
 #include "apps/chart/PaneScale.h"
+#include "apps/client/access/Announcement.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -126,10 +127,14 @@ void PlotWidget::paintEvent(QPaintEvent*)
     m_crosshairShown = chart::crosshairRegion(geometryOfPane(), barView(), crosshair());
 }
 
-/// Only what the crosshair leaves and takes is painted.
+/// Only what the crosshair leaves and takes is painted. A pointer that rests gives the crosshair up when keys
+/// move it.
 void PlotWidget::moveCrosshair()
 {
+    if (m_pointer && barView().barAt(m_pointer->x()) != m_state->crosshairBar())
+        m_pointer.reset();
     update(m_crosshairShown | chart::crosshairRegion(geometryOfPane(), barView(), crosshair()));
+    announceValues(this);
 }
 
 void PlotWidget::followPointer()

@@ -38,6 +38,10 @@ public:
     const std::optional<Measure>& measure() const { return m_measure; }
     void forgetMeasure();
 
+    /// What the plot shows now.
+    chart::PaneContent content() const { return m_content(); }
+    const ChartState* state() const { return m_state; }
+
     /// The content has changed: it is asked for and painted anew.
     void renew();
 

@@ -2,6 +2,7 @@
 #include "apps/client/docking/ArrangementFile.h"
 
 #include "apps/base/WholeFile.h"
+#include "apps/client/language/Language.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
@@ -15,17 +16,18 @@ namespace client {
 
 namespace {
 
+/// Of this file, for the catalogue.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(ArrangementFile)
+};
+
 constexpr int kFormat = 1;
 constexpr qint64 kMaxBytes = qint64 { 16 } << 20; // an arrangement takes a few kilobytes
 
-QString text(const char* source)
-{
-    return QCoreApplication::translate("ArrangementFile", source);
-}
-
 base::Failure damaged()
 {
-    return { text("面板布局文件已损坏") };
+    return { Texts::tr("面板布局文件已损坏") };
 }
 
 QJsonObject packed(const QByteArray& state)
@@ -56,7 +58,7 @@ base::Result<ArrangementFile> ArrangementFile::read(const QString& path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || file.size() > kMaxBytes)
-        return base::Failure { text("面板布局文件无法读取") };
+        return base::Failure { Texts::tr("面板布局文件无法读取") };
     const QJsonObject root = QJsonDocument::fromJson(file.readAll()).object();
     if (root.value(QStringLiteral("format")).toInt() != kFormat)
         return damaged();
@@ -93,7 +95,7 @@ base::Result<void> ArrangementFile::write(const QString& path) const
         root.insert(QStringLiteral("window"), packed(window));
     const QByteArray bytes = QJsonDocument(root).toJson();
     if (const auto fault = base::writeWholeFile(path, bytes))
-        return base::Failure { text("面板布局无法保存：%1").arg(fault->chinese()) };
+        return base::Failure { Texts::tr("面板布局无法保存：%1").arg(ownWords(*fault)) };
     return {};
 }
 

@@ -5,6 +5,7 @@
 #include "apps/client/PlainTexts.h"
 #include "apps/client/editor/FormulaPreview.h"
 #include "apps/client/editor/FormulaText.h"
+#include "apps/client/language/Language.h"
 #include "apps/client/recovery/FormulaBackups.h"
 #include "engine/Formulas.h"
 #include "host/TC/Folders.h"
@@ -59,10 +60,10 @@ QStringList linesOf(const std::vector<engine::Problem>& problems, const QString&
 {
     QStringList lines;
     for (const engine::Problem& problem : problems)
-        lines << QStringLiteral("第 %1 行第 %2 列：%3%4")
+        lines << FormulaEditor::tr("第 %1 行第 %2 列：%3%4")
                      .arg(problem.place.line)
                      .arg(problem.place.column)
-                     .arg(kind, QString::fromStdString(problem.chinese));
+                     .arg(kind, ownWords(problem.chinese, problem.english));
     return lines;
 }
 
@@ -82,17 +83,14 @@ FormulaEditor::FormulaEditor(QWidget* parent)
     , m_store(TC::getUserRootDir() + QStringLiteral("/configFormula"))
     , m_known(chart::knownFormulas)
 {
-    setWindowTitle(QStringLiteral("公式编辑器[*]"));
     resize(1180, 720);
     m_store.setBeforeChange([]() -> base::Result<void> {
         const base::Result<bool> kept = backUpFormulas();
         if (kept.isGood())
             return {};
-        return base::Failure { QStringLiteral("现用公式备份失败，未作改动：%1").arg(kept.reason()) };
+        return base::Failure { tr("现用公式备份失败，未作改动：%1").arg(kept.reason()) };
     });
-    m_confirm = [this](const QString& question) {
-        return isConfirmed(this, question, QStringLiteral("确定"));
-    };
+    m_confirm = [this](const QString& question) { return isConfirmed(this, question, tr("确定")); };
     buildControls();
     connectControls();
     list();
@@ -106,9 +104,9 @@ void FormulaEditor::buildControls()
 {
     m_list = new QListWidget;
     m_list->setObjectName(QStringLiteral("formulas"));
-    m_new = new QPushButton(QStringLiteral("新建"));
-    m_duplicate = new QPushButton(QStringLiteral("复制"));
-    m_remove = new QPushButton(QStringLiteral("删除"));
+    m_new = worded(new QPushButton, [] { return tr("新建"); });
+    m_duplicate = worded(new QPushButton, [] { return tr("复制"); });
+    m_remove = worded(new QPushButton, [] { return tr("删除"); });
     auto* left = new QVBoxLayout;
     left->addWidget(m_list);
     auto* buttons = new QHBoxLayout;
@@ -126,8 +124,8 @@ void FormulaEditor::buildControls()
     m_problems->setObjectName(QStringLiteral("problems"));
     m_problems->setMaximumHeight(110);
     auto* form = new QFormLayout;
-    form->addRow(QStringLiteral("名称"), m_name);
-    form->addRow(QStringLiteral("显示名"), m_displayName);
+    form->addRow(worded(new QLabel, [] { return tr("名称"); }), m_name);
+    form->addRow(worded(new QLabel, [] { return tr("显示名"); }), m_displayName);
     auto* middle = new QVBoxLayout;
     middle->addLayout(form);
     middle->addWidget(m_text, 1);
@@ -135,9 +133,6 @@ void FormulaEditor::buildControls()
 
     m_parameters = new QTableWidget(0, ColumnCount);
     m_parameters->setObjectName(QStringLiteral("parameters"));
-    m_parameters->setHorizontalHeaderLabels({ QStringLiteral("参数"), QStringLiteral("缺省"),
-                                              QStringLiteral("最小"), QStringLiteral("最大"),
-                                              QStringLiteral("取值") });
     m_parameters->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     m_parameters->verticalHeader()->hide();
     m_preview = new FormulaPreview;
@@ -151,7 +146,7 @@ void FormulaEditor::buildControls()
         parts->addWidget(withLayout(layout));
     parts->setSizes({ 200, 540, 440 });
     m_state = new QLabel;
-    m_save = new QPushButton(QStringLiteral("保存"));
+    m_save = new QPushButton;
     m_save->setObjectName(QStringLiteral("save"));
     m_save->setAutoDefault(false);
     auto* bottom = new QHBoxLayout;
@@ -160,6 +155,20 @@ void FormulaEditor::buildControls()
     auto* all = new QVBoxLayout(this);
     all->addWidget(parts, 1);
     all->addLayout(bottom);
+    followLanguage(this, [this] { setWords(); });
+}
+
+/// The words of what stands for good; lists and problems are filled anew when something changes.
+void FormulaEditor::setWords()
+{
+    setWindowTitle(tr("公式编辑器[*]"));
+    m_parameters->setHorizontalHeaderLabels({ tr("参数"), tr("缺省"), tr("最小"), tr("最大"), tr("取值") });
+    m_save->setText(m_read ? tr("保存") : tr("存为草稿"));
+    m_list->setAccessibleName(tr("我的公式"));
+    m_text->setAccessibleName(tr("公式正文"));
+    m_problems->setAccessibleName(tr("错误与提示"));
+    m_parameters->setAccessibleName(tr("参数"));
+    m_preview->setAccessibleName(tr("预览"));
 }
 
 void FormulaEditor::connectControls()
@@ -245,8 +254,8 @@ void FormulaEditor::take(const engine::FormulaReading& reading)
     m_text->setProblems(reading.problems);
     m_problems->clear();
     m_problems->addItems(linesOf(reading.problems, QString()));
-    m_problems->addItems(linesOf(reading.hints, QStringLiteral("提示：")));
-    m_save->setText(m_read ? QStringLiteral("保存") : QStringLiteral("存为草稿"));
+    m_problems->addItems(linesOf(reading.hints, tr("提示：")));
+    setWords();
     fillParameters();
     preview();
 }
@@ -272,7 +281,7 @@ base::Result<void> FormulaEditor::save()
         check();
     const bool isDraft = m_read == nullptr;
     if (!mayReplace(isDraft))
-        return finish(base::Failure { QStringLiteral("未保存。") }, QString());
+        return finish(base::Failure { tr("未保存。") }, QString());
     OwnFormula formula = present();
     formula.isDraft = isDraft;
     const base::Result<void> saved = m_store.save(formula, m_stored);
@@ -282,14 +291,14 @@ base::Result<void> FormulaEditor::save()
         setModified(false);
     }
     return finish(saved,
-                  isDraft ? QStringLiteral("%1 已存为草稿：公式有误，不参与计算").arg(formula.shownName())
-                          : QStringLiteral("已保存 %1").arg(formula.shownName()));
+                  isDraft ? tr("%1 已存为草稿：公式有误，不参与计算").arg(formula.shownName())
+                          : tr("已保存 %1").arg(formula.shownName()));
 }
 
 bool FormulaEditor::mayReplace(bool byDraft)
 {
     if (byDraft && !m_stored.isEmpty() && !m_opened.isDraft
-        && !m_confirm(QStringLiteral("公式有误。存为草稿后，“%1”不再计算，仍要保存？").arg(m_stored)))
+        && !m_confirm(tr("公式有误。存为草稿后，“%1”不再计算，仍要保存？").arg(m_stored)))
         return false;
     base::Result<std::vector<OwnFormula>> held = m_store.read();
     if (m_stored.isEmpty() || !held.isGood())
@@ -298,7 +307,7 @@ bool FormulaEditor::mayReplace(bool byDraft)
                                     [&](const OwnFormula& formula) { return formula.name == m_stored; });
     if (found == held->end() || *found == m_opened)
         return true;
-    return m_confirm(QStringLiteral("“%1”在别处被改过，覆盖那里的修改？").arg(m_stored));
+    return m_confirm(tr("“%1”在别处被改过，覆盖那里的修改？").arg(m_stored));
 }
 
 void FormulaEditor::startNew()
@@ -318,21 +327,21 @@ void FormulaEditor::duplicateOpen()
         static_cast<void>(finish(copy.failure(), QString()));
         return;
     }
-    static_cast<void>(finish({}, QStringLiteral("已复制为 %1").arg(*copy)));
+    static_cast<void>(finish({}, tr("已复制为 %1").arg(*copy)));
     setModified(false); // the user was asked
     edit(*copy);
 }
 
 void FormulaEditor::removeOpen()
 {
-    if (m_stored.isEmpty() || !m_confirm(QStringLiteral("删除公式“%1”？删除前会自动备份。").arg(m_stored)))
+    if (m_stored.isEmpty() || !m_confirm(tr("删除公式“%1”？删除前会自动备份。").arg(m_stored)))
         return;
     const base::Result<void> removed = m_store.remove(m_stored);
     if (removed.isGood()) {
         setModified(false);
         startNew();
     }
-    static_cast<void>(finish(removed, QStringLiteral("公式已删除")));
+    static_cast<void>(finish(removed, tr("公式已删除")));
 }
 
 bool FormulaEditor::leave()
@@ -358,15 +367,14 @@ void FormulaEditor::list()
     const QSignalBlocker quiet(m_list);
     m_list->clear();
     for (const OwnFormula& formula : m_formulas) {
-        m_list->addItem(formula.isDraft ? QStringLiteral("%1（草稿）").arg(formula.shownName())
-                                        : formula.shownName());
+        m_list->addItem(formula.isDraft ? tr("%1（草稿）").arg(formula.shownName()) : formula.shownName());
         if (formula.name == m_stored)
             m_list->setCurrentRow(m_list->count() - 1);
     }
     // What the file lacks has a row as well: a list without a current row would choose one by itself as soon
     // as it has the focus, and ask for what is open to be given up.
     if (m_stored.isEmpty()) {
-        m_list->addItem(QStringLiteral("%1（未保存）").arg(m_name->text()));
+        m_list->addItem(tr("%1（未保存）").arg(m_name->text()));
         m_list->setCurrentRow(m_list->count() - 1);
     }
 }
@@ -396,8 +404,7 @@ void FormulaEditor::showFormula(const OwnFormula& formula, const QString& stored
     m_read = nullptr;
     m_duplicate->setEnabled(!stored.isEmpty());
     m_remove->setEnabled(!stored.isEmpty());
-    m_state->setText(m_base.isEmpty() ? QString()
-                                      : QStringLiteral("以内置公式 %1 为基础，只能改参数").arg(m_base));
+    m_state->setText(m_base.isEmpty() ? QString() : tr("以内置公式 %1 为基础，只能改参数").arg(m_base));
     list();
     startCheck();
     setModified(false);
@@ -405,7 +412,7 @@ void FormulaEditor::showFormula(const OwnFormula& formula, const QString& stored
 
 bool FormulaEditor::mayLeave()
 {
-    return !m_modified || m_confirm(QStringLiteral("“%1”尚未保存，放弃修改？").arg(m_name->text()));
+    return !m_modified || m_confirm(tr("“%1”尚未保存，放弃修改？").arg(m_name->text()));
 }
 
 void FormulaEditor::setModified(bool modified)

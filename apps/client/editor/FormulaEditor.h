@@ -76,6 +76,7 @@ public:
 
 private:
     void buildControls();
+    void setWords();
     void connectControls();
     /// Lists the formulas of the file anew; the one that is open stays open.
     void list();

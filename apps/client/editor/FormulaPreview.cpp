@@ -102,7 +102,7 @@ void FormulaPreview::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     if (!hasPicture()) {
-        painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("打开K线后，这里显示公式的样子"));
+        painter.drawText(rect(), Qt::AlignCenter, tr("打开K线后，这里显示公式的样子"));
         return;
     }
     chart::PaneContent content = m_results.content(m_instrument);

@@ -2,6 +2,7 @@
 #include "apps/client/editor/FormulaStore.h"
 
 #include "apps/base/WholeFile.h"
+#include "apps/client/language/Language.h"
 #include "engine/Formulas.h"
 
 #include <QFile>
@@ -104,7 +105,7 @@ OwnFormula formulaOf(const QJsonObject& entry)
 
 base::Failure unknownFormula(const QString& name)
 {
-    return { QStringLiteral("公式文件里没有“%1”。").arg(name) };
+    return { FormulaStore::tr("公式文件里没有“%1”。").arg(name) };
 }
 
 } // namespace
@@ -131,11 +132,11 @@ base::Result<void> FormulaStore::save(const OwnFormula& formula, const QString& 
 {
     return change([&](QJsonArray& entries) -> base::Result<void> {
         if (formula.name.trimmed().isEmpty())
-            return base::Failure { QStringLiteral("公式需要一个名称。") };
+            return base::Failure { tr("公式需要一个名称。") };
         const int place = placeOf(entries, replaced);
         for (const QString& name : { formula.name, formula.shownName() }) {
             if (isTaken(entries, name, place))
-                return base::Failure { QStringLiteral("名称“%1”已被占用。").arg(name) };
+                return base::Failure { tr("名称“%1”已被占用。").arg(name) };
         }
         if (place >= 0)
             entries.replace(place, withFormula(entries.at(place).toObject(), formula));
@@ -189,13 +190,13 @@ base::Result<FormulaStore::Content> FormulaStore::load() const
     if (!file.exists())
         return Content();
     if (!file.open(QIODevice::ReadOnly))
-        return base::Failure { QStringLiteral("公式文件打不开：%1").arg(file.errorString()) };
+        return base::Failure { tr("公式文件打不开：%1").arg(file.errorString()) };
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
     const QJsonValue list = document.object().value(kFormulas);
     if (error.error != QJsonParseError::NoError || !document.isObject()
         || !(list.isArray() || list.isUndefined()))
-        return base::Failure { QStringLiteral("公式文件已损坏，未作改动。可在“工具”菜单里恢复公式。") };
+        return base::Failure { tr("公式文件已损坏，未作改动。可在“工具”菜单里恢复公式。") };
     return Content { document.object(), list.toArray() };
 }
 
@@ -204,7 +205,7 @@ base::Result<void> FormulaStore::change(const Change& change)
     QLockFile lock(m_path + QStringLiteral(".lock")); // between the reading and the writing of all clients
     lock.setStaleLockTime(kLongestWaitMs / 2); // what a killed client left; one that lives keeps its lock
     if (!lock.tryLock(kLongestWaitMs) && lock.error() == QLockFile::LockFailedError)
-        return base::Failure { QStringLiteral("另一个客户端正在改公式文件，未作改动。") };
+        return base::Failure { tr("另一个客户端正在改公式文件，未作改动。") };
     base::Result<Content> content = load();
     if (!content.isGood())
         return content.failure();
@@ -216,7 +217,7 @@ base::Result<void> FormulaStore::change(const Change& change)
         return ready;
     content->root.insert(kFormulas, content->entries);
     if (const auto fault = base::writeWholeFile(m_path, QJsonDocument(content->root).toJson()))
-        return base::Failure { QStringLiteral("公式文件写不了：%1").arg(fault->chinese()) };
+        return base::Failure { tr("公式文件写不了：%1").arg(ownWords(*fault)) };
     return {};
 }
 

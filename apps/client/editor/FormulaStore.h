@@ -4,6 +4,7 @@
 
 #include "apps/base/Result.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
@@ -39,6 +40,8 @@ struct OwnFormula
 /// and foreign keys. A file that cannot be read, or is damaged, is left as it is.
 class FormulaStore
 {
+    Q_DECLARE_TR_FUNCTIONS(client::FormulaStore)
+
 public:
     using BeforeChange = std::function<base::Result<void>()>;
 

@@ -2,6 +2,7 @@
 #include "apps/client/editor/FormulaText.h"
 
 #include "apps/client/editor/FormulaHighlighter.h"
+#include "apps/client/language/Language.h"
 #include "engine/language/Formula.h"
 
 #include <QAbstractItemView>
@@ -34,7 +35,7 @@ QStandardItemModel* wordModel(QObject* parent)
         const QString call = arguments.isEmpty()
             ? item->text()
             : item->text() + QLatin1Char('(') + arguments + QLatin1Char(')');
-        item->setToolTip(QStringLiteral("%1  %2").arg(call, QString::fromStdString(word.chinese)));
+        item->setToolTip(QStringLiteral("%1  %2").arg(call, ownWords(word.chinese, word.english)));
         model->appendRow(item);
     }
     model->sort(0);
@@ -117,7 +118,7 @@ void FormulaText::setProblems(const std::vector<engine::Problem>& problems)
         fault.end = behind(text, fault.begin, std::max(1, problem.place.length));
         if (fault.end == fault.begin && fault.begin > 0) // at the text's end: what stands before it
             --fault.begin;
-        fault.message = QString::fromStdString(problem.chinese);
+        fault.message = ownWords(problem.chinese, problem.english);
         QTextEdit::ExtraSelection selection;
         selection.cursor = QTextCursor(document());
         selection.cursor.setPosition(fault.begin);

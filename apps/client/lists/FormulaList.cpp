@@ -46,11 +46,9 @@ void FormulaList::showMenu(const QString& formula, const QPoint& place)
 {
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addAction(QStringLiteral("添加到图表"), this,
-                    [this, formula] { Q_EMIT sigShowRequested(formula); });
-    menu->addAction(QStringLiteral("在新窗格中显示"), this,
-                    [this, formula] { Q_EMIT sigPaneRequested(formula); });
-    menu->addAction(QStringLiteral("编辑…"), this, [this, formula] { Q_EMIT sigEditRequested(formula); });
+    menu->addAction(tr("添加到图表"), this, [this, formula] { Q_EMIT sigShowRequested(formula); });
+    menu->addAction(tr("在新窗格中显示"), this, [this, formula] { Q_EMIT sigPaneRequested(formula); });
+    menu->addAction(tr("编辑…"), this, [this, formula] { Q_EMIT sigEditRequested(formula); });
     menu->popup(place);
 }
 

@@ -2,6 +2,7 @@
 #include "apps/client/lists/InstrumentList.h"
 
 #include "apps/base/FileNames.h"
+#include "apps/client/language/Language.h"
 #include "host/TC/CStockManager.h"
 #include "host/TC/Instruments.h"
 #include "host/TC/Pinyin.h"
@@ -32,9 +33,9 @@ QStringList barsFilesIn(const QString& folder)
     namespace files = std::filesystem;
     QStringList paths;
     std::error_code error;
-    for (files::directory_iterator entry(base::bytesOfName(folder).toStdString(), error), end;
-         !error && entry != end; entry.increment(error)) {
-        const QString path = base::nameFromBytes(QByteArray::fromStdString(entry->path().string()));
+    for (files::directory_iterator entry(base::pathOf(folder), error), end; !error && entry != end;
+         entry.increment(error)) {
+        const QString path = base::nameOf(entry->path());
         std::error_code unknown;
         if (path.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive) && entry->is_regular_file(unknown))
             paths << path;
@@ -56,11 +57,19 @@ InstrumentList::InstrumentList(QWidget* parent)
     , m_filter(new QLineEdit(this))
     , m_list(new QListWidget(this))
 {
-    m_filter->setPlaceholderText(QStringLiteral("代码、名称、拼音"));
     m_filter->setClearButtonEnabled(true);
     setFocusProxy(m_filter);
-    m_group->addItems({ QStringLiteral("全部"), QStringLiteral("自选"), QStringLiteral("最近") });
-    m_group->setToolTip(QStringLiteral("右键点品种可加入自选"));
+    m_group->addItems({ QString(), QString(), QString() });
+    followLanguage(this, [this] {
+        m_filter->setPlaceholderText(tr("代码、名称、拼音"));
+        m_filter->setAccessibleName(tr("品种过滤"));
+        m_group->setAccessibleName(tr("品种分组"));
+        m_list->setAccessibleName(tr("品种"));
+        m_group->setToolTip(tr("右键点品种可加入自选"));
+        m_group->setItemText(EGroup_All, tr("全部"));
+        m_group->setItemText(EGroup_Favourites, tr("自选"));
+        m_group->setItemText(EGroup_Recent, tr("最近"));
+    });
     m_list->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_list, &QWidget::customContextMenuRequested, this, &InstrumentList::showMenu);
     connect(m_group, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &InstrumentList::applyFilter);
@@ -148,7 +157,7 @@ void InstrumentList::showMenu(const QPoint& place)
     const bool isFavourite = m_favourites.contains(key);
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addAction(isFavourite ? QStringLiteral("移出自选") : QStringLiteral("加入自选"), this,
+    menu->addAction(isFavourite ? tr("移出自选") : tr("加入自选"), this,
                     [this, key, isFavourite] { setFavourite(key, !isFavourite); });
     menu->popup(m_list->viewport()->mapToGlobal(place));
 }

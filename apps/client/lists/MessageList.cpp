@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/client/lists/MessageList.h"
 
+#include "apps/client/language/Language.h"
+
 #include <QTime>
 
 namespace client {
@@ -11,7 +13,7 @@ MessageList::MessageList(QWidget* parent)
     constexpr int kept = 1000;
     setReadOnly(true);
     setMaximumBlockCount(kept);
-    setPlaceholderText(QStringLiteral("消息"));
+    followLanguage(this, [this] { setPlaceholderText(tr("消息")); });
 }
 
 void MessageList::slotShow(const QString& message)

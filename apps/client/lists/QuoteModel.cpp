@@ -3,6 +3,7 @@
 
 #include "apps/base/FileNames.h"
 #include "apps/chart/PriceTick.h"
+#include "apps/client/language/Language.h"
 #include "draw/CDrawStyle.h"
 #include "engine/files/BarFile.h"
 #include "host/TC/CStockManager.h"
@@ -78,6 +79,7 @@ QuoteModel::QuoteModel(QObject* parent)
         if (!m_rows.empty())
             Q_EMIT dataChanged(index(0, EColumn_Last), index(rowCount() - 1, kColumns - 1));
     });
+    followLanguage(this, [this] { Q_EMIT headerDataChanged(Qt::Horizontal, 0, kColumns - 1); });
     connect(&m_reading, &QFutureWatcher<Quote>::resultsReadyAt, this, &QuoteModel::takeRead);
 }
 
@@ -177,9 +179,8 @@ QVariant QuoteModel::data(const QModelIndex& index, int role) const
 
 QVariant QuoteModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    static const QString headers[kColumns] = { QStringLiteral("代码"), QStringLiteral("名称"),
-                                               QStringLiteral("最新"), QStringLiteral("涨跌"),
-                                               QStringLiteral("涨幅"), QStringLiteral("成交量") };
+    const QString headers[kColumns] = { tr("代码"), tr("名称"), tr("最新"),
+                                        tr("涨跌"), tr("涨幅"), tr("成交量") };
     if (orientation == Qt::Vertical || section < 0 || section >= kColumns)
         return QVariant();
     if (role == Qt::TextAlignmentRole)

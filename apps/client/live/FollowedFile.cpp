@@ -60,7 +60,7 @@ void FollowedFile::readOn()
         return; // told before
     const std::size_t rows = m_bars ? m_bars->read() : m_ticks->read();
     if (!failure().isEmpty())
-        Q_EMIT sigMessage(QStringLiteral("不再跟随，文件被替换后重新读取：%1").arg(failure()));
+        Q_EMIT sigMessage(tr("不再跟随，文件被替换后重新读取：%1").arg(failure()));
     if (rows > 0)
         handOut(false);
 }
@@ -69,7 +69,7 @@ void FollowedFile::startAgain()
 {
     if (!start().isGood())
         return; // it may be written at this moment: its next change is looked at
-    Q_EMIT sigMessage(QStringLiteral("%1 已被截断或替换，重新读取").arg(QFileInfo(m_path).fileName()));
+    Q_EMIT sigMessage(tr("%1 已被截断或替换，重新读取").arg(QFileInfo(m_path).fileName()));
     handOut(true);
 }
 

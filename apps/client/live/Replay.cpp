@@ -126,7 +126,7 @@ QString Replay::progress() const
     const QString form = !m_bars                      ? QStringLiteral("yyyy-MM-dd HH:mm:ss")
         : m_state->period() >= TC::EFormulaPeriod_Day ? QStringLiteral("yyyy-MM-dd")
                                                       : QStringLiteral("yyyy-MM-dd HH:mm");
-    return QStringLiteral("回放 %1 / %2　%3")
+    return tr("回放 %1 / %2　%3")
         .arg(m_state->barTotal())
         .arg(total)
         .arg(QDateTime::fromMSecsSinceEpoch(time).toString(form));

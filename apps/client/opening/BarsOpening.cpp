@@ -2,6 +2,7 @@
 #include "apps/client/opening/BarsOpening.h"
 
 #include "apps/base/FileNames.h"
+#include "apps/client/language/Language.h"
 #include "engine/files/BarFile.h"
 
 #include <QFileInfo>
@@ -35,13 +36,14 @@ BarsOpening::BarsOpening(QWidget* parent)
     : QWidget(parent)
     , m_bar(new QProgressBar)
 {
-    auto* cancel = new QPushButton(QStringLiteral("取消"));
+    auto* cancel = worded(new QPushButton, [] { return tr("取消"); });
     m_bar->setRange(0, kThousand);
     m_bar->setFixedWidth(kBarWidth);
     m_bar->setTextVisible(false);
+    followLanguage(m_bar, [this] { m_bar->setAccessibleName(tr("正在读取")); });
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(new QLabel(QStringLiteral("正在读取")));
+    row->addWidget(worded(new QLabel, [] { return tr("正在读取"); }));
     row->addWidget(m_bar);
     row->addWidget(cancel);
     connect(cancel, &QPushButton::clicked, this, [this] {

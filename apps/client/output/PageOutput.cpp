@@ -5,6 +5,7 @@
 #include "apps/chart/ChartPicture.h"
 #include "apps/chart/PictureBytes.h"
 #include "apps/client/chart/ChartView.h"
+#include "apps/client/language/Language.h"
 #include "host/TC/PeriodNames.h"
 
 #include <QFileInfo>
@@ -68,9 +69,9 @@ base::Result<void> PageOutput::save(const QString& path, double factor) const
         chart::pictureBytes(QFileInfo(path).suffix(), size(), std::clamp<double>(factor, 1.0, kLargestFactor),
                             [this](QPainter& painter) { paint(painter); });
     if (bytes.isEmpty())
-        return base::Failure { QStringLiteral("图片无法生成：%1").arg(path) };
+        return base::Failure { tr("图片无法生成：%1").arg(path) };
     if (const auto fault = base::writeWholeFile(path, bytes))
-        return base::Failure { fault->chinese() };
+        return base::Failure { ownWords(*fault) };
     return {};
 }
 

@@ -4,6 +4,7 @@
 
 #include "apps/base/Result.h"
 
+#include <QCoreApplication>
 #include <QImage>
 #include <QSize>
 #include <QString>
@@ -20,6 +21,8 @@ class ChartView;
 /// crosshair. Painted anew for every output, so that each is as sharp as its form allows. GUI thread only.
 class PageOutput
 {
+    Q_DECLARE_TR_FUNCTIONS(client::PageOutput)
+
 public:
     static constexpr int kLargestFactor = 4;
 

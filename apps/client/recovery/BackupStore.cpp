@@ -2,6 +2,7 @@
 #include "apps/client/recovery/BackupStore.h"
 
 #include "apps/base/WholeFile.h"
+#include "apps/client/language/Language.h"
 
 #include <QDir>
 #include <QFile>
@@ -81,14 +82,14 @@ base::Result<bool> BackupStore::add(const FormulaFiles& files, const QDateTime& 
             return false;
     }
     if (!QDir().mkpath(m_folder))
-        return base::Failure { QStringLiteral("文件夹 %1 无法建立").arg(m_folder) };
+        return base::Failure { tr("文件夹 %1 无法建立").arg(m_folder) };
     const int number = before.empty() ? 1 : before.front().number + 1;
     const QString name = QStringLiteral("%1 %2.backup")
                              .arg(number, kDigits, 10, QLatin1Char('0'))
                              .arg(made.toString(timeFormat()));
     const QByteArray bytes = packed(files);
     if (const auto fault = base::writeWholeFile(QDir(m_folder).filePath(name), bytes))
-        return base::Failure { fault->chinese() };
+        return base::Failure { ownWords(*fault) };
     prune();
     return true;
 }

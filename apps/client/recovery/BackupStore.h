@@ -4,6 +4,7 @@
 
 #include "apps/client/recovery/FormulaFiles.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 
 #include <vector>
@@ -23,6 +24,8 @@ struct StoredBackup
 /// each of the last twenty-six weeks in which there are any; a backup goes only after a new one is safe.
 class BackupStore
 {
+    Q_DECLARE_TR_FUNCTIONS(client::BackupStore)
+
 public:
     /// @param folder  made when the first backup is.
     explicit BackupStore(QString folder);

@@ -2,11 +2,13 @@
 #include "apps/client/recovery/FormulaBackups.h"
 
 #include "apps/base/WholeFile.h"
+#include "apps/client/language/Language.h"
 #include "apps/client/recovery/BackupStore.h"
 #include "apps/client/recovery/ManagerBackups.h"
 #include "host/TC/Folders.h"
 #include "host/se/LoadConfig.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QStringList>
 
@@ -15,6 +17,12 @@
 namespace client {
 
 namespace {
+
+/// Of this file, for the catalogue.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(FormulaBackups)
+};
 
 /// What a restore is about to put in place, and what stood there, until it is done.
 struct RestoreNote
@@ -36,9 +44,9 @@ QString notePath(const char* part)
 base::Result<void> writeNote(const RestoreNote& note)
 {
     if (const auto fault = base::writeWholeFile(notePath("before"), packed(note.before)))
-        return base::Failure { fault->chinese() };
+        return base::Failure { ownWords(*fault) };
     if (const auto fault = base::writeWholeFile(notePath("wanted"), packed(note.wanted)))
-        return base::Failure { fault->chinese() };
+        return base::Failure { ownWords(*fault) };
     return {};
 }
 
@@ -75,9 +83,9 @@ void reload()
 QString stateOf(const std::optional<QByteArray>& now, const std::optional<QByteArray>& before,
                 const std::optional<QByteArray>& wanted)
 {
-    return now == before ? QStringLiteral("未改变")
-        : now == wanted  ? QStringLiteral("已是所选版本")
-                         : QStringLiteral("内容不明");
+    return now == before ? Texts::tr("未改变")
+        : now == wanted  ? Texts::tr("已是所选版本")
+                         : Texts::tr("内容不明");
 }
 
 /// Says how the live files stand after a restore that failed.
@@ -85,8 +93,8 @@ QString stateText(const RestoreNote& note)
 {
     base::Result<FormulaFiles> now = readLiveFiles();
     if (!now.isGood())
-        return QStringLiteral("现用文件读不了（%1）").arg(now.reason());
-    return QStringLiteral("公式%1，脚本%2")
+        return Texts::tr("现用文件读不了（%1）").arg(now.reason());
+    return Texts::tr("公式%1，脚本%2")
         .arg(stateOf(now->formulas, note.before.formulas, note.wanted.formulas),
              stateOf(now->scripts, note.before.scripts, note.wanted.scripts));
 }
@@ -160,20 +168,21 @@ base::Result<void> restoreFormulas(const FormulaVersion& version)
     base::Result<FormulaFiles> read =
         version.isOfManager ? readManagerFiles(version.name) : base::Result<FormulaFiles>(filesOf(version));
     if (!read.isGood())
-        return base::Failure { QStringLiteral("备份读不了，公式未改变：%1").arg(read.reason()) };
+        return base::Failure { Texts::tr("备份读不了，公式未改变：%1").arg(read.reason()) };
     const FormulaFiles wanted = *read;
     if (!wanted.formulas)
-        return base::Failure { QStringLiteral("备份文件已不存在或已损坏，公式未改变。") };
+        return base::Failure { Texts::tr("备份文件已不存在或已损坏，公式未改变。") };
     base::Result<bool> kept = backUpFormulas();
     base::Result<FormulaFiles> before = readLiveFiles();
     if (!kept.isGood() || !before.isGood())
-        return base::Failure { QStringLiteral("现用公式备份失败，未恢复：%1")
-                                   .arg(kept.isGood() ? before.reason() : kept.reason()) };
+        return base::Failure {
+            Texts::tr("现用公式备份失败，未恢复：%1").arg(kept.isGood() ? before.reason() : kept.reason())
+        };
     const RestoreNote note { *before, wanted };
     base::Result<void> noted = writeNote(note);
     if (!noted.isGood()) {
         removeNote();
-        return base::Failure { QStringLiteral("未恢复：%1").arg(noted.reason()) };
+        return base::Failure { Texts::tr("未恢复：%1").arg(noted.reason()) };
     }
     const base::Result<void> written = writeLiveFiles(wanted);
     if (!written.isGood())
@@ -182,9 +191,9 @@ base::Result<void> restoreFormulas(const FormulaVersion& version)
     reload();
     if (written.isGood())
         return {};
-    QString text = QStringLiteral("恢复失败：%1。%2。").arg(written.reason(), stateText(note));
+    QString text = Texts::tr("恢复失败：%1。%2。").arg(written.reason(), stateText(note));
     if (!isNoteGone)
-        text += QStringLiteral("下次启动时会再试。");
+        text += Texts::tr("下次启动时会再试。");
     return base::Failure { text };
 }
 
@@ -197,7 +206,7 @@ QString mendInterruptedRestore()
     }
     base::Result<FormulaFiles> now = readLiveFiles();
     if (!now.isGood())
-        return QStringLiteral("上次的公式恢复被中断，现用文件读不了：%1").arg(now.reason());
+        return Texts::tr("上次的公式恢复被中断，现用文件读不了：%1").arg(now.reason());
     const bool isDone =
         now->formulas == wanted->formulas && (!wanted->scripts || now->scripts == wanted->scripts);
     const bool isUntouched = isOfRestore(now->formulas, before->formulas, wanted->formulas)
@@ -208,10 +217,10 @@ QString mendInterruptedRestore()
     }
     const base::Result<void> written = writeLiveFiles(*wanted);
     if (!written.isGood())
-        return QStringLiteral("上次的公式恢复被中断，这次也没有完成：%1").arg(written.reason());
+        return Texts::tr("上次的公式恢复被中断，这次也没有完成：%1").arg(written.reason());
     removeNote();
     reload();
-    return QStringLiteral("上次的公式恢复被中断，现已完成；恢复前的公式在备份中。");
+    return Texts::tr("上次的公式恢复被中断，现已完成；恢复前的公式在备份中。");
 }
 
 } // namespace client

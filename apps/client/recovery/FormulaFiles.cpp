@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "apps/client/recovery/FormulaFiles.h"
 
+#include "apps/base/FileCalls.h"
 #include "apps/base/FileNames.h"
 #include "apps/base/WholeFile.h"
+#include "apps/client/language/Language.h"
 #include "host/TC/Folders.h"
 
 #include <QCryptographicHash>
@@ -58,10 +60,10 @@ base::Result<std::optional<QByteArray>> readOptional(const QString& path)
         return std::optional<QByteArray>();
     QFile file;
     if (descriptor < 0 || !file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
-        return base::Failure { QStringLiteral("%1：%2").arg(base::printable(path), qt_error_string()) };
+        return base::Failure { QStringLiteral("%1: %2").arg(base::printable(path), qt_error_string()) };
     QByteArray content = file.readAll();
     if (file.error() != QFileDevice::NoError || file.size() != content.size())
-        return base::Failure { QStringLiteral("%1：%2").arg(base::printable(path), file.errorString()) };
+        return base::Failure { QStringLiteral("%1: %2").arg(base::printable(path), file.errorString()) };
     return std::optional<QByteArray>(std::move(content));
 }
 
@@ -85,7 +87,7 @@ base::Result<void> writeLiveFiles(const FormulaFiles& files)
         if (!*content)
             continue;
         if (const auto fault = base::writeWholeFile(path, **content))
-            return base::Failure { fault->chinese() };
+            return base::Failure { ownWords(*fault) };
     }
     return {};
 }

@@ -9,7 +9,7 @@ namespace client {
 
 namespace {
 
-constexpr std::size_t kMostPairs = 4'000'000; // bounds time and memory
+constexpr std::size_t kMostPairs = 4000 * 1000; // bounds time and memory
 
 std::size_t sizeOf(const QStringList& lines)
 {

@@ -80,7 +80,9 @@ QByteArray Session::toJson() const
             values.append(value);
         numbers.insert(entry.key(), values);
     }
-    return QJsonDocument(QJsonObject { { QStringLiteral("skin"), fromName(skin) },
+    return QJsonDocument(QJsonObject { { QStringLiteral("language"), language },
+                                       { QStringLiteral("skin"), fromName(skin) },
+                                       { QStringLiteral("greenUp"), isGreenUp },
                                        { QStringLiteral("bars"), fromName(bars) },
                                        { QStringLiteral("ticks"), fromName(ticks) },
                                        { QStringLiteral("filter"), filter },
@@ -99,7 +101,9 @@ Session Session::fromJson(const QByteArray& json)
 {
     const QJsonObject root = QJsonDocument::fromJson(json).object();
     Session session;
+    session.language = root.value(QStringLiteral("language")).toString();
     session.skin = toName(root.value(QStringLiteral("skin")));
+    session.isGreenUp = root.value(QStringLiteral("greenUp")).toBool();
     session.bars = toName(root.value(QStringLiteral("bars")));
     session.ticks = toName(root.value(QStringLiteral("ticks")));
     session.filter = root.value(QStringLiteral("filter")).toString();

@@ -16,7 +16,9 @@ namespace client {
 /// The user's choices beside the arrangement of the docks, which has a file of its own.
 struct Session
 {
+    QString language;               ///< of offeredLanguages(); empty: the default
     QString skin;                   ///< shipped name or path; empty: the default
+    bool isGreenUp = false;         ///< green rises and red falls
     QString bars;                   ///< file of the instrument on the chart; empty: none
     QString ticks;                  ///< file of the tick page; empty: none
     QString filter;                 ///< of the instruments

@@ -2,6 +2,7 @@
 #include "apps/client/session/SessionKeeper.h"
 
 #include "apps/base/WholeFile.h"
+#include "apps/client/language/Language.h"
 
 #include <QFile>
 
@@ -41,7 +42,7 @@ void SessionKeeper::keep()
     if (now != m_kept) {
         const auto fault = base::writeWholeFile(Session::path(), now);
         m_kept = now; // a file that cannot be written is tried again with the next change
-        const QString cause = fault ? fault->chinese() : QString();
+        const QString cause = fault ? ownWords(*fault) : QString();
         if (!cause.isEmpty() && cause != m_told)
             Q_EMIT sigMessage(cause);
         m_told = cause;

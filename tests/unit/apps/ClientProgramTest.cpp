@@ -52,3 +52,14 @@ TEST(ClientProgram, LeavesTurnoverOutOfTheLegendOfEveryBundledFileWhichHasNone)
         EXPECT_TRUE(texts.filter(QStringLiteral("成交额")).isEmpty()) << name;
     }
 }
+
+TEST(ClientProgram, NamesTheLanguagesItKnowsWhenAskedForAnother)
+{
+    QProcess program;
+    program.start(QStringLiteral(CLIENT_PROGRAM), { QStringLiteral("--lang"), QStringLiteral("tlh") });
+    ASSERT_TRUE(program.waitForFinished());
+    EXPECT_NE(program.exitCode(), 0);
+    const QString told = QString::fromUtf8(program.readAllStandardError());
+    EXPECT_TRUE(told.contains(QStringLiteral("tlh")) && told.contains(QStringLiteral("zh and en")))
+        << told.toStdString();
+}

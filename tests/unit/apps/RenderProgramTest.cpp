@@ -8,6 +8,7 @@
 #include "engine/files/BarFile.h"
 #include "tests/support/ChildRun.h"
 #include "tests/support/RecoveryFolders.h"
+#include "tests/support/System.h"
 #include "tests/support/Trace.h"
 #include "host/utils/TextCodec.h"
 
@@ -20,9 +21,6 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -154,15 +152,14 @@ TEST_F(RenderProgram, LeavesTurnoverOutOfEveryBundledFileWhichHasNone)
 
 TEST_F(RenderProgram, NeverWritesIntoAPipeOrADevice)
 {
-    ASSERT_EQ(::mkfifo(path("pipe.csv").toUtf8().constData(), 0600), 0);
+    ON_UNIX_ALONE("there are no pipes in folders");
+    ASSERT_TRUE(test::makePipe(path("pipe.csv")));
     for (const QString& place : { path("pipe.csv"), QStringLiteral("/dev/null") }) {
         const Outcome result =
             run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--export"), place });
         expectRefused(result, "not an ordinary file");
     }
-    struct stat state;
-    ASSERT_EQ(::stat(path("pipe.csv").toUtf8().constData(), &state), 0);
-    EXPECT_TRUE(S_ISFIFO(state.st_mode));
+    EXPECT_TRUE(test::isPipe(path("pipe.csv")));
 }
 
 TEST_F(RenderProgram, RefusesPicturesBeyondAGibibyte)
@@ -218,7 +215,7 @@ TEST_F(RenderProgram, TellsItsVersion)
 TEST_F(RenderProgram, EndsInOneLineWhenMemoryGivesOut)
 {
     if (!test::measuresMemory())
-        GTEST_SKIP() << "sanitizers need several times as much";
+        GTEST_SKIP() << "needs several times as much, or has no such limit";
     QProcess process; // 700 MB do not hold a picture of a gibibyte
     process.start(QStringLiteral("/bin/sh"),
                   { QStringLiteral("-c"), QStringLiteral("ulimit -v 700000; exec \"$@\""),
@@ -242,7 +239,7 @@ TEST_F(RenderProgram, RefusesAFormulaWhoseNameDiffersFromAnotherInCaseAlone)
 TEST_F(RenderProgram, KeepsAHugeTextOfThePaneOnceAndRefusesOneAtEveryBar)
 {
     if (!test::measuresMemory())
-        GTEST_SKIP() << "sanitizers need several times as much";
+        GTEST_SKIP() << "needs several times as much, or has no such limit";
     const QByteArray text(1'000'000, 'x');
     const auto draw = [&](const QByteArray& formula) {
         test::RecoveryFolders::write(path("TEXT.txt"), formula);
@@ -265,7 +262,7 @@ TEST_F(RenderProgram, KeepsAHugeTextOfThePaneOnceAndRefusesOneAtEveryBar)
 TEST_F(RenderProgram, TakesLittleMoreMemoryThanTheBarsToPaintAndToExport)
 {
     if (!test::measuresMemory())
-        GTEST_SKIP() << "sanitizers need several times as much";
+        GTEST_SKIP() << "needs several times as much, or has no such limit";
     QFile file(path("bars.csv"));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("date,time,open,high,low,close,volume\n");
@@ -342,33 +339,6 @@ TEST_F(RenderProgram, DrawsOrRefusesBarsAtTheEndOfTheNumbers)
     }
 }
 
-TEST_F(RenderProgram, OpensFilesWhoseNamesAreMadeOfAnyBytes)
-{
-    const QByteArray folder = m_folder.path().toUtf8();
-    QByteArray bars = folder + "/SH\xFF\n600030.csv", formula = folder + "/\xC3(.txt",
-               picture = folder + "/\xFE.png", missing = folder + "/a\nb\xFF\x1B[31m.csv";
-    ASSERT_FALSE(base::writeWholeFile(base::nameFromBytes(bars),
-                                      test::RecoveryFolders::contentOf(sample("DFM00.csv"))));
-    ASSERT_FALSE(base::writeWholeFile(base::nameFromBytes(formula), "LINE:CLOSE;"));
-    const auto exitCodeOf = [](std::vector<QByteArray> words) {
-        std::vector<char*> arguments;
-        for (QByteArray& word : words)
-            arguments.push_back(word.data());
-        arguments.push_back(nullptr);
-        return test::runInChild(
-                   [&] {
-                       ::execv(RENDER_PROGRAM, arguments.data());
-                       return 99;
-                   },
-                   60)
-            .answer;
-    };
-    EXPECT_EQ(exitCodeOf({ "render", "--bars", bars, "--formula", formula, "-o", picture }), 0);
-    struct stat state;
-    EXPECT_EQ(::stat(picture.constData(), &state), 0);
-    EXPECT_EQ(exitCodeOf({ "render", "--bars", missing, "-o", picture }), 2);
-}
-
 TEST_F(RenderProgram, EscapesControlCharactersSoThatAMessageIsOneLine)
 {
     const Outcome result =
@@ -378,6 +348,7 @@ TEST_F(RenderProgram, EscapesControlCharactersSoThatAMessageIsOneLine)
 
 TEST_F(RenderProgram, RefusesAFormulaWithoutEnd)
 {
+    ON_UNIX_ALONE("there are no devices among files");
     const Outcome result = run({ QStringLiteral("--check"), QStringLiteral("/dev/zero") });
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_FALSE(result.error.contains(QLatin1Char('\n'))) << result.error.toStdString();

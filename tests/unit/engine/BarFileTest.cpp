@@ -13,8 +13,6 @@
 #include <algorithm>
 #include <cfloat>
 
-#include <sys/stat.h>
-
 namespace {
 
 constexpr const char* kHeader = "date,open,high,low,close,volume\n";
@@ -129,10 +127,11 @@ TEST(BarFile, RefusesAFolder)
 
 TEST(BarFile, RefusesWhatIsNoOrdinaryFileWithoutAWait)
 {
+    ON_UNIX_ALONE("there are no pipes in folders");
     const QTemporaryDir folder;
-    const std::string pipe = folder.filePath(QStringLiteral("pipe")).toStdString();
-    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-    for (const std::string& path : { pipe, std::string("/dev/zero") }) {
+    const QString pipe = folder.filePath(QStringLiteral("pipe"));
+    ASSERT_TRUE(test::makePipe(pipe));
+    for (const std::string& path : { pipe.toStdString(), std::string("/dev/zero") }) {
         std::string failure;
         EXPECT_FALSE(engine::readBars(path, failure));
         EXPECT_EQ(failure, path + ":1: the file cannot be read: not an ordinary file");
@@ -254,6 +253,7 @@ TEST(BarFile, NamesDatesOutOfOrderAndEqualOnes)
 
 TEST(BarFile, TakesATimeThatTheClockLeavesOutAsIfItHadNotBeenPutForward)
 {
+    ON_UNIX_ALONE("zones have no names");
     const test::TimeZone zone("America/New_York");
     // Two o'clock is seven o'clock UTC before, and six after; the hour from two to three is left out.
     const BarText text(std::string(kHeader)
@@ -269,6 +269,7 @@ TEST(BarFile, TakesATimeThatTheClockLeavesOutAsIfItHadNotBeenPutForward)
 
 TEST(BarFile, TakesATimeThatTheClockShowsTwiceAsTheFirst)
 {
+    ON_UNIX_ALONE("zones have no names");
     const test::TimeZone zone("Europe/London");
     const BarText text(std::string(kHeader) + "2024-10-27 01:30,1,2,1,2,5\n2024-10-27 02:00,1,2,1,2,5\n");
     ASSERT_TRUE(text.bars) << text.failure;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/TC/QReadFile.h"
+#include "tests/support/System.h"
 #include "tests/support/Trace.h"
 #include "tests/support/Workbooks.h"
 #include "host/utils/TextCodec.h"
@@ -7,8 +8,6 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-
-#include <unistd.h>
 
 namespace {
 
@@ -94,18 +93,14 @@ TEST_F(ReadFile, RefusesWhatIsNoReadableFile)
 
 TEST_F(ReadFile, RefusesAFileWithoutReadPermission)
 {
+    ON_UNIX_ALONE("permissions are of another kind");
     QString file = test::writeFile(path("locked.csv"), "600000");
     QFile::setPermissions(file, {});
     QFile::setPermissions(m_folder.path(), QFile::Permissions(0x7755)); // others may enter
-    const bool isRoot = geteuid() == 0; // who may read everything, so another user tries
-    if (isRoot) {
-        ASSERT_EQ(seteuid(65534), 0);
-    }
+    ASSERT_TRUE(test::becomeStranger()); // the administrator may read everything
     QList<QString> lines;
     const bool wasRead = TC::QReadFile(file, lines, false);
-    if (isRoot) {
-        ASSERT_EQ(seteuid(0), 0);
-    }
+    test::becomeOneself();
     EXPECT_FALSE(wasRead);
     EXPECT_TRUE(lines.isEmpty());
 }

@@ -118,7 +118,28 @@ TEST_F(ClientWindow, TakesTheBarUnderARestingPointerAfterEveryMove)
     const QPoint place(300, 40);
     moveTo(plot(0), place);
     for (int key : { Qt::Key_Left, Qt::Key_Home, Qt::Key_Right, Qt::Key_End }) {
-        QTest::keyClick(chart(), static_cast<Qt::Key>(key));
+        const bool isCursorKey = key == Qt::Key_Left || key == Qt::Key_Right;
+        QTest::keyClick(chart(), static_cast<Qt::Key>(key),
+                        isCursorKey ? Qt::ControlModifier : Qt::NoModifier);
         EXPECT_EQ(state->crosshairBar(), state->view(plot(0)->width() - chart::kAxisWidth).barAt(place.x()));
     }
+}
+
+TEST_F(ClientWindow, LegendsShowTheLastBarInViewWhereThereIsNoCrosshair)
+{
+    openShare();
+    client::ChartState* state = chart()->state();
+    const auto legend = [this] { return panes()[0]->title()->grab().toImage(); };
+    const QImage newest = legend();
+    state->show(100, 200);
+    const QImage looksBack = legend();
+    EXPECT_NE(looksBack, newest);
+    state->setCrosshairBar(200);
+    EXPECT_EQ(legend(), looksBack);
+    state->setCrosshairBar(150);
+    EXPECT_NE(legend(), looksBack);
+    state->setCrosshairBar(-1);
+    EXPECT_EQ(legend(), looksBack);
+    state->showLast();
+    EXPECT_EQ(legend(), newest);
 }

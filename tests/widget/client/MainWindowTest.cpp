@@ -104,7 +104,7 @@ TEST_F(ClientWindow, ZoomsAndMovesByKeys)
     const int count = state->last() - state->first() + 1;
     QTest::keyClick(chart(), Qt::Key_Up);
     EXPECT_LT(state->last() - state->first() + 1, count);
-    QTest::keyClick(chart(), Qt::Key_Left);
+    QTest::keyClick(chart(), Qt::Key_Left, Qt::ControlModifier);
     EXPECT_LT(state->last(), state->barTotal() - 1);
     QTest::keyClick(chart(), Qt::Key_Home);
     EXPECT_EQ(state->first(), 0);

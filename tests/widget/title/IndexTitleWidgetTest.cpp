@@ -754,6 +754,13 @@ TEST_F(TitleWidget, PositionsShowWhenTheSettingsAskForThem)
     EXPECT_GT(lastInk(with), lastInk(without));
     settings->displayFlags = 5;
     EXPECT_EQ(strip.picture(900, 32), without);
+
+    auto klineSettings = boost::make_shared<TC::CKLineUiParam>();
+    test::Strip klineStrip(&data, 0, 0, 0, 0, nullptr, klineSettings);
+    klineStrip.setStock(stock);
+    EXPECT_EQ(klineStrip.picture(900, 32), without);
+    klineSettings->displayFlags = 2;
+    EXPECT_EQ(klineStrip.picture(900, 32), with);
 }
 
 TEST_F(TitleWidget, OpenedRowsShowTheRestOfTheLegend)
