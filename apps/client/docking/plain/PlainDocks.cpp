@@ -52,7 +52,8 @@ void CDockWidget::setFeature(DockWidgetFeature feature, bool on)
 CDockAreaWidget* CDockWidget::dockAreaWidget()
 {
     const QList<CDockWidget*> tabs = tabsOf(this);
-    return &(*std::min_element(tabs.begin(), tabs.end(), std::less<>()))->m_area;
+    CDockWidget* const first = *std::min_element(tabs.begin(), tabs.end(), std::less<>());
+    return &first->m_area;
 }
 
 bool CDockWidget::event(QEvent* event)
