@@ -32,9 +32,9 @@ QString WriteFault::chinese() const
 }
 
 WholeFile::WholeFile(const QString& path)
+    : m_target(whole::endOfLinks(path))
 {
     m_fault.path = path;
-    m_target = whole::endOfLinks(path);
     if (m_target.isEmpty()) {
         fail(whole::lastFault());
     } else if (const std::optional<unsigned> permissions = whole::permissionsFor(m_target)) {

@@ -71,7 +71,7 @@ ChartPane::ChartPane(bool main, ChartState* state, FormulaSource* source, const 
     for (const auto signal : { &ChartState::sigCrosshairChanged, &ChartState::sigViewChanged })
         connect(state, signal, this, [this] { showLegendOf(m_state->crosshairBar()); });
     connect(state, &ChartState::sigBarsChanged, this, &ChartPane::reloadStock);
-    reloadStock();
+    ChartPane::reloadStock();
     m_data->setFormulas(formulas);
 }
 

@@ -74,7 +74,8 @@ public:
     LineReader(const QByteArray& headings, const KnownInstrument& known)
         : m_known(known)
     {
-        for (const QByteArray& heading : headings.split(','))
+        const QList<QByteArray> names = headings.split(',');
+        for (const QByteArray& heading : names)
             m_columns.push_back(cellOf(heading));
         m_market = placeOf(Cell::Market);
         m_code = placeOf(Cell::Code);

@@ -35,7 +35,6 @@
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>
-#include <qtadvanceddocking/DockWidgetTab.h>
 
 using test::ClientWindow;
 using test::sample;

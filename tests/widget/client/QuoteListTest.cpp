@@ -6,8 +6,6 @@
 #include "host/WB/SkinLookup.h"
 #include "tests/widget/client/ClientWindow.h"
 
-#include <qtadvanceddocking/DockWidget.h>
-
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLineEdit>
