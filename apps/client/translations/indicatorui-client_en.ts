@@ -792,7 +792,7 @@ Once a file is open, the list on the left offers the other instruments of its fo
     <name>client::InstrumentList</name>
     <message>
         <source>代码、名称、拼音</source>
-        <translation>Code, name, pinyin</translation>
+        <translation>Code or name</translation>
     </message>
     <message>
         <source>右键点品种可加入自选</source>
