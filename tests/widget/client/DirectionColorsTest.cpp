@@ -21,7 +21,7 @@ int pixelsOf(const QColor& color, QWidget* widget)
     return count;
 }
 
-/// Pixels of the two colours in each part of the page: candles, volumes, the main legend.
+/// Pixels of a colour in each part of the page.
 std::vector<int> countsIn(const std::vector<QWidget*>& parts, const QColor& color)
 {
     std::vector<int> counts;
@@ -36,18 +36,23 @@ TEST_F(ClientWindow, ExchangesTheColoursOfRiseAndFallInEverySkinAtOnce)
 {
     openShare();
     QAction* greenUp = m_window->findChild<QAction*>(QStringLiteral("greenUp"));
-    const std::vector<QWidget*> parts { plot(0), plot(1), panes()[0]->title() };
+    const std::vector<QWidget*> parts { plot(0), plot(1) };
+    QWidget* legend = panes()[0]->title();
+    constexpr double softEdges = 0.1; // share of a legend's pixels that may come out as a colour by blending
     const QStringList skins = TC::embedded::skinNames();
     for (const QString& skin : skins) {
         m_window->chooseSkin(skin);
         greenUp->setChecked(false);
         const QColor rise = WB::skinColor("ic_clr_kline_rise"), fall = WB::skinColor("ic_clr_kline_fall");
         const std::vector<int> rises = countsIn(parts, rise), falls = countsIn(parts, fall);
+        const int legendRises = pixelsOf(rise, legend);
+        EXPECT_LT(legendRises, pixelsOf(fall, legend)) << "more values of the newest bar have fallen";
         EXPECT_GT(rises[0], 100);
         EXPECT_GT(falls[1], 100);
         greenUp->setChecked(true);
         EXPECT_EQ(countsIn(parts, fall), rises) << skin.toStdString();
         EXPECT_EQ(countsIn(parts, rise), falls) << skin.toStdString();
+        EXPECT_NEAR(pixelsOf(fall, legend), legendRises, softEdges * legendRises) << skin.toStdString();
     }
     m_window->chooseSkin(skins.front());
     EXPECT_TRUE(greenUp->isChecked());
@@ -57,8 +62,9 @@ TEST_F(ClientWindow, ExchangesTheColoursOfRiseAndFallInEverySkinAtOnce)
 TEST_F(ClientWindow, ExchangesTheColoursOfTheQuotesToo)
 {
     openShare();
-    auto* quotes = m_window->findChild<client::QuoteList*>();
     m_window->docks()->dock(QStringLiteral("quoteList"))->setAsCurrentTab();
+    auto* quotes = m_window->findChild<client::QuoteList*>();
+    ASSERT_NE(quotes, nullptr);
     const auto colors = [&] {
         QStringList names;
         for (int row = 0; row < quotes->model()->rowCount(); ++row)
