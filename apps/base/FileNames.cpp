@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/base/FileNames.h"
 
-#include <QDir>
-#include <QFileInfo>
-
 #include <algorithm>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace base {
 
@@ -67,11 +61,11 @@ QByteArray bytesOfName(const QString& name)
     for (int place = 0; place < name.size(); ++place) {
         if (!isMarkedByte(name, place))
             continue;
-        bytes += name.midRef(written, place - written).toUtf8();
+        bytes += QStringView(name).mid(written, place - written).toUtf8();
         bytes += static_cast<char>(name[place].unicode() - kByteMark);
         written = place + 1;
     }
-    return bytes + name.midRef(written).toUtf8();
+    return bytes + QStringView(name).mid(written).toUtf8();
 }
 
 QString printable(const QString& text)
@@ -93,32 +87,6 @@ QString printable(const QString& text)
             line += text[place];
     }
     return line;
-}
-
-QString nameFromUrl(const QUrl& url)
-{
-    if (!url.isLocalFile())
-        return QString();
-    return nameFromBytes(QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()));
-}
-
-PlainlyNamed::PlainlyNamed(const QString& name)
-    : m_name(name)
-{
-    const QByteArray bytes = bytesOfName(name);
-    if (QString::fromUtf8(bytes).toUtf8() == bytes)
-        return;
-    m_folder = std::make_unique<QTemporaryDir>();
-    const QString link = m_folder->filePath(QStringLiteral("file.") + QFileInfo(name).suffix());
-    const QByteArray target =
-        QFileInfo(name).isAbsolute() ? bytes : bytesOfName(QDir::currentPath()) + '/' + bytes;
-    if (m_folder->isValid() && ::symlink(target.constData(), QFile::encodeName(link).constData()) == 0)
-        m_name = link;
-}
-
-int openForReading(const QString& name)
-{
-    return ::open(bytesOfName(name).constData(), O_RDONLY | O_CLOEXEC);
 }
 
 } // namespace base

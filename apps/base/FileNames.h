@@ -4,9 +4,11 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 #include <QUrl>
 
+#include <filesystem>
 #include <memory>
 
 namespace base {
@@ -17,6 +19,14 @@ QString nameFromBytes(const QByteArray& bytes);
 
 /// The bytes of a name, whether it comes from nameFromBytes() or from Qt.
 QByteArray bytesOfName(const QString& name);
+
+/// The arguments of a program behind its own name, from those that main() was given. The application object
+/// must exist; it takes out what is its own.
+QStringList argumentsOf(int argc, char** argv);
+
+/// A name for the standard library, and back.
+std::filesystem::path pathOf(const QString& name);
+QString nameOf(const std::filesystem::path& path);
 
 /// A text as one line of a message: control characters, line ends of any kind and bytes that are no text are
 /// written as \n, \t or \xNN, marks that turn the direction of writing as \uNNNN.
@@ -39,8 +49,5 @@ private:
     QString m_name;
     std::unique_ptr<QTemporaryDir> m_folder; ///< null when no link is needed
 };
-
-/// Opens a file of any name for reading. @return the descriptor, which the caller closes; -1 with errno set.
-int openForReading(const QString& name);
 
 } // namespace base

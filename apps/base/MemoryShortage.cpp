@@ -2,12 +2,10 @@
 #include "apps/base/MemoryShortage.h"
 
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <exception>
 #include <new>
-
-#include <unistd.h>
 
 namespace base {
 
@@ -15,16 +13,10 @@ namespace {
 
 const char* s_program = "";
 
-/// Takes no memory.
-void print(const char* text)
-{
-    [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, text, std::strlen(text));
-}
-
 [[noreturn]] void endForWantOfMemory()
 {
-    print(s_program);
-    print(": not enough memory\n");
+    std::fputs(s_program, stderr); // has no buffer, so that it takes no memory
+    std::fputs(": not enough memory\n", stderr);
     std::_Exit(kFailed);
 }
 
@@ -48,7 +40,9 @@ int runWithinMemory(const char* program, int (*work)(int, char**), int argc, cha
 {
     s_program = program;
     std::set_terminate(onTerminate);
+#ifdef SIGXFSZ
     std::signal(SIGXFSZ, SIG_IGN); // a file that may not grow is a failed write, not the program's end
+#endif
     try {
         return work(argc, argv);
     } catch (const std::bad_alloc&) {

@@ -47,14 +47,13 @@ public:
     std::optional<WriteFault> finish();
 
 private:
-    void open();
     void fail(const QString& cause);
     bool keep(bool done);
 
     WriteFault m_fault { WriteFault::OldContent, QString(), QString() };
     bool m_failed = false;
-    QByteArray m_target; ///< where the path leads
-    QByteArray m_beside; ///< the new file; empty while there is none
+    QString m_target; ///< where the path leads
+    QString m_beside; ///< the new file; empty while there is none
     int m_descriptor = -1;
     unsigned m_permissions = 0;
 };

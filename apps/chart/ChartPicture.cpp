@@ -46,6 +46,8 @@ void paintLegend(QPainter& painter, const ChartPicture& picture, const PicturePa
     param->barCount = static_cast<int>(picture.times.size());
     Instrument instrument = picture.instrument;
     QList<Instrument> overlaid;
+    for (const Instrument& other : main ? picture.overlaid : std::vector<Instrument>())
+        overlaid << other;
     const int indent = main ? 0 : kGap - 1;
     TC::CDrawStyle::drawTitle(&painter, rect, pane.results->getData(), picture.last, instrument, overlaid,
                               TC::EIndexView_Module, indent, main, {}, {}, {}, 0, 0, 0, 0, 0, 0, 0, 0, 0,
@@ -92,7 +94,7 @@ void paintChart(QPainter& painter, const ChartPicture& picture, const QSize& siz
         }
         top = bottom;
     }
-    paintTimeAxis(painter, QRect(0, height, size.width(), kTimeHeight), picture.times, view, Crosshair());
+    paintTimeAxis(painter, QRect(0, height, size.width(), kTimeHeight), picture.times, view);
 }
 
 } // namespace chart

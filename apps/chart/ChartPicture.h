@@ -29,10 +29,11 @@ struct PicturePane
 struct ChartPicture
 {
     Instrument instrument;
-    std::vector<PicturePane> panes;  ///< from top to bottom; the first is the tallest
-    std::vector<std::int64_t> times; ///< starts of the bars, milliseconds since 1970-01-01 UTC
-    QString periodName;              ///< shown behind the instrument's name
-    int first = 0, last = -1;        ///< bars, both inclusive; legends show the last one
+    std::vector<Instrument> overlaid; ///< over the first pane
+    std::vector<PicturePane> panes;   ///< from top to bottom; the first is the tallest
+    std::vector<std::int64_t> times;  ///< starts of the bars, milliseconds since 1970-01-01 UTC
+    QString periodName;               ///< shown behind the instrument's name
+    int first = 0, last = -1;         ///< bars, both inclusive; legends show the last one
 };
 
 /// The least size on which every pane is drawn.

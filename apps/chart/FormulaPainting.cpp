@@ -2,6 +2,7 @@
 #include "apps/chart/FormulaPainting.h"
 
 #include "apps/chart/AxisTexts.h"
+#include "apps/chart/PaneScale.h"
 #include "data/RecordReading.h"
 #include "draw/CDrawStyle.h"
 #include "host/se/RecordCodes.h"
@@ -143,6 +144,7 @@ void paintFormulas(QPainter& painter, const PaneContent& pane, const BarView& vi
     TC::CDrawStyle style;
     for (const PaneFormula& formula : pane.formulas) {
         const se::RPCFormulaMetaResult& meta = formula.records->meta;
+        const QPair<double, double> own = ownRange(formula, range);
         const std::size_t described =
             std::min({ meta.drawType.size(), meta.outputColumns.size(), meta.lineWidth.size() });
         for (std::size_t output = 0; output < described; ++output) {
@@ -150,7 +152,7 @@ void paintFormulas(QPainter& painter, const PaneContent& pane, const BarView& vi
                 continue;
             painter.save();
             painter.translate(view.shift(), 0);
-            paintOutput(painter, style, pane, formula, static_cast<int>(output), view, range, height);
+            paintOutput(painter, style, pane, formula, static_cast<int>(output), view, own, height);
             painter.restore();
         }
     }

@@ -50,24 +50,23 @@ std::set<int> priceColumns(const se::RPCFormulaMetaResult& meta)
     return columns;
 }
 
-std::vector<double> mapped(const std::vector<double>& prices, const PriceMap& map)
+double placeOf(double price, const ValueAxis& axis)
+{
+    const bool isPrice = std::isfinite(price) && price < DBL_MAX;
+    return isPrice ? axis.placeOf(price) : std::numeric_limits<double>::quiet_NaN();
+}
+
+std::vector<double> mapped(const std::vector<double>& prices, const ValueAxis& axis)
 {
     std::vector<double> places(prices.size());
     std::transform(prices.begin(), prices.end(), places.begin(),
-                   [&](double price) { return map.placeOf(price); });
+                   [&](double price) { return placeOf(price, axis); });
     return places;
 }
 
 } // namespace
 
-double PriceMap::placeOf(double price) const
-{
-    if (!std::isfinite(price) || price >= DBL_MAX)
-        return std::numeric_limits<double>::quiet_NaN();
-    return factor * axis.placeOf(price) + offset;
-}
-
-TC::RPCFormulaResultCache mappedPrices(const TC::RPCFormulaResultCache& records, const PriceMap& map)
+TC::RPCFormulaResultCache mappedPrices(const TC::RPCFormulaResultCache& records, const ValueAxis& axis)
 {
     TC::RPCFormulaResultCache copy = records;
     std::map<int, int> places; // series of prices: series of their places
@@ -81,7 +80,7 @@ TC::RPCFormulaResultCache mappedPrices(const TC::RPCFormulaResultCache& records,
             continue;
         const auto [known, isNew] = places.emplace(own, static_cast<int>(series.size()));
         if (isNew)
-            series.push_back(mapped(records.result.numberSeries[static_cast<std::size_t>(own)], map));
+            series.push_back(mapped(records.result.numberSeries[static_cast<std::size_t>(own)], axis));
         own = known->second;
         // Columns of whole numbers: their places are not.
         if (static_cast<std::size_t>(column) < copy.result.columnType.size()

@@ -7,6 +7,8 @@
 #include "apps/chart/ValueMarks.h"
 #include "host/WB/SkinLookup.h"
 
+#include <QImage>
+#include <QPaintEngine>
 #include <QPainter>
 
 #include <algorithm>
@@ -74,6 +76,27 @@ std::optional<int> lastPriceRow(const PaneGeometry& geometry, const PaneContent&
         return std::nullopt;
     const int row = rowOfValue(pane.lastPrice->price, pane, range, geometry.plot.height());
     return row >= 0 && row < geometry.plot.height() ? std::optional(row) : std::nullopt;
+}
+
+/// Files of pictures, and printers, take every stroke of every bar: where many bars share a column that is
+/// most of them for nothing.
+bool isTooDense(const QPainter& painter, const BarView& view)
+{
+    const QPaintEngine::Type engine = painter.paintEngine()->type();
+    return (engine == QPaintEngine::SVG || engine == QPaintEngine::Pdf)
+        && view.count() > kMostBarsAColumn * std::max(1, view.width);
+}
+
+/// The formulas as pixels, without what is beneath them.
+QImage formulasAsPicture(const PaneContent& pane, const BarView& view, const QPair<double, double>& range,
+                         const QSize& size, const QFont& font)
+{
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setFont(font);
+    paintFormulas(painter, pane, view, range, size.height());
+    return image;
 }
 
 /// A price with a line through the plot and a tag on the axis.
@@ -201,7 +224,10 @@ void paintPlot(QPainter& painter, const PaneGeometry& geometry, const PaneConten
     painter.setClipRect(geometry.plot, Qt::IntersectClip);
     painter.translate(geometry.plot.topLeft());
     useAxisFont(painter); // candles and numbers are labelled in the painter's font
-    paintFormulas(painter, pane, view, range, geometry.plot.height());
+    if (isTooDense(painter, view) && !geometry.plot.isEmpty())
+        painter.drawImage(0, 0, formulasAsPicture(pane, view, range, geometry.plot.size(), painter.font()));
+    else
+        paintFormulas(painter, pane, view, range, geometry.plot.height());
     painter.restore();
 
     paintAxis(painter, geometry, marks, pane, range);
@@ -256,7 +282,7 @@ std::vector<int> timeGrid(const std::vector<std::int64_t>& times, const BarView&
 }
 
 void paintTimeAxis(QPainter& painter, const QRect& rect, const std::vector<std::int64_t>& times,
-                   const BarView& view, const Crosshair& crosshair)
+                   const BarView& view)
 {
     painter.save();
     painter.fillRect(rect, background());
@@ -272,14 +298,29 @@ void paintTimeAxis(QPainter& painter, const QRect& rect, const std::vector<std::
             painter.drawText(QRect(column - width / 2 - 1, rect.top() + 3, width + 2, rect.height() - 3),
                              Qt::AlignCenter, mark.text);
     }
-    const QString text = timeText(times, crosshair.bar);
-    if (!text.isEmpty() && crosshair.bar >= view.first && crosshair.bar <= view.last) {
-        const int width = painter.fontMetrics().horizontalAdvance(text) + 2 * kTextMargin;
-        const int left =
-            std::max(rect.left(),
-                     std::min(rect.left() + view.centre(crosshair.bar) - width / 2, rect.right() - width));
-        paintTag(painter, QRect(left, rect.top() + 1, width, rect.height() - 1), text, axisText());
-    }
+    painter.restore();
+}
+
+TimeTag timeTag(const QRect& rect, const std::vector<std::int64_t>& times, const BarView& view, int bar,
+                const QFont& font)
+{
+    const QString text = timeText(times, bar);
+    if (text.isEmpty() || bar < view.first || bar > view.last)
+        return {};
+    const QFontMetrics metrics(WB::skinFont("fnt_graph_axis_text", font));
+    const int width = metrics.horizontalAdvance(text) + 2 * kTextMargin;
+    const int left =
+        std::max(rect.left(), std::min(rect.left() + view.centre(bar) - width / 2, rect.right() - width));
+    return { QRect(left, rect.top() + 1, width, rect.height() - 1), text };
+}
+
+void paintTimeTag(QPainter& painter, const TimeTag& tag)
+{
+    if (tag.box.isEmpty())
+        return;
+    painter.save();
+    useAxisFont(painter);
+    paintTag(painter, tag.box, tag.text, axisText());
     painter.restore();
 }
 

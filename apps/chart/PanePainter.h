@@ -5,9 +5,11 @@
 #include "apps/chart/BarView.h"
 #include "apps/chart/PaneContent.h"
 
+#include <QFont>
 #include <QPair>
 #include <QRect>
 #include <QRegion>
+#include <QString>
 
 #include <optional>
 
@@ -29,6 +31,10 @@ struct Crosshair
     std::optional<int> row;                     ///< row of the plot, when the pointer is in this pane
     std::optional<double> value = std::nullopt; ///< told on the axis instead of the row's value
 };
+
+/// With more bars than this in a column of pixels, SVG and PDF hold the formulas as an embedded picture:
+/// every stroke of a million bars would make a file of hundreds of megabytes.
+constexpr int kMostBarsAColumn = 4;
 
 /// Paints everything of a pane but the crosshair. Colours and fonts come from the skin; `view.width` must be
 /// the plot's width.
@@ -53,6 +59,20 @@ std::vector<int> timeGrid(const std::vector<std::int64_t>& times, const BarView&
 
 /// Paints the time axis below the panes into `rect`, whose left edge is the plots' left edge.
 void paintTimeAxis(QPainter& painter, const QRect& rect, const std::vector<std::int64_t>& times,
-                   const BarView& view, const Crosshair& crosshair);
+                   const BarView& view);
+
+/// The time under the crosshair, over the painted time axis.
+struct TimeTag
+{
+    QRect box; ///< empty without a crosshair
+    QString text;
+};
+
+/// @param rect  of the time axis.
+/// @param bar  under the crosshair; one that is not shown has no tag.
+/// @param font  of the widget, where the skin names none.
+TimeTag timeTag(const QRect& rect, const std::vector<std::int64_t>& times, const BarView& view, int bar,
+                const QFont& font);
+void paintTimeTag(QPainter& painter, const TimeTag& tag);
 
 } // namespace chart

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "apps/chart/PaneScale.h"
 
-#include "draw/CDrawStyle.h"
 #include "draw/PaneMapping.h"
 #include "host/se/RecordCodes.h"
 
@@ -19,7 +18,34 @@ constexpr double kAir = 0.06; // share of the range that is left free above and 
 /// drawn outside the pane.
 constexpr double kGreatest = 1e304;
 
+/// The (maximum, minimum) of what counts of a formula, on the pane's axis.
+std::optional<QPair<double, double>> shownRange(const PaneContent& pane, const PaneFormula& formula,
+                                                const BarView& view)
+{
+    const BlockRanges::Rule rule { !pane.showsPrices, formula.overlaid, formula.scale };
+    BlockRanges none;
+    BlockRanges& ranges = formula.ranges ? *formula.ranges : none;
+    auto range = ranges.range(*formula.records, view.first, view.last, rule);
+    if (range && !standsOnPlaces(formula))
+        range = qMakePair(formula.factor * range->first + formula.offset,
+                          formula.factor * range->second + formula.offset);
+    return range;
+}
+
 } // namespace
+
+bool standsOnPlaces(const PaneFormula& formula)
+{
+    return formula.factor == 1.0 && formula.offset == 0.0;
+}
+
+QPair<double, double> ownRange(const PaneFormula& formula, const QPair<double, double>& range)
+{
+    if (standsOnPlaces(formula))
+        return range;
+    return { (range.first - formula.offset) / formula.factor,
+             (range.second - formula.offset) / formula.factor };
+}
 
 bool standsOnZero(const PaneContent& pane)
 {
@@ -46,14 +72,11 @@ QPair<double, double> visibleRange(const PaneContent& pane, const BarView& view)
     double highest = 0.0, lowest = 0.0;
     bool counted = false;
     for (const PaneFormula& formula : pane.formulas) {
-        double max = 0.0, min = 0.0;
-        if (formula.ownScale)
+        const auto range = formula.ownScale ? std::nullopt : shownRange(pane, formula, view);
+        if (!range)
             continue;
-        if (!TC::CDrawStyle::calcMaxMin(max, min, view.first, view.last, *formula.records, QRect(),
-                                        !pane.showsPrices, formula.overlaid, formula.scale))
-            continue;
-        highest = counted ? std::max(highest, max) : max;
-        lowest = counted ? std::min(lowest, min) : min;
+        highest = counted ? std::max(highest, range->first) : range->first;
+        lowest = counted ? std::min(lowest, range->second) : range->second;
         counted = true;
     }
     if (!counted)

@@ -13,6 +13,12 @@ namespace chart {
 /// with volume start at zero. (1, 0) when nothing counts.
 QPair<double, double> visibleRange(const PaneContent& pane, const BarView& view);
 
+/// Whether a formula's records hold places of the pane's axis.
+bool standsOnPlaces(const PaneFormula& formula);
+
+/// The pane's range as the formula's records count it.
+QPair<double, double> ownRange(const PaneFormula& formula, const QPair<double, double>& range);
+
 /// Whether the pane's axis begins at zero, as painters of volume need it.
 bool standsOnZero(const PaneContent& pane);
 

@@ -53,7 +53,7 @@ struct Axis
     bool canShow(const Step& step) const
     {
         if (!pane.showsPrices)
-            return true;
+            return !pane.countsWhole || step.value > 1.0 - kExact;
         const double ticks = step.value / pane.priceTick;
         return ticks > 1.0 - kExact && (ticks > 1e6 || std::abs(ticks - std::round(ticks)) < 1e-6);
     }
@@ -112,7 +112,7 @@ QString textOf(double value, const PaneContent& pane, int decimals)
                                               0.0);
     if (std::abs(value) >= 1e4)
         return TC::CDrawStyle::toStringByPrec(largeStyle, value, 0.0);
-    return TC::CDrawStyle::toStringByPrec(decimals, value, 0.0);
+    return TC::CDrawStyle::toStringByPrec(pane.countsWhole ? 0 : decimals, value, 0.0);
 }
 
 std::vector<AxisMark> linearMarks(const QPair<double, double>& range, int height, int spacing,

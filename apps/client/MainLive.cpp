@@ -38,7 +38,9 @@ void MainWindow::buildLiveMenu()
                                             }),
                             [] { return tr("停止跟随"); });
     menu->addSeparator();
-    worded(menu->addAction(QString(), this, &MainWindow::replayBars), [] { return tr("回放K线"); });
+    worded(menu->addAction(QString(), this, &MainWindow::replayBars), [] {
+        return tr("回放K线");
+    })->setObjectName(QStringLiteral("replayBars"));
     worded(menu->addAction(QString(), this, &MainWindow::replayTicks), [] { return tr("回放分笔"); });
     connect(menu, &QMenu::aboutToShow, this, [this, leave] { leave->setEnabled(m_followed != nullptr); });
 
@@ -82,7 +84,6 @@ void MainWindow::replayBars()
         return;
     }
     leaveFollowed();
-    clearOverlays();
     m_replay->replayBars(m_chart->state());
     raisePanel(kChartPanel, m_chart);
 }
@@ -123,7 +124,8 @@ void MainWindow::takeBars(const chart::OpenedBars& opened, bool anew)
     if (!anew)
         return state->growBars(bars);
     m_instruments->showFile(m_followed->path());
-    clearOverlays();
+    if (TC::getDetailQsKey(state->instrument()) != TC::getDetailQsKey(opened.instrument))
+        clearOverlays();
     m_barsPath = m_followed->path();
     state->setBars(opened.instrument, bars);
     nameInstrument();

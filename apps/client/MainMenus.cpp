@@ -5,12 +5,16 @@
 #include "apps/client/PanelIds.h"
 #include "apps/client/basket/BasketPanel.h"
 #include "apps/client/language/Language.h"
+#include "apps/client/lists/FormulaList.h"
+#include "apps/client/lists/InstrumentList.h"
+#include "apps/client/lists/InstrumentSearch.h"
 #include "host/embedded/EmbeddedHost.h"
 
 #include <QActionGroup>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMenuBar>
+#include <QRegularExpression>
 
 namespace client {
 
@@ -36,7 +40,9 @@ void MainWindow::buildFileMenu()
     const auto add = [this, menu](auto what, const QKeySequence& keys = {}) {
         return menu->addAction(QString(), this, what, keys);
     };
-    worded(add(&MainWindow::chooseBars, QKeySequence::Open), [] { return tr("打开K线…"); });
+    worded(add(&MainWindow::chooseBars, QKeySequence::Open), [] {
+        return tr("打开K线…");
+    })->setObjectName(QStringLiteral("openBars"));
     worded(add(&MainWindow::chooseTicks), [] { return tr("打开分笔…"); });
     worded(add([this] {
                const QString path = QFileDialog::getOpenFileName(this, tr("导入股票"), QString(),
@@ -46,6 +52,9 @@ void MainWindow::buildFileMenu()
            }),
            [] { return tr("导入股票列表…"); });
     worded(add(&MainWindow::pasteIntoRaised, QKeySequence::Paste), [] { return tr("粘贴股票列表"); });
+    worded(add([this] { m_search->open(m_instruments->instruments(), QString()); }, QKeySequence::Find), [] {
+        return tr("搜索品种…");
+    })->setObjectName(QStringLiteral("searchInstrument"));
     menu->addSeparator();
     buildOutputMenu(menu);
     menu->addSeparator();
@@ -60,6 +69,14 @@ void MainWindow::pasteIntoRaised()
         slotShowMessage(tr("先把“篮子管理”面板放到前面，再粘贴股票列表"));
 }
 
+/// The title of a skin; what it says of the colours of rise and fall is left out where they are exchanged.
+QString MainWindow::skinWords(const QString& name) const
+{
+    static const QRegularExpression colors(QStringLiteral("\\s*[(（].*[)）]"));
+    QString title = tr(TC::embedded::skinTitle(name).toUtf8());
+    return menuText(m_isGreenUp ? title.remove(colors) : title);
+}
+
 void MainWindow::buildViewMenu()
 {
     QMenu* menu = titled(menuBar()->addMenu(QString()), [] { return tr("视图(&V)"); });
@@ -68,7 +85,7 @@ void MainWindow::buildViewMenu()
     const QStringList names = TC::embedded::skinNames();
     for (const QString& name : names) {
         QAction* action = worded(skinMenu->addAction(QString(), this, [this, name] { chooseSkin(name); }),
-                                 [name] { return menuText(tr(TC::embedded::skinTitle(name).toUtf8())); });
+                                 [this, name] { return skinWords(name); });
         action->setCheckable(true);
         action->setChecked(name == TC::embedded::currentSkin());
         skins->addAction(action);
@@ -81,19 +98,25 @@ void MainWindow::buildViewMenu()
                                        chooseSkin(path);
                                }),
            [] { return tr("打开皮肤文件…"); });
-    connect(skinMenu, &QMenu::aboutToShow, this, [skins, names] {
-        for (int skin = 0; skin < names.size(); ++skin)
+    connect(skinMenu, &QMenu::aboutToShow, this, [this, skins, names] {
+        for (int skin = 0; skin < names.size(); ++skin) {
+            skins->actions().at(skin)->setText(skinWords(names.at(skin)));
             skins->actions().at(skin)->setChecked(names.at(skin) == TC::embedded::currentSkin());
+        }
     });
 
+    QAction* greenUp = worded(menu->addAction(QString()), [] { return tr("涨绿跌红"); });
+    greenUp->setObjectName(QStringLiteral("greenUp"));
+    greenUp->setCheckable(true);
+    connect(greenUp, &QAction::toggled, this, &MainWindow::setGreenUp);
     addLanguages(menu);
 
     QMenu* panels = titled(menu->addMenu(QString()), [] { return tr("面板"); });
-    for (const QString& id : { kChartPanel, kTickPanel, kQuotePanel, kBasketPanel, kInstrumentPanel,
-                               kFormulaPanel, kMessagePanel }) {
+    for (const QString& id : kPanels) {
         if (ads::CDockWidget* dock = m_docks.dock(id))
             panels->addAction(dock->toggleViewAction());
     }
+    buildPanelKeys(panels);
     QMenu* arrangements = titled(menu->addMenu(QString()), [] { return tr("布局"); });
     connect(arrangements, &QMenu::aboutToShow, this, [this, arrangements] {
         arrangements->clear();
@@ -156,8 +179,15 @@ void MainWindow::buildToolsMenu()
     demo->setCheckable(true);
     connect(demo, &QAction::toggled, this, &MainWindow::setDemoAccount);
     menu->addSeparator();
-    const auto add = [this, menu](auto what) { return menu->addAction(QString(), this, what); };
-    worded(add([this] { showFormulaEditor(QString()); }), [] { return tr("公式编辑器…"); });
+    const auto add = [this, menu](auto what, const QKeySequence& keys = {}) {
+        return menu->addAction(QString(), this, what, keys);
+    };
+    worded(add([this] { raisePanel(kFormulaPanel, m_formulas); }, QKeySequence(QStringLiteral("Ctrl+I"))),
+           [] { return tr("添加指标…"); })
+        ->setObjectName(QStringLiteral("showFormulas"));
+    worded(add([this] { showFormulaEditor(QString()); }, QKeySequence(QStringLiteral("Ctrl+E"))), [] {
+        return tr("公式编辑器…");
+    })->setObjectName(QStringLiteral("formulaEditor"));
     worded(add([this] { backUp(); }), [] { return tr("备份公式"); });
     worded(add([this] { showRestoreDialog(RestoreDialog::Occasion::Menu); }), [] { return tr("恢复公式…"); });
     worded(add([this] { reloadFormulas(); }), [] { return tr("重新载入公式"); });

@@ -52,6 +52,9 @@ void MainWindow::buildOutputMenu(QMenu* menu)
                [] { return tr("复制图片"); }),
         worded(add(&MainWindow::previewPrint, QKeySequence::Print), [] { return tr("打印预览…"); })
     };
+    actions[0]->setObjectName(QStringLiteral("savePicture"));
+    actions[1]->setObjectName(QStringLiteral("copyPicture"));
+    actions[2]->setObjectName(QStringLiteral("print"));
     const auto follow = [this, first = actions[0], second = actions[1], third = actions[2]] {
         for (QAction* action : { first, second, third })
             action->setEnabled(m_chart->state()->barTotal() > 0);

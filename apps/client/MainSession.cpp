@@ -3,6 +3,7 @@
 
 #include "apps/client/MainWindow.h"
 #include "apps/chart/OpenedBars.h"
+#include "apps/client/SkinDirections.h"
 #include "apps/client/chart/ChartView.h"
 #include "apps/client/chart/ParameterDialog.h"
 #include "apps/client/chart/TickView.h"
@@ -14,6 +15,7 @@
 #include "host/embedded/EmbeddedHost.h"
 #include "host/utils/CSingletonT.h"
 
+#include <QAction>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QMimeData>
@@ -44,16 +46,26 @@ QString firstFileOf(const QMimeData* data)
 void MainWindow::chooseSkin(const QString& nameOrPath)
 {
     const QString failure = TC::embedded::loadSkin(nameOrPath);
-    if (failure.isEmpty())
-        m_skin = nameOrPath;
-    else
-        slotShowMessage(failure);
+    if (!failure.isEmpty())
+        return slotShowMessage(failure);
+    m_skin = nameOrPath;
+    if (m_isGreenUp)
+        swapDirections();
+}
+
+void MainWindow::setGreenUp(bool on)
+{
+    if (on == m_isGreenUp)
+        return;
+    m_isGreenUp = on;
+    swapDirections();
 }
 
 void MainWindow::takeChoices()
 {
     if (!m_last.skin.isEmpty())
         chooseSkin(m_last.skin);
+    findChild<QAction*>(QStringLiteral("greenUp"))->setChecked(m_last.isGreenUp);
     for (const QStringList& formulas : m_last.panes.empty() ? usualPanes() : m_last.panes)
         m_chart->addPane(formulas);
     m_chart->take(m_last.chart);
@@ -65,7 +77,10 @@ void MainWindow::takeChoices()
 void MainWindow::reopen()
 {
     if (!m_chart->state()->bars() && !isOpening() && !m_last.bars.isEmpty())
-        static_cast<void>(openBars(m_last.bars, [this] { showLastRange(); })); // a failure is shown
+        static_cast<void>(openBars(m_last.bars, [this] {
+            showLastRange();
+            overlayLast();
+        })); // a failure is shown
     if (m_ticksPath.isEmpty())
         reopenTicks();
 }
@@ -76,6 +91,13 @@ void MainWindow::showLastRange()
         return;
     const int last = std::max(0, m_chart->state()->barTotal() - 1 - m_last.behind);
     m_chart->state()->show(std::max(0, last - m_last.shown + 1), last);
+}
+
+void MainWindow::overlayLast()
+{
+    const std::vector<OverlaidFile> files = m_last.overlays;
+    for (const OverlaidFile& file : files)
+        static_cast<void>(overlayBars(file.path, file.scale)); // a failure is shown
 }
 
 void MainWindow::reopenTicks()
@@ -119,6 +141,7 @@ Session MainWindow::session() const
     Session now;
     now.language = chosenLanguage();
     now.skin = m_skin;
+    now.isGreenUp = m_isGreenUp;
     now.bars = m_barsPath.isEmpty() && isOpening() ? m_last.bars : m_barsPath;
     now.ticks = m_ticksPath;
     now.filter = m_instruments->filter();
@@ -127,6 +150,10 @@ Session MainWindow::session() const
     now.shown = state->last() - state->first() + 1;
     now.behind = std::max(0, state->barTotal() - 1 - state->last());
     now.chart = m_chart->choices();
+    if (now.bars == m_last.bars && m_barsPath.isEmpty())
+        now.overlays = m_last.overlays;
+    for (const PaneData::Overlay& overlay : m_chart->panes().front()->data()->overlays())
+        now.overlays.push_back({ overlay.path, overlay.scale });
     now.bookRule = m_ticks->followsBook();
     for (ChartPane* pane : m_chart->panes())
         now.panes.push_back(pane->data()->getFormulas());

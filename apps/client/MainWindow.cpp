@@ -5,8 +5,8 @@
 #include "apps/base/WholeFile.h"
 #include "apps/chart/OpenedBars.h"
 #include "apps/client/PanelIds.h"
+#include "apps/client/access/ChartAccess.h"
 #include "apps/client/basket/BasketPanel.h"
-#include "apps/client/chart/BarAlignment.h"
 #include "apps/client/chart/ChartMenus.h"
 #include "apps/client/chart/ChartView.h"
 #include "apps/client/chart/TickView.h"
@@ -74,6 +74,7 @@ MainWindow::MainWindow(const QString& language)
     , m_last(SessionKeeper::last())
     , m_keeper([this] { return session(); })
 {
+    describeCharts();
     chooseLanguage(language.isEmpty() ? m_last.language : language);
     const QSize room = QGuiApplication::primaryScreen()->availableSize() - kFrame;
     resize(QSize(1400, 860).boundedTo(room.expandedTo(kUsable)));
@@ -90,11 +91,13 @@ MainWindow::MainWindow(const QString& language)
     nameInstrument();
     buildFileMenu();
     buildViewMenu();
-    addPeriodMenu(menuBar(), m_chart);
+    QMenu* periods = addPeriodMenu(menuBar(), m_chart);
     addChartMenu(menuBar(), m_chart);
     buildOverlayMenu();
     buildToolsMenu();
     buildLiveMenu();
+    buildHelpMenu();
+    buildToolBar(periods);
     takeChoices();
     connect(&m_keeper, &SessionKeeper::sigMessage, this, &MainWindow::slotShowMessage);
     connect(&m_keeper, &SessionKeeper::sigKeep, this, [this] { m_docks.saveChange(); });
@@ -105,6 +108,7 @@ MainWindow::MainWindow(const QString& language)
 MainWindow::~MainWindow()
 {
     TC::embedded::setReloadReceiver({});
+    setGreenUp(false); // the skin outlives the window
 }
 
 void MainWindow::startRun()
@@ -264,6 +268,13 @@ void MainWindow::namePanels()
         if (ads::CDockWidget* dock = m_docks.dock(id))
             dock->setWindowTitle(title);
     }
+    const std::pair<QWidget*, QString> contents[] = {
+        { m_chart, tr("K线图") },       { m_ticks, tr("分笔成交") },    { m_instruments, tr("品种列表") },
+        { m_quotes, tr("行情报价") },   { m_formulas, tr("指标公式") }, { m_basket, tr("篮子管理") },
+        { m_messages, tr("消息面板") },
+    };
+    for (const auto& [content, name] : contents)
+        content->setAccessibleName(name);
 }
 
 base::Failure MainWindow::told(const base::Failure& failure)
@@ -327,7 +338,7 @@ base::Result<void> MainWindow::openTicks(const QString& path)
     return {};
 }
 
-base::Result<void> MainWindow::overlayBars(const QString& path)
+base::Result<void> MainWindow::overlayBars(const QString& path, PaneData::OverlayScale scale)
 {
     if (!m_chart->state()->bars())
         return told({ tr("先打开K线") });
@@ -335,9 +346,12 @@ base::Result<void> MainWindow::overlayBars(const QString& path)
     if (!opened.isGood())
         return told(opened.failure());
     std::vector<PaneData::Overlay> overlays = m_chart->panes().front()->data()->overlays();
-    overlays.push_back({ opened->instrument,
-                         std::make_shared<const engine::BarSeries>(
-                             alignedTo(m_chart->state()->source()->timeMs, *opened->bars)) });
+    const QString key = TC::getDetailQsKey(opened->instrument);
+    const auto isSame = [&](const PaneData::Overlay& one) {
+        return TC::getDetailQsKey(one.instrument) == key;
+    };
+    overlays.erase(std::remove_if(overlays.begin(), overlays.end(), isSame), overlays.end());
+    overlays.push_back({ opened->instrument, opened->bars, scale, QFileInfo(path).absoluteFilePath() });
     m_chart->panes().front()->setOverlays(overlays);
     slotShowMessage(tr("已叠加 %1").arg(TC::getDetailQsName(opened->instrument)));
     return {};

@@ -40,6 +40,7 @@ class InstrumentSearch;
 class MessageList;
 class QuoteList;
 class Replay;
+class ShortcutSheet;
 class TickView;
 
 /// Chart, ticks, basket, instruments, formulas and messages as dock panels, with menus. GUI thread only.
@@ -61,7 +62,8 @@ public:
     /// Opens a trades file on the tick page; as openBars.
     base::Result<void> openTicks(const QString& path);
     /// Lays the prices of a bars file over the chart; as openBars.
-    base::Result<void> overlayBars(const QString& path);
+    base::Result<void> overlayBars(const QString& path,
+                                   PaneData::OverlayScale scale = PaneData::OverlayScale::Together);
     void clearOverlays();
     /// Chooses the bars file that INDEXC and its like read, and keeps it for later runs; as openBars.
     base::Result<void> compareWith(const QString& path);
@@ -84,6 +86,8 @@ public:
 
     /// Loads a skin by its name or file. A failure is shown.
     void chooseSkin(const QString& nameOrPath);
+    /// Shows rises in green and falls in red, whatever the skin, or as the skin has them.
+    void setGreenUp(bool on);
 
     ChartView* chart() { return m_chart; }
     TickView* ticks() { return m_ticks; }
@@ -106,6 +110,8 @@ private:
     void reopen();
     /// Shows as many bars as the last session did, as far behind the newest one.
     void showLastRange();
+    /// Lays over the chart what the last session did.
+    void overlayLast();
     void reopenTicks();
     void showParameters(const QString& formula);
     /// Gives a built-in formula other parameters wherever it is shown.
@@ -123,9 +129,16 @@ private:
     void buildFileMenu();
     void buildViewMenu();
     void addLanguages(QMenu* menu);
+    QString skinWords(const QString& name) const;
     void buildOverlayMenu();
     void buildToolsMenu();
     void buildLiveMenu();
+    void buildHelpMenu();
+    /// @param periods  the menu of periods.
+    void buildToolBar(QMenu* periods);
+    void buildPanelKeys(QMenu* menu);
+    void goToPanel(int step);
+    void showShortcuts();
     void buildOutputMenu(QMenu* menu);
     /// Ctrl+V goes to the panel that is in front, wherever the focus is.
     void pasteIntoRaised();
@@ -176,7 +189,8 @@ private:
     MessageList* m_messages = nullptr;
     std::unique_ptr<FollowedFile> m_followed; ///< null without one
     Replay* m_replay = nullptr;
-    QPointer<FormulaEditor> m_editor; ///< while it is open
+    QPointer<FormulaEditor> m_editor;    ///< while it is open
+    QPointer<ShortcutSheet> m_shortcuts; ///< likewise
     ComparedIndex m_index;
     BarsOpening* m_opening = nullptr; ///< in the status line
     QLabel* m_indexName = nullptr;    ///< in the status line; hidden without an index
@@ -185,6 +199,7 @@ private:
     QString m_barsPath, m_ticksPath;             ///< of what is open
     QString m_skin;                              ///< as it was chosen: a name or a path
     QMap<QString, QVector<double>> m_parameters; ///< that the user changed
+    bool m_isGreenUp = false;
     bool m_demoAccount = false;
     bool m_restored = false;
 };

@@ -3,6 +3,7 @@
 /// @file Identifiers of the client's panels.
 
 #include <QString>
+#include <QStringList>
 
 namespace client {
 
@@ -13,5 +14,9 @@ inline const QString kInstrumentPanel = QStringLiteral("productBaseInfo");
 inline const QString kQuotePanel = QStringLiteral("quoteList");
 inline const QString kFormulaPanel = QStringLiteral("F7index");
 inline const QString kMessagePanel = QStringLiteral("messagePanel");
+
+/// In the order in which menu and keys go through them.
+inline const QStringList kPanels = { kChartPanel,      kTickPanel,    kQuotePanel,  kBasketPanel,
+                                     kInstrumentPanel, kFormulaPanel, kMessagePanel };
 
 } // namespace client

@@ -21,14 +21,6 @@ bool isQuestion(const char* argument)
     return text == "-h" || text == "--help" || text == "--version";
 }
 
-QStringList arguments(int argc, char** argv)
-{
-    QStringList all;
-    for (int i = 1; i < argc; ++i)
-        all << base::nameFromBytes(argv[i]);
-    return all;
-}
-
 /// Opens the window and what the options name.
 int show(const client::ClientOptions& options)
 {
@@ -47,7 +39,7 @@ int run(int argc, char** argv)
     if (std::any_of(argv + 1, argv + argc, isQuestion))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv); // takes the arguments that are its own
-    base::Result<client::ClientOptions> options = client::readClientOptions(arguments(argc, argv));
+    base::Result<client::ClientOptions> options = client::readClientOptions(base::argumentsOf(argc, argv));
     if (!options.isGood()) {
         std::fprintf(stderr, "indicatorui-client: %s\n",
                      base::printable(options.reason()).toUtf8().constData());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/render/ChartLoader.h"
 
+#include "apps/chart/BarAlignment.h"
 #include "apps/chart/BarPeriod.h"
 #include "apps/chart/NamedFormula.h"
 #include "apps/chart/OpenedBars.h"
@@ -128,6 +129,33 @@ base::Result<chart::OpenedBars> openBars(const Options& options)
     return opened;
 }
 
+/// Lays the instrument of a file over the first pane, on the times of its bars.
+base::Result<void> loadOverlay(const QString& file, const engine::BarSeries& bars, LoadedChart& chart)
+{
+    base::Result<chart::OpenedBars> opened = chart::openBarsFile(file, {});
+    if (!opened.isGood())
+        return opened.failure();
+    const TC::CFormulaKey key(TC::getDetailQsKey(opened->instrument), QStringLiteral("KLINE"));
+    if (key.instrumentKey == TC::getDetailQsKey(chart.picture.instrument))
+        return base::Failure {
+            QStringLiteral("--overlay %1: the chart shows %2 already").arg(file, key.instrumentKey)
+        };
+    const engine::BarSeries other = chart::alignedTo(bars.timeMs, *opened->bars);
+    const auto [first, end] = neededBars(chart.picture);
+    std::optional<engine::FormulaRecords> records = chart::computeNamed(key.formulaName, other, first, end);
+    if (!records)
+        return base::Failure { QStringLiteral("--overlay %1: takes too much memory").arg(file) };
+    chart.results.front().overlay(key, std::move(*records));
+    chart.picture.overlaid.push_back(opened->instrument);
+    chart::PaneContent& content = chart.picture.panes.front().content;
+    const std::vector<chart::PaneFormula> before = content.formulas;
+    content.formulas = chart.results.front().content(chart.picture.instrument).formulas;
+    for (std::size_t known = 0; known < before.size() && known < content.formulas.size(); ++known)
+        content.formulas[known].scale = before[known].scale;
+    content.formulas.back().scale = chart::meetingFactor(bars.close, other.close, chart.picture.first);
+    return {};
+}
+
 base::Result<void> loadBars(const Options& options, LoadedChart& chart)
 {
     base::Result<QString> formula = ownFormula(options.formula);
@@ -148,6 +176,11 @@ base::Result<void> loadBars(const Options& options, LoadedChart& chart)
         if (!loaded.isGood())
             return loaded;
         chart.picture.panes.back().content.periodSeconds = period;
+    }
+    for (const QString& file : options.overlays) {
+        base::Result<void> laid = loadOverlay(file, *opened->bars, chart);
+        if (!laid.isGood())
+            return laid;
     }
     keepNeeded(opened->bars->timeMs, chart.picture);
     if (!options.exportTo.isEmpty())

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/render/FormulaFile.h"
 
-#include "apps/base/FileNames.h"
+#include "apps/base/FileCalls.h"
 #include "apps/chart/NamedFormula.h"
 #include "engine/language/Formula.h"
 #include "host/embedded/FormulaSetup.h"

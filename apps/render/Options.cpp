@@ -31,6 +31,9 @@ CommandLine::CommandLine()
     add("ticks", "FILE.csv", "trades to draw");
     add("instrument", "KEY", "instrument key such as SH600000 (default: the file's base name)");
     add("index", "FILE.csv", "with --bars: bars of the index that formulas compare with (INDEXC)");
+    add("overlay", "FILE.csv",
+        "with --bars: lay another instrument's candles over the first pane, so that both meet at the first "
+        "bar drawn; repeat for more");
     add("pane", "NAME,...", "formulas of one pane; repeat for more panes (default: KLINE,MA / VOL / MACD)");
     add("formula", "FILE.txt", "draw the formula of this text, under the file's base name");
     add("check", "FILE.txt", "say what is wrong with the text of a formula, and draw nothing");
@@ -43,7 +46,9 @@ CommandLine::CommandLine()
     add("export", "FILE.csv", "write the first pane's formulas as text");
     add("export-one", "NAME", "with --export: this formula alone");
     add("with-time", "", "with --export: the time of day behind the date");
-    add("o", "output", "FILE", "where to paint the picture: .png, .svg or .pdf");
+    add("o", "output", "FILE",
+        "where to paint the picture: .png, .svg or .pdf; where more than 4 bars share a column of pixels the "
+        "latter two hold the formulas as an embedded picture");
 }
 
 /// What is wrong with the value of an option.
@@ -133,6 +138,8 @@ base::Result<void> judge(const Options& options)
             "exactly one of --bars FILE.csv and --ticks FILE.csv is needed; see --help") };
     if (options.output.isEmpty() && options.exportTo.isEmpty())
         return base::Failure { QStringLiteral("-o OUT.png is missing; see --help") };
+    if (!options.overlays.isEmpty() && options.bars.isEmpty())
+        return base::Failure { QStringLiteral("--overlay goes with --bars FILE.csv") };
     if (options.exportTo.isEmpty() && (options.withTime || !options.exportOne.isEmpty()))
         return base::Failure { QStringLiteral("--with-time and --export-one go with --export OUT.csv") };
     return {};
@@ -176,6 +183,8 @@ base::Result<Options> readOptions(const QStringList& arguments)
         *target = line.value(name);
     options.bookRule = line.has("book");
     options.withTime = line.has("with-time");
+    options.overlays = line.values("overlay");
+    options.overlays.removeDuplicates();
     const QStringList panes = line.values("pane");
     for (const QString& pane : panes) {
         options.panes.push_back(pane.split(QLatin1Char(','), Qt::SkipEmptyParts));

@@ -20,6 +20,7 @@ struct Options
     bool bookRule = false; ///< tick volume sticks follow the order book
     QString instrument;    ///< key such as SH600000; by default the file's base name
     QString index;         ///< CSV file of the bars that INDEXC and its like answer from; empty: none
+    QStringList overlays;  ///< CSV files of instruments that are laid over the first pane
     QString formula;       ///< file of a formula's text, to be drawn under its base name
     QString check;         ///< file of a formula's text, to be checked alone
     /// Formula names of each pane, top to bottom; empty: the usual ones.

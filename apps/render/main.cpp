@@ -75,10 +75,7 @@ int run(int argc, char** argv)
     // Standard error carries one line of our own or nothing: remarks of the platform are left out.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     QApplication application(argc, argv); // takes the arguments that are its own
-    QStringList arguments;
-    for (int i = 1; i < argc; ++i)
-        arguments << base::nameFromBytes(argv[i]);
-    base::Result<render::Options> options = render::readOptions(arguments);
+    base::Result<render::Options> options = render::readOptions(base::argumentsOf(argc, argv));
     if (options.isGood() && (options->help || options->version)) {
         const QString text = options->help ? render::usage() : render::versionLine();
         std::fputs(text.toUtf8().constData(), stdout);

@@ -40,6 +40,7 @@ ENGINE_EXPORT std::optional<BarSeries> readLastBars(const std::string& path, std
 class ENGINE_EXPORT BarFollower
 {
 public:
+    /// Reads nothing yet. @param path  of the file, which may come later.
     explicit BarFollower(const std::string& path);
     ~BarFollower();
 

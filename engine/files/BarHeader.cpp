@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "engine/files/BarHeader.h"
 
+#include "host/utils/TextCodec.h"
+
 #include <QString>
-#include <QTextCodec>
 
 #include <algorithm>
 
@@ -52,10 +53,11 @@ bool isName(const std::string& field, std::string_view name)
 {
     if (field == name)
         return true;
-    const QTextCodec* codec = isPlain(field) ? nullptr : QTextCodec::codecForName("GB18030");
-    return codec
-        && codec->fromUnicode(QString::fromUtf8(name.data(), static_cast<int>(name.size()))).toStdString()
-        == field;
+    if (isPlain(field))
+        return false;
+    const auto bytes =
+        utils::encoded(QString::fromUtf8(name.data(), static_cast<int>(name.size())), "GB18030");
+    return bytes && bytes->toStdString() == field;
 }
 
 std::optional<std::size_t> find(const std::vector<std::string>& header, std::string_view name)

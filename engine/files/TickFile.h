@@ -26,6 +26,7 @@ ENGINE_EXPORT std::optional<TickSeries> readTicks(const std::string& path, std::
 class ENGINE_EXPORT TickFollower
 {
 public:
+    /// Reads nothing yet. @param path  of the file, which may come later.
     explicit TickFollower(const std::string& path);
     ~TickFollower();
 

@@ -53,7 +53,8 @@ public:
     void compute(const Operand* arguments, const Work& work, Result result) override
     {
         result.fill(0, work.count, kMissing);
-        std::optional<Knot> begin;
+        Knot begin { 0, 0.0 };
+        bool hasBegun = false;
         std::optional<std::pair<Knot, Knot>> goingOn;
         std::size_t drawn = 0; // bars that are done with
         const auto goOn = [&](std::size_t end) {
@@ -62,18 +63,20 @@ public:
         };
         for (std::size_t bar = 0; bar < work.count; ++bar) {
             const bool ends = isTrue(arguments[2][bar]) && !isMissing(arguments[3][bar]);
-            if (begin && ends) {
+            if (hasBegun && ends) {
                 const Knot end { bar, arguments[3][bar] };
-                goOn(begin->bar);
-                drawLine(*begin, end, begin->bar, bar + 1, result);
+                goOn(begin.bar);
+                drawLine(begin, end, begin.bar, bar + 1, result);
                 drawn = bar + 1;
                 goingOn.reset();
                 if (isTrue(arguments[4][bar]))
-                    goingOn.emplace(*begin, end);
-                begin.reset();
+                    goingOn.emplace(begin, end);
+                hasBegun = false;
             }
-            if (isTrue(arguments[0][bar]) && !isMissing(arguments[1][bar]))
+            if (isTrue(arguments[0][bar]) && !isMissing(arguments[1][bar])) {
                 begin = Knot { bar, arguments[1][bar] };
+                hasBegun = true;
+            }
         }
         goOn(work.count);
     }

@@ -3,6 +3,7 @@
 /// @file The client's button.
 
 #include "host/WB/CUiResourceChangeHandler.h"
+#include "host/utils/QtVersions.h"
 
 #include <QPushButton>
 #include <QString>
@@ -38,7 +39,7 @@ protected:
     /// Paints the picture.
     void paintEvent(QPaintEvent* event) override;
     /// Changes to the picture for the pointer.
-    void enterEvent(QEvent* event) override;
+    void enterEvent(utils::EnterEvent* event) override;
     /// Changes back.
     void leaveEvent(QEvent* event) override;
 

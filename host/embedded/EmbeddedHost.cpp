@@ -21,7 +21,7 @@ void reset()
     clearPositions();
     clearSaveDialogAnswer();
     // The skin last: it tells its handlers, which may ask any of the parts above.
-    loadSkin(skinNames().first());
+    loadSkin(skinNames().constFirst());
 }
 
 } // namespace TC::embedded

@@ -247,7 +247,7 @@ void CIndexTitleWidget::mouseDoubleClickEvent(QMouseEvent* event)
         deliverEvent(WB::EStripEvent_DoubleClicked, QString());
 }
 
-void CIndexTitleWidget::enterEvent(QEvent* event)
+void CIndexTitleWidget::enterEvent(utils::EnterEvent* event)
 {
     constexpr int restMs = 1000;
     CBaseWidget::enterEvent(event);

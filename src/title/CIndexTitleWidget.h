@@ -6,6 +6,7 @@
 #include "host/WB/CBaseWidget.h"
 #include "indicatorui_export.h"
 #include "title/ArrowColorTextData.h"
+#include "host/utils/QtVersions.h"
 
 #include <boost/shared_ptr.hpp>
 
@@ -125,7 +126,7 @@ protected:
     /// Sends event 213 where the strip's kind has one.
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     /// Starts waiting until the pointer has rested.
-    void enterEvent(QEvent* event) override;
+    void enterEvent(utils::EnterEvent* event) override;
     /// Two rows count again at most.
     void leaveEvent(QEvent* event) override;
     /// Redraws the strip in its new size.

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Configures, builds and runs the client's project as USE says (see CMakeLists.txt beside this file), below
 # FOLDER. SOURCE: the library's; BUILD: a build tree to install the package from; GENERATOR, LAUNCHER and
-# COMPILER as there. Unoptimized: this is about the build, not about speed.
+# COMPILER as there; QT: the major version of Qt; CLIENT: whether BUILD has the reference client. Unoptimized: this is about the build, not about speed.
 cmake_minimum_required(VERSION 3.25)
 
 function(run)
@@ -47,6 +47,9 @@ endfunction()
 function(start_programs prefix)
     run(${CMAKE_COMMAND} -E env INDICATORUI_HOME=${FOLDER}/home ${prefix}/bin/indicatorui-render
         --bars ${SOURCE}/samples/bars/SH600030.csv -o ${FOLDER}/chart.png)
+    if(NOT CLIENT)
+        return()
+    endif()
     execute_process(COMMAND ${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen INDICATORUI_HOME=${FOLDER}/home
                             ${prefix}/bin/indicatorui-client
                     TIMEOUT 3 RESULT_VARIABLE ended ERROR_VARIABLE output)
@@ -56,13 +59,17 @@ function(start_programs prefix)
 endfunction()
 
 if(USE STREQUAL "package")
-    install_package(${BUILD} ${FOLDER}/prefix "/indicatorui-engine.pc" "/man1/indicatorui-client.1"
-                    "/man1/indicatorui-render.1" "/applications/indicatorui-client.desktop"
-                    "/scalable/apps/indicatorui-client.svg" "/metainfo/indicatorui-client.metainfo.xml")
+    set(of_client "")
+    if(CLIENT)
+        set(of_client "/man1/indicatorui-client.1" "/applications/indicatorui-client.desktop"
+                      "/scalable/apps/indicatorui-client.svg" "/metainfo/indicatorui-client.metainfo.xml")
+    endif()
+    install_package(${BUILD} ${FOLDER}/prefix "/indicatorui-engine.pc" "/man1/indicatorui-render.1" ${of_client})
     set(package -DCMAKE_PREFIX_PATH=${FOLDER}/prefix)
 endif()
 run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR} -B ${FOLDER}/build -G ${GENERATOR} -DCMAKE_BUILD_TYPE=
-    -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER} -DINDICATORUI_USE=${USE} -DINDICATORUI_SOURCE=${SOURCE} ${package})
+    -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER} -DINDICATORUI_USE=${USE} -DINDICATORUI_SOURCE=${SOURCE}
+    -DINDICATORUI_QT=${QT} ${package})
 run(${CMAKE_COMMAND} --build ${FOLDER}/build --parallel 2)
 run(${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen INDICATORUI_HOME=${FOLDER}/home ${FOLDER}/build/client)
 if(USE STREQUAL "external")

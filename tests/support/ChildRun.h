@@ -14,13 +14,14 @@ struct ChildEnd
     long peakMiB = 0;      ///< its largest resident memory; that of the test program itself is part of it
 };
 
-/// Runs `work` in a forked child. Past `seconds` the child is ended.
+/// Runs `work` in a forked child. Past `seconds` the child is ended. Where processes do not fork, the work is
+/// done here and without a limit.
 ChildEnd runInChild(const std::function<int()>& work, unsigned seconds);
 
-/// Whether memory can be measured: sanitizers need several times as much.
+/// Whether memory can be measured: sanitizers need several times as much, and not every system tells.
 constexpr bool measuresMemory()
 {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || defined(_WIN32)
     return false;
 #else
     return true;

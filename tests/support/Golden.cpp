@@ -47,6 +47,38 @@ QImage differenceOf(const QImage& a, const QImage& b)
     return marks;
 }
 
+/// Where a kept picture may lie. Both versions of Qt paint alike but for texts (docs/qt6.md).
+struct References
+{
+    QString shared, ofQt6;
+};
+
+References referencesOf(const QString& name, const GoldenFolders& folders)
+{
+    return { folders.references + QLatin1Char('/') + name + QStringLiteral(".png"),
+             folders.references + QStringLiteral("/qt6/") + name + QStringLiteral(".png") };
+}
+
+bool isOfQt6(const References& references)
+{
+    return QT_VERSION_MAJOR == 6 && QFileInfo::exists(references.ofQt6);
+}
+
+QImage load(const QString& path)
+{
+    return QImage(path).convertToFormat(kFormat);
+}
+
+testing::AssertionResult update(const References& references, const QImage& actual)
+{
+    const QImage shared = load(references.shared);
+    if (samePixels(shared, actual))
+        return testing::AssertionSuccess();
+    const QString& path = QT_VERSION_MAJOR == 6 && !shared.isNull() ? references.ofQt6 : references.shared;
+    return save(actual, path) ? testing::AssertionSuccess()
+                              : failure(path + QStringLiteral(" cannot be written"));
+}
+
 } // namespace
 
 GoldenFolders goldenFolders()
@@ -64,14 +96,14 @@ QImage goldenCanvas(int width, int height, const QColor& background)
 testing::AssertionResult matchesGolden(const QString& name, const QImage& actual,
                                        const GoldenFolders& folders)
 {
-    const QString reference = folders.references + QLatin1Char('/') + name + QStringLiteral(".png");
+    const References references = referencesOf(name, folders);
+    const QImage shown = actual.convertToFormat(kFormat);
     if (qEnvironmentVariable("INDICATORUI_UPDATE_GOLDEN") == QLatin1String("1"))
-        return save(actual, reference) ? testing::AssertionSuccess()
-                                       : failure(reference + QStringLiteral(" cannot be written"));
+        return update(references, shown);
 
     const QString result = folders.results + QLatin1Char('/') + name;
-    const QImage shown = actual.convertToFormat(kFormat);
-    const QImage expected = QImage(reference).convertToFormat(kFormat);
+    const QString& reference = isOfQt6(references) ? references.ofQt6 : references.shared;
+    const QImage expected = load(reference);
     if (!expected.isNull() && samePixels(expected, shown))
         return testing::AssertionSuccess();
 

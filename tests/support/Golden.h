@@ -22,7 +22,8 @@ GoldenFolders goldenFolders();
 /// An image as golden tests paint on it: ARGB32_Premultiplied, one opaque colour.
 QImage goldenCanvas(int width, int height, const QColor& background);
 
-/// Compares a picture with the kept one of that name.
+/// Compares a picture with the kept one of that name; with Qt 6 with the one in the folder qt6, if it stands
+/// there.
 ///
 /// On a difference the expected picture, the actual one and their difference (black where they agree, white
 /// where they do not) are left side by side among the results. Kept pictures are written only when the

@@ -13,10 +13,10 @@ class Strip : public TC::CIndexTitleWidget
 {
 public:
     Strip(TC::IndexBaseData* indexData, int displayType, int viewType, int subViewType, int leftOffset = 0,
-          QWidget* parent = nullptr)
+          QWidget* parent = nullptr, const boost::shared_ptr<TC::CKLineUiParam>& klineParam = nullptr)
         : CIndexTitleWidget(indexData, static_cast<TC::EIndexDisplayType>(displayType),
                             static_cast<TC::EIndexViewType>(viewType),
-                            static_cast<TC::EIndexViewType>(subViewType), leftOffset, 1, nullptr, parent)
+                            static_cast<TC::EIndexViewType>(subViewType), leftOffset, 1, klineParam, parent)
     {
     }
 

@@ -5,16 +5,35 @@
 
 namespace test {
 
-QFont font(int pixelSize)
+namespace {
+
+QFont sizedFont(const QString& family, int pixelSize)
 {
-    static const QString family =
-        QFontDatabase::applicationFontFamilies(
-            QFontDatabase::addApplicationFont(QStringLiteral(TEST_DATA_DIR "/fonts/IndicatorTestSans.otf")))
-            .value(0);
     QFont result(family);
     result.setPixelSize(pixelSize);
     result.setHintingPreference(QFont::PreferNoHinting);
     return result;
+}
+
+QString familyOf(const QString& file)
+{
+    return QFontDatabase::applicationFontFamilies(
+               QFontDatabase::addApplicationFont(QStringLiteral(TEST_DATA_DIR "/fonts/") + file))
+        .value(0);
+}
+
+} // namespace
+
+QFont font(int pixelSize)
+{
+    static const QString family = familyOf(QStringLiteral("IndicatorTestSans.otf"));
+    return sizedFont(family, pixelSize);
+}
+
+QFont blankFont(int pixelSize)
+{
+    static const QString family = familyOf(QStringLiteral("IndicatorTestBlank.otf"));
+    return sizedFont(family, pixelSize);
 }
 
 } // namespace test

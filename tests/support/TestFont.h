@@ -9,4 +9,7 @@ namespace test {
 /// A font of the bundled family, so that text is as wide on every machine.
 QFont font(int pixelSize);
 
+/// A font as wide and high as that, of which nothing is seen.
+QFont blankFont(int pixelSize);
+
 } // namespace test

@@ -2,6 +2,7 @@
 /// @file Start of every test program: the same pictures, texts and times everywhere.
 
 #include "host/embedded/EmbeddedHost.h"
+#include "tests/support/System.h"
 #include "tests/support/TestFont.h"
 
 #include <QApplication>
@@ -9,8 +10,6 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-
-#include <ctime>
 
 namespace {
 
@@ -35,8 +34,7 @@ int main(int argc, char** argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_HASH_SEED", "0");
-    qputenv("TZ", "Asia/Shanghai");
-    tzset();
+    test::setTimeZone("Asia/Shanghai");
     QLocale::setDefault(QLocale::c());
 
     const QTemporaryDir home;

@@ -2,10 +2,10 @@
 #pragma once
 /// @file Another time zone for the length of a test.
 
+#include "tests/support/System.h"
+
 #include <QByteArray>
 #include <QtGlobal>
-
-#include <ctime>
 
 namespace test {
 
@@ -16,19 +16,13 @@ public:
     explicit TimeZone(const char* name)
         : m_former(qgetenv("TZ"))
     {
-        set(name);
+        setTimeZone(name);
     }
-    ~TimeZone() { set(m_former); }
+    ~TimeZone() { setTimeZone(m_former); }
     TimeZone(const TimeZone&) = delete;
     TimeZone& operator=(const TimeZone&) = delete;
 
 private:
-    static void set(const QByteArray& name)
-    {
-        qputenv("TZ", name);
-        tzset();
-    }
-
     QByteArray m_former;
 };
 

@@ -21,7 +21,7 @@ void writeCell(lxw_worksheet* sheet, lxw_row_t row, lxw_col_t column, const QVar
     const QByteArray text = value.toString().toUtf8();
     if (!value.isValid())
         return;
-    if (value.type() != QVariant::String)
+    if (value.userType() != QMetaType::QString)
         worksheet_write_number(sheet, row, column, value.toDouble(), nullptr);
     else if (text.startsWith('='))
         worksheet_write_formula_num(sheet, row, column, text.constData(), nullptr, 7.0);

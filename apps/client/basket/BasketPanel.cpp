@@ -129,6 +129,9 @@ QWidget* BasketPanel::buildBar()
         for (int rule = 0; rule < kRules; ++rule)
             m_rule->setItemText(rule, rules[rule]);
         m_rule->setToolTip(tr("权重规则"));
+        m_rule->setAccessibleName(tr("权重规则"));
+        filter->setAccessibleName(tr("过滤：代码、名称、拼音"));
+        m_table->setAccessibleName(tr("权重表"));
         filter->setPlaceholderText(tr("过滤：代码、名称、拼音"));
     });
     connect(readOnly, &QCheckBox::toggled, this, [this](bool on) {

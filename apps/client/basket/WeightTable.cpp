@@ -111,14 +111,16 @@ void WeightTable::markFigures()
 
 void WeightTable::markHeaders(bool synthetic)
 {
-    constexpr int plainWidth = 90, markedWidth = 130; // pixels: ten digits behind the mark
+    constexpr int plainWidth = 90, markedWidth = 130, padding = 8; // pixels: ten digits behind the mark
     const QString relative = synthetic ? tr("相对权重(虚构)") : tr("相对权重");
     if (columnHeader(EColumn_Relative) == relative && rowCount() > 0)
         return;
     setColumnHeader(EColumn_Relative, relative);
     setColumnHeader(EColumn_Absolute, synthetic ? tr("绝对权重(%,虚构)") : tr("绝对权重(%)"));
-    for (int column : { int(EColumn_Relative), int(EColumn_Absolute) })
-        setColumnWidth(column, synthetic ? markedWidth : plainWidth);
+    for (int column : { int(EColumn_Relative), int(EColumn_Absolute) }) {
+        const int title = fontMetrics().horizontalAdvance(columnHeader(column)) + 2 * padding;
+        setColumnWidth(column, std::max(synthetic ? markedWidth : plainWidth, title));
+    }
 }
 
 bool WeightTable::handleEvent(int id, int row, int col, QString text, void* block)

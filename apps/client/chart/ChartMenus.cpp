@@ -105,14 +105,23 @@ void addMagnet(QMenu* menu, ChartState* state)
 {
     QAction* action = worded(menu->addAction(QString()), [] { return ChartView::tr("十字光标吸附收盘价"); });
     action->setCheckable(true);
+    action->setObjectName(QStringLiteral("magnet"));
     action->setShortcut(QKeySequence(QStringLiteral("Ctrl+M")));
     QObject::connect(action, &QAction::triggered, state, &ChartState::setMagnetic);
-    QObject::connect(menu, &QMenu::aboutToShow, action, [=] { action->setChecked(state->isMagnetic()); });
+    QObject::connect(state, &ChartState::sigAxisChanged, action,
+                     [=] { action->setChecked(state->isMagnetic()); });
+}
+
+/// What keys do on the chart, for those who look for it.
+void addMoves(QMenu* menu, const ChartView* chart)
+{
+    QMenu* moves = titled(menu->addMenu(QString()), [] { return ChartView::tr("移动与缩放"); });
+    moves->addActions(chart->actions());
 }
 
 } // namespace
 
-void addPeriodMenu(QMenuBar* bar, ChartView* chart)
+QMenu* addPeriodMenu(QMenuBar* bar, ChartView* chart)
 {
     ChartState* state = chart->state();
     QMenu* menu = titled(bar->addMenu(QString()), [] { return ChartView::tr("周期(&P)"); });
@@ -137,6 +146,7 @@ void addPeriodMenu(QMenuBar* bar, ChartView* chart)
     const auto follow = [state, group] { followPeriod(*state, group->actions()); };
     QObject::connect(state, &ChartState::sigBarsChanged, group, follow);
     follow();
+    return menu;
 }
 
 void addChartMenu(QMenuBar* bar, ChartView* chart)
@@ -145,16 +155,17 @@ void addChartMenu(QMenuBar* bar, ChartView* chart)
     addAxisKinds(menu, chart->state());
     addMargins(menu, chart->state());
     menu->addSeparator();
+    addMoves(menu, chart);
     addMagnet(menu, chart->state());
-    worded(menu->addAction(
-               QString(), chart,
-               [chart] {
-                   auto* dialog = new DateJump(chart->state(), chart);
-                   dialog->setAttribute(Qt::WA_DeleteOnClose);
-                   dialog->open();
-               },
-               QKeySequence(QStringLiteral("Ctrl+G"))),
-           [] { return ChartView::tr("跳转到日期…"); });
+    QAction* jump = menu->addAction(
+        QString(), chart,
+        [chart] {
+            auto* dialog = new DateJump(chart->state(), chart);
+            dialog->setAttribute(Qt::WA_DeleteOnClose);
+            dialog->open();
+        },
+        QKeySequence(QStringLiteral("Ctrl+G")));
+    worded(jump, [] { return ChartView::tr("跳转到日期…"); })->setObjectName(QStringLiteral("goToDate"));
 }
 
 } // namespace client

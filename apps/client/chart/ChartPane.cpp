@@ -3,6 +3,7 @@
 
 #include "apps/client/chart/PaneMenu.h"
 #include "apps/client/chart/PlotWidget.h"
+#include "apps/client/language/Language.h"
 #include "host/TC/Instruments.h"
 #include "host/TC/UiParams.h"
 #include "host/WB/CPushButton.h"
@@ -55,6 +56,11 @@ ChartPane::ChartPane(bool main, ChartState* state, FormulaSource* source, const 
     m_title->installEventFilter(this);
     if (auto* close = m_title->closeButton())
         connect(close, &WB::CPushButton::clicked, this, &ChartPane::sigCloseRequested);
+    followLanguage(this, [this] {
+        m_title->setAccessibleName(tr("图例"));
+        if (auto* close = m_title->closeButton())
+            close->setAccessibleName(tr("关闭窗格"));
+    });
     connect(m_data.get(), &PaneData::sigChanged, this, &ChartPane::updateView);
     connect(m_data.get(), &PaneData::sigGrownOutOfView, this,
             [this] { showLegendOf(m_state->crosshairBar()); });
@@ -65,7 +71,7 @@ ChartPane::ChartPane(bool main, ChartState* state, FormulaSource* source, const 
     for (const auto signal : { &ChartState::sigCrosshairChanged, &ChartState::sigViewChanged })
         connect(state, signal, this, [this] { showLegendOf(m_state->crosshairBar()); });
     connect(state, &ChartState::sigBarsChanged, this, &ChartPane::reloadStock);
-    reloadStock();
+    ChartPane::reloadStock();
     m_data->setFormulas(formulas);
 }
 

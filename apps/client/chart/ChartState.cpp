@@ -27,6 +27,7 @@ void ChartState::setBars(const Instrument& instrument, const Bars& bars)
     m_instrument = instrument;
     m_source = bars;
     gather();
+    forgetMeasured();
     m_crosshairBar = -1;
     m_slots = std::min(kUsualCount, barTotal()) + m_margin;
     m_first = std::max(0, barTotal() - kUsualCount);
@@ -43,6 +44,7 @@ void ChartState::setPeriod(const QString& key)
     const int slotCount = m_slots;
     m_periodKey = key;
     gather();
+    forgetMeasured();
     m_crosshairBar = -1;
     if (barTotal() > 0 && !wasNewest) {
         const auto& times = m_bars->timeMs;
@@ -133,6 +135,20 @@ void ChartState::setMagnetic(bool on)
     Q_EMIT sigCrosshairChanged();
 }
 
+void ChartState::setMeasured(const QObject* pane, const QPair<int, int>& bars)
+{
+    m_measuredBars = bars;
+    Q_EMIT sigMeasureChanged(pane);
+}
+
+void ChartState::forgetMeasured()
+{
+    if (!m_measuredBars)
+        return;
+    m_measuredBars.reset();
+    Q_EMIT sigMeasureChanged(nullptr);
+}
+
 std::vector<double> ChartState::priceLines() const
 {
     const QVector<double> lines = m_priceLines.value(TC::getDetailQsKey(m_instrument));
@@ -190,6 +206,19 @@ int ChartState::zoomedSlots(double factor) const
     const double wanted = factor < 1.0 ? std::floor(m_slots * factor) : std::ceil(m_slots * factor);
     return static_cast<int>(
         std::clamp<double>(wanted, std::min(kLeastCount, barTotal()), barTotal() + m_margin));
+}
+
+void ChartState::stepCrosshair(int bars)
+{
+    if (barTotal() == 0)
+        return;
+    const bool hasOne = m_crosshairBar >= m_first && m_crosshairBar <= last();
+    const int bar = hasOne ? std::clamp(m_crosshairBar + bars, 0, barTotal() - 1) : last();
+    setCrosshairBar(bar); // first: a resting pointer gives it up
+    if (bar < m_first)
+        pan(bar - m_first);
+    else if (bar > last())
+        pan(bar - last());
 }
 
 void ChartState::zoom(double factor, int anchor, double place)

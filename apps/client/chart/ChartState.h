@@ -9,9 +9,11 @@
 
 #include <QMap>
 #include <QObject>
+#include <QPair>
 #include <QVector>
 
 #include <memory>
+#include <optional>
 
 namespace ttservice {
 class CInstrumentDetail;
@@ -68,6 +70,8 @@ public:
     int crosshairBar() const { return m_crosshairBar; }
     /// @param place  where in the plot the pointer stands on the bar, as zoom's; 0: in its middle.
     void setCrosshairBar(int bar, double place = 0.0);
+    /// Moves the crosshair by bars and keeps it in view; without one it appears on the last bar in view.
+    void stepCrosshair(int bars);
 
     /// Shows fewer (factor below 1) or more bars.
     /// @param anchor  this bar keeps its place, as far as there are bars on both sides of it.
@@ -93,6 +97,13 @@ public:
     bool isMagnetic() const { return m_isMagnetic; }
     void setMagnetic(bool on);
 
+    /// The bars that are measured, in the order in which they were chosen, both inclusive; none without a
+    /// measure.
+    const std::optional<QPair<int, int>>& measuredBars() const { return m_measuredBars; }
+    /// @param pane  that knows the values; the others show the bars alone.
+    void setMeasured(const QObject* pane, const QPair<int, int>& bars);
+    void forgetMeasured();
+
     /// Horizontal lines of the user's own over the shown instrument: prices, lowest first.
     std::vector<double> priceLines() const;
     /// Adds a line; one that is there already stays alone.
@@ -110,6 +121,8 @@ Q_SIGNALS:
     void sigBarsGrown();
     void sigViewChanged();
     void sigCrosshairChanged();
+    /// @param pane  that is measured in; null when the measure is forgotten.
+    void sigMeasureChanged(const QObject* pane);
     /// The axis of the prices, or what is drawn on it, has changed.
     void sigAxisChanged();
 
@@ -127,6 +140,7 @@ private:
     int m_margin = 0;
     chart::AxisKind m_axisKind = chart::AxisKind::Linear;
     bool m_isMagnetic = false;
+    std::optional<QPair<int, int>> m_measuredBars;
     QMap<QString, QVector<double>> m_priceLines;
     int m_crosshairBar = -1;
     double m_crosshairPlace = 0.0;

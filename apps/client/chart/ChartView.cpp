@@ -6,6 +6,9 @@
 #include "apps/client/chart/ChartKeys.h"
 #include "apps/client/chart/FocusFrame.h"
 #include "apps/client/EmptyPage.h"
+#include "apps/client/PlainTexts.h"
+#include "apps/client/access/Announcement.h"
+#include "apps/client/chart/PaneMenu.h"
 #include "apps/client/chart/PlotWidget.h"
 #include "apps/client/chart/TimeAxisWidget.h"
 #include "apps/client/language/Language.h"
@@ -17,6 +20,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSplitter>
@@ -36,6 +40,7 @@ ChartView::ChartView(FormulaSource* source, QWidget* parent)
     , m_splitter(new QSplitter(Qt::Vertical, this))
 {
     setFocusPolicy(Qt::StrongFocus);
+    addKeys();
     const auto words = [] {
         return EmptyPage::Words {
             tr("还没有打开品种"),
@@ -50,6 +55,7 @@ ChartView::ChartView(FormulaSource* source, QWidget* parent)
     m_pages->addWidget(makeChartPage());
     connect(&m_state, &ChartState::sigBarsChanged, this,
             [this] { m_pages->setCurrentIndex(m_state.barTotal() > 0 ? 1 : 0); });
+    connect(&m_state, &ChartState::sigCrosshairChanged, this, [this] { announceValues(this); });
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(1, 1, 1, 1); // where the frame of the focus shows
     layout->addWidget(m_pages);
@@ -214,15 +220,47 @@ void ChartView::keyPressEvent(QKeyEvent* event)
 {
     const QString typed = event->text();
     const bool isPlain = !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
-    if (event->key() == Qt::Key_Escape) {
-        for (ChartPane* pane : m_panes)
-            pane->plot()->forgetMeasure();
-    } else if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown)
-        Q_EMIT sigStepRequested(event->key() == Qt::Key_PageUp ? -1 : 1);
-    else if (isPlain && !typed.isEmpty() && typed.at(0).isLetterOrNumber())
+    if (runKeyAction(this, event))
+        return;
+    if (isPlain && !typed.isEmpty() && typed.at(0).isLetterOrNumber())
         Q_EMIT sigSearchRequested(typed);
-    else if (!moveByKey(m_state, event->key()))
+    else
         QWidget::keyPressEvent(event);
+}
+
+void ChartView::addKeys()
+{
+    addChartActions(this, &m_state);
+    addKeyAction(
+        this, [] { return tr("隐藏十字光标与测量"); }, { Qt::Key_Escape },
+        [this] {
+            m_state.setCrosshairBar(-1);
+            for (ChartPane* pane : m_panes)
+                pane->plot()->forgetMeasure();
+        });
+    addKeyAction(
+        this, [] { return tr("上一品种"); }, { Qt::Key_PageUp }, [this] { Q_EMIT sigStepRequested(-1); });
+    addKeyAction(
+        this, [] { return tr("下一品种"); }, { Qt::Key_PageDown }, [this] { Q_EMIT sigStepRequested(1); });
+    addKeyAction(
+        this, [] { return tr("窗格菜单"); }, { Qt::Key_Menu, Qt::SHIFT | Qt::Key_F10 },
+        [this] { showPaneMenus(); });
+}
+
+/// The menus of all shown panes, for keys, which point at none of them.
+void ChartView::showPaneMenus()
+{
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (ChartPane* pane : m_panes) {
+        if (!pane->isVisible())
+            continue;
+        QMenu* one = makePaneMenu(pane, std::nullopt);
+        one->setTitle(menuText(pane->data()->getFormulas().join(QStringLiteral(", "))));
+        connect(menu, &QObject::destroyed, one, &QObject::deleteLater);
+        menu->addMenu(one);
+    }
+    menu->popup(mapToGlobal(rect().center()));
 }
 
 void ChartView::exportPane(ChartPane* pane, const QString& formula, bool toClipboard)

@@ -65,6 +65,8 @@ protected:
 
 private:
     QWidget* makeChartPage();
+    void addKeys();
+    void showPaneMenus();
     void showEveryPane();
     void dragPane(ChartPane* pane, const QPoint& place);
     void exportPane(ChartPane* pane, const QString& formula, bool toClipboard);

@@ -49,7 +49,7 @@ std::optional<TypedDate> readDate(const QString& text)
     const bool hasMonth = !match.captured(2).isEmpty() || !match.captured(3).isEmpty();
     const bool hasDay = !match.captured(4).isEmpty() || !match.captured(5).isEmpty();
     if (!match.captured(6).isEmpty()) {
-        constexpr std::int64_t minute = 60 * 1000;
+        constexpr std::int64_t minute = 60'000;
         const auto from = hasDay ? msOf(QDate(year, month, day), QTime(number(6), number(7))) : std::nullopt;
         return from ? std::optional(TypedDate { *from, *from + minute }) : std::nullopt;
     }

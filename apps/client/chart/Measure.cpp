@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace client {
 
 namespace {
@@ -55,6 +57,21 @@ QString Measure::text(const chart::PaneContent& pane, double step) const
             withSign(percent, TC::CDrawStyle::toStringByPrec(percentDecimals, percent, 0.0)));
     }
     return told;
+}
+
+void paintMeasuredBars(QPainter& painter, const QRect& plot, int from, int to)
+{
+    QColor color = WB::skinColor("clr_chart_crosshair", Qt::gray);
+    painter.save();
+    painter.setClipRect(plot, Qt::IntersectClip);
+    painter.setPen(QPen(color, 0));
+    for (int column : { from, to })
+        painter.drawLine(plot.left() + column, plot.top(), plot.left() + column, plot.bottom());
+    color.setAlpha(kFill);
+    painter.fillRect(QRect(QPoint(plot.left() + std::min(from, to), plot.top()),
+                           QPoint(plot.left() + std::max(from, to), plot.bottom())),
+                     color);
+    painter.restore();
 }
 
 void paintMeasure(QPainter& painter, const QRect& plot, const QPoint& from, const QPoint& to,

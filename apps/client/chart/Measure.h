@@ -28,6 +28,10 @@ struct Measure
     QString text(const chart::PaneContent& pane, double step) const;
 };
 
+/// Paints the stretch of bars that is measured in another pane.
+/// @param from,to  columns of the first and the last one, in either order.
+void paintMeasuredBars(QPainter& painter, const QRect& plot, int from, int to);
+
 /// Paints a measured rectangle with its text beside the second place.
 /// @param plot  that the text stays in.
 /// @param rises  whether the second value is not below the first.

@@ -3,14 +3,34 @@
 
 #include "apps/chart/MappedRecords.h"
 #include "apps/chart/PaneScale.h"
+#include "apps/chart/BarAlignment.h"
 #include "apps/client/chart/ResultDifference.h"
-#include "draw/CDrawStyle.h"
 #include "host/TC/Instruments.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace client {
+
+namespace {
+
+/// Bars of another instrument on the chart's times.
+ChartState::Bars onTimesOf(const ChartState::Bars& own, const ChartState::Bars& other)
+{
+    return std::make_shared<const engine::BarSeries>(
+        chart::alignedTo(own ? own->timeMs : std::vector<std::int64_t>(), *other));
+}
+
+/// The ranges of records that others take the place of: those of blocks with the same bars stay.
+void followRanges(chart::BlockRanges& ranges, const TC::RPCFormulaResultCache& old,
+                  const engine::FormulaRecords& records)
+{
+    if (!isDescribedAlike(old.meta, records.meta) || !isDescribedAlike(old.result, records.result))
+        return ranges.forget();
+    ranges.forget([&](int first, int last) { return differ(old.result, records.result, first, last); });
+}
+
+} // namespace
 
 PaneData::PaneData(WB::CEventDeliverer* parent, ChartState* state, FormulaSource* source)
     : chart::PaneResults(parent)
@@ -21,6 +41,7 @@ PaneData::PaneData(WB::CEventDeliverer* parent, ChartState* state, FormulaSource
     connect(state, &ChartState::sigBarsChanged, this, [this] {
         m_data.clear();
         m_places.clear();
+        m_ranges.clear();
         gatherOverlays();
         m_followed.clear(); // these are other bars
         request();
@@ -63,6 +84,7 @@ void PaneData::moveFormula(int from, int to)
 void PaneData::setOverlays(const std::vector<Overlay>& overlays)
 {
     m_overlays = overlays;
+    m_followed.clear(); // what follows an overlaid instrument may have other bars now
     gatherOverlays();
     request();
 }
@@ -72,7 +94,7 @@ void PaneData::gatherOverlays()
     m_overlaidBars.clear();
     m_overlaidBars.reserve(m_overlays.size());
     for (const Overlay& overlay : m_overlays)
-        m_overlaidBars.push_back(m_state->inPeriod(overlay.bars));
+        m_overlaidBars.push_back(m_state->inPeriod(onTimesOf(m_state->source(), overlay.bars)));
 }
 
 std::vector<TC::CFormulaKey> PaneData::keys() const
@@ -92,14 +114,30 @@ void PaneData::request()
     const QList<TC::CFormulaKey> known = m_data.keys();
     for (const TC::CFormulaKey& key : known) {
         if (std::find(wanted.begin(), wanted.end(), key) == wanted.end())
-            m_data.remove(key);
+            forget(key);
     }
-    m_places.clear();
     cancel();
-    const auto own = static_cast<std::size_t>(m_formulas.size());
-    for (std::size_t i = 0; i < wanted.size(); ++i)
-        requestOne(wanted[i], i < own ? m_state->bars() : m_overlaidBars[i - own]);
+    for (const TC::CFormulaKey& key : wanted)
+        requestOne(key, barsOf(key));
     Q_EMIT sigChanged();
+}
+
+ChartState::Bars PaneData::barsOf(const TC::CFormulaKey& key) const
+{
+    if (key.instrumentKey == TC::getDetailQsKey(m_state->instrument()))
+        return m_state->bars();
+    for (std::size_t overlay = 0; overlay < m_overlays.size(); ++overlay) {
+        if (key.instrumentKey == TC::getDetailQsKey(m_overlays[overlay].instrument))
+            return m_overlaidBars[overlay];
+    }
+    return nullptr;
+}
+
+void PaneData::forget(const TC::CFormulaKey& key)
+{
+    m_data.remove(key);
+    m_places.remove(key);
+    m_ranges.remove(key);
 }
 
 void PaneData::requestOne(const TC::CFormulaKey& key, const ChartState::Bars& bars)
@@ -122,12 +160,12 @@ void PaneData::cancel()
 
 void PaneData::grow()
 {
-    const QString own = TC::getDetailQsKey(m_state->instrument());
-    for (const QString& name : qAsConst(m_formulas)) {
-        const TC::CFormulaKey key(own, name);
+    gatherOverlays();
+    const std::vector<TC::CFormulaKey> all = keys();
+    for (const TC::CFormulaKey& key : all) {
         // A computation under way is not given up: at each new bar it would begin anew and never end.
         if (m_requests.findKey(key))
-            m_due.insert(name);
+            m_due.insert(key);
         else
             growOne(key);
     }
@@ -135,7 +173,8 @@ void PaneData::grow()
 
 void PaneData::growOne(const TC::CFormulaKey& key)
 {
-    const QString id = m_source->follow(key.formulaName, m_state->bars(), m_followed[key.formulaName]);
+    const ChartState::Bars bars = barsOf(key);
+    const QString id = bars ? m_source->follow(key.formulaName, bars, m_followed[key]) : QString();
     if (!id.isEmpty())
         m_requests.add(key, id);
 }
@@ -156,9 +195,10 @@ void PaneData::store(const QString& id, const std::shared_ptr<const engine::Form
     if (!m_requests.getKey(key, id))
         return;
     m_requests.removeReq(id);
-    m_places.remove(key);
     const bool seen = isSeen(key, *records);
     TC::RPCFormulaResultCache& cache = m_data[key];
+    m_places.remove(key);
+    followRanges(m_ranges[key], cache, *records);
     cache.meta = records->meta;
     cache.result = records->result;
     TC::embedded::applyColors(recipe, cache.meta);
@@ -167,29 +207,25 @@ void PaneData::store(const QString& id, const std::shared_ptr<const engine::Form
         Q_EMIT sigChanged();
     else
         Q_EMIT sigGrownOutOfView();
-    if (m_due.erase(key.formulaName) > 0)
+    if (m_due.erase(key) > 0)
         growOne(key);
 }
 
 void PaneData::colorOverlays()
 {
-    constexpr int firstColor = 6, paletteSize = 10;
-    int color = firstColor;
-    for (const Overlay& overlay : m_overlays) {
-        const auto found =
-            m_data.find(TC::CFormulaKey(TC::getDetailQsKey(overlay.instrument), QStringLiteral("KLINE")));
-        if (found == m_data.end() || found->meta.color.empty() || found->meta.colorSet.empty())
-            continue;
-        found->meta.color.front() = TC::CDrawStyle::getIndexOutPutColorKey(color, 0, 0);
-        found->meta.colorSet.front() = 1;
-        color = (color + 1) % paletteSize;
-    }
+    std::vector<TC::CFormulaKey> overlaid;
+    overlaid.reserve(m_overlays.size());
+    for (const Overlay& overlay : m_overlays)
+        overlaid.emplace_back(TC::getDetailQsKey(overlay.instrument), QStringLiteral("KLINE"));
+    colorOverlaid(overlaid);
 }
 
 chart::PaneContent PaneData::content()
 {
     chart::PaneContent pane = PaneResults::content(m_state->instrument(), keys());
     pane.periodSeconds = m_state->period();
+    for (chart::PaneFormula& formula : pane.formulas)
+        formula.ranges = &m_ranges[formula.key];
     if (pane.showsPrices)
         standOnAxis(pane);
     placeOverlays(pane);
@@ -212,12 +248,11 @@ void PaneData::standOnAxis(chart::PaneContent& pane)
         return;
     }
     for (chart::PaneFormula& formula : pane.formulas) {
-        if (formula.overlaid)
-            continue;
         auto places = m_places.find(formula.key);
         if (places == m_places.end())
-            places = m_places.insert(formula.key, chart::mappedPrices(*formula.records, { pane.axis }));
-        formula.records = &places.value();
+            places = m_places.insert(formula.key, { chart::mappedPrices(*formula.records, pane.axis), {} });
+        formula.records = &places->records;
+        formula.ranges = &places->ranges;
     }
 }
 
@@ -239,49 +274,47 @@ void PaneData::placeOverlays(chart::PaneContent& pane)
     };
     for (chart::PaneFormula& formula : pane.formulas) {
         const auto overlay = formula.overlaid ? overlayOf(formula) : m_overlays.end();
-        formula.ownScale = overlay != m_overlays.end() && overlay->scale == OverlayScale::Own;
-        if (overlay != m_overlays.end() && overlay->scale == OverlayScale::Together)
-            formula.scale = factorOf(static_cast<std::size_t>(overlay - m_overlays.begin()));
+        if (overlay == m_overlays.end())
+            continue;
+        formula.ownScale = overlay->scale == OverlayScale::Own;
+        if (overlay->scale != OverlayScale::Together)
+            continue;
+        const float factor = factorOf(static_cast<std::size_t>(overlay - m_overlays.begin()));
+        if (pane.axis.isLogarithmic())
+            formula.offset = pane.axis.placeOf(static_cast<double>(factor));
+        else
+            formula.scale = factor;
     }
     for (chart::PaneFormula& formula : pane.formulas) {
-        if (formula.overlaid && (formula.ownScale || pane.axis.isLogarithmic()))
-            placeOverlay(formula, pane);
+        if (formula.ownScale)
+            stretchOverPane(formula, pane);
     }
 }
 
 /// The factor that makes an overlaid instrument meet the chart's own at the first shown close.
 float PaneData::factorOf(std::size_t overlay) const
 {
-    const auto bar = static_cast<std::size_t>(m_state->first());
-    const engine::BarSeries& other = *m_overlaidBars[overlay];
-    if (!m_state->bars() || bar >= other.size() || bar >= m_state->bars()->size())
-        return 1.0f;
-    const double factor = m_state->bars()->close[bar] / other.close[bar];
-    return std::isfinite(factor) && factor > 0.0 ? static_cast<float>(factor) : 1.0f;
+    return m_state->bars()
+        ? chart::meetingFactor(m_state->bars()->close, m_overlaidBars[overlay]->close, m_state->first())
+        : 1.0f;
 }
 
-/// Maps overlaid prices to their places. With a scale of their own these are stretched over the range that
-/// the pane would have without them.
-void PaneData::placeOverlay(chart::PaneFormula& formula, const chart::PaneContent& pane)
+/// An overlaid instrument with a scale of its own is stretched over the range that the pane would have
+/// without it.
+void PaneData::stretchOverPane(chart::PaneFormula& formula, const chart::PaneContent& pane) const
 {
-    chart::PriceMap map { pane.axis };
-    map.offset = map.axis.placeOf(static_cast<double>(formula.scale)) - map.axis.placeOf(1.0);
-    if (formula.ownScale) {
-        TC::RPCFormulaResultCache places = chart::mappedPrices(*formula.records, { pane.axis });
-        chart::PaneContent alone;
-        alone.showsPrices = true;
-        alone.formulas.push_back({ formula.key, &places });
-        const chart::BarView view = m_state->view(1);
-        const QPair<double, double> range = chart::visibleRange(pane, view);
-        const QPair<double, double> own = chart::visibleRange(alone, view);
-        map.factor = (range.first - range.second) / (own.first - own.second);
-        map.offset = range.second - own.second * map.factor;
-    } else if (!pane.axis.isLogarithmic()) {
+    chart::PaneContent alone;
+    alone.showsPrices = true;
+    alone.formulas.push_back(formula);
+    alone.formulas.front().ownScale = false;
+    const chart::BarView view = m_state->view(1);
+    const QPair<double, double> range = chart::visibleRange(pane, view);
+    const QPair<double, double> own = chart::visibleRange(alone, view);
+    const double factor = (range.first - range.second) / (own.first - own.second);
+    if (!(factor > 0.0) || !std::isfinite(factor))
         return;
-    }
-    m_overlayPlaces[formula.key] = chart::mappedPrices(*formula.records, map);
-    formula.records = &m_overlayPlaces[formula.key];
-    formula.scale = 1.0f;
+    formula.factor = factor;
+    formula.offset = range.second - own.second * factor;
 }
 
 } // namespace client

@@ -43,10 +43,10 @@ public:
     struct Overlay
     {
         ChartState::Instrument instrument;
-        ChartState::Bars bars;
+        ChartState::Bars bars; ///< as their file has them; they are brought onto the chart's times
         OverlayScale scale = OverlayScale::Together;
+        QString path {}; ///< of their file
     };
-    /// @param overlays  bars on the times of the bars that the chart was given, before they were gathered.
     void setOverlays(const std::vector<Overlay>& overlays);
     const std::vector<Overlay>& overlays() const { return m_overlays; }
 
@@ -67,12 +67,16 @@ private:
     void gatherOverlays();
     /// Brings overlaid prices onto the pane's axis.
     void placeOverlays(chart::PaneContent& pane);
-    void placeOverlay(chart::PaneFormula& formula, const chart::PaneContent& pane);
+    void stretchOverPane(chart::PaneFormula& formula, const chart::PaneContent& pane) const;
+    /// Forgets what was found out about a result.
+    void forget(const TC::CFormulaKey& key);
     float factorOf(std::size_t overlay) const;
     std::optional<chart::LastPrice> lastPrice() const;
     /// The bars have grown: the formulas follow.
     void grow();
     void growOne(const TC::CFormulaKey& key);
+    /// The bars that a formula is computed over; null for one that is not shown.
+    ChartState::Bars barsOf(const TC::CFormulaKey& key) const;
     /// Whether the plot shows other results than those that are known.
     bool isSeen(const TC::CFormulaKey& key, const engine::FormulaRecords& records) const;
     void requestOne(const TC::CFormulaKey& key, const ChartState::Bars& bars);
@@ -80,15 +84,22 @@ private:
                const TC::embedded::FormulaRecipe& recipe);
     std::vector<TC::CFormulaKey> keys() const;
 
-    QMap<TC::CFormulaKey, TC::RPCFormulaResultCache> m_places;        ///< of results on a logarithmic axis
-    QMap<TC::CFormulaKey, TC::RPCFormulaResultCache> m_overlayPlaces; ///< as they were last painted
+    /// A result on a logarithmic axis.
+    struct Places
+    {
+        TC::RPCFormulaResultCache records;
+        chart::BlockRanges ranges;
+    };
+
+    QMap<TC::CFormulaKey, Places> m_places;
+    QMap<TC::CFormulaKey, chart::BlockRanges> m_ranges; ///< of the results as they are
     ChartState* m_state;
     FormulaSource* m_source;
     std::vector<Overlay> m_overlays;
-    std::vector<ChartState::Bars> m_overlaidBars;          ///< in the period of the chart
-    std::map<QString, FormulaSource::Followed> m_followed; ///< by formula
+    std::vector<ChartState::Bars> m_overlaidBars; ///< on the times of the chart, in its period
+    std::map<TC::CFormulaKey, FormulaSource::Followed> m_followed;
     /// Formulas whose request was under way when the bars grew: they follow when it has ended.
-    std::set<QString> m_due;
+    std::set<TC::CFormulaKey> m_due;
 };
 
 } // namespace client

@@ -3,6 +3,7 @@
 
 #include "apps/chart/ChartMeasures.h"
 #include "apps/chart/PaneScale.h"
+#include "apps/client/access/Announcement.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -30,7 +31,7 @@ PlotWidget::PlotWidget(ChartState* state, Content content, QWidget* parent)
     setMinimumHeight(40);
     connect(state, &ChartState::sigViewChanged, this, &PlotWidget::renew);
     connect(state, &ChartState::sigAxisChanged, this, &PlotWidget::renew);
-    connect(state, &ChartState::sigBarsChanged, this, &PlotWidget::forgetMeasure);
+    connect(state, &ChartState::sigMeasureChanged, this, &PlotWidget::followMeasure);
     connect(state, &ChartState::sigCrosshairChanged, this, &PlotWidget::moveCrosshair);
 }
 
@@ -126,10 +127,14 @@ void PlotWidget::paintEvent(QPaintEvent*)
     m_crosshairShown = chart::crosshairRegion(geometryOfPane(), barView(), crosshair());
 }
 
-/// Only what the crosshair leaves and takes is painted.
+/// Only what the crosshair leaves and takes is painted. A pointer that rests gives the crosshair up when keys
+/// move it.
 void PlotWidget::moveCrosshair()
 {
+    if (m_pointer && barView().barAt(m_pointer->x()) != m_state->crosshairBar())
+        m_pointer.reset();
     update(m_crosshairShown | chart::crosshairRegion(geometryOfPane(), barView(), crosshair()));
+    announceValues(this);
 }
 
 void PlotWidget::followPointer()
@@ -146,16 +151,14 @@ void PlotWidget::resizeEvent(QResizeEvent* event)
 
 void PlotWidget::mouseMoveEvent(QMouseEvent* event)
 {
-    if (m_isMeasuring) {
-        m_measure->to = placeAt(event->pos());
-        update();
-    }
+    if (m_isMeasuring)
+        measureTo(event->pos());
     if (m_dragLine)
-        dragPriceLine(event->y());
+        dragPriceLine(event->pos().y());
     if (m_dragRow)
-        return dragAxis(event->y());
+        return dragAxis(event->pos().y());
     if (m_dragColumn)
-        drag(event->x());
+        drag(event->pos().x());
     showCursor(event->pos());
     const bool inPlot = geometryOfPane().plot.contains(event->pos());
     m_pointer = inPlot ? std::optional<QPoint>(event->pos()) : std::nullopt;
@@ -171,14 +174,15 @@ void PlotWidget::mousePressEvent(QMouseEvent* event)
         return;
     forgetMeasure();
     if (geometryOfPane().axis.contains(event->pos())) {
-        m_dragRow = event->y();
+        m_dragRow = event->pos().y();
     } else if (event->modifiers() & Qt::ShiftModifier) {
-        m_measure = Measure { placeAt(event->pos()), placeAt(event->pos()) };
+        m_measure = Measure { placeAt(event->pos()), {} };
         m_isMeasuring = true;
-    } else if (const std::optional<double> line = priceLineAt(event->y())) {
+        measureTo(event->pos());
+    } else if (const std::optional<double> line = priceLineAt(event->pos().y())) {
         m_dragLine = line;
     } else
-        m_dragColumn = event->x();
+        m_dragColumn = event->pos().x();
 }
 
 /// On the axis: its own range again.
@@ -263,11 +267,25 @@ void PlotWidget::dragPriceLine(int row)
     m_dragLine = price;
 }
 
+void PlotWidget::measureTo(const QPoint& pixel)
+{
+    m_measure->to = placeAt(pixel);
+    m_state->setMeasured(this, { m_measure->from.bar, m_measure->to.bar });
+}
+
+/// There is one measure on the page, whose bars every pane shows.
+void PlotWidget::followMeasure(const QObject* pane)
+{
+    if (pane != this) {
+        m_measure.reset();
+        m_isMeasuring = false;
+    }
+    update();
+}
+
 void PlotWidget::forgetMeasure()
 {
-    if (m_measure)
-        update();
-    m_measure.reset();
+    m_state->forgetMeasured();
 }
 
 MeasuredPlace PlotWidget::placeAt(const QPoint& pixel) const
@@ -285,8 +303,12 @@ QPoint PlotWidget::pixelOf(const MeasuredPlace& place) const
 
 void PlotWidget::paintMeasured(QPainter& painter) const
 {
-    if (!m_measure)
+    if (!m_state->measuredBars())
         return;
+    const auto [from, to] = *m_state->measuredBars();
+    if (!m_measure)
+        return paintMeasuredBars(painter, geometryOfPane().plot, barView().centre(from),
+                                 barView().centre(to));
     const double step = (m_range.first - m_range.second) / std::max(1, height());
     paintMeasure(painter, geometryOfPane().plot, pixelOf(m_measure->from), pixelOf(m_measure->to),
                  m_measure->text(m_pane, step), m_measure->to.value >= m_measure->from.value);

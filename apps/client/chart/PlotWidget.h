@@ -34,9 +34,14 @@ public:
     std::optional<double> priceAt(int row) const;
     /// The user's own price line under a row, if any.
     std::optional<double> priceLineAt(int row) const;
-    /// What a drag with Shift measured last.
+    /// What a drag with Shift measured last in this pane.
     const std::optional<Measure>& measure() const { return m_measure; }
+    /// Forgets what was measured in any pane.
     void forgetMeasure();
+
+    /// What the plot shows now.
+    chart::PaneContent content() const { return m_content(); }
+    const ChartState* state() const { return m_state; }
 
     /// The content has changed: it is asked for and painted anew.
     void renew();
@@ -78,6 +83,8 @@ private:
     void dragPriceLine(int row);
     MeasuredPlace placeAt(const QPoint& pixel) const;
     QPoint pixelOf(const MeasuredPlace& place) const;
+    void measureTo(const QPoint& pixel);
+    void followMeasure(const QObject* pane);
     void paintMeasured(QPainter& painter) const;
     void showCursor(const QPoint& place);
 

@@ -2,7 +2,6 @@
 #include "apps/client/chart/ResultDifference.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <cstring>
 
 namespace client {
@@ -15,34 +14,27 @@ struct Stretch
     std::size_t first, end;
 };
 
-bool isSame(double one, double other)
+bool isSame(const int* one, const int* other, std::size_t count)
 {
-    std::uint64_t bits = 0, otherBits = 0; // in which a NaN equals itself
-    static_assert(sizeof bits == sizeof one);
-    std::memcpy(&bits, &one, sizeof bits);
-    std::memcpy(&otherBits, &other, sizeof otherBits);
-    return bits == otherBits;
+    return std::memcmp(one, other, count * sizeof(int)) == 0;
 }
-bool isSame(int one, int other)
+/// Bit for bit: a NaN equals itself.
+bool isSame(const double* one, const double* other, std::size_t count)
 {
-    return one == other;
+    return std::memcmp(one, other, count * sizeof(double)) == 0;
 }
-bool isSame(const std::string& one, const std::string& other)
+bool isSame(const std::string* one, const std::string* other, std::size_t count)
 {
-    return one == other;
+    return std::equal(one, one + count, other);
 }
 
 template <typename Value>
 bool differ(const std::vector<Value>& one, const std::vector<Value>& other, const Stretch& bars)
 {
-    if (std::min(one.size(), bars.end) != std::min(other.size(), bars.end))
-        return true;
     const std::size_t end = std::min(one.size(), bars.end);
-    for (std::size_t bar = bars.first; bar < end; ++bar) {
-        if (!isSame(one[bar], other[bar]))
-            return true;
-    }
-    return false;
+    if (end != std::min(other.size(), bars.end))
+        return true;
+    return bars.first < end && !isSame(one.data() + bars.first, other.data() + bars.first, end - bars.first);
 }
 
 template <typename Value>
@@ -56,11 +48,24 @@ bool differ(const std::vector<std::vector<Value>>& one, const std::vector<std::v
 
 } // namespace
 
+bool isDescribedAlike(const se::RPCFormulaMetaResult& one, const se::RPCFormulaMetaResult& other)
+{
+    return one.outputCount == other.outputCount && one.drawType == other.drawType
+        && one.outputColumns == other.outputColumns && one.lineWidth == other.lineWidth;
+}
+
+bool isDescribedAlike(const se::RPCFormulaResult& one, const se::RPCFormulaResult& other)
+{
+    return one.columnSeries == other.columnSeries && one.columnType == other.columnType
+        && one.columnNeedsAxis == other.columnNeedsAxis;
+}
+
 bool differ(const se::RPCFormulaResult& one, const se::RPCFormulaResult& other, int first, int last)
 {
     const Stretch bars { static_cast<std::size_t>(std::max(0, first)),
                          static_cast<std::size_t>(std::max(-1, last) + 1) };
-    return one.columnSeries != other.columnSeries || one.columnType != other.columnType
+    return !isDescribedAlike(one, other)
+        || std::min(one.barTimes.size(), bars.end) != std::min(other.barTimes.size(), bars.end)
         || differ(one.barValid, other.barValid, bars) || differ(one.numberSeries, other.numberSeries, bars)
         || differ(one.textSeries, other.textSeries, bars);
 }

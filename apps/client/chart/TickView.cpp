@@ -5,6 +5,7 @@
 #include "apps/chart/TickFormulaNames.h"
 #include "apps/client/EmptyPage.h"
 #include "apps/client/chart/ChartKeys.h"
+#include "apps/client/chart/ChartView.h"
 #include "apps/client/chart/FocusFrame.h"
 #include "apps/client/chart/PlotWidget.h"
 #include "apps/client/chart/TimeAxisWidget.h"
@@ -45,13 +46,18 @@ TickView::TickView(QWidget* parent)
 {
     chart::registerTickFormulas();
     setFocusPolicy(Qt::StrongFocus);
+    addChartActions(this, &m_state);
+    addKeyAction(
+        this, [] { return ChartView::tr("隐藏十字光标"); }, { Qt::Key_Escape },
+        [this] { m_state.setCrosshairBar(-1); });
     m_pages->setContentsMargins(1, 1, 1, 1); // where the frame of the focus shows
     m_rule->addItems({ QString(), QString() });
     followLanguage(m_rule, [this] {
         m_rule->setItemText(0, tr("量能颜色：按价格"));
         m_rule->setItemText(1, tr("量能颜色：按价格与盘口"));
+        m_rule->setAccessibleName(tr("量能颜色"));
     });
-    m_rule->setFocusPolicy(Qt::NoFocus);
+    m_rule->setFocusPolicy(Qt::TabFocus);
     const auto words = [] {
         return EmptyPage::Words { tr("还没有打开分笔"),
                                   tr("打开成交明细文件（CSV：time_utc,price,volume，可带五档盘口）。"),
@@ -175,7 +181,7 @@ void TickView::paintEvent(QPaintEvent*)
 
 void TickView::keyPressEvent(QKeyEvent* event)
 {
-    if (!moveByKey(m_state, event->key()))
+    if (!runKeyAction(this, event))
         QWidget::keyPressEvent(event);
 }
 

@@ -2,13 +2,17 @@
 #pragma once
 /// @file The time axis below the panes.
 
+#include "apps/chart/PanePainter.h"
 #include "apps/client/chart/ChartState.h"
 
 #include "host/WB/CBaseWidget.h"
 
+#include <QPixmap>
+
 namespace client {
 
-/// Dates of the shown bars and of the bar under the crosshair.
+/// Dates of the shown bars, which are painted once and kept, and over them that of the bar under the
+/// crosshair.
 class TimeAxisWidget : public WB::CBaseWidget
 {
     Q_OBJECT
@@ -16,11 +20,23 @@ class TimeAxisWidget : public WB::CBaseWidget
 public:
     TimeAxisWidget(ChartState* state, QWidget* parent);
 
+    /// Paints dates and tag at once on another surface.
+    void paintOn(QPainter& painter) const;
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void uiResourceChanged() override;
 
 private:
+    chart::BarView barView() const;
+    const std::vector<std::int64_t>& times() const;
+    chart::TimeTag tag() const;
+    void renew();
+
     ChartState* m_state;
+    QPixmap m_kept; ///< the dates; null when they are to be painted anew
+    QRect m_tagShown;
 };
 
 } // namespace client

@@ -6,7 +6,6 @@
 #include "apps/client/docking/DockLook.h"
 #include "host/TC/Folders.h"
 
-#include <QAbstractButton>
 #include <QCoreApplication>
 #include <QDir>
 #include <QEvent>
@@ -15,23 +14,12 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include <qtadvanceddocking/DockWidgetTab.h>
-#include <qtadvanceddocking/FloatingDockContainer.h>
-
 namespace client {
 
 namespace {
 
 /// Counts the changes of what a saved arrangement means.
 constexpr int kStateVersion = 1;
-
-/// A simple header is the bare title: the tab has no close button. The docking system shows and hides the
-/// button as tabs change, so it is made too small to be seen instead.
-void simplifyHeader(ads::CDockWidget* dock)
-{
-    if (auto* button = dock->tabWidget()->findChild<QAbstractButton*>(QStringLiteral("tabCloseButton")))
-        button->setFixedSize(0, 0);
-}
 
 /// What a dock holds for good, since the docking system shows no dock without content: an empty berth for
 /// the panel.
@@ -238,7 +226,8 @@ void DockArrangement::finishDeletions()
             QCoreApplication::sendPostedEvents(removed, QEvent::DeferredDelete);
     }
     m_removed.clear();
-    for (QWidget* window : m_manager->findChildren<ads::CFloatingDockContainer*>())
+    const QList<QWidget*> floating = floatingWindows(m_manager);
+    for (QWidget* window : floating)
         QCoreApplication::sendPostedEvents(window, QEvent::DeferredDelete);
 }
 

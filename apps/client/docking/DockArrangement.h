@@ -3,6 +3,7 @@
 /// @file Where the client's panels stand.
 
 #include "apps/base/Result.h"
+#include "apps/client/docking/Docks.h"
 #include "apps/client/docking/PanelPool.h"
 
 #include <QByteArray>
@@ -11,8 +12,6 @@
 #include <QPointer>
 #include <QString>
 #include <QStringList>
-
-#include <qtadvanceddocking/DockManager.h>
 
 #include <vector>
 

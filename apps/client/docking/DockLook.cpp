@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "apps/client/docking/DockLook.h"
 
+#include "apps/client/docking/Docks.h"
+
+#include <QAbstractButton>
 #include <QEvent>
 #include <QFile>
 #include <QMainWindow>
@@ -8,7 +11,6 @@
 #include <QTimer>
 #include <QWindow>
 
-#include <qtadvanceddocking/DockManager.h>
 #include <qtadvanceddocking/DockOverlay.h>
 
 /// Resources of a static library are not found unless somebody names them.
@@ -57,6 +59,22 @@ ads::CDockManager* makeDockManager(QMainWindow* window)
     manager->setStyleSheet(manager->styleSheet() + dockStyle());
     new DropMarkMask(manager);
     return manager;
+}
+
+void simplifyHeader(ads::CDockWidget* dock)
+{
+    // The docking system shows and hides the button as tabs change, so it is made too small to be seen.
+    if (auto* button = dock->tabWidget()->findChild<QAbstractButton*>(QStringLiteral("tabCloseButton")))
+        button->setFixedSize(0, 0);
+}
+
+QList<QWidget*> floatingWindows(const ads::CDockManager* manager)
+{
+    QList<QWidget*> windows;
+    const auto containers = manager->findChildren<ads::CFloatingDockContainer*>();
+    for (ads::CFloatingDockContainer* container : containers)
+        windows.append(container);
+    return windows;
 }
 
 DropMarkMask::DropMarkMask(ads::CDockManager* manager)

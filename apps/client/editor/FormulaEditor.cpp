@@ -164,6 +164,11 @@ void FormulaEditor::setWords()
     setWindowTitle(tr("公式编辑器[*]"));
     m_parameters->setHorizontalHeaderLabels({ tr("参数"), tr("缺省"), tr("最小"), tr("最大"), tr("取值") });
     m_save->setText(m_read ? tr("保存") : tr("存为草稿"));
+    m_list->setAccessibleName(tr("我的公式"));
+    m_text->setAccessibleName(tr("公式正文"));
+    m_problems->setAccessibleName(tr("错误与提示"));
+    m_parameters->setAccessibleName(tr("参数"));
+    m_preview->setAccessibleName(tr("预览"));
 }
 
 void FormulaEditor::connectControls()

@@ -200,7 +200,7 @@ void FormulaText::keyPressEvent(QKeyEvent* event)
 
 int FormulaText::marginWidth() const
 {
-    const int digits = std::max(2, QString::number(blockCount()).size());
+    const int digits = std::max<int>(2, QString::number(blockCount()).size());
     return 2 * kMarginGap + digits * fontMetrics().horizontalAdvance(QLatin1Char('9'));
 }
 

@@ -33,9 +33,9 @@ QStringList barsFilesIn(const QString& folder)
     namespace files = std::filesystem;
     QStringList paths;
     std::error_code error;
-    for (files::directory_iterator entry(base::bytesOfName(folder).toStdString(), error), end;
-         !error && entry != end; entry.increment(error)) {
-        const QString path = base::nameFromBytes(QByteArray::fromStdString(entry->path().string()));
+    for (files::directory_iterator entry(base::pathOf(folder), error), end; !error && entry != end;
+         entry.increment(error)) {
+        const QString path = base::nameOf(entry->path());
         std::error_code unknown;
         if (path.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive) && entry->is_regular_file(unknown))
             paths << path;
@@ -62,6 +62,9 @@ InstrumentList::InstrumentList(QWidget* parent)
     m_group->addItems({ QString(), QString(), QString() });
     followLanguage(this, [this] {
         m_filter->setPlaceholderText(tr("代码、名称、拼音"));
+        m_filter->setAccessibleName(tr("品种过滤"));
+        m_group->setAccessibleName(tr("品种分组"));
+        m_list->setAccessibleName(tr("品种"));
         m_group->setToolTip(tr("右键点品种可加入自选"));
         m_group->setItemText(EGroup_All, tr("全部"));
         m_group->setItemText(EGroup_Favourites, tr("自选"));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/client/lists/InstrumentSearch.h"
 
+#include "apps/client/language/Language.h"
+
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
@@ -36,6 +38,11 @@ InstrumentSearch::InstrumentSearch(QWidget* over)
     setAutoFillBackground(true);
     m_found->setFocusPolicy(Qt::NoFocus);
     m_field->installEventFilter(this);
+    followLanguage(this, [this] {
+        m_field->setAccessibleName(tr("搜索品种"));
+        m_field->setPlaceholderText(tr("代码、名称、拼音"));
+        m_found->setAccessibleName(tr("找到的品种"));
+    });
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->addWidget(m_field);

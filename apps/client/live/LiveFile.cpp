@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "apps/client/live/LiveFile.h"
 
-#include "apps/base/FileNames.h"
-
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 
 namespace client {
@@ -18,10 +13,8 @@ constexpr qint64 kTail = 256; // bytes: longer than a row
 /// Up to so many bytes before an offset.
 QByteArray bytesBefore(int file, qint64 offset)
 {
-    QByteArray bytes(static_cast<int>(std::min(offset, kTail)), '\0');
-    const ssize_t count = pread(file, bytes.data(), static_cast<size_t>(bytes.size()), offset - bytes.size());
-    bytes.truncate(static_cast<int>(std::max<ssize_t>(0, count)));
-    return bytes;
+    const qint64 count = std::min(offset, kTail);
+    return base::readAt(file, offset - count, count);
 }
 
 } // namespace
@@ -49,27 +42,23 @@ std::optional<LiveFile::State> LiveFile::current() const
     const int file = base::openForReading(m_path);
     if (file < 0)
         return std::nullopt;
-    struct stat found = {};
     std::optional<State> state;
-    if (fstat(file, &found) == 0 && S_ISREG(found.st_mode)) {
-        constexpr qint64 nsPerSecond = 1000 * 1000 * 1000;
-        state = State { found.st_dev, found.st_ino, found.st_size,
-                        found.st_mtim.tv_sec * nsPerSecond + found.st_mtim.tv_nsec,
-                        bytesBefore(file, found.st_size) };
-    }
-    close(file);
+    if (const std::optional<base::FileState> found = base::stateOf(file))
+        state = State { *found, bytesBefore(file, found->size) };
+    base::closeFile(file);
     return state;
 }
 
 bool LiveFile::hasGrownFrom(const State& before, const State& now) const
 {
-    if (before.device != now.device || before.number != now.number || now.size < before.size)
+    if (before.file.device != now.file.device || before.file.number != now.file.number
+        || now.file.size < before.file.size)
         return false;
     const int file = base::openForReading(m_path);
     if (file < 0)
         return false;
-    const bool isSame = bytesBefore(file, before.size) == before.tail;
-    close(file);
+    const bool isSame = bytesBefore(file, before.file.size) == before.tail;
+    base::closeFile(file);
     return isSame;
 }
 
@@ -80,12 +69,12 @@ void LiveFile::look()
         return;
     const std::optional<State> before = std::exchange(m_known, now);
     watch();
-    if (before && before->number == now->number && before->size == now->size
-        && before->changedNs == now->changedNs)
+    if (before && before->file.number == now->file.number && before->file.size == now->file.size
+        && before->file.changedNs == now->file.changedNs)
         return;
     if (!before || !hasGrownFrom(*before, *now))
         Q_EMIT sigReplaced();
-    else if (now->size > before->size)
+    else if (now->file.size > before->file.size)
         Q_EMIT sigGrown();
 }
 

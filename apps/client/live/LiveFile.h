@@ -2,6 +2,8 @@
 #pragma once
 /// @file A file that other programs write, watched.
 
+#include "apps/base/FileCalls.h"
+
 #include <QByteArray>
 #include <QFileSystemWatcher>
 #include <QObject>
@@ -32,8 +34,7 @@ private:
     /// What tells one state of the file from another.
     struct State
     {
-        quint64 device = 0, number = 0;
-        qint64 size = 0, changedNs = 0;
+        base::FileState file;
         QByteArray tail; ///< the last bytes
     };
 

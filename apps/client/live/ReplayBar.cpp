@@ -25,6 +25,7 @@ ReplayBar::ReplayBar(ReplayClock* clock, QWidget* parent)
     followLanguage(this, [this] {
         m_step->setText(tr("单步"));
         m_speed->setToolTip(tr("回放速度"));
+        m_speed->setAccessibleName(tr("回放速度"));
         for (int item = 0; item < m_speed->count(); ++item)
             m_speed->setItemText(item, tr("%1 倍").arg(m_speed->itemData(item).toInt()));
         followClock();

@@ -40,6 +40,7 @@ BarsOpening::BarsOpening(QWidget* parent)
     m_bar->setRange(0, kThousand);
     m_bar->setFixedWidth(kBarWidth);
     m_bar->setTextVisible(false);
+    followLanguage(m_bar, [this] { m_bar->setAccessibleName(tr("正在读取")); });
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(worded(new QLabel, [] { return tr("正在读取"); }));

@@ -29,6 +29,10 @@ chart::ChartPicture pictureOf(ChartView& view, ChartPane* only)
     picture.periodName = TC::getCycleName(TC::getPeriodIndex(state->period()));
     picture.first = state->first();
     picture.last = state->last();
+    if (!only || only->isMain()) {
+        for (const PaneData::Overlay& overlay : view.panes().front()->data()->overlays())
+            picture.overlaid.push_back(overlay.instrument);
+    }
     for (ChartPane* pane : view.panes()) {
         if (!only || pane == only)
             picture.panes.push_back({ pane->data()->content(), pane->data() });

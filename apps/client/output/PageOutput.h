@@ -40,10 +40,10 @@ public:
     base::Result<void> save(const QString& path, double factor) const;
     /// Paints on one sheet, as large as fits, in the middle of its width.
     void print(QPrinter& printer) const;
-
-private:
+    /// Paints it into (0, 0) to its size.
     void paint(QPainter& painter) const;
 
+private:
     ChartView* m_chart;
     ChartPane* m_only;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/client/recovery/FormulaFiles.h"
 
+#include "apps/base/FileCalls.h"
 #include "apps/base/FileNames.h"
 #include "apps/base/WholeFile.h"
 #include "apps/client/language/Language.h"

@@ -9,7 +9,7 @@ namespace client {
 
 namespace {
 
-constexpr std::size_t kMostPairs = 4000 * 1000; // bounds time and memory
+constexpr std::size_t kMostPairs = 4'000'000; // bounds time and memory
 
 std::size_t sizeOf(const QStringList& lines)
 {
@@ -83,7 +83,7 @@ std::vector<DiffLine> middleDiff(const QStringList& before, const QStringList& a
 
 std::vector<DiffLine> lineDiff(const QStringList& before, const QStringList& after)
 {
-    const int shorter = std::min(before.size(), after.size());
+    const int shorter = std::min<int>(before.size(), after.size());
     int head = 0;
     while (head < shorter && before.at(head) == after.at(head))
         ++head;

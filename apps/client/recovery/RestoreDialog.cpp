@@ -128,6 +128,8 @@ RestoreDialog::RestoreDialog(Occasion occasion, QWidget* parent)
     m_list->setUniformRowHeights(true);
     m_list->setAlternatingRowColors(true);
     m_preview->setObjectName(QStringLiteral("preview"));
+    m_list->setAccessibleName(tr("备份版本"));
+    m_preview->setAccessibleName(tr("与现用公式的差异"));
     m_preview->setReadOnly(true);
     m_preview->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_preview->setLineWrapMode(QPlainTextEdit::NoWrap);

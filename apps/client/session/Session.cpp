@@ -14,6 +14,7 @@ namespace client {
 
 namespace {
 
+constexpr std::size_t kMostOverlays = 20;
 constexpr int kMostPanes = 50, kMostFormulas = 50, kMostNames = 5000;
 
 /// A file's name may be made of any bytes, a text of JSON may not.
@@ -43,6 +44,38 @@ QStringList unpackedNames(const QJsonArray& all)
             names << toName(name);
     }
     return names;
+}
+
+/// In the order of PaneData::OverlayScale.
+const QStringList& scaleNames()
+{
+    static const QStringList names { QStringLiteral("together"), QStringLiteral("same"),
+                                     QStringLiteral("own") };
+    return names;
+}
+
+QJsonArray packed(const std::vector<OverlaidFile>& overlays)
+{
+    QJsonArray all;
+    for (const OverlaidFile& overlay : overlays)
+        all.append(
+            QJsonObject { { QStringLiteral("file"), fromName(overlay.path) },
+                          { QStringLiteral("scale"), scaleNames().at(static_cast<int>(overlay.scale)) } });
+    return all;
+}
+
+std::vector<OverlaidFile> unpackedOverlays(const QJsonArray& all)
+{
+    std::vector<OverlaidFile> overlays;
+    for (const QJsonValue& value : all) {
+        const QString path = toName(value.toObject().value(QStringLiteral("file")));
+        const QString name = value.toObject().value(QStringLiteral("scale")).toString();
+        if (!path.isEmpty() && overlays.size() < kMostOverlays)
+            overlays.push_back({ path,
+                                 static_cast<PaneData::OverlayScale>(
+                                     std::max(0, static_cast<int>(scaleNames().indexOf(name)))) });
+    }
+    return overlays;
 }
 
 QJsonArray packed(const std::vector<QStringList>& panes)
@@ -82,6 +115,7 @@ QByteArray Session::toJson() const
     }
     return QJsonDocument(QJsonObject { { QStringLiteral("language"), language },
                                        { QStringLiteral("skin"), fromName(skin) },
+                                       { QStringLiteral("greenUp"), isGreenUp },
                                        { QStringLiteral("bars"), fromName(bars) },
                                        { QStringLiteral("ticks"), fromName(ticks) },
                                        { QStringLiteral("filter"), filter },
@@ -91,6 +125,7 @@ QByteArray Session::toJson() const
                                        { QStringLiteral("behind"), behind },
                                        { QStringLiteral("bookRule"), bookRule },
                                        { QStringLiteral("chart"), chart.toJson() },
+                                       { QStringLiteral("overlays"), packed(overlays) },
                                        { QStringLiteral("panes"), packed(panes) },
                                        { QStringLiteral("parameters"), numbers } })
         .toJson();
@@ -102,6 +137,7 @@ Session Session::fromJson(const QByteArray& json)
     Session session;
     session.language = root.value(QStringLiteral("language")).toString();
     session.skin = toName(root.value(QStringLiteral("skin")));
+    session.isGreenUp = root.value(QStringLiteral("greenUp")).toBool();
     session.bars = toName(root.value(QStringLiteral("bars")));
     session.ticks = toName(root.value(QStringLiteral("ticks")));
     session.filter = root.value(QStringLiteral("filter")).toString();
@@ -111,6 +147,7 @@ Session Session::fromJson(const QByteArray& json)
     session.behind = std::max(0, root.value(QStringLiteral("behind")).toInt());
     session.bookRule = root.value(QStringLiteral("bookRule")).toBool();
     session.chart = ChartChoices::fromJson(root.value(QStringLiteral("chart")).toObject());
+    session.overlays = unpackedOverlays(root.value(QStringLiteral("overlays")).toArray());
     session.panes = unpacked(root.value(QStringLiteral("panes")).toArray());
     const QJsonObject numbers = root.value(QStringLiteral("parameters")).toObject();
     for (auto entry = numbers.begin(); entry != numbers.end(); ++entry) {

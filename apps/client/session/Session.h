@@ -2,6 +2,7 @@
 #pragma once
 /// @file What the client shows, so that the next run can show it again.
 
+#include "apps/client/chart/PaneData.h"
 #include "apps/client/session/ChartChoices.h"
 
 #include <QMap>
@@ -13,11 +14,19 @@
 
 namespace client {
 
+/// An instrument that was laid over the chart.
+struct OverlaidFile
+{
+    QString path;
+    PaneData::OverlayScale scale = PaneData::OverlayScale::Together;
+};
+
 /// The user's choices beside the arrangement of the docks, which has a file of its own.
 struct Session
 {
     QString language;               ///< of offeredLanguages(); empty: the default
     QString skin;                   ///< shipped name or path; empty: the default
+    bool isGreenUp = false;         ///< green rises and red falls
     QString bars;                   ///< file of the instrument on the chart; empty: none
     QString ticks;                  ///< file of the tick page; empty: none
     QString filter;                 ///< of the instruments
@@ -26,6 +35,7 @@ struct Session
     int behind = 0;                 ///< bars between the last one in view and the last one of all
     bool bookRule = false;
     ChartChoices chart;
+    std::vector<OverlaidFile> overlays;        ///< over the main pane
     std::vector<QStringList> panes;            ///< formulas from top to bottom; empty: the usual ones
     QMap<QString, QVector<double>> parameters; ///< of built-in formulas that were changed, by name
 

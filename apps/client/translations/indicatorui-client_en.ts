@@ -255,6 +255,10 @@
         <source>；没有读到权重</source>
         <translation>; no weights found</translation>
     </message>
+    <message>
+        <source>权重表</source>
+        <translation>Weights</translation>
+    </message>
 </context>
 <context>
     <name>client::ChartPane</name>
@@ -333,6 +337,10 @@
     <message>
         <source>关闭窗格</source>
         <translation>Close pane</translation>
+    </message>
+    <message>
+        <source>图例</source>
+        <translation>Legend</translation>
     </message>
 </context>
 <context>
@@ -454,6 +462,62 @@ Once a file is open, the list on the left offers the other instruments of its fo
     <message>
         <source>60分钟</source>
         <translation>60 minutes</translation>
+    </message>
+    <message>
+        <source>十字光标左移一根</source>
+        <translation>Crosshair one bar to the left</translation>
+    </message>
+    <message>
+        <source>十字光标右移一根</source>
+        <translation>Crosshair one bar to the right</translation>
+    </message>
+    <message>
+        <source>向左移动</source>
+        <translation>Move left</translation>
+    </message>
+    <message>
+        <source>向右移动</source>
+        <translation>Move right</translation>
+    </message>
+    <message>
+        <source>最早</source>
+        <translation>First bars</translation>
+    </message>
+    <message>
+        <source>最新</source>
+        <translation>Newest bars</translation>
+    </message>
+    <message>
+        <source>放大</source>
+        <translation>Zoom in</translation>
+    </message>
+    <message>
+        <source>缩小</source>
+        <translation>Zoom out</translation>
+    </message>
+    <message>
+        <source>移动与缩放</source>
+        <translation>Move and zoom</translation>
+    </message>
+    <message>
+        <source>隐藏十字光标与测量</source>
+        <translation>Hide crosshair and measure</translation>
+    </message>
+    <message>
+        <source>上一品种</source>
+        <translation>Instrument before</translation>
+    </message>
+    <message>
+        <source>下一品种</source>
+        <translation>Instrument behind</translation>
+    </message>
+    <message>
+        <source>窗格菜单</source>
+        <translation>Menus of the panes</translation>
+    </message>
+    <message>
+        <source>隐藏十字光标</source>
+        <translation>Hide the crosshair</translation>
     </message>
 </context>
 <context>
@@ -654,6 +718,22 @@ Once a file is open, the list on the left offers the other instruments of its fo
         <source>“%1”尚未保存，放弃修改？</source>
         <translation>“%1” is not saved. Discard the changes?</translation>
     </message>
+    <message>
+        <source>我的公式</source>
+        <translation>My formulas</translation>
+    </message>
+    <message>
+        <source>公式正文</source>
+        <translation>Text of the formula</translation>
+    </message>
+    <message>
+        <source>错误与提示</source>
+        <translation>Errors and hints</translation>
+    </message>
+    <message>
+        <source>预览</source>
+        <translation>Preview</translation>
+    </message>
 </context>
 <context>
     <name>client::FormulaList</name>
@@ -712,7 +792,7 @@ Once a file is open, the list on the left offers the other instruments of its fo
     <name>client::InstrumentList</name>
     <message>
         <source>代码、名称、拼音</source>
-        <translation>Code, name, pinyin</translation>
+        <translation>Code or name</translation>
     </message>
     <message>
         <source>右键点品种可加入自选</source>
@@ -737,6 +817,33 @@ Once a file is open, the list on the left offers the other instruments of its fo
     <message>
         <source>加入自选</source>
         <translation>Add to favourites</translation>
+    </message>
+    <message>
+        <source>品种过滤</source>
+        <translation>Filter of the instruments</translation>
+    </message>
+    <message>
+        <source>品种分组</source>
+        <translation>Group of the instruments</translation>
+    </message>
+    <message>
+        <source>品种</source>
+        <translation>List of instruments</translation>
+    </message>
+</context>
+<context>
+    <name>client::InstrumentSearch</name>
+    <message>
+        <source>搜索品种</source>
+        <translation>Search instrument</translation>
+    </message>
+    <message>
+        <source>代码、名称、拼音</source>
+        <translation>Code, name, pinyin</translation>
+    </message>
+    <message>
+        <source>找到的品种</source>
+        <translation>Instruments found</translation>
     </message>
 </context>
 <context>
@@ -1075,6 +1182,38 @@ Once a file is open, the list on the left offers the other instruments of its fo
         <translation>
 Quit all the same?</translation>
     </message>
+    <message>
+        <source>搜索品种…</source>
+        <translation>Search instrument…</translation>
+    </message>
+    <message>
+        <source>添加指标…</source>
+        <translation>Add indicator…</translation>
+    </message>
+    <message>
+        <source>工具栏</source>
+        <translation>Toolbar</translation>
+    </message>
+    <message>
+        <source>帮助(&amp;H)</source>
+        <translation>&amp;Help</translation>
+    </message>
+    <message>
+        <source>快捷键…</source>
+        <translation>Shortcuts…</translation>
+    </message>
+    <message>
+        <source>下一面板</source>
+        <translation>Next panel</translation>
+    </message>
+    <message>
+        <source>上一面板</source>
+        <translation>Panel before</translation>
+    </message>
+    <message>
+        <source>涨绿跌红</source>
+        <translation>Green up, red down</translation>
+    </message>
 </context>
 <context>
     <name>client::MessageList</name>
@@ -1259,6 +1398,33 @@ The live formulas are backed up first.</translation>
         <translation>
 This version holds no scripts, the live ones stay.</translation>
     </message>
+    <message>
+        <source>备份版本</source>
+        <translation>Backups</translation>
+    </message>
+    <message>
+        <source>与现用公式的差异</source>
+        <translation>Differences from the live formulas</translation>
+    </message>
+</context>
+<context>
+    <name>client::ShortcutSheet</name>
+    <message>
+        <source>快捷键</source>
+        <translation>Shortcuts</translation>
+    </message>
+    <message>
+        <source>搜索操作或按键</source>
+        <translation>Search for an action or a key</translation>
+    </message>
+    <message>
+        <source>操作</source>
+        <translation>Action</translation>
+    </message>
+    <message>
+        <source>按键</source>
+        <translation>Keys</translation>
+    </message>
 </context>
 <context>
     <name>client::TickView</name>
@@ -1281,6 +1447,10 @@ This version holds no scripts, the live ones stay.</translation>
     <message>
         <source>打开分笔…</source>
         <translation>Open trades…</translation>
+    </message>
+    <message>
+        <source>量能颜色</source>
+        <translation>Volume colours</translation>
     </message>
 </context>
 <context>

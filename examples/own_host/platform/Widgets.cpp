@@ -83,7 +83,7 @@ void CPushButton::paintEvent(QPaintEvent* event)
     QPushButton::paintEvent(event);
 }
 
-void CPushButton::enterEvent(QEvent* event)
+void CPushButton::enterEvent(utils::EnterEvent* event)
 {
     m_underPointer = true;
     QPushButton::enterEvent(event);

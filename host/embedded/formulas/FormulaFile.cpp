@@ -173,7 +173,8 @@ private:
                                          QStringLiteral("kind"),       QStringLiteral("base"),
                                          QStringLiteral("parameters"), QStringLiteral("colors"),
                                          QStringLiteral("source"),     QStringLiteral("draft") };
-        for (const QString& key : entry.keys()) {
+        const QStringList keys = entry.keys();
+        for (const QString& key : keys) {
             if (!known.contains(key))
                 report({ key }, QStringLiteral("\"%1\" is not a key of a formula").arg(key));
         }

@@ -74,7 +74,8 @@ public:
     LineReader(const QByteArray& headings, const KnownInstrument& known)
         : m_known(known)
     {
-        for (const QByteArray& heading : headings.split(','))
+        const QList<QByteArray> names = headings.split(',');
+        for (const QByteArray& heading : names)
             m_columns.push_back(cellOf(heading));
         m_market = placeOf(Cell::Market);
         m_code = placeOf(Cell::Code);
@@ -94,7 +95,8 @@ public:
         ttservice::CInstrumentDetail instrument = known ? *known : ttservice::CInstrumentDetail();
         instrument.market = market;
         instrument.code = code;
-        for (int place = 0; place < std::min(cells.size(), static_cast<int>(m_columns.size())); ++place) {
+        for (int place = 0; place < std::min<int>(cells.size(), static_cast<int>(m_columns.size()));
+             ++place) {
             const QByteArray cell = cells[place].trimmed();
             if (!cell.isEmpty() && !take(m_columns[static_cast<std::size_t>(place)], cell, instrument))
                 return QStringLiteral("\"%1\" is no number above 0").arg(QString::fromUtf8(cell));

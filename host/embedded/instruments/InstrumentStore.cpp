@@ -82,7 +82,7 @@ LoadedStore complete(const QString& path, Instruments instruments)
 
 LoadedStore load(const QString& path)
 {
-    if (!QFileInfo(path).exists() && !QFileInfo(path).isSymLink())
+    if (!QFileInfo::exists(path) && !QFileInfo(path).isSymLink())
         return makeAnew(path, QString());
     StoreContents found = readStore(path);
     switch (found.state) {

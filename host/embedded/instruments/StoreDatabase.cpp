@@ -101,14 +101,15 @@ private:
 bool isSoundText(const QVariant& value)
 {
     const QString text = value.toString();
-    return value.type() == QVariant::String && std::none_of(text.begin(), text.end(), [](QChar character) {
+    return value.userType() == QMetaType::QString
+        && std::none_of(text.begin(), text.end(), [](QChar character) {
                return character < QLatin1Char(' ') || character == QChar::ReplacementCharacter;
            });
 }
 
 bool isSoundNumber(const QVariant& value)
 {
-    return (value.type() == QVariant::Double || value.type() == QVariant::LongLong)
+    return (value.userType() == QMetaType::Double || value.userType() == QMetaType::LongLong)
         && std::isfinite(value.toDouble());
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/embedded/reading/TextDecoding.h"
 
-#include <QTextCodec>
+#include "host/utils/TextCodec.h"
 
 #include <algorithm>
 
@@ -11,10 +11,10 @@ namespace {
 
 /// Name of the UTF-16 that the NUL bytes speak for: the high bytes of digits and separators are NUL, so that
 /// NULs gather on one side. Null when there are too few to tell, as a stray NUL is no encoding.
-const char* codecOfNulParity(const QByteArray& bytes)
+const char* encodingOfNulParity(const QByteArray& bytes)
 {
     constexpr int sampleSize = 4096, fewestShare = 40;
-    const int size = std::min(bytes.size(), sampleSize);
+    const int size = std::min<int>(bytes.size(), sampleSize);
     int counts[2] = { 0, 0 };
     for (int i = 0; i < size; ++i)
         counts[i % 2] += bytes[i] == '\0';
@@ -23,14 +23,13 @@ const char* codecOfNulParity(const QByteArray& bytes)
     return counts[0] > counts[1] ? "UTF-16BE" : "UTF-16LE";
 }
 
-QString decoded(const QByteArray& bytes, int from, const char* codecName, bool* isClean = nullptr)
+QString decoded(const QByteArray& bytes, int from, const char* encoding, bool* isClean = nullptr)
 {
-    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    QString text =
-        QTextCodec::codecForName(codecName)->toUnicode(bytes.constData() + from, bytes.size() - from, &state);
+    const QByteArray part = QByteArray::fromRawData(bytes.constData() + from, bytes.size() - from);
+    const auto made = utils::decoded(part, encoding);
     if (isClean)
-        *isClean = state.invalidChars == 0 && state.remainingChars == 0;
-    return text;
+        *isClean = made && made->isClean;
+    return made ? made->text : QString();
 }
 
 } // namespace
@@ -43,7 +42,7 @@ QString decodeText(const QByteArray& bytes)
         return decoded(bytes, 2, "UTF-16LE");
     if (bytes.startsWith("\xFE\xFF"))
         return decoded(bytes, 2, "UTF-16BE");
-    if (const char* utf16 = codecOfNulParity(bytes))
+    if (const char* utf16 = encodingOfNulParity(bytes))
         return decoded(bytes, 0, utf16);
     bool isClean = false;
     const QString text = decoded(bytes, 0, "UTF-8", &isClean);

@@ -43,7 +43,7 @@ TC::embedded::Skin& currentOne()
     // Deliberate: never destroyed, for widgets that outlive the end of the program's main function.
     static TC::embedded::Skin& skin = *[] {
         auto* made = new TC::embedded::Skin;
-        readSkin(TC::embedded::skinNames().first(), *made);
+        readSkin(TC::embedded::skinNames().constFirst(), *made);
         return made;
     }();
     return skin;

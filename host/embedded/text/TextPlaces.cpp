@@ -12,7 +12,7 @@ TextPlaces::TextPlaces(const QByteArray& text)
     int units = 0;
     for (int begin = 0; begin <= text.size(); begin += kStride) {
         m_units.push_back(units);
-        const int end = std::min(begin + kStride, text.size());
+        const int end = std::min<int>(begin + kStride, text.size());
         units += unitsBetween(begin, end);
         for (int offset = begin; offset < end; ++offset) {
             if (text.at(offset) == '\n')
@@ -23,7 +23,7 @@ TextPlaces::TextPlaces(const QByteArray& text)
 
 QString TextPlaces::placeAt(int offset) const
 {
-    offset = std::clamp(offset, m_lineStarts.front(), std::max(m_lineStarts.front(), m_text.size()));
+    offset = std::clamp(offset, m_lineStarts.front(), std::max<int>(m_lineStarts.front(), m_text.size()));
     const auto next = std::upper_bound(m_lineStarts.begin(), m_lineStarts.end(), offset);
     const int column = unitsBefore(offset) - unitsBefore(*(next - 1)) + 1;
     return QStringLiteral("%1:%2").arg(next - m_lineStarts.begin()).arg(column);

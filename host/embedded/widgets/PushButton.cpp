@@ -75,7 +75,7 @@ void CPushButton::paintEvent(QPaintEvent* event)
     painter.drawPixmap(target, *pixmap);
 }
 
-void CPushButton::enterEvent(QEvent* event)
+void CPushButton::enterEvent(utils::EnterEvent* event)
 {
     m_underPointer = true;
     update();

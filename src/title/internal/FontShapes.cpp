@@ -22,7 +22,7 @@ int headLength(const QString& text)
     int length = text.size();
     while (length > 0 && isNumberCharacter(text.at(length - 1)))
         --length;
-    return std::min(length + kNumberStart, text.size());
+    return std::min<int>(length + kNumberStart, text.size());
 }
 
 /// The last letter of a text, whose script the number behind it is set in; empty when there is none.

@@ -142,6 +142,34 @@ TEST(StripLayout, AWideHeadingStripShowsEveryColumn)
     EXPECT_EQ(layout.legend.right() + 1, 800 - 50);
 }
 
+TEST(StripLayout, TheLegendIsDrawnFromTheStripsTopAndOverItsWholeHeight)
+{
+    const StripLayout layout = layOutStrip(heading(800, 0, 0));
+    const int behindTheHeading = 62 + 46 + 3; // name, period, gap
+    EXPECT_EQ(layout.rowsRect, QRect(behindTheHeading, 0, 800 - 50 - (behindTheHeading + 1), 32));
+    EXPECT_EQ(layout.rowsOffset, 0); // the view brings its own indent
+}
+
+TEST(StripLayout, AnIconNeedsItsColumnToTheLastPixel)
+{
+    StripContent content = heading(62 + 21, 0, 0); // name, icon
+    content.icon = QSize(18, 16);
+    EXPECT_FALSE(layOutStrip(content).icon.isEmpty());
+    content.size.setWidth(62 + 20);
+    EXPECT_TRUE(layOutStrip(content).icon.isEmpty());
+    EXPECT_FALSE(layOutStrip(content).name.isEmpty());
+}
+
+TEST(StripLayout, AHeadingWithoutANameHasNoColumn)
+{
+    StripContent content = heading(800, 0, 0);
+    content.nameWidth = 0;
+    const StripLayout layout = layOutStrip(content);
+    EXPECT_TRUE(layout.separators.isEmpty());
+    EXPECT_TRUE(layout.period.isEmpty());
+    EXPECT_EQ(layout.rowsRect.left(), 0);
+}
+
 TEST(StripLayout, ALongNameIsShortenedAndLeavesTheOtherColumnsOut)
 {
     StripContent content = heading(200, 0, 0);

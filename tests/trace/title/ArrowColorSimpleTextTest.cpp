@@ -16,17 +16,17 @@ namespace {
 
 constexpr int kTopLeft = Qt::AlignLeft | Qt::AlignTop;
 
-/// Pieces that start at y 0 have their baseline at the font's ascent.
-int ascent()
+/// Pieces that start at y 0 have their baseline at the font's ascent, which Qt 6 leaves unrounded.
+qreal ascent()
 {
-    return QFontMetrics(test::font(12)).ascent();
+    return QFontMetricsF(test::font(12)).ascent();
 }
 
 QString textLine(int x, int y, const char* text, const char* rest)
 {
     return QStringLiteral("text %1,%2 \"%3\" %4")
         .arg(x)
-        .arg(y + ascent())
+        .arg(y + ascent(), 0, 'g', 12)
         .arg(QString::fromUtf8(text), QString::fromUtf8(rest));
 }
 
@@ -173,8 +173,9 @@ TEST_F(ArrowColorTextPainting, AlignsEachTextInsideTheRow)
     const QStringList lines = test::traceOf([&](QPainter& painter) {
         pieces({ "ab" }).drawText(&painter, 10, 0, 500, 40, Qt::AlignLeft | Qt::AlignBottom, false, false);
     });
-    const int descent = QFontMetrics(test::font(12)).height() - ascent();
-    EXPECT_EQ(lines, QStringList(QStringLiteral("text 10,%1 \"ab\" #ff0000 12px").arg(40 - descent)));
+    const qreal descent = QFontMetricsF(test::font(12)).height() - ascent();
+    EXPECT_EQ(lines,
+              QStringList(QStringLiteral("text 10,%1 \"ab\" #ff0000 12px").arg(40 - descent, 0, 'g', 12)));
 }
 
 TEST_F(ArrowColorTextPainting, WildWidthsHoldNothingOrEverything)

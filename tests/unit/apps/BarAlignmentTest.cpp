@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "apps/client/chart/BarAlignment.h"
+#include "apps/chart/BarAlignment.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ engine::BarSeries bars(const std::vector<std::int64_t>& times, const std::vector
 
 TEST(AlignedTo, TakesTheBarsOfTheSameTimes)
 {
-    const auto aligned = client::alignedTo({ 20, 30 }, bars({ 10, 20, 30 }, { 1, 2, 3 }));
+    const auto aligned = chart::alignedTo({ 20, 30 }, bars({ 10, 20, 30 }, { 1, 2, 3 }));
     EXPECT_EQ(aligned.timeMs, (std::vector<std::int64_t> { 20, 30 }));
     EXPECT_EQ(aligned.close, (std::vector<double> { 2, 3 }));
     EXPECT_EQ(aligned.volume, (std::vector<double> { 7, 7 }));
@@ -26,18 +26,18 @@ TEST(AlignedTo, TakesTheBarsOfTheSameTimes)
 
 TEST(AlignedTo, StandsStillWhereABarIsMissing)
 {
-    const auto aligned = client::alignedTo({ 10, 20, 30, 40 }, bars({ 20, 40 }, { 2, 4 }));
+    const auto aligned = chart::alignedTo({ 10, 20, 30, 40 }, bars({ 20, 40 }, { 2, 4 }));
     EXPECT_EQ(aligned.close, (std::vector<double> { 2, 2, 2, 4 }));
     EXPECT_EQ(aligned.volume, (std::vector<double> { 0, 7, 0, 7 }));
 }
 
 TEST(AlignedTo, LeavesOutBarsBetweenTheTimes)
 {
-    const auto aligned = client::alignedTo({ 10, 40 }, bars({ 10, 20, 30 }, { 1, 2, 3 }));
+    const auto aligned = chart::alignedTo({ 10, 40 }, bars({ 10, 20, 30 }, { 1, 2, 3 }));
     EXPECT_EQ(aligned.close, (std::vector<double> { 1, 3 }));
 }
 
 TEST(AlignedTo, IsEmptyWithoutBars)
 {
-    EXPECT_EQ(client::alignedTo({ 10 }, engine::BarSeries()).size(), 0u);
+    EXPECT_EQ(chart::alignedTo({ 10 }, engine::BarSeries()).size(), 0u);
 }

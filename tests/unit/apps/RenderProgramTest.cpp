@@ -4,11 +4,14 @@
 #include "apps/base/FileNames.h"
 #include "apps/base/WholeFile.h"
 #include "apps/chart/PaneResults.h"
+#include "draw/CDrawStyle.h"
 #include "engine/Formulas.h"
 #include "engine/files/BarFile.h"
 #include "tests/support/ChildRun.h"
 #include "tests/support/RecoveryFolders.h"
+#include "tests/support/System.h"
 #include "tests/support/Trace.h"
+#include "host/utils/TextCodec.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -17,12 +20,10 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
-#include <QTextCodec>
 
 #include <gtest/gtest.h>
 
-#include <sys/stat.h>
-#include <unistd.h>
+#include <cstring>
 
 namespace {
 
@@ -154,15 +155,14 @@ TEST_F(RenderProgram, LeavesTurnoverOutOfEveryBundledFileWhichHasNone)
 
 TEST_F(RenderProgram, NeverWritesIntoAPipeOrADevice)
 {
-    ASSERT_EQ(::mkfifo(path("pipe.csv").toUtf8().constData(), 0600), 0);
+    ON_UNIX_ALONE("there are no pipes in folders");
+    ASSERT_TRUE(test::makePipe(path("pipe.csv")));
     for (const QString& place : { path("pipe.csv"), QStringLiteral("/dev/null") }) {
         const Outcome result =
             run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--export"), place });
         expectRefused(result, "not an ordinary file");
     }
-    struct stat state;
-    ASSERT_EQ(::stat(path("pipe.csv").toUtf8().constData(), &state), 0);
-    EXPECT_TRUE(S_ISFIFO(state.st_mode));
+    EXPECT_TRUE(test::isPipe(path("pipe.csv")));
 }
 
 TEST_F(RenderProgram, RefusesPicturesBeyondAGibibyte)
@@ -218,7 +218,7 @@ TEST_F(RenderProgram, TellsItsVersion)
 TEST_F(RenderProgram, EndsInOneLineWhenMemoryGivesOut)
 {
     if (!test::measuresMemory())
-        GTEST_SKIP() << "sanitizers need several times as much";
+        GTEST_SKIP() << "needs several times as much, or has no such limit";
     QProcess process; // 700 MB do not hold a picture of a gibibyte
     process.start(QStringLiteral("/bin/sh"),
                   { QStringLiteral("-c"), QStringLiteral("ulimit -v 700000; exec \"$@\""),
@@ -242,7 +242,7 @@ TEST_F(RenderProgram, RefusesAFormulaWhoseNameDiffersFromAnotherInCaseAlone)
 TEST_F(RenderProgram, KeepsAHugeTextOfThePaneOnceAndRefusesOneAtEveryBar)
 {
     if (!test::measuresMemory())
-        GTEST_SKIP() << "sanitizers need several times as much";
+        GTEST_SKIP() << "needs several times as much, or has no such limit";
     const QByteArray text(1'000'000, 'x');
     const auto draw = [&](const QByteArray& formula) {
         test::RecoveryFolders::write(path("TEXT.txt"), formula);
@@ -265,7 +265,7 @@ TEST_F(RenderProgram, KeepsAHugeTextOfThePaneOnceAndRefusesOneAtEveryBar)
 TEST_F(RenderProgram, TakesLittleMoreMemoryThanTheBarsToPaintAndToExport)
 {
     if (!test::measuresMemory())
-        GTEST_SKIP() << "sanitizers need several times as much";
+        GTEST_SKIP() << "needs several times as much, or has no such limit";
     QFile file(path("bars.csv"));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("date,time,open,high,low,close,volume\n");
@@ -342,33 +342,6 @@ TEST_F(RenderProgram, DrawsOrRefusesBarsAtTheEndOfTheNumbers)
     }
 }
 
-TEST_F(RenderProgram, OpensFilesWhoseNamesAreMadeOfAnyBytes)
-{
-    const QByteArray folder = m_folder.path().toUtf8();
-    QByteArray bars = folder + "/SH\xFF\n600030.csv", formula = folder + "/\xC3(.txt",
-               picture = folder + "/\xFE.png", missing = folder + "/a\nb\xFF\x1B[31m.csv";
-    ASSERT_FALSE(base::writeWholeFile(base::nameFromBytes(bars),
-                                      test::RecoveryFolders::contentOf(sample("DFM00.csv"))));
-    ASSERT_FALSE(base::writeWholeFile(base::nameFromBytes(formula), "LINE:CLOSE;"));
-    const auto exitCodeOf = [](std::vector<QByteArray> words) {
-        std::vector<char*> arguments;
-        for (QByteArray& word : words)
-            arguments.push_back(word.data());
-        arguments.push_back(nullptr);
-        return test::runInChild(
-                   [&] {
-                       ::execv(RENDER_PROGRAM, arguments.data());
-                       return 99;
-                   },
-                   60)
-            .answer;
-    };
-    EXPECT_EQ(exitCodeOf({ "render", "--bars", bars, "--formula", formula, "-o", picture }), 0);
-    struct stat state;
-    EXPECT_EQ(::stat(picture.constData(), &state), 0);
-    EXPECT_EQ(exitCodeOf({ "render", "--bars", missing, "-o", picture }), 2);
-}
-
 TEST_F(RenderProgram, EscapesControlCharactersSoThatAMessageIsOneLine)
 {
     const Outcome result =
@@ -378,6 +351,7 @@ TEST_F(RenderProgram, EscapesControlCharactersSoThatAMessageIsOneLine)
 
 TEST_F(RenderProgram, RefusesAFormulaWithoutEnd)
 {
+    ON_UNIX_ALONE("there are no devices among files");
     const Outcome result = run({ QStringLiteral("--check"), QStringLiteral("/dev/zero") });
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_FALSE(result.error.contains(QLatin1Char('\n'))) << result.error.toStdString();
@@ -468,9 +442,11 @@ TEST_F(RenderProgram, DrawsTheFormulaOfAText)
 TEST_F(RenderProgram, ExportsTheFormulaOfAFileOverAllBarsInAnyOfItsEncodings)
 {
     const QString text = QStringLiteral("{ 说明 } 均线:MA(CLOSE,5); DRAWTEXT(CLOSE>OPEN,LOW,'买');");
-    for (const char* codec : { "UTF-8", "UTF-16", "GB18030" }) {
-        ASSERT_FALSE(
-            base::writeWholeFile(path("own.txt"), QTextCodec::codecForName(codec)->fromUnicode(text)));
+    constexpr std::pair<const char*, const char*> marksAndEncodings[] = { { "", "UTF-8" },
+                                                                          { "\xFF\xFE", "UTF-16LE" },
+                                                                          { "", "GB18030" } };
+    for (const auto& [mark, codec] : marksAndEncodings) {
+        ASSERT_FALSE(base::writeWholeFile(path("own.txt"), mark + utils::encoded(text, codec).value()));
         const Outcome result =
             run({ QStringLiteral("--bars"), sample("DFM00.csv"), QStringLiteral("--formula"), path("own.txt"),
                   QStringLiteral("--export"), path("out.csv") });
@@ -528,13 +504,79 @@ TEST_F(RenderProgram, TakesNumbersOfSharesFromTheUsersListOfInstruments)
     EXPECT_FALSE(none.contains("12000000000")) << none.left(200).toStdString();
     const QByteArray list = "code,market,流通股本,总股本\r\n600030,SH,12000000000,14820546829\r\n"
                             "600030,SZ,1,1\r\n";
-    const QTextCodec* codec = QTextCodec::codecForName("GB18030");
-    for (const QByteArray& bytes : { list, codec->fromUnicode(QString::fromUtf8(list)) }) {
+    for (const QByteArray& bytes : { list, utils::encoded(QString::fromUtf8(list), "GB18030").value() }) {
         const QByteArray known = exported(bytes);
         EXPECT_EQ(known.count(",12000000000.0000,14820546829.0000,"), 5639) << known.left(200).toStdString();
         EXPECT_TRUE(known.contains(",0.6451\n") || known.endsWith(",0.6451"))
             << known.right(200).toStdString();
     }
+}
+
+TEST_F(RenderProgram, BoundsTheSizeOfVectorPicturesOfManyBars)
+{
+    QByteArray csv = "date,time,open,high,low,close,volume\n";
+    for (int bar = 0; bar < 40'000; ++bar) {
+        const int price = 1000 + bar % 613, minute = bar % 240;
+        const QDate day = QDate(2000, 1, 1).addDays(bar / 240);
+        csv += day.toString(Qt::ISODate).toLatin1()
+            + QString::asprintf(",%02d:%02d,%d,%d,%d,%d,%d\n", 9 + minute / 60, minute % 60, price, price + 9,
+                                price - 9, price + 5, 1 + bar % 977)
+                  .toLatin1();
+    }
+    ASSERT_FALSE(base::writeWholeFile(path("many.csv"), csv));
+    for (const char* name : { "out.svg", "out.pdf" }) {
+        const auto bytesOf = [&](int count) {
+            const Outcome result =
+                run({ QStringLiteral("--bars"), path("many.csv"), QStringLiteral("--count"),
+                      QString::number(count), QStringLiteral("--size"), QStringLiteral("800x600"),
+                      QStringLiteral("-o"), path(name) });
+            EXPECT_EQ(result.exitCode, 0) << result.error.toStdString();
+            return test::RecoveryFolders::contentOf(path(name));
+        };
+        const QByteArray many = bytesOf(40'000);
+        EXPECT_LT(many.size(), 1'000'000) << name;
+        const char* picture = std::strstr(name, "svg") ? "<image" : "/Subtype /Image";
+        // Arrows of the legends are pictures as well.
+        EXPECT_GE(many.count(picture), bytesOf(250).count(picture) + 3) << name << ": one a pane";
+    }
+    const QByteArray svg = test::RecoveryFolders::contentOf(path("out.svg"));
+    EXPECT_GT(svg.count("<text"), 10) << "axes and legends are text";
+}
+
+TEST_F(RenderProgram, LaysOtherInstrumentsOverTheFirstPane)
+{
+    const auto imageOf = [&](const QStringList& more) {
+        const Outcome result = run(QStringList { QStringLiteral("--bars"), sample("SH600030.csv"),
+                                                 QStringLiteral("-o"), path("out.png") }
+                                   + more);
+        EXPECT_EQ(result.exitCode, 0) << result.error.toStdString();
+        return QImage(path("out.png"));
+    };
+    const auto pixelsOf = [](const QImage& image, QRgb color) {
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                count += image.pixel(x, y) == color ? 1 : 0;
+        return count;
+    };
+    const TC::CDrawStyle reader; // reads the skin's palette
+    const int packed = TC::CDrawStyle::getIndexOutPutColorKey(6, 0, 0);
+    const QRgb color = qRgb(packed & 255, packed >> 8 & 255, packed >> 16 & 255);
+    const QString overlay = QStringLiteral("--overlay");
+    EXPECT_EQ(pixelsOf(imageOf({}), color), 0);
+    const QImage laid = imageOf({ overlay, sample("SH510050.csv") });
+    EXPECT_GT(pixelsOf(laid, color), 500);
+    EXPECT_NE(imageOf({ overlay, sample("SH510050.csv"), overlay, sample("SH000001.csv") }), laid);
+
+    QFile::remove(path("out.png"));
+    const auto refused = [&](const QStringList& arguments, const char* reason) {
+        expectRefused(run(arguments + QStringList { QStringLiteral("-o"), path("out.png") }), reason);
+    };
+    const QStringList share { QStringLiteral("--bars"), sample("SH600030.csv") };
+    refused(share + QStringList { overlay, path("none.csv") }, "none.csv");
+    refused(share + QStringList { overlay, sample("SH600030.csv") }, "shows SH600030 already");
+    refused({ QStringLiteral("--ticks"), sample("none.csv"), overlay, sample("SH510050.csv") },
+            "--overlay goes with --bars");
 }
 
 TEST_F(RenderProgram, PrintsHintsAndTakesTheFormulaAllTheSame)

@@ -94,7 +94,7 @@ TEST(MappedPrices, MapPricesAndLeaveConditionsAlone)
     records.result.columnSeries = { 0, 1, 0 }; // the icon stands at the line's prices
     records.result.columnType = { se::ColumnType::Integer, 0, 0 };
     records.result.numberSeries = { { 1.0, std::exp(1.0), DBL_MAX, -1.0 }, { 1.0, 0.0, 1.0, 0.0 } };
-    const auto mapped = chart::mappedPrices(records, { { AxisKind::Logarithmic } });
+    const auto mapped = chart::mappedPrices(records, { AxisKind::Logarithmic });
     const auto seriesOf = [&](std::size_t column) {
         return mapped.result.numberSeries[static_cast<std::size_t>(mapped.result.columnSeries[column])];
     };

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "apps/base/FileCalls.h"
 #include "apps/base/FileNames.h"
 #include "apps/base/WholeFile.h"
 #include "tests/support/RecoveryFolders.h"
 #include "tests/support/SmallFiles.h"
+#include "tests/support/System.h"
 #include "tests/support/Trace.h"
 
 #include <QDir>
@@ -10,9 +12,6 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -37,13 +36,12 @@ TEST_F(WholeFile, HoldsTheBytesAsTheyAre)
 
 TEST_F(WholeFile, ReplacesAnOlderOneAndKeepsItsPermissions)
 {
+    ON_UNIX_ALONE("permissions are of another kind");
     ASSERT_FALSE(writeWholeFile(path, "a long first text"));
-    ASSERT_EQ(::chmod(path.toUtf8().constData(), 0640), 0);
+    ASSERT_TRUE(test::setPermissions(path, 0640));
     EXPECT_FALSE(writeWholeFile(path, "second"));
     EXPECT_EQ(contentOf(path), QByteArray("second"));
-    struct stat state;
-    ASSERT_EQ(::stat(path.toUtf8().constData(), &state), 0);
-    EXPECT_EQ(state.st_mode & 07777, mode_t(0640));
+    EXPECT_EQ(test::permissionsOf(path), 0640u);
     EXPECT_EQ(names(), QStringList(QStringLiteral("out.csv")));
 }
 
@@ -59,6 +57,7 @@ TEST_F(WholeFile, NamesThePathThatLeadsNowhere)
 /// Small contents fit into buffers, whose flush fails long after the writing.
 TEST_F(WholeFile, StaysAsItWasOnAFullDiskHoweverSmallTheContent)
 {
+    ON_UNIX_ALONE("the size of files has no limit");
     ASSERT_FALSE(writeWholeFile(path, "first"));
     for (int size : { 1, 100, 4096, 16 * 1024, 1 << 20 }) {
         const test::SmallFiles disk(0);
@@ -73,21 +72,20 @@ TEST_F(WholeFile, StaysAsItWasOnAFullDiskHoweverSmallTheContent)
 
 TEST_F(WholeFile, NeverTakesThePlaceOfWhatIsNoOrdinaryFile)
 {
-    const QByteArray pipe = path.toUtf8() + ".pipe";
-    ASSERT_EQ(::mkfifo(pipe.constData(), 0600), 0);
-    EXPECT_TRUE(writeWholeFile(QString::fromUtf8(pipe), "x"));
-    struct stat state;
-    ASSERT_EQ(::stat(pipe.constData(), &state), 0);
-    EXPECT_TRUE(S_ISFIFO(state.st_mode));
-    EXPECT_TRUE(writeWholeFile(QStringLiteral("/dev/null"), "x"));
-    ASSERT_EQ(::stat("/dev/null", &state), 0);
-    EXPECT_TRUE(S_ISCHR(state.st_mode));
     ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("inner")));
     EXPECT_TRUE(writeWholeFile(folder.filePath(QStringLiteral("inner")), "x"));
+    ON_UNIX_ALONE("pipes and devices stand in no folder");
+    const QString pipe = path + QStringLiteral(".pipe"), device = QStringLiteral("/dev/null");
+    ASSERT_TRUE(test::makePipe(pipe));
+    EXPECT_TRUE(writeWholeFile(pipe, "x"));
+    EXPECT_TRUE(test::isPipe(pipe));
+    EXPECT_TRUE(writeWholeFile(device, "x"));
+    EXPECT_TRUE(test::isDevice(device));
 }
 
 TEST_F(WholeFile, IsWrittenWhereALinkLeads)
 {
+    ON_UNIX_ALONE("a link of Qt's is a file of its own kind");
     const QString link = folder.filePath(QStringLiteral("link"));
     ASSERT_FALSE(writeWholeFile(path, "first"));
     ASSERT_TRUE(QFile::link(path, link));
@@ -99,15 +97,14 @@ TEST_F(WholeFile, IsWrittenWhereALinkLeads)
 
 TEST_F(WholeFile, MayHaveANameOfAnyBytes)
 {
+    ON_UNIX_ALONE("names are texts");
     const QByteArray bytes = folder.path().toUtf8() + "/\xFF\xC3(\xE4\xB8\n\t\xED\xB0\x80 名.csv";
     const QString name = base::nameFromBytes(bytes);
     EXPECT_EQ(base::bytesOfName(name), bytes);
     EXPECT_FALSE(writeWholeFile(name, "x"));
-    struct stat state;
-    EXPECT_EQ(::stat(bytes.constData(), &state), 0);
     const int file = base::openForReading(name);
     EXPECT_GE(file, 0);
-    ::close(file);
+    base::closeFile(file);
     const QString shown = base::printable(name);
     EXPECT_TRUE(shown.endsWith(QStringLiteral("/\\xff\\xc3(\\xe4\\xb8\\n\\t\\xed\\xb0\\x80 名.csv")))
         << shown.toStdString();

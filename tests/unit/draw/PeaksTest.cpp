@@ -62,6 +62,13 @@ TEST(PeakOf, IsEndlessWhereverANumberLiesBelowZero)
     }
 }
 
+TEST(PeakOf, IsZeroOverZeros)
+{
+    const std::vector<double> zeros(11, 0.0);
+    for (std::size_t count = 0; count <= zeros.size(); ++count)
+        EXPECT_EQ(peakOf(zeros.data(), count), 0.0) << count;
+}
+
 TEST(PeakOf, IsNoLowerThanAnyNumberBesideWhatIsNone)
 {
     std::mt19937 random(11);

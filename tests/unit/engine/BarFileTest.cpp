@@ -3,17 +3,15 @@
 
 #include "engine/files/CsvReader.h"
 #include "tests/support/TimeZone.h"
+#include "host/utils/TextCodec.h"
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTextCodec>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cfloat>
-
-#include <sys/stat.h>
 
 namespace {
 
@@ -129,10 +127,11 @@ TEST(BarFile, RefusesAFolder)
 
 TEST(BarFile, RefusesWhatIsNoOrdinaryFileWithoutAWait)
 {
+    ON_UNIX_ALONE("there are no pipes in folders");
     const QTemporaryDir folder;
-    const std::string pipe = folder.filePath(QStringLiteral("pipe")).toStdString();
-    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-    for (const std::string& path : { pipe, std::string("/dev/zero") }) {
+    const QString pipe = folder.filePath(QStringLiteral("pipe"));
+    ASSERT_TRUE(test::makePipe(pipe));
+    for (const std::string& path : { pipe.toStdString(), std::string("/dev/zero") }) {
         std::string failure;
         EXPECT_FALSE(engine::readBars(path, failure));
         EXPECT_EQ(failure, path + ":1: the file cannot be read: not an ordinary file");
@@ -254,6 +253,7 @@ TEST(BarFile, NamesDatesOutOfOrderAndEqualOnes)
 
 TEST(BarFile, TakesATimeThatTheClockLeavesOutAsIfItHadNotBeenPutForward)
 {
+    ON_UNIX_ALONE("zones have no names");
     const test::TimeZone zone("America/New_York");
     // Two o'clock is seven o'clock UTC before, and six after; the hour from two to three is left out.
     const BarText text(std::string(kHeader)
@@ -269,6 +269,7 @@ TEST(BarFile, TakesATimeThatTheClockLeavesOutAsIfItHadNotBeenPutForward)
 
 TEST(BarFile, TakesATimeThatTheClockShowsTwiceAsTheFirst)
 {
+    ON_UNIX_ALONE("zones have no names");
     const test::TimeZone zone("Europe/London");
     const BarText text(std::string(kHeader) + "2024-10-27 01:30,1,2,1,2,5\n2024-10-27 02:00,1,2,1,2,5\n");
     ASSERT_TRUE(text.bars) << text.failure;
@@ -309,7 +310,7 @@ TEST(BarFile, FindsChineseColumnsInUtf8AndGbk)
 {
     const QString header = QStringLiteral("日期,时间,开盘价,最高价,最低价,收盘价,成交量,成交额");
     for (const char* codec : { "UTF-8", "GBK" }) {
-        const BarText text(QTextCodec::codecForName(codec)->fromUnicode(header).toStdString()
+        const BarText text(utils::encoded(header, codec).value().toStdString()
                            + "\r\n20240102,09:31,2,4,1,3,50,99\r\n");
         ASSERT_TRUE(text.bars) << codec << text.failure;
         EXPECT_EQ(text.bars->open[0], 2);

@@ -3,9 +3,9 @@
 #include "host/embedded/EmbeddedHost.h"
 #include "tests/support/Trace.h"
 #include "tests/support/Workbooks.h"
+#include "host/utils/TextCodec.h"
 
 #include <QTemporaryDir>
-#include <QTextCodec>
 
 #include <gtest/gtest.h>
 
@@ -90,7 +90,7 @@ TEST_F(ExcelReader, GivesTheStoredResultOfAFormulaAndNothingForOneThatWasNeverCo
 TEST_F(ExcelReader, ReadsAnXlsThatIsReallyText)
 {
     const QString text = QStringLiteral("600000\t浦发银行\t1,5\r\n000001,平安银行,2\r\n");
-    m_reader.open(test::writeFile(path("tabs.xls"), QTextCodec::codecForName("GB18030")->fromUnicode(text)));
+    m_reader.open(test::writeFile(path("tabs.xls"), utils::encoded(text, "GB18030").value()));
     EXPECT_EQ(sheet(), QStringLiteral("600000|浦发银行|1,5/000001|平安银行|2"));
 }
 

@@ -5,6 +5,8 @@
 #include "host/ttservice/CInstrumentDetail.h"
 #include "host/utils/CSingletonT.h"
 #include "tests/support/ChildRun.h"
+#include "tests/support/SmallFiles.h"
+#include "tests/support/System.h"
 #include "tests/support/Trace.h"
 #include "tests/support/Workbooks.h"
 
@@ -16,12 +18,7 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <random>
-
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -215,14 +212,16 @@ TEST_F(InstrumentStore, ThatIsNoOrdinaryFileIsLeftAlone)
     EXPECT_EQ(missing(), 0);
     EXPECT_TRUE(QFile::exists(path() + QStringLiteral("/inside")));
 
+    ON_UNIX_ALONE("there are no pipes in folders");
     ASSERT_TRUE(QDir(path()).removeRecursively());
-    ASSERT_EQ(mkfifo(path().toUtf8().constData(), 0600), 0);
+    ASSERT_TRUE(test::makePipe(path()));
     EXPECT_TRUE(open().contains(QStringLiteral("无法读取")));
     EXPECT_EQ(missing(), 0);
 }
 
 TEST_F(InstrumentStore, AnswersFromTheListWhereNoFileCanBeWritten)
 {
+    ON_UNIX_ALONE("a folder below a device is one like others");
     TC::embedded::setUserRootDir(QStringLiteral("/dev/null/nowhere"));
     EXPECT_TRUE(open().contains(QStringLiteral("未能写入磁盘")));
     EXPECT_EQ(missing(), 0);
@@ -230,19 +229,20 @@ TEST_F(InstrumentStore, AnswersFromTheListWhereNoFileCanBeWritten)
 
 TEST_F(InstrumentStore, OfAFolderThatCannotBeWrittenIsReadAndADamagedOneLeftAlone)
 {
+    ON_UNIX_ALONE("permissions are of another kind");
     open();
     const auto asStranger = [&](bool noticeExpected) {
         const test::ChildEnd end = test::runInChild(
             [&] {
-                ::chmod(path().toUtf8().constData(), 0444);
-                ::chmod(m_folder.path().toUtf8().constData(), 0555);
-                const bool isStranger = ::geteuid() != 0 || ::seteuid(65534) == 0;
+                test::setPermissions(path(), 0444);
+                test::setPermissions(m_folder.path(), 0555);
+                const bool isStranger = test::becomeStranger();
                 const bool isTold = !open().isEmpty();
                 return isStranger && isTold == noticeExpected && missing() == 0 ? 0 : 1;
             },
             60);
-        ::chmod(m_folder.path().toUtf8().constData(), 0755);
-        ::chmod(path().toUtf8().constData(), 0644);
+        test::setPermissions(m_folder.path(), 0755);
+        test::setPermissions(path(), 0644);
         return end.answer;
     };
     EXPECT_EQ(asStranger(false), 0);
@@ -253,14 +253,13 @@ TEST_F(InstrumentStore, OfAFolderThatCannotBeWrittenIsReadAndADamagedOneLeftAlon
 
 TEST_F(InstrumentStore, OnAFullDiskIsMadeAtTheNextStart)
 {
+    ON_UNIX_ALONE("the size of files has no limit");
     for (const bool isDamaged : { false, true }) {
         if (isDamaged)
             test::writeFile(path(), QByteArray(5000, 'x'));
         const test::ChildEnd end = test::runInChild(
             [&] {
-                const rlimit limit { 100'000, 100'000 }; // bytes; the store needs ten times as many
-                if (std::signal(SIGXFSZ, SIG_IGN) == SIG_ERR || setrlimit(RLIMIT_FSIZE, &limit) != 0)
-                    return 2;
+                const test::SmallFiles disk(100'000); // the store needs ten times as many bytes
                 return open().contains(QStringLiteral("未能写入磁盘")) && missing() == 0 ? 0 : 1;
             },
             60);
@@ -306,7 +305,7 @@ QByteArray damaged(QByteArray bytes, std::mt19937& random)
     case 3: bytes.remove(0, place); break;
     case 4: bytes.remove(place, length); break;
     case 5: // other bytes
-        for (int offset = place; offset < std::min(place + length, bytes.size()); ++offset)
+        for (int offset = place; offset < std::min<int>(place + length, bytes.size()); ++offset)
             bytes[offset] = static_cast<char>(random());
         break;
     case 6: { // two pages change places

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "host/TC/QReadFile.h"
+#include "tests/support/System.h"
 #include "tests/support/Trace.h"
 #include "tests/support/Workbooks.h"
+#include "host/utils/TextCodec.h"
 
 #include <QTemporaryDir>
-#include <QTextCodec>
 
 #include <gtest/gtest.h>
-
-#include <unistd.h>
 
 namespace {
 
@@ -28,10 +27,9 @@ protected:
     QTemporaryDir m_folder;
 };
 
-QByteArray encoded(const char* codec, const QString& text)
+QByteArray encoded(const char* encoding, const QString& text)
 {
-    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    return QTextCodec::codecForName(codec)->fromUnicode(text.constData(), text.size(), &state);
+    return utils::encoded(text, encoding).value();
 }
 
 const QString kText = QStringLiteral("600000,浦发银行,1\n000001,平安银行,2\n");
@@ -95,18 +93,14 @@ TEST_F(ReadFile, RefusesWhatIsNoReadableFile)
 
 TEST_F(ReadFile, RefusesAFileWithoutReadPermission)
 {
+    ON_UNIX_ALONE("permissions are of another kind");
     QString file = test::writeFile(path("locked.csv"), "600000");
     QFile::setPermissions(file, {});
     QFile::setPermissions(m_folder.path(), QFile::Permissions(0x7755)); // others may enter
-    const bool isRoot = geteuid() == 0; // who may read everything, so another user tries
-    if (isRoot) {
-        ASSERT_EQ(seteuid(65534), 0);
-    }
+    ASSERT_TRUE(test::becomeStranger()); // the administrator may read everything
     QList<QString> lines;
     const bool wasRead = TC::QReadFile(file, lines, false);
-    if (isRoot) {
-        ASSERT_EQ(seteuid(0), 0);
-    }
+    test::becomeOneself();
     EXPECT_FALSE(wasRead);
     EXPECT_TRUE(lines.isEmpty());
 }

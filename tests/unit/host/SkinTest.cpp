@@ -3,6 +3,7 @@
 #include "host/WB/CUiResourceChangeHandler.h"
 #include "host/embedded/EmbeddedHost.h"
 #include "host/utils/CSingletonT.h"
+#include "tests/support/System.h"
 #include "tests/support/Trace.h"
 
 #include <QFile>
@@ -10,8 +11,6 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <cmath>
@@ -260,11 +259,12 @@ TEST_F(SkinFile, NamesThePlaceOfTheFaultAndNotOfTheSameWordElsewhere)
 
 TEST_F(SkinFile, OfNoEndOrOfNoOrdinaryKindIsRefused)
 {
+    ON_UNIX_ALONE("pipes and devices stand in no folder");
     const QColor before = *skin()->getColor(QStringLiteral("clr_default"));
     EXPECT_EQ(TC::embedded::loadSkin(QStringLiteral("/dev/zero")),
               QStringLiteral("/dev/zero:1:1: is no ordinary file"));
     const QString pipe = m_folder.filePath(QStringLiteral("pipe\n.json"));
-    ASSERT_EQ(mkfifo(pipe.toUtf8().constData(), 0600), 0);
+    ASSERT_TRUE(test::makePipe(pipe));
     EXPECT_EQ(TC::embedded::loadSkin(pipe),
               m_folder.filePath(QStringLiteral("pipe?.json:1:1: is no ordinary file")));
     EXPECT_TRUE(

@@ -2,9 +2,9 @@
 #include "host/WB/CExcelReader.h"
 #include "host/embedded/ReadingSetup.h"
 #include "tests/support/Workbooks.h"
+#include "host/utils/TextCodec.h"
 
 #include <QTemporaryDir>
-#include <QTextCodec>
 
 #include <gtest/gtest.h>
 
@@ -232,7 +232,7 @@ TEST_F(WorkbookParts, TextsInOtherEncodingsOfXmlAreRead)
     Parts parts = soundParts("<row><c t=\"str\"><v>代码</v></c></row>");
     QByteArray& sheet = parts["xl/worksheets/sheet1.xml"];
     const QString text = QString::fromUtf8(sheet).replace(QLatin1String("UTF-8"), QLatin1String("UTF-16"));
-    sheet = QTextCodec::codecForName("UTF-16")->fromUnicode(text);
+    sheet = "\xFF\xFE" + utils::encoded(text, "UTF-16LE").value();
     EXPECT_EQ(sheetOf(parts), QStringLiteral("代码"));
 }
 
@@ -241,7 +241,7 @@ TEST_F(WorkbookParts, TextsOfExcel95AreReadInTheirCodePage)
     QByteArray bytes = test::bytesOf(QStringLiteral(TEST_DATA_DIR "/workbooks/gnumeric_95.xls"));
     ASSERT_EQ(bytes.count(QByteArray("\x42\x00\x02\x00\xE4\x04", 6)), 1); // the record of the code page 1252
     bytes.replace(QByteArray("\x42\x00\x02\x00\xE4\x04", 6), QByteArray("\x42\x00\x02\x00\xA8\x03", 6));
-    bytes.replace("????", QTextCodec::codecForName("GBK")->fromUnicode(QStringLiteral("浦发")));
+    bytes.replace("????", utils::encoded(QStringLiteral("浦发"), "GBK").value());
     m_reader.open(test::writeFile(m_folder.filePath(QStringLiteral("a.xls")), bytes));
     EXPECT_EQ(m_reader.getData(1, 2, 2, true), QStringLiteral("浦发"));
 }

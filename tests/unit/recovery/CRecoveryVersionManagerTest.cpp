@@ -4,6 +4,7 @@
 #include "host/embedded/EmbeddedHost.h"
 #include "host/utils/CSingletonT.h"
 #include "tests/support/RecoveryFolders.h"
+#include "tests/support/System.h"
 #include "tests/support/Trace.h"
 
 #include <QDir>
@@ -12,8 +13,6 @@
 #include <QThread>
 
 #include <gtest/gtest.h>
-
-#include <sys/file.h>
 
 namespace {
 
@@ -555,10 +554,11 @@ TEST_F(RecoveryVersionManager, ForeignFilesStayThroughBackupPruningAndRestore)
 
 TEST_F(RecoveryVersionManager, LockedLiveFileIsBackedUpAllTheSame)
 {
+    ON_UNIX_ALONE("a held file cannot be read");
     setLive("formulas", "scripts");
     QFile locked(userDir() + QStringLiteral("/configFormula"));
     ASSERT_TRUE(locked.open(QIODevice::ReadOnly));
-    ASSERT_EQ(flock(locked.handle(), LOCK_EX), 0);
+    ASSERT_TRUE(test::lockFile(locked.handle()));
     CRecoveryVersionManager().backUp();
     ASSERT_EQ(backups().size(), 2);
     EXPECT_EQ(backup(backups().at(0)), "formulas");

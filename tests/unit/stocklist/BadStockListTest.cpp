@@ -43,7 +43,7 @@ protected:
                     CParserStockExeclTable::parserCvs(file, out, minimum);
                 else
                     CParserStockExeclTable::parserExcel(file, out, minimum);
-                return std::min(out.size(), 200);
+                return std::min<int>(out.size(), 200);
             },
             60);
         EXPECT_TRUE(end.finished) << file.toStdString();

@@ -9,8 +9,6 @@
 #include "tests/support/Workbooks.h"
 #include "tests/widget/client/ClientWindow.h"
 
-#include <qtadvanceddocking/DockWidget.h>
-
 #include <QAction>
 #include <QClipboard>
 #include <QComboBox>

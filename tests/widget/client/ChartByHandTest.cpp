@@ -22,7 +22,7 @@ TEST_F(ClientWindow, DatesTenDaysByDayAndNeverByMidnight)
 {
     openShare();
     chart()->state()->show(2000, 2009);
-    const QStringList texts = textsOf(timeAxis(chart()));
+    const QStringList texts = textsPainted([&](QPainter& painter) { timeAxis(chart())->paintOn(painter); });
     EXPECT_GE(texts.size(), 2);
     EXPECT_TRUE(texts.filter(QStringLiteral("00:00")).isEmpty())
         << texts.join(QLatin1Char(' ')).toStdString();
@@ -39,7 +39,7 @@ TEST_F(ClientWindow, ShowsTheDateOfMinuteBarsWhereTheDayChanges)
             + static_cast<std::int64_t>(bar % 240) * 60'000;
     chart()->state()->setBars(chart()->state()->instrument(), minutes);
     chart()->state()->show(120, 360);
-    const QStringList texts = textsOf(timeAxis(chart()));
+    const QStringList texts = textsPainted([&](QPainter& painter) { timeAxis(chart())->paintOn(painter); });
     EXPECT_TRUE(texts.contains(QStringLiteral("01-03"))) << texts.join(QLatin1Char(' ')).toStdString();
     EXPECT_TRUE(texts.contains(QStringLiteral("10:00"))) << texts.join(QLatin1Char(' ')).toStdString();
     EXPECT_TRUE(
@@ -118,7 +118,9 @@ TEST_F(ClientWindow, TakesTheBarUnderARestingPointerAfterEveryMove)
     const QPoint place(300, 40);
     moveTo(plot(0), place);
     for (int key : { Qt::Key_Left, Qt::Key_Home, Qt::Key_Right, Qt::Key_End }) {
-        QTest::keyClick(chart(), static_cast<Qt::Key>(key));
+        const bool isCursorKey = key == Qt::Key_Left || key == Qt::Key_Right;
+        QTest::keyClick(chart(), static_cast<Qt::Key>(key),
+                        isCursorKey ? Qt::ControlModifier : Qt::NoModifier);
         EXPECT_EQ(state->crosshairBar(), state->view(plot(0)->width() - chart::kAxisWidth).barAt(place.x()));
     }
 }

@@ -8,6 +8,7 @@
 #include "title/CIndexTitleWidget.h"
 
 #include <QContextMenuEvent>
+#include <QFileInfo>
 #include <QMenu>
 
 #include <algorithm>
@@ -163,6 +164,29 @@ TEST_F(ClientWindow, AMeasureStaysOnItsBarsUntilTheNextPress)
     EXPECT_FALSE(plot(2)->measure());
 }
 
+TEST_F(ClientWindow, EveryPaneShowsTheBarsThatAreMeasuredInOne)
+{
+    openShare();
+    const auto pictureOf = [&](std::size_t pane) { return plot(pane)->grab().toImage(); };
+    const QImage prices = pictureOf(0), volumes = pictureOf(1);
+    drag(plot(2), QPoint(200, 20), QPoint(400, 40), Qt::ShiftModifier);
+    QTest::qWait(1);
+    ASSERT_TRUE(plot(2)->measure());
+    EXPECT_FALSE(plot(0)->measure());
+    moveTo(plot(2), QPoint(plot(2)->width() - 2, 20)); // no crosshair
+    EXPECT_NE(pictureOf(0), prices);
+    EXPECT_NE(pictureOf(1), volumes);
+    EXPECT_NE(pictureOf(1).pixel(300, 2), volumes.pixel(300, 2));
+    EXPECT_EQ(pictureOf(1).pixel(150, 2), volumes.pixel(150, 2)) << "beside the measured bars";
+
+    drag(plot(0), QPoint(100, 20), QPoint(300, 60), Qt::ShiftModifier);
+    EXPECT_TRUE(plot(0)->measure());
+    EXPECT_FALSE(plot(2)->measure()) << "there is one measure";
+    QTest::keyClick(chart(), Qt::Key_Escape);
+    moveTo(plot(0), QPoint(plot(0)->width() - 2, 20));
+    EXPECT_EQ(pictureOf(1), volumes);
+}
+
 TEST_F(ClientWindow, AnOverlayStandsTogetherAtItsOwnPricesOrAsHighAsThePane)
 {
     openShare();
@@ -210,6 +234,33 @@ TEST_F(ClientWindow, AnOverlayFollowsThePeriod)
     const auto first = static_cast<std::size_t>(chart()->state()->first());
     EXPECT_NEAR(other[first] * static_cast<double>(content.formulas.back().scale), own[first],
                 own[first] * 1e-5);
+}
+
+TEST_F(ClientWindow, OverlaysAreKeptForTheNextRunWithTheirScales)
+{
+    openShare();
+    ASSERT_TRUE(
+        m_window->overlayBars(sample("bars/SH510050.csv"), client::PaneData::OverlayScale::Own).isGood());
+    ASSERT_TRUE(m_window->overlayBars(sample("bars/SH000001.csv")).isGood());
+    m_window->close();
+    m_window = std::make_unique<client::MainWindow>();
+    m_window->resize(1400, 860);
+    showSettled(*m_window);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return panes()[0]->data()->overlays().size() == 2; }));
+    const std::vector<client::PaneData::Overlay>& overlays = panes()[0]->data()->overlays();
+    EXPECT_EQ(overlays[0].scale, client::PaneData::OverlayScale::Own);
+    EXPECT_EQ(overlays[1].scale, client::PaneData::OverlayScale::Together);
+    EXPECT_EQ(overlays[0].path, QFileInfo(sample("bars/SH510050.csv")).absoluteFilePath());
+}
+
+TEST_F(ClientWindow, AnOverlayThatIsLaidOverAgainTakesThePlaceOfTheFirst)
+{
+    openShare();
+    ASSERT_TRUE(m_window->overlayBars(sample("bars/SH510050.csv")).isGood());
+    ASSERT_TRUE(
+        m_window->overlayBars(sample("bars/SH510050.csv"), client::PaneData::OverlayScale::Same).isGood());
+    ASSERT_EQ(panes()[0]->data()->overlays().size(), 1U);
+    EXPECT_EQ(panes()[0]->data()->overlays()[0].scale, client::PaneData::OverlayScale::Same);
 }
 
 TEST_F(ClientWindow, DraggingAStripBringsItsPaneToAnotherPlace)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 /// @file Charts over files that another program appends to, and replays.
 
+#include "apps/chart/BarAlignment.h"
 #include "apps/client/chart/TickView.h"
 #include "apps/client/live/Replay.h"
 #include "apps/client/live/ReplayBar.h"
@@ -107,6 +108,15 @@ protected:
         }
     }
 
+    /// Of the instrument that was laid over the pane first; none until its result is here.
+    static std::vector<double> overlaidCloses(client::PaneData* data)
+    {
+        const TC::CFormulaKey key(TC::getDetailQsKey(data->overlays().front().instrument),
+                                  QStringLiteral("KLINE"));
+        const auto found = data->getData().find(key);
+        return found == data->getData().end() ? std::vector<double>() : found->result.numberSeries[3];
+    }
+
     QList<QByteArray> m_lines;
     QString m_path;
 };
@@ -127,6 +137,43 @@ TEST_F(LiveChart, ShowsEachRowThatIsAppendedWithTheResultsOfAFreshComputation)
     ASSERT_TRUE(read) << failure;
     EXPECT_EQ(read->close, state()->bars()->close);
     EXPECT_EQ(read->timeMs, state()->bars()->timeMs);
+}
+
+TEST_F(LiveChart, AnOverlayGrowsWithAFollowedFile)
+{
+    followRows(60);
+    ASSERT_TRUE(m_window->overlayBars(sample("bars/SH510050.csv")).isGood());
+    client::PaneData* data = panes()[0]->data();
+    const auto overlaidBars = [&] { return overlaidCloses(data).size(); };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return overlaidBars() == 60U; }, 20'000));
+    append(rows(60, 3));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return overlaidBars() == 63U; }, 20'000));
+    append(rows(63, 1));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return overlaidBars() == 64U; }, 20'000));
+    std::string failure;
+    const auto other = engine::readBars(sample("bars/SH510050.csv").toStdString(), failure);
+    ASSERT_TRUE(other) << failure;
+    EXPECT_EQ(overlaidCloses(data), chart::alignedTo(state()->bars()->timeMs, *other).close);
+}
+
+TEST_F(LiveChart, AnOverlayComesAgainInAReplay)
+{
+    ASSERT_TRUE(m_window->openBars(sample("bars/SH600030.csv")).isGood());
+    ASSERT_TRUE(m_window->overlayBars(sample("bars/SH510050.csv")).isGood());
+    client::PaneData* data = panes()[0]->data();
+    const int total = state()->barTotal();
+    const auto hasBars = [&](int bars) { return static_cast<int>(overlaidCloses(data).size()) == bars; };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return hasBars(total); }, 20'000));
+    state()->show(total - 50, total - 1);
+    m_window->replayBars();
+    ASSERT_EQ(data->overlays().size(), 1U);
+    const int begun = state()->barTotal();
+    ASSERT_LT(begun, total);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return hasBars(begun); }, 20'000));
+    replay()->clock()->step();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return hasBars(begun + 1); }, 20'000));
+    replay()->end();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return hasBars(total); }, 20'000));
 }
 
 TEST_F(LiveChart, LetsARowOfTheSameTimeReplaceTheLastBar)

@@ -35,7 +35,6 @@
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>
-#include <qtadvanceddocking/DockWidgetTab.h>
 
 using test::ClientWindow;
 using test::sample;
@@ -105,7 +104,7 @@ TEST_F(ClientWindow, ZoomsAndMovesByKeys)
     const int count = state->last() - state->first() + 1;
     QTest::keyClick(chart(), Qt::Key_Up);
     EXPECT_LT(state->last() - state->first() + 1, count);
-    QTest::keyClick(chart(), Qt::Key_Left);
+    QTest::keyClick(chart(), Qt::Key_Left, Qt::ControlModifier);
     EXPECT_LT(state->last(), state->barTotal() - 1);
     QTest::keyClick(chart(), Qt::Key_Home);
     EXPECT_EQ(state->first(), 0);
@@ -179,7 +178,8 @@ TEST_F(ClientWindow, OpensUpToFiveRowsOfLegendUnderARestingPointer)
     m_window->resize(700, 700);
     const int row = pane->title()->titleHeight();
     ASSERT_TRUE(QTest::qWaitFor([&] { return pane->title()->height() == 2 * row; }));
-    QEvent enter(QEvent::Enter), leave(QEvent::Leave);
+    QEnterEvent enter({}, {}, {});
+    QEvent leave(QEvent::Leave);
     QApplication::sendEvent(pane->title(), &enter);
     EXPECT_TRUE(QTest::qWaitFor([&] { return pane->title()->height() > 2 * row; }));
     EXPECT_LE(pane->title()->height(), 5 * row);

@@ -2,8 +2,14 @@
 /// @file The value axis: dragged, reset, counted in logarithms, percent and points; the magnetic crosshair.
 
 #include "apps/chart/ChartMeasures.h"
+#include "apps/client/output/PageOutput.h"
+#include "host/WB/SkinLookup.h"
 #include "tests/widget/client/ClientWindow.h"
+#include "title/CIndexTitleWidget.h"
 
+#include <QFontMetrics>
+
+#include <algorithm>
 #include <cmath>
 
 using test::ClientWindow;
@@ -164,4 +170,78 @@ TEST_F(ClientWindow, KeepsTheAxesForTheNextRun)
     EXPECT_EQ(chart()->state()->axisKind(), chart::AxisKind::Logarithmic);
     EXPECT_TRUE(chart()->state()->isMagnetic());
     EXPECT_EQ(plot(1)->stretch(), 2.5);
+}
+
+TEST_F(ClientWindow, TellsPricesBelowATenThousandthOnAxisTagAndLegend)
+{
+    QByteArray rows;
+    for (int day = 1; day <= 28; ++day) {
+        const QByteArray price = QByteArray("0.0000") + QByteArray::number(1000 + 7 * day);
+        rows += "2024-02-" + QByteArray::number(day).rightJustified(2, '0') + ',' + price + ',' + price + ','
+            + price + ',' + price + ",9\n";
+    }
+    ASSERT_TRUE(m_window->openBars(barsFile("ABC.csv", rows)).isGood());
+    awaitResults();
+    paintNow(plot(0));
+    moveTo(plot(0), QPoint(100, plot(0)->height() / 2));
+    const QStringList texts = textsOf(plot(0));
+    const QVector<double> numbers = numbersOf(texts);
+    ASSERT_GE(numbers.size(), 4); // three labels and the tag of the crosshair
+    for (double number : numbers) {
+        EXPECT_GT(number, 0.000009) << texts.join(QLatin1Char(' ')).toStdString();
+        EXPECT_LT(number, 0.000013);
+    }
+    const QFontMetrics metrics(WB::skinFont("fnt_graph_axis_text", plot(0)->font()));
+    for (const QString& text : texts)
+        EXPECT_LE(metrics.horizontalAdvance(text), chart::kAxisWidth - 2) << text.toStdString();
+    const QString legend = textsPainted([&](QPainter& painter) {
+                               client::PageOutput(chart()).paint(painter);
+                           }).join(QLatin1Char(' '));
+    EXPECT_TRUE(legend.contains(QStringLiteral("0.00001196"))) << legend.toStdString();
+    EXPECT_TRUE(legend.contains(QStringLiteral("ABC"))) << "a short name is whole";
+    EXPECT_FALSE(legend.contains(QStringLiteral("复权"))) << "files do not say whether prices are adjusted";
+}
+
+TEST_F(ClientWindow, CountsContractsInWholeNumbers)
+{
+    QByteArray rows;
+    for (int day = 1; day <= 28; ++day)
+        rows += "2024-02-" + QByteArray::number(day).rightJustified(2, '0') + ",10,11,9,10,"
+            + QByteArray::number(day % 5 + 1) + '\n';
+    ASSERT_TRUE(m_window->openBars(barsFile("FEW.csv", rows)).isGood());
+    awaitResults();
+    paintNow(plot(1));
+    moveTo(plot(1), QPoint(100, plot(1)->height() / 2));
+    const QStringList texts = textsOf(plot(1));
+    ASSERT_GE(texts.size(), 3);
+    for (const QString& text : texts)
+        EXPECT_FALSE(text.contains(QLatin1Char('.'))) << text.toStdString();
+}
+
+TEST_F(ClientWindow, CandlesStandInTheMiddleOfTheirSlotsAtTheClosestZoom)
+{
+    QByteArray rows;
+    for (int day = 1; day <= 28; ++day)
+        rows += "2024-02-" + QByteArray::number(day).rightJustified(2, '0') + ",10,12,8,11,9\n";
+    ASSERT_TRUE(m_window->openBars(barsFile("MID.csv", rows)).isGood());
+    chart()->state()->setMargin(0);
+    awaitResults();
+    chart()->state()->show(10, 19);
+    const QImage picture = plot(0)->grab().toImage();
+    const chart::BarView view = chart()->state()->view(plot(0)->width() - chart::kAxisWidth);
+    const QRgb rise = WB::skinColor("ic_clr_kline_rise").rgb();
+    int left = picture.width(), right = -1;
+    const int slot = static_cast<int>(view.slotWidth());
+    for (int x = 0; x < slot; ++x) { // the first slot holds one candle
+        int inked = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            inked += picture.pixel(x, y) == rise ? 1 : 0;
+        if (inked < 5) // the line of the last price, or inside the body
+            continue;
+        left = std::min(left, x);
+        right = std::max(right, x);
+    }
+    ASSERT_GT(right - left, slot / 2);
+    EXPECT_NEAR(left, slot - 1 - right, 2);
+    EXPECT_NEAR(view.centre(10), (left + right) / 2.0, 1.0);
 }

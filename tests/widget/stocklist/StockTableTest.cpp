@@ -165,6 +165,18 @@ TEST(StockTable, ShowsAllStocksAfterAddingUnfilteredAndUnsorted)
 
 // Filling
 
+TEST(StockTable, AFilterOfItsOwnColumnLooksAtNoOther)
+{
+    BasketTable table;
+    table.add({ stock("600000", 1) });
+    for (const int column : { 0, 2 }) { // market and name; the text stands in the code
+        table.setColumnFilter(column, QStringLiteral("600"));
+        EXPECT_EQ(table.rowCount(), 0) << column;
+        table.setColumnFilter(column, QString());
+        EXPECT_EQ(table.rowCount(), 1) << column;
+    }
+}
+
 TEST(StockTable, FillingScalesTheCallersRecords)
 {
     BasketTable table;
@@ -178,6 +190,7 @@ TEST(StockTable, FillingScalesTheCallersRecords)
 TEST(StockTable, TheFactorBringsTheMinimumToOneOrMore)
 {
     EXPECT_EQ(factorFor(0.25), QStringLiteral("10")); // 2.5 ends the loop
+    EXPECT_EQ(factorFor(1.5), QStringLiteral("1"));
     EXPECT_EQ(factorFor(0.05), QStringLiteral("100"));
     EXPECT_EQ(factorFor(0.1), QStringLiteral("10"));
     EXPECT_EQ(factorFor(0.001), QStringLiteral("1000"));

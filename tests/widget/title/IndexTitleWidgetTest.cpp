@@ -317,7 +317,7 @@ TEST_F(TitleWidget, ARestingPointerOpensFiveRowsAfterASecond)
 {
     data.add(QStringLiteral("F"), outputs(60));
     test::Strip strip(&data, 1, 0, 2);
-    QEvent enter(QEvent::Enter);
+    QEnterEvent enter({}, {}, {});
     QApplication::sendEvent(&strip, &enter);
     QTest::qWait(700);
     EXPECT_EQ(strip.rowsIn(QRect(0, 0, 300, 16)), 2);
@@ -333,7 +333,8 @@ TEST_F(TitleWidget, LeavingBeforeASecondOpensNothing)
 {
     data.add(QStringLiteral("F"), outputs(60));
     test::Strip strip(&data, 1, 0, 2);
-    QEvent enter(QEvent::Enter), leave(QEvent::Leave);
+    QEnterEvent enter({}, {}, {});
+    QEvent leave(QEvent::Leave);
     QApplication::sendEvent(&strip, &enter);
     QTest::qWait(300);
     QApplication::sendEvent(&strip, &leave);
@@ -359,7 +360,7 @@ TEST_F(TitleWidget, TakesItsHoverTimerAlong)
     } fired;
     {
         test::Strip strip(&data, 1, 0, 2);
-        QEvent enter(QEvent::Enter);
+        QEnterEvent enter({}, {}, {});
         QApplication::sendEvent(&strip, &enter);
     }
     qApp->installEventFilter(&fired);
@@ -388,7 +389,7 @@ TEST_F(TitleWidget, AHeadingDoesNotReactToARestingPointer)
 {
     data.add(QStringLiteral("F"), outputs(60));
     test::Strip strip(&data, 0, 0, 2);
-    QEvent enter(QEvent::Enter);
+    QEnterEvent enter({}, {}, {});
     QApplication::sendEvent(&strip, &enter);
     QTest::qWait(1200);
     EXPECT_EQ(strip.rowsIn(QRect(0, 0, 300, 16)), 2);
@@ -405,6 +406,13 @@ TEST_F(TitleWidget, PaintsTheBackgroundAloneWithoutDataOrInstrument)
     EXPECT_EQ(lastInk(heading.picture(300, 32)), -1);
     test::Strip nameless(&data, 1, 3, 2);
     EXPECT_EQ(lastInk(nameless.picture(300, 16)), -1);
+}
+
+TEST_F(TitleWidget, AnInstrumentWithoutANameHasNoHeadingColumn)
+{
+    test::Strip strip(&data, 0, 0, 0);
+    strip.setStock(test::instrument("SH", "600000", "", 0.01));
+    EXPECT_EQ(lastInk(strip.picture(300, 32)), -1);
 }
 
 TEST_F(TitleWidget, PaintsTheLegendOfTheShownBar)
@@ -753,6 +761,13 @@ TEST_F(TitleWidget, PositionsShowWhenTheSettingsAskForThem)
     EXPECT_GT(lastInk(with), lastInk(without));
     settings->displayFlags = 5;
     EXPECT_EQ(strip.picture(900, 32), without);
+
+    auto klineSettings = boost::make_shared<TC::CKLineUiParam>();
+    test::Strip klineStrip(&data, 0, 0, 0, 0, nullptr, klineSettings);
+    klineStrip.setStock(stock);
+    EXPECT_EQ(klineStrip.picture(900, 32), without);
+    klineSettings->displayFlags = 2;
+    EXPECT_EQ(klineStrip.picture(900, 32), with);
 }
 
 TEST_F(TitleWidget, OpenedRowsShowTheRestOfTheLegend)

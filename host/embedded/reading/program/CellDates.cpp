@@ -66,7 +66,7 @@ DateKind kindOfCode(const QString& code)
             for (const char unit : { 'h', 'm', 's' })
                 hasTime |= !inside.isEmpty() && inside.count(QLatin1Char(unit)) == inside.size();
             i = end;
-        } else if (code.midRef(i).startsWith(QLatin1String("General"), Qt::CaseInsensitive)) {
+        } else if (QStringView(code).mid(i).startsWith(QLatin1String("General"), Qt::CaseInsensitive)) {
             i += 6;
         } else {
             hasDate |= c == QLatin1Char('y') || c == QLatin1Char('d');

@@ -15,7 +15,7 @@ bool isText(const QString& text)
         return c < QLatin1Char(' ') && c != QLatin1Char('\t') && c != QLatin1Char('\n')
             && c != QLatin1Char('\r');
     };
-    return std::none_of(text.cbegin(), text.cbegin() + std::min(text.size(), looked), isControl);
+    return std::none_of(text.cbegin(), text.cbegin() + std::min<int>(text.size(), looked), isControl);
 }
 
 /// The fields of one line. They are cut where they stand: a line of millions of fields makes no list of them.

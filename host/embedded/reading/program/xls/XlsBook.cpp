@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/embedded/reading/program/xls/XlsSheet.h"
 
-#include <QTextCodec>
+#include "host/utils/TextCodec.h"
 
 namespace workbook {
 
@@ -19,8 +19,8 @@ QString decoded(const QByteArray& bytes, int codePage)
         name = "Shift_JIS";
     else if (codePage == 949)
         name = "EUC-KR";
-    const QTextCodec* const codec = QTextCodec::codecForName(name);
-    return codec ? codec->toUnicode(bytes) : QString::fromLatin1(bytes);
+    const auto made = utils::decoded(bytes, name.constData());
+    return made ? made->text : QString::fromLatin1(bytes);
 }
 
 } // namespace

@@ -51,7 +51,7 @@ struct Receiver : XmlReceiver
 QByteArray partName(const QByteArray& from, const QByteArray& target)
 {
     const QByteArray path = QByteArray::fromPercentEncoding(target).replace('\\', '/');
-    QList<QByteArray> steps = from.left(std::max(from.lastIndexOf('/'), 0)).split('/');
+    QList<QByteArray> steps = from.left(std::max<int>(from.lastIndexOf('/'), 0)).split('/');
     if (path.startsWith('/') || !from.contains('/'))
         steps.clear();
     const QList<QByteArray> further = path.split('/');

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "apps/client/chart/BarAlignment.h"
+#include "apps/chart/BarAlignment.h"
 
 #include <cmath>
 
-namespace client {
+namespace chart {
 
 namespace {
 
@@ -42,4 +42,4 @@ engine::BarSeries alignedTo(const std::vector<std::int64_t>& times, const engine
     return aligned;
 }
 
-} // namespace client
+} // namespace chart

@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+/// @file Everything that the pointer reaches, by keys.
+
+#include "apps/chart/ChartMeasures.h"
+#include "apps/client/PanelIds.h"
+#include "apps/client/chart/TickView.h"
+#include "tests/widget/client/ClientWindow.h"
+
+#include <QMenu>
+
+using test::ClientWindow;
+using test::sample;
+
+TEST_F(ClientWindow, MovesTheCrosshairByOneBarWithTheCursorKeys)
+{
+    openShare();
+    client::ChartState* state = chart()->state();
+    const int newest = state->barTotal() - 1, first = state->first();
+    QTest::keyClick(chart(), Qt::Key_Left);
+    EXPECT_EQ(state->crosshairBar(), newest) << "it appears on the last bar in view";
+    QTest::keyClick(chart(), Qt::Key_Left);
+    EXPECT_EQ(state->crosshairBar(), newest - 1);
+    QTest::keyClick(chart(), Qt::Key_Right);
+    QTest::keyClick(chart(), Qt::Key_Right);
+    EXPECT_EQ(state->crosshairBar(), newest) << "there is nothing behind the newest";
+    state->setCrosshairBar(first);
+    QTest::keyClick(chart(), Qt::Key_Left);
+    EXPECT_EQ(state->crosshairBar(), first - 1);
+    EXPECT_EQ(state->first(), first - 1) << "the chart follows";
+    QTest::keyClick(chart(), Qt::Key_Escape);
+    EXPECT_EQ(state->crosshairBar(), -1);
+}
+
+TEST_F(ClientWindow, TakesTheCrosshairFromARestingPointerByKeys)
+{
+    openShare();
+    client::ChartState* state = chart()->state();
+    moveTo(plot(0), QPoint(300, 40));
+    const int pointed = state->crosshairBar();
+    ASSERT_GE(pointed, 0);
+    QTest::keyClick(chart(), Qt::Key_Left);
+    EXPECT_EQ(state->crosshairBar(), pointed - 1);
+    for (int times = 0; times < 100; ++times)
+        QTest::keyClick(chart(), Qt::Key_Left);
+    EXPECT_EQ(state->crosshairBar(), pointed - 101);
+    EXPECT_LE(state->first(), state->crosshairBar());
+    moveTo(plot(0), QPoint(301, 40));
+    EXPECT_EQ(state->crosshairBar(), state->view(plot(0)->width() - chart::kAxisWidth).barAt(301));
+}
+
+TEST_F(ClientWindow, ZoomsByPlusAndMinus)
+{
+    openShare();
+    const client::ChartState* state = chart()->state();
+    const auto shown = [state] { return state->last() - state->first() + 1; };
+    const int before = shown();
+    QTest::keyClick(chart(), Qt::Key_Plus);
+    EXPECT_LT(shown(), before);
+    QTest::keyClick(chart(), Qt::Key_Plus, Qt::ShiftModifier);
+    const int nearer = shown();
+    QTest::keyClick(chart(), Qt::Key_Minus);
+    EXPECT_GT(shown(), nearer);
+}
+
+TEST_F(ClientWindow, MovesTheCrosshairOfTheTickPageByKeys)
+{
+    ASSERT_TRUE(m_window->openTicks(sample("ticks/SYNTHETIC-five-levels.csv")).isGood());
+    client::ChartState* state = m_window->ticks()->state();
+    QTest::keyClick(m_window->ticks(), Qt::Key_Left);
+    QTest::keyClick(m_window->ticks(), Qt::Key_Left);
+    EXPECT_EQ(state->crosshairBar(), state->barTotal() - 2);
+}
+
+TEST_F(ClientWindow, GoesThroughTheOpenPanelsByF6AndBack)
+{
+    m_window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return m_window->isActiveWindow(); }));
+    chart()->setFocus();
+    QStringList visited;
+    const auto current = [this]() -> QString {
+        for (const QString& id : client::kPanels) {
+            const ads::CDockWidget* dock = m_window->docks()->dock(id);
+            if (QApplication::focusWidget() && dock->isAncestorOf(QApplication::focusWidget()))
+                return id;
+        }
+        return QString();
+    };
+    for (int step = 0; step < client::kPanels.size(); ++step) {
+        entry(QStringLiteral("下一面板"))->trigger();
+        visited << current();
+    }
+    QStringList wanted = client::kPanels;
+    wanted << wanted.takeFirst();
+    EXPECT_EQ(visited, wanted);
+    entry(QStringLiteral("上一面板"))->trigger();
+    EXPECT_EQ(current(), client::kPanels.back());
+}
+
+TEST_F(ClientWindow, OpensTheMenusOfAllPanesByTheMenuKey)
+{
+    openShare();
+    QTest::keyClick(chart(), Qt::Key_Menu);
+    QMenu* menu = nullptr;
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        return menu != nullptr;
+    }));
+    QStringList titles;
+    for (const QAction* action : menu->actions())
+        titles << action->text();
+    EXPECT_EQ(titles,
+              (QStringList { QStringLiteral("KLINE, MA"), QStringLiteral("VOL"), QStringLiteral("MACD") }));
+    menu->close();
+}
+
+TEST_F(ClientWindow, LeadsTheTabKeyToEveryFieldAndButtonThatIsShown)
+{
+    openShare();
+    const auto isReached = [](const QWidget* wanted, QWidget* from) {
+        for (QWidget* at = from->nextInFocusChain(); at != from; at = at->nextInFocusChain()) {
+            const QWidget* proxied = at->focusProxy() ? at->focusProxy() : at;
+            if (proxied == wanted && (at->focusPolicy() & Qt::TabFocus))
+                return true;
+        }
+        return false;
+    };
+    int asked = 0;
+    for (QWidget* widget : m_window->findChildren<QWidget*>()) {
+        const bool isWorked = widget->inherits("QLineEdit") || widget->inherits("QComboBox")
+            || widget->inherits("QPushButton") || widget->inherits("QAbstractItemView");
+        if (!isWorked || !widget->isVisible() || widget->inherits("QHeaderView")
+            || widget->focusPolicy() == Qt::NoFocus)
+            continue;
+        ++asked;
+        EXPECT_TRUE(isReached(widget, chart())) << widget->metaObject()->className();
+    }
+    EXPECT_GT(asked, 3);
+}
