@@ -210,6 +210,21 @@ QImage replay(Stage& stage)
     return stage.picture();
 }
 
+QImage keys(Stage& stage)
+{
+    stage.openBars(kIndex);
+    dialogBehind(stage, "快捷键…");
+    return stage.picture();
+}
+
+QImage light(Stage& stage)
+{
+    stage.window().chooseSkin(QStringLiteral("light"));
+    stage.openBars(kShare);
+    stage.point(0, QPoint(430, 120));
+    return stage.picture();
+}
+
 } // namespace
 
 const std::vector<Scene>& scenes()
@@ -218,7 +233,8 @@ const std::vector<Scene>& scenes()
         { "empty", emptyWindow }, { "first-chart", firstChart }, { "search", search }, { "quotes", quotes },
         { "formulas", formulas }, { "parameters", parameters },  { "editor", editor }, { "weeks", weeks },
         { "overlay", overlay },   { "measure", measure },        { "date", dateJump }, { "trades", trades },
-        { "basket", basket },     { "restore", restore },        { "replay", replay },
+        { "basket", basket },     { "restore", restore },        { "replay", replay }, { "light", light },
+        { "keys", keys },
     };
     return all;
 }

@@ -21,7 +21,7 @@ namespace guide {
 namespace {
 
 constexpr int kPatience = 60'000; // milliseconds
-const QSize kWindow(1120, 720);
+const QSize kWindow(1180, 740);
 
 [[noreturn]] void giveUp(const QString& reason)
 {
@@ -53,6 +53,7 @@ Stage::Stage(const QString& language, const QString& samples)
     TC::embedded::setUserRootDir(m_folder.filePath(QStringLiteral("user")));
     TC::embedded::setConfigDir(m_folder.filePath(QStringLiteral("config")));
     m_window = std::make_unique<client::MainWindow>(language);
+    m_window->chooseSkin(TC::embedded::skinNames().front()); // the one before stays for the whole program
     m_window->resize(kWindow);
     m_window->show();
     settle();
