@@ -45,7 +45,7 @@ int takePictures(const QString& language, const QString& samples, const QDir& fo
         if (!wanted.isEmpty() && !wanted.contains(name))
             continue;
         guide::Stage stage(language, samples);
-        const QString path = folder.filePath(name + QStringLiteral(".png"));
+        const QString path = folder.filePath(language + QLatin1Char('-') + name + QStringLiteral(".png"));
         if (!scene.take(stage).save(path, "PNG", 0)) { // as small as it gets
             std::fprintf(stderr, "guide-pictures: cannot write %s\n", path.toLocal8Bit().constData());
             return 1;

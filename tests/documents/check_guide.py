@@ -23,7 +23,7 @@ for page in sorted(folder.glob("??.md")):
     language, text = page.stem, page.read_text(encoding="utf-8")
     sections[language] = [len(marks) for marks in re.findall(r"^(#+) ", text, re.M)]
     shown = re.findall(r"!\[[^]]+\]\(([^)]*)\)", text)
-    expected = {f"pictures/{language}/{name}.png" for name in names}
+    expected = {f"pictures/{language}-{name}.png" for name in names}
     faults += [f"{page.name}: {path} is no picture of the guide" for path in sorted(set(shown) - expected)]
     faults += [f"{page.name}: {path} is not shown" for path in sorted(expected - set(shown))]
     faults += [f"{path} is missing: ./dev pictures guide" for path in sorted(expected) if not (folder / path).is_file()]
