@@ -130,7 +130,7 @@ void MainWindow::buildPanelKeys(QMenu* menu)
                QString(), this, [this] { goToPanel(1); }, Qt::Key_F6),
            [] { return tr("下一面板"); });
     worded(menu->addAction(
-               QString(), this, [this] { goToPanel(-1); }, Qt::SHIFT | Qt::Key_F6),
+               QString(), this, [this] { goToPanel(-1); }, QKeySequence(QStringLiteral("Shift+F6"))),
            [] { return tr("上一面板"); });
 }
 

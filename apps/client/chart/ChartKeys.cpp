@@ -45,8 +45,10 @@ void addChartActions(QWidget* view, ChartState* state)
         [state] { state->stepCrosshair(-1); });
     add([] { return ChartView::tr("十字光标右移一根"); }, { Qt::Key_Right },
         [state] { state->stepCrosshair(1); });
-    add([] { return ChartView::tr("向左移动"); }, { Qt::CTRL | Qt::Key_Left }, [state] { pan(state, -1); });
-    add([] { return ChartView::tr("向右移动"); }, { Qt::CTRL | Qt::Key_Right }, [state] { pan(state, 1); });
+    add([] { return ChartView::tr("向左移动"); }, { QStringLiteral("Ctrl+Left") },
+        [state] { pan(state, -1); });
+    add([] { return ChartView::tr("向右移动"); }, { QStringLiteral("Ctrl+Right") },
+        [state] { pan(state, 1); });
     add([] { return ChartView::tr("最早"); }, { Qt::Key_Home }, [state] { state->showFirst(); });
     add([] { return ChartView::tr("最新"); }, { Qt::Key_End }, [state] { state->showLast(); })
         ->setObjectName(QStringLiteral("showNewest"));

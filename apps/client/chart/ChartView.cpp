@@ -243,7 +243,7 @@ void ChartView::addKeys()
     addKeyAction(
         this, [] { return tr("下一品种"); }, { Qt::Key_PageDown }, [this] { Q_EMIT sigStepRequested(1); });
     addKeyAction(
-        this, [] { return tr("窗格菜单"); }, { Qt::Key_Menu, Qt::SHIFT | Qt::Key_F10 },
+        this, [] { return tr("窗格菜单"); }, { Qt::Key_Menu, QStringLiteral("Shift+F10") },
         [this] { showPaneMenus(); });
 }
 
