@@ -4,9 +4,9 @@
 
 #include "host/TC/Periods.h"
 #include "host/WB/CBaseWidget.h"
+#include "host/utils/QtVersions.h"
 #include "indicatorui_export.h"
 #include "title/ArrowColorTextData.h"
-#include "host/utils/QtVersions.h"
 
 #include <boost/shared_ptr.hpp>
 

@@ -8,6 +8,7 @@
 #include "engine/files/BarFile.h"
 #include "engine/files/TickFile.h"
 #include "host/embedded/FormulaSetup.h"
+#include "tests/unit/examples/ThreeDays.h"
 
 #include <QEventLoop>
 #include <QFile>
@@ -16,21 +17,9 @@
 
 #include <gtest/gtest.h>
 
-namespace {
+using test::threeDays;
 
-//! [BarSeries]
-engine::BarSeries threeDays()
-{
-    engine::BarSeries bars;
-    bars.timeMs = { 0, 86'400'000, 172'800'000 };
-    bars.open = { 10.0, 11.0, 10.5 };
-    bars.high = { 11.5, 11.5, 12.5 };
-    bars.low = { 9.5, 10.0, 10.5 };
-    bars.close = { 11.0, 10.5, 12.0 };
-    bars.volume = { 100.0, 90.0, 160.0 };
-    return bars;
-}
-//! [BarSeries]
+namespace {
 
 void write(const QString& path, const char* text)
 {
