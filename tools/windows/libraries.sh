@@ -15,7 +15,8 @@ build_pcre2() {
 # Glyphs and their places come from the same sources as on Linux: texts have the same pixels.
 build_freetype() {
     source_of freetype
-    cross_build . "${STATIC[@]}" -DFT_DISABLE_HARFBUZZ=ON -DFT_DISABLE_BROTLI=ON -DFT_DISABLE_BZIP2=ON
+    cross_build . "${STATIC[@]}" -DFT_DISABLE_HARFBUZZ=ON -DFT_DISABLE_BROTLI=ON -DFT_DISABLE_BZIP2=ON \
+        -DFT_DISABLE_PNG=ON # coloured glyphs alone; Qt links FreeType without it
 }
 build_harfbuzz() {
     source_of harfbuzz
