@@ -44,7 +44,8 @@ build_libzip() {
     source_of libzip
     cross_build . "${STATIC[@]}" -DBUILD_DOC=OFF -DBUILD_EXAMPLES=OFF -DBUILD_REGRESS=OFF -DBUILD_TOOLS=OFF \
         -DENABLE_BZIP2=OFF -DENABLE_LZMA=OFF -DENABLE_ZSTD=OFF -DENABLE_OPENSSL=OFF -DENABLE_GNUTLS=OFF \
-        -DENABLE_MBEDTLS=OFF
+        -DENABLE_MBEDTLS=OFF -DENABLE_WINDOWS_CRYPTO=OFF
+    sed -i 's/^Libs:.*/& -lz/' "$PREFIX/lib/pkgconfig/libzip.pc" # what a static library rests on is named there
 }
 
 build_xlsxwriter() { source_of libxlsxwriter; cross_build . "${STATIC[@]}" -DUSE_SYSTEM_MINIZIP=OFF; }
