@@ -62,4 +62,6 @@ build_boost_headers() { cp -rT /usr/include/boost "$PREFIX/include/boost"; }
 build_docking() {
     tarball_of qt-advanced-docking-system
     cross_build . -DBUILD_EXAMPLES=OFF -DQT_VERSION_MAJOR=5 -DADS_VERSION=3.8.3
+    mkdir -p "$PREFIX/include/qtadvanceddocking" # where Debian's package has its headers
+    cp src/*.h "$PREFIX/include/qtadvanceddocking"
 }
