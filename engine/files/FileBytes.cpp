@@ -25,7 +25,13 @@ constexpr int kFolder = _S_IFDIR, kOrdinary = _S_IFREG, kKinds = _S_IFMT;
 
 int openFile(const std::string& path)
 {
-    return ::_wopen(QString::fromStdString(path).toStdWString().c_str(), _O_RDONLY | _O_BINARY);
+    const std::wstring name = QString::fromStdString(path).toStdWString();
+    const int file = ::_wopen(name.c_str(), _O_RDONLY | _O_BINARY);
+    State state = {};
+    if (file < 0 && errno == EACCES && ::_wstat64(name.c_str(), &state) == 0
+        && (state.st_mode & kKinds) == kFolder)
+        errno = EISDIR;
+    return file;
 }
 int stateOf(int file, State& state)
 {
