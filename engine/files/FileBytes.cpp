@@ -9,6 +9,9 @@
 #include <sys/stat.h>
 #ifdef _WIN32
 #include <QString>
+
+#include <windows.h>
+
 #include <io.h>
 #else
 #include <unistd.h>
@@ -43,7 +46,12 @@ int closeFile(int file)
 }
 std::int64_t readFile(int file, char* bytes, unsigned count)
 {
-    return ::_read(file, bytes, count);
+    // Not the C library's call: some remember the end of a file and do not see it grow.
+    DWORD got = 0;
+    if (::ReadFile(reinterpret_cast<HANDLE>(::_get_osfhandle(file)), bytes, count, &got, nullptr))
+        return got;
+    errno = EIO;
+    return -1;
 }
 bool seekFile(int file, std::int64_t offset)
 {
