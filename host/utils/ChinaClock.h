@@ -27,7 +27,7 @@ constexpr std::int64_t chinaOffset(std::int64_t seconds)
         { { 1988, 4, 17 }, { 1988, 9, 11 }, 2 }, { { 1989, 4, 16 }, { 1989, 9, 17 }, 2 },
         { { 1990, 4, 15 }, { 1990, 9, 16 }, 2 }, { { 1991, 4, 14 }, { 1991, 9, 15 }, 2 },
     };
-    constexpr std::int64_t hour = 3'600, solar = 8 * hour + 5 * 60 + 43;
+    constexpr std::int64_t minute = 60, hour = 60 * minute, solar = 8 * hour + 5 * minute + 43;
     constexpr std::int64_t zoned = daysFromCivil({ 1901, 1, 1 }) * kSecondsPerDay - solar;
     if (seconds < zoned)
         return solar;

@@ -39,7 +39,9 @@ QByteArray barsOf(const char* from, int minutes)
     // On a clock that never changes.
     const QDateTime start(QDate::fromString(QString::fromLatin1(from), Qt::ISODate), QTime(0, 0), Qt::UTC);
     for (int bar = 0; bar < 3 * 1440 / minutes; ++bar)
-        text += start.addSecs(60 * minutes * bar).toString(QStringLiteral("yyyy-MM-dd,HH:mm")).toLatin1()
+        text += start.addSecs(qint64 { 60 } * minutes * bar)
+                    .toString(QStringLiteral("yyyy-MM-dd,HH:mm"))
+                    .toLatin1()
             + ",1,2,1,2,5\n";
     return text;
 }

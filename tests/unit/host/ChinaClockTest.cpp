@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr std::int64_t kHour = 3'600;
+constexpr std::int64_t kMinute = 60, kHour = 60 * kMinute;
 
 } // namespace
 
@@ -34,7 +34,7 @@ TEST(ChinaClock, IsPutForwardAndBackToTheSecond)
 
 TEST(ChinaClock, ShowsSolarTimeUntilTheEndOf1900)
 {
-    constexpr std::int64_t change = -2'177'481'943, solar = 8 * kHour + 5 * 60 + 43;
+    constexpr std::int64_t change = -2'177'481'943, solar = 8 * kHour + 5 * kMinute + 43;
     EXPECT_EQ(utils::chinaOffset(INT64_MIN), solar);
     EXPECT_EQ(utils::chinaOffset(change - 1), solar);
     EXPECT_EQ(utils::chinaOffset(change), 8 * kHour);
