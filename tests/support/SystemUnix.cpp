@@ -89,4 +89,16 @@ void setTimeZone(const QByteArray& name)
     ::tzset();
 }
 
+bool isTimeZone(const QByteArray&)
+{
+    return true; // what names no file is a rule, or UTC
+}
+
+std::optional<std::tm> systemTime(std::int64_t seconds)
+{
+    const auto time = static_cast<std::time_t>(seconds);
+    std::tm local {};
+    return localtime_r(&time, &local) ? std::optional(local) : std::nullopt;
+}
+
 } // namespace test

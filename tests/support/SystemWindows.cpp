@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "host/utils/LocalZone.h"
 #include "tests/support/SmallFiles.h"
 #include "tests/support/System.h"
 
-#include <ctime>
+#include <QTimeZone>
 
 namespace test {
 
@@ -48,9 +49,18 @@ SmallFiles::~SmallFiles() = default;
 
 void setTimeZone(const QByteArray& name)
 {
-    // The C library reads three letters and the hours by which the zone is behind.
-    qputenv("TZ", name == "Asia/Shanghai" ? "CST-8" : name == "UTC" ? "UTC0" : name);
-    _tzset();
+    qputenv("TZ", name);
+}
+
+bool isTimeZone(const QByteArray& name)
+{
+    return QTimeZone(name).isValid();
+}
+
+// The C library knows neither names of zones nor times before 1970, and Windows few former rules.
+std::optional<std::tm> systemTime(std::int64_t seconds)
+{
+    return utils::localParts(seconds);
 }
 
 } // namespace test
