@@ -55,6 +55,8 @@ inline std::optional<std::tm> localParts(std::int64_t seconds)
     parts.tm_year = static_cast<int>(date.year - 1900);
     parts.tm_mon = date.month - 1;
     parts.tm_mday = date.day;
+    parts.tm_wday = weekdayFromDays(days);
+    parts.tm_yday = static_cast<int>(days - daysFromCivil({ date.year, 1, 1 }));
     parts.tm_hour = ofDay / 3'600;
     parts.tm_min = ofDay / 60 % 60;
     parts.tm_sec = ofDay % 60;

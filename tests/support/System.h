@@ -38,6 +38,10 @@ void becomeOneself();
 /// Holds an open file against other programs.
 bool lockFile(int file);
 
+/// Lets the edges of glyphs be blended as on other systems, once an application exists: Qt's gamma for texts
+/// on Windows is its own.
+void blendTextsAsElsewhere();
+
 /// Sets the zone of local times; empty for that of the machine.
 void setTimeZone(const QByteArray& name);
 /// Whether the system knows a zone of that name.

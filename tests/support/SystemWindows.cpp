@@ -4,6 +4,8 @@
 #include "tests/support/System.h"
 
 #include <QTimeZone>
+#include <private/qcolortrclut_p.h>
+#include <private/qguiapplication_p.h>
 
 namespace test {
 
@@ -46,6 +48,14 @@ bool lockFile(int)
 
 SmallFiles::SmallFiles(quint64) { }
 SmallFiles::~SmallFiles() = default;
+
+void blendTextsAsElsewhere()
+{
+    QGuiApplicationPrivate* application = QGuiApplicationPrivate::instance();
+    // The first is 2.31 on Windows alone, and elsewhere the same as the second.
+    const auto gamma = const_cast<QColorTrcLut*>(application->colorProfileForA8Text());
+    *gamma = *application->colorProfileForA32Text();
+}
 
 void setTimeZone(const QByteArray& name)
 {

@@ -61,7 +61,8 @@ build_boost_headers() { cp -rT /usr/include/boost "$PREFIX/include/boost"; }
 # Panels of the client.
 build_docking() {
     tarball_of qt-advanced-docking-system
-    cross_build . -DBUILD_EXAMPLES=OFF -DQT_VERSION_MAJOR=5 -DADS_VERSION=3.8.3
+    cross_build . -DBUILD_EXAMPLES=OFF -DQT_VERSION_MAJOR=5 -DADS_VERSION=3.8.3 \
+        -DCMAKE_SHARED_LINKER_FLAGS=-Wl,--export-all-symbols # the cross of drop places is not marked for export
     mkdir -p "$PREFIX/include/qtadvanceddocking" # where Debian's package has its headers
     cp src/*.h "$PREFIX/include/qtadvanceddocking"
 }
