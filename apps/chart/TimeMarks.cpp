@@ -3,6 +3,7 @@
 
 #include "apps/chart/TimeDivision.h"
 #include "host/utils/CivilDate.h"
+#include "host/utils/LocalDateTime.h"
 
 #include <QDateTime>
 
@@ -223,7 +224,7 @@ QString timeText(const std::vector<std::int64_t>& times, int bar)
 {
     if (bar < 0 || bar >= static_cast<int>(times.size()))
         return QString();
-    const QDateTime time = QDateTime::fromMSecsSinceEpoch(times[static_cast<std::size_t>(bar)]);
+    const QDateTime time = utils::localDateTime(times[static_cast<std::size_t>(bar)]);
     return time.toString(time.time() == QTime(0, 0) ? QStringLiteral("yyyy-MM-dd")
                                                     : QStringLiteral("yyyy-MM-dd HH:mm:ss"));
 }

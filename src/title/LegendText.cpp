@@ -10,9 +10,8 @@
 #include "host/WB/SkinLookup.h"
 #include "host/WB/TextConversion.h"
 #include "host/ttservice/CInstrumentDetail.h"
+#include "host/utils/LocalDateTime.h"
 #include "title/internal/LegendRows.h"
-
-#include <QDateTime>
 
 #include <algorithm>
 
@@ -286,7 +285,7 @@ bool CDrawStyle::isPromptDay(long long msecs)
     constexpr int firstDay = 21;
     // Deliberate: the seconds are taken as an unsigned 32-bit number: one second before 1970 is in 2106.
     const auto seconds = static_cast<quint32>(msecs / 1000);
-    const QDate date = QDateTime::fromSecsSinceEpoch(seconds).date();
+    const QDate date = utils::localDateTime(qint64 { seconds } * 1000).date();
     return date.dayOfWeek() == Qt::Friday && date.day() >= firstDay;
 }
 

@@ -10,6 +10,7 @@
 #include "host/TC/UiParams.h"
 #include "host/WB/CPushButton.h"
 #include "host/WB/SkinLookup.h"
+#include "host/utils/LocalDateTime.h"
 #include "title/internal/AccountPositions.h"
 #include "title/internal/LegendClip.h"
 #include "title/internal/LegendFlow.h"
@@ -18,7 +19,6 @@
 #include "title/internal/StripLayout.h"
 #include "title/internal/TextShapes.h"
 
-#include <QDateTime>
 #include <QFontMetrics>
 #include <QPainter>
 
@@ -129,7 +129,7 @@ void CIndexTitleWidget::updateView()
 
 void CIndexTitleWidget::paintDate(QPainter& painter)
 {
-    const QString date = QDateTime::fromSecsSinceEpoch(m_tradeDate).toString(QStringLiteral("yyyy/MM/dd"));
+    const QString date = utils::localDateTime(m_tradeDate * 1000).toString(QStringLiteral("yyyy/MM/dd"));
     WB::CSimpleText(date, QString::fromLatin1(kHeadingColor), QString::fromLatin1(kHeadingFont))
         .drawText(&painter, 0, 0, width(), height(), kLeftMiddle, false, false);
 }

@@ -8,6 +8,9 @@ folder=$build/zip/indicatorui
 rm -rf "$build/zip" && mkdir -p "$folder"
 cmake --install "$build" --prefix "$folder" --strip >/dev/null
 
+# No place of this machine is looked at for plugins.
+printf '[Paths]\nPrefix=.\nPlugins=.\n' >"$folder/bin/qt.conf"
+
 # Plugins stand beside the programs, where Qt looks without being told.
 for plugin in platforms/qwindows platforms/qoffscreen sqldrivers/qsqlite imageformats/qsvg iconengines/qsvgicon \
         styles/qwindowsvistastyle printsupport/windowsprintersupport; do

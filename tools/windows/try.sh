@@ -1,26 +1,33 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# try.sh ZIP OUT: unpacks the zip in a new home of Wine, as a new user would, draws a picture by the renderer, and
-# starts the client on a screen of which a picture is kept: OUT/render.png, OUT/client.png.
+# try.sh ZIP LINUX_RENDERER OUT: unpacks the zip in a new home of Wine, as a new user would; draws a picture by the
+# renderer, which without fonts has the bytes of Linux' own; starts the client on a screen of which a picture is kept.
+# OUT/render.png, OUT/client.png.
 home=$(mktemp -d)
 export WINEPREFIX=$home/wine
 unset WINEPATH QT_PLUGIN_PATH
 . "$(dirname "${BASH_SOURCE[0]}")/wine.sh"
 zip=$(realpath "$1")
-mkdir -p "$2"
-out=$(realpath "$2")
+linux_renderer=$(realpath "$2")
+mkdir -p "$3"
+out=$(realpath "$3")
 screen=$home/screen
-mkdir -p "$screen"
+mkdir -p "$screen" "$home/fonts"
 cd "$WINEPREFIX/drive_c"
 unzip -q "$zip"
 cd indicatorui
+chart=(--bars samples/SH600030.csv)
 
-"$WINE" bin/indicatorui-render.exe --bars samples/SH600030.csv -o render.png
-cp render.png "$out/render.png"
+QT_QPA_FONTDIR=$(linux_fonts) run_wine bin/indicatorui-render.exe "${chart[@]}" -o "$out/render.png"
+QT_QPA_FONTDIR=$(windows_path "$home/fonts") run_wine bin/indicatorui-render.exe "${chart[@]}" -o "$home/windows.png"
+echo '<fontconfig/>' >"$home/fonts/fonts.conf"
+FONTCONFIG_FILE=$home/fonts/fonts.conf "$linux_renderer" "${chart[@]}" -o "$home/linux.png"
+cmp "$home/windows.png" "$home/linux.png"
+echo "The renderer's picture without texts has the bytes of Linux' own."
 
 Xvfb :97 -screen 0 1600x1000x24 -nolisten tcp -fbdir "$screen" 2>/dev/null &
 server=$!
-DISPLAY=:97 QT_QPA_PLATFORM=windows "$WINE" bin/indicatorui-client.exe samples/SH600030.csv &
+DISPLAY=:97 QT_QPA_PLATFORM=windows run_wine bin/indicatorui-client.exe samples/SH600030.csv &
 client=$!
 finish() {
     kill $client 2>/dev/null || true

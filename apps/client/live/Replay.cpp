@@ -3,8 +3,7 @@
 
 #include "apps/client/chart/TickView.h"
 #include "engine/series/SeriesHead.h"
-
-#include <QDateTime>
+#include "host/utils/LocalDateTime.h"
 
 #include <utility>
 
@@ -129,7 +128,7 @@ QString Replay::progress() const
     return tr("回放 %1 / %2　%3")
         .arg(m_state->barTotal())
         .arg(total)
-        .arg(QDateTime::fromMSecsSinceEpoch(time).toString(form));
+        .arg(utils::localDateTime(time).toString(form));
 }
 
 } // namespace client

@@ -2,8 +2,7 @@
 #include "title/internal/AccountPositions.h"
 
 #include "data/internal/RecordViews.h"
-
-#include <QDateTime>
+#include "host/utils/LocalDateTime.h"
 
 namespace TC::detail {
 
@@ -12,7 +11,7 @@ namespace {
 /// Empty for a time that no calendar holds.
 QString dateText(long long msecs)
 {
-    const QDate date = QDateTime::fromMSecsSinceEpoch(msecs).date();
+    const QDate date = utils::localDateTime(msecs).date();
     return date.isValid() ? date.toString(QStringLiteral("yyyyMMdd")) : QString();
 }
 

@@ -222,6 +222,7 @@ TEST_F(FormulaStoreTest, TakesOverTheLockOfAClientThatWasKilledBeforeItPutItsNam
     write(kFile);
     QFile lock(path() + QStringLiteral(".lock"));
     ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+    lock.close(); // the killed client holds it no more
     EXPECT_TRUE(m_store.remove(QStringLiteral("FIRST")).isGood());
 }
 
