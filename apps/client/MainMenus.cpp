@@ -80,6 +80,7 @@ QString MainWindow::skinWords(const QString& name) const
 void MainWindow::buildViewMenu()
 {
     QMenu* menu = titled(menuBar()->addMenu(QString()), [] { return tr("视图(&V)"); });
+    m_viewMenu = menu;
     auto* skins = new QActionGroup(this);
     QMenu* skinMenu = titled(menu->addMenu(QString()), [] { return tr("皮肤"); });
     const QStringList names = TC::embedded::skinNames();

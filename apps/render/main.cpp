@@ -68,10 +68,21 @@ base::Result<void> renderChart(const render::Options& options)
     });
 }
 
-int run(int argc, char** argv)
+/// Pictures need no display.
+void choosePlatform()
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+#ifdef Q_OS_WIN
+    // Without a display Qt asks for the folder of fonts here; on other systems it finds them by itself.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_FONTDIR"))
+        qputenv("QT_QPA_FONTDIR", qgetenv("WINDIR") + "/Fonts");
+#endif
+}
+
+int run(int argc, char** argv)
+{
+    choosePlatform();
     // Standard error carries one line of our own or nothing: remarks of the platform are left out.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     QApplication application(argc, argv); // takes the arguments that are its own

@@ -9,37 +9,20 @@
 #include <ctime>
 #include <optional>
 
+#ifdef _WIN32
+#include "host/utils/WindowsZone.h"
+
+#include <limits>
+#endif
+
 namespace utils {
 
 /// Takes in a zone that was set since the last look-up (environment variable TZ).
 inline void refreshLocalZone()
 {
-#ifdef _WIN32
-    _tzset();
-#else
+#ifndef _WIN32
     tzset();
 #endif
-}
-
-/// The fields that a local calendar and clock show; nothing for a time that the platform cannot convert.
-inline std::optional<std::tm> localParts(std::int64_t seconds)
-{
-    std::tm parts {};
-#ifdef _WIN32
-    // The runtime library knows the years 1970 to 3000 and one rule of the zone for all of them: other times
-    // are moved there by whole eras, after which the calendar repeats.
-    constexpr std::int64_t era = kDaysPerEra * kSecondsPerDay, maxEras = 5'000'000;
-    const std::int64_t eras = floorDiv(seconds - kSecondsPerDay, era);
-    const std::time_t moved = seconds - eras * era;
-    if (eras < -maxEras || eras > maxEras || localtime_s(&parts, &moved) != 0)
-        return std::nullopt;
-    parts.tm_year += static_cast<int>(eras * 400);
-#else
-    const auto time = static_cast<std::time_t>(seconds);
-    if (!localtime_r(&time, &parts))
-        return std::nullopt;
-#endif
-    return parts;
 }
 
 /// The day of a broken-down time.
@@ -49,9 +32,45 @@ inline CivilDate dateOf(const std::tm& parts)
 }
 
 /// Seconds since midnight.
-inline std::int64_t secondOfDay(int hour, int minute, int second)
+constexpr std::int64_t secondOfDay(int hour, int minute, int second)
 {
     return std::int64_t { hour } * 3'600 + std::int64_t { minute } * 60 + second;
+}
+
+#ifdef _WIN32
+
+using windows::utcOffset;
+
+/// The fields that a local calendar and clock show; nothing for a time that the platform cannot convert.
+inline std::optional<std::tm> localParts(std::int64_t seconds)
+{
+    constexpr std::int64_t last = std::numeric_limits<int>::max() * (365 * kSecondsPerDay);
+    const std::optional<std::int64_t> offset = utcOffset(seconds);
+    if (!offset || seconds < -last || seconds > last)
+        return std::nullopt;
+    const std::int64_t shown = seconds + *offset, days = floorDiv(shown, kSecondsPerDay);
+    const auto ofDay = static_cast<int>(shown - days * kSecondsPerDay);
+    const CivilDate date = civilFromDays(days);
+    std::tm parts {};
+    parts.tm_year = static_cast<int>(date.year - 1900);
+    parts.tm_mon = date.month - 1;
+    parts.tm_mday = date.day;
+    parts.tm_wday = weekdayFromDays(days);
+    parts.tm_yday = static_cast<int>(days - daysFromCivil({ date.year, 1, 1 }));
+    parts.tm_hour = ofDay / 3'600;
+    parts.tm_min = ofDay / 60 % 60;
+    parts.tm_sec = ofDay % 60;
+    return parts;
+}
+
+#else
+
+/// The fields that a local calendar and clock show; nothing for a time that the platform cannot convert.
+inline std::optional<std::tm> localParts(std::int64_t seconds)
+{
+    std::tm parts {};
+    const auto time = static_cast<std::time_t>(seconds);
+    return localtime_r(&time, &parts) ? std::optional(parts) : std::nullopt;
 }
 
 /// Seconds by which local time is ahead of UTC at a time.
@@ -64,6 +83,8 @@ inline std::optional<std::int64_t> utcOffset(std::int64_t seconds)
         + secondOfDay(parts->tm_hour, parts->tm_min, parts->tm_sec);
     return shown - seconds;
 }
+
+#endif
 
 /// The time at which local calendar and clock show a date and a time of day; of two such times the first. A
 /// time that they never show is taken as if the clock had not yet been put forward: half past two in the hour

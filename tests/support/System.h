@@ -6,6 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <ctime>
+#include <optional>
+
 namespace test {
 
 /// Whether the system has pipes and devices among its files, permissions of Unix and processes that fork.
@@ -34,9 +38,16 @@ void becomeOneself();
 /// Holds an open file against other programs.
 bool lockFile(int file);
 
-/// Sets the zone of local times; empty for that of the machine. Where the system knows no names of zones:
-/// "UTC" and "Asia/Shanghai" alone, without former summer times.
+/// Lets the edges of glyphs be blended as on other systems, once an application exists: Qt's gamma for texts
+/// on Windows is its own.
+void blendTextsAsElsewhere();
+
+/// Sets the zone of local times; empty for that of the machine.
 void setTimeZone(const QByteArray& name);
+/// Whether the system knows a zone of that name.
+bool isTimeZone(const QByteArray& name);
+/// What the system itself shows as local time, seconds since 1970 UTC; nothing for a time it cannot convert.
+std::optional<std::tm> systemTime(std::int64_t seconds);
 
 } // namespace test
 

@@ -83,10 +83,24 @@ SmallFiles::~SmallFiles()
     std::signal(SIGXFSZ, m_handler);
 }
 
+void blendTextsAsElsewhere() { }
+
 void setTimeZone(const QByteArray& name)
 {
     qputenv("TZ", name);
     ::tzset();
+}
+
+bool isTimeZone(const QByteArray&)
+{
+    return true; // what names no file is a rule, or UTC
+}
+
+std::optional<std::tm> systemTime(std::int64_t seconds)
+{
+    const auto time = static_cast<std::time_t>(seconds);
+    std::tm local {};
+    return localtime_r(&time, &local) ? std::optional(local) : std::nullopt;
 }
 
 } // namespace test

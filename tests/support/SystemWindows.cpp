@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "host/utils/LocalZone.h"
 #include "tests/support/SmallFiles.h"
 #include "tests/support/System.h"
 
-#include <ctime>
+#include <QTimeZone>
+#include <private/qcolortrclut_p.h>
+#include <private/qguiapplication_p.h>
 
 namespace test {
 
@@ -46,11 +49,28 @@ bool lockFile(int)
 SmallFiles::SmallFiles(quint64) { }
 SmallFiles::~SmallFiles() = default;
 
+void blendTextsAsElsewhere()
+{
+    QGuiApplicationPrivate* application = QGuiApplicationPrivate::instance();
+    // The first is 2.31 on Windows alone, and elsewhere the same as the second.
+    const auto gamma = const_cast<QColorTrcLut*>(application->colorProfileForA8Text());
+    *gamma = *application->colorProfileForA32Text();
+}
+
 void setTimeZone(const QByteArray& name)
 {
-    // The C library reads three letters and the hours by which the zone is behind.
-    qputenv("TZ", name == "Asia/Shanghai" ? "CST-8" : name == "UTC" ? "UTC0" : name);
-    _tzset();
+    qputenv("TZ", name);
+}
+
+bool isTimeZone(const QByteArray& name)
+{
+    return QTimeZone(name).isValid();
+}
+
+// The C library knows neither names of zones nor times before 1970, and Windows few former rules.
+std::optional<std::tm> systemTime(std::int64_t seconds)
+{
+    return utils::localParts(seconds);
 }
 
 } // namespace test

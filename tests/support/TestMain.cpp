@@ -41,6 +41,7 @@ int main(int argc, char** argv)
     qputenv("INDICATORUI_HOME", home.path().toUtf8());
 
     QApplication application(argc, argv);
+    test::blendTextsAsElsewhere();
     QApplication::setFont(test::font(12));
     testing::UnitTest::GetInstance()->listeners().Append(new FreshHost);
     return RUN_ALL_TESTS();

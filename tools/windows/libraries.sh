@@ -15,7 +15,8 @@ build_pcre2() {
 # Glyphs and their places come from the same sources as on Linux: texts have the same pixels.
 build_freetype() {
     source_of freetype
-    cross_build . "${STATIC[@]}" -DFT_DISABLE_HARFBUZZ=ON -DFT_DISABLE_BROTLI=ON -DFT_DISABLE_BZIP2=ON
+    cross_build . "${STATIC[@]}" -DFT_DISABLE_HARFBUZZ=ON -DFT_DISABLE_BROTLI=ON -DFT_DISABLE_BZIP2=ON \
+        -DFT_DISABLE_PNG=ON # coloured glyphs alone; Qt links FreeType without it
 }
 build_harfbuzz() {
     source_of harfbuzz
@@ -43,7 +44,8 @@ build_libzip() {
     source_of libzip
     cross_build . "${STATIC[@]}" -DBUILD_DOC=OFF -DBUILD_EXAMPLES=OFF -DBUILD_REGRESS=OFF -DBUILD_TOOLS=OFF \
         -DENABLE_BZIP2=OFF -DENABLE_LZMA=OFF -DENABLE_ZSTD=OFF -DENABLE_OPENSSL=OFF -DENABLE_GNUTLS=OFF \
-        -DENABLE_MBEDTLS=OFF
+        -DENABLE_MBEDTLS=OFF -DENABLE_WINDOWS_CRYPTO=OFF
+    sed -i 's/^Libs:.*/& -lz/' "$PREFIX/lib/pkgconfig/libzip.pc" # what a static library rests on is named there
 }
 
 build_xlsxwriter() { source_of libxlsxwriter; cross_build . "${STATIC[@]}" -DUSE_SYSTEM_MINIZIP=OFF; }
@@ -59,5 +61,8 @@ build_boost_headers() { cp -rT /usr/include/boost "$PREFIX/include/boost"; }
 # Panels of the client.
 build_docking() {
     tarball_of qt-advanced-docking-system
-    cross_build . -DBUILD_EXAMPLES=OFF -DQT_VERSION_MAJOR=5 -DADS_VERSION=3.8.3
+    cross_build . -DBUILD_EXAMPLES=OFF -DQT_VERSION_MAJOR=5 -DADS_VERSION=3.8.3 \
+        -DCMAKE_SHARED_LINKER_FLAGS=-Wl,--export-all-symbols # the cross of drop places is not marked for export
+    mkdir -p "$PREFIX/include/qtadvanceddocking" # where Debian's package has its headers
+    cp src/*.h "$PREFIX/include/qtadvanceddocking"
 }

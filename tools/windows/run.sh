@@ -6,4 +6,4 @@ folder=$(cd "$(dirname "$1")" && pwd)
 WINEPATH=$(windows_path "$folder" "$PREFIX/bin" "$PREFIX/lib" "${RUNTIME[@]}")
 QT_PLUGIN_PATH=$(windows_path "$PREFIX/plugins")
 export WINEPATH QT_PLUGIN_PATH
-exec "$WINE" "$@"
+run_wine "$@"

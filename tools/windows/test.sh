@@ -7,6 +7,9 @@ build=$(cd "$1" && pwd)
 shift
 failed=0
 export QT_QPA_PLATFORM=offscreen
+# The bold letters of the pictures are those of the machine, as on Linux.
+QT_QPA_FONTDIR=$(linux_fonts)
+export QT_QPA_FONTDIR
 for kind in unit trace golden property; do
     "$TOOLS/run.sh" "$build/bin/${kind}_tests.exe" --gtest_brief=1 --gtest_output="json:$(windows_path "$build/$kind.json")" \
         "$@" || failed=1

@@ -16,4 +16,16 @@ windows_path() {
     printf '%s' "${path%;}"
 }
 
+# The folder of the fonts with Chinese letters that pictures are drawn with on this machine.
+linux_fonts() { windows_path "$(dirname "$(fc-match --format '%{file}' 'Noto Sans CJK SC:bold')")"; }
+
+# Wine keeps variables that begin with QT_ to itself, unless their names begin with WINE.
+run_wine() {
+    local name
+    for name in ${!QT_@}; do
+        export "WINE$name=${!name}"
+    done
+    "$WINE" "$@"
+}
+
 [ -d "$WINEPREFIX/drive_c/windows" ] || "$WINE" wineboot -i >/dev/null 2>&1

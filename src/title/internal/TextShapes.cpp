@@ -7,6 +7,7 @@
 #include <QPaintEngine>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <vector>
@@ -76,6 +77,17 @@ QPointF cornerOf(const TextShape& shape, const QRect& place, int alignment)
                    cut(place.y() + ((alignment & Qt::AlignVCenter) != 0 ? roomBelow / 2 : 0.0)));
 }
 
+/// Whether glyphs from a corner on stand right of and on or below either origin: beyond, places are rounded
+/// the other way.
+bool isRoundedDown(const QPointF& corner, const QList<QGlyphRun>& runs)
+{
+    return corner.x() >= 0.0 && std::all_of(runs.begin(), runs.end(), [&](const QGlyphRun& run) {
+               const QVector<QPointF> positions = run.positions();
+               return std::all_of(positions.begin(), positions.end(),
+                                  [&](const QPointF& position) { return corner.y() + position.y() >= 0.0; });
+           });
+}
+
 /// Paints a text glyph by glyph where that is certain to be the same; answers whether it was.
 bool paintGlyphs(QPainter* painter, const QRect& place, int alignment, const QString& text, const QFont& font)
 {
@@ -120,9 +132,9 @@ bool inkStaysIn(const QRect& room, const QPainter& painter, const QRect& place, 
         return false;
     const QPointF corner = cornerOf(shape, place, alignment);
     if (shape.pixels && keepsPixels(painter, font) && painter.deviceTransform().isIdentity()
-        && corner.x() >= 0.0 && corner.y() >= 0.0) {
+        && isRoundedDown(corner, shape.runs)) {
         // The pixels move with the whole pixel that the corner stands in.
-        const QPoint pixel(static_cast<int>(corner.x()), static_cast<int>(corner.y()));
+        const QPoint pixel(static_cast<int>(corner.x()), static_cast<int>(std::floor(corner.y())));
         return shape.pixels->isEmpty() || room.contains(shape.pixels->translated(pixel));
     }
     constexpr qreal rasterized = 1.0; // pixels by which hinting and whole pixels may widen an outline

@@ -5,6 +5,7 @@
 #include "engine/Formulas.h"
 #include "engine/evaluation/FormulaEvaluation.h"
 #include "tests/support/Seeds.h"
+#include "tests/support/System.h"
 
 #include <gtest/gtest.h>
 
@@ -228,8 +229,7 @@ double wilderStop(const BarSeries& bars, std::size_t until, int start, double st
 
 std::tm localTime(const BarSeries& bars, std::size_t bar)
 {
-    const auto seconds = static_cast<std::time_t>(bars.timeMs[bar] / 1000);
-    return *std::localtime(&seconds);
+    return *test::systemTime(bars.timeMs[bar] / 1000);
 }
 
 Plain ofTime(int (*part)(const std::tm&))

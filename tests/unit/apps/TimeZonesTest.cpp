@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 /// @file Sound files are drawn whatever the local clock does on their days, in every zone.
 
+#include <QDateTime>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-
-#include <ctime>
 
 namespace {
 
@@ -36,18 +35,12 @@ constexpr ClockChange kChanges[] = {
 /// @param minutes  between two bars.
 QByteArray barsOf(const char* from, int minutes)
 {
-    std::tm day {};
-    strptime(from, "%Y-%m-%d", &day);
     QByteArray text = "date,time,open,high,low,close,volume\n";
-    const std::time_t start = timegm(&day); // on a clock that never changes
-    for (int bar = 0; bar < 3 * 1440 / minutes; ++bar) {
-        const std::time_t time = start + std::time_t { 60 } * minutes * bar;
-        std::tm shown {};
-        gmtime_r(&time, &shown);
-        char row[64];
-        std::strftime(row, sizeof row, "%Y-%m-%d,%H:%M,1,2,1,2,5\n", &shown);
-        text += row;
-    }
+    // On a clock that never changes.
+    const QDateTime start(QDate::fromString(QString::fromLatin1(from), Qt::ISODate), QTime(0, 0), Qt::UTC);
+    for (int bar = 0; bar < 3 * 1440 / minutes; ++bar)
+        text += start.addSecs(60 * minutes * bar).toString(QStringLiteral("yyyy-MM-dd,HH:mm")).toLatin1()
+            + ",1,2,1,2,5\n";
     return text;
 }
 

@@ -4,6 +4,7 @@
 #include "apps/chart/ChartMeasures.h"
 #include "apps/client/PanelIds.h"
 #include "apps/client/chart/TickView.h"
+#include "apps/client/lists/MessageList.h"
 #include "tests/widget/client/ClientWindow.h"
 
 #include <QMenu>
@@ -135,4 +136,86 @@ TEST_F(ClientWindow, LeadsTheTabKeyToEveryFieldAndButtonThatIsShown)
         EXPECT_TRUE(isReached(widget, chart())) << widget->metaObject()->className();
     }
     EXPECT_GT(asked, 3);
+}
+
+namespace {
+
+/// Of the offscreen platform alone, where a window is active when it says so.
+class VisibleFocus : public ClientWindow
+{
+protected:
+    void SetUp() override
+    {
+        if (QGuiApplication::platformName() != QLatin1String("offscreen"))
+            GTEST_SKIP();
+        openShare();
+    }
+
+    /// Pixels along the widget's upper edge that tell whether it has the keyboard.
+    static int toldBy(QWidget* widget)
+    {
+        widget->window()->activateWindow();
+        widget->setFocus(Qt::TabFocusReason);
+        EXPECT_TRUE(QTest::qWaitFor([widget] { return widget->hasFocus(); }));
+        const QImage with = widget->grab().toImage();
+        widget->clearFocus();
+        const QImage without = widget->grab().toImage();
+        int told = 0;
+        for (int x = 0; x < with.width(); ++x)
+            told +=
+                with.pixel(x, 0) != without.pixel(x, 0) || with.pixel(x, 1) != without.pixel(x, 1) ? 1 : 0;
+        return told;
+    }
+
+    /// Those that are worked by keys and stand open now.
+    static QList<QWidget*> worked()
+    {
+        QList<QWidget*> found;
+        const QWidgetList all = QApplication::allWidgets();
+        for (QWidget* widget : all) {
+            const bool isWorked = widget->inherits("QLineEdit") || widget->inherits("QAbstractItemView")
+                || widget->inherits("QPlainTextEdit");
+            if (isWorked && widget->isVisible() && !widget->inherits("QHeaderView")
+                && (widget->focusPolicy() & Qt::TabFocus))
+                found << widget;
+        }
+        return found;
+    }
+};
+
+} // namespace
+
+TEST_F(VisibleFocus, FramesEachFieldListTableAndTextInEverySkin)
+{
+    entry(QStringLiteral("快捷键…"))->trigger();
+    const QStringList skins = TC::embedded::skinNames();
+    int asked = 0;
+    for (const QString& skin : skins) {
+        m_window->chooseSkin(skin);
+        for (const QString& panel : { client::kBasketPanel, client::kQuotePanel }) {
+            m_window->docks()->dock(panel)->setAsCurrentTab();
+            for (QWidget* widget : worked()) {
+                ++asked;
+                EXPECT_GT(toldBy(widget), widget->width() * 3 / 4)
+                    << widget->metaObject()->className() << ' ' << widget->accessibleName().toStdString();
+            }
+        }
+    }
+    EXPECT_GT(asked, 30);
+    m_window->chooseSkin(skins.front());
+}
+
+TEST_F(VisibleFocus, LeavesNoFrameBehindAndFollowsASizeThatChanges)
+{
+    auto* list = m_window->findChild<client::MessageList*>();
+    list->setFocus();
+    const auto frameOf = [](const QWidget* area) {
+        return area->findChild<QWidget*>(QStringLiteral("focusFrame"), Qt::FindDirectChildrenOnly);
+    };
+    ASSERT_NE(frameOf(list), nullptr);
+    EXPECT_EQ(frameOf(list)->size(), list->size());
+    list->resize(list->size() - QSize(20, 10));
+    EXPECT_EQ(frameOf(list)->size(), list->size());
+    chart()->setFocus();
+    EXPECT_EQ(frameOf(list), nullptr);
 }
