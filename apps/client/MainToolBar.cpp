@@ -106,7 +106,7 @@ void MainWindow::showShortcuts()
 void MainWindow::goToPanel(int step)
 {
     QList<ads::CDockWidget*> open;
-    for (const QString& id : kPanels) {
+    for (const QString& id : panelIds()) {
         ads::CDockWidget* dock = m_docks.dock(id);
         if (dock && !dock->isClosed())
             open << dock;

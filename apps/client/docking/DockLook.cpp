@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QMainWindow>
 #include <QPointer>
+#include <QSplitter>
 #include <QTimer>
 #include <QWindow>
 
@@ -66,6 +67,16 @@ void simplifyHeader(ads::CDockWidget* dock)
     // The docking system shows and hides the button as tabs change, so it is made too small to be seen.
     if (auto* button = dock->tabWidget()->findChild<QAbstractButton*>(QStringLiteral("tabCloseButton")))
         button->setFixedSize(0, 0);
+}
+
+/// The library knows the splitters of a dock's own area alone, not the one between columns.
+void setColumnWidths(ads::CDockManager* manager, const QList<ads::CDockWidget*>&, const QList<int>& widths)
+{
+    const auto splitters = manager->findChildren<QSplitter*>();
+    for (QSplitter* splitter : splitters) {
+        if (splitter->orientation() == Qt::Horizontal && splitter->count() == widths.size())
+            splitter->setSizes(widths);
+    }
 }
 
 QList<QWidget*> floatingWindows(const ads::CDockManager* manager)

@@ -16,13 +16,13 @@ namespace {
 
 constexpr int kLongestWaitMs = 2000; // for another client's change
 
-const QString kFormulas = QStringLiteral("formulas");
-const QString kName = QStringLiteral("name");
-const QString kDisplayName = QStringLiteral("displayName");
-const QString kBase = QStringLiteral("base");
-const QString kSource = QStringLiteral("source");
-const QString kParameters = QStringLiteral("parameters");
-const QString kDraft = QStringLiteral("draft");
+constexpr QLatin1String kFormulas("formulas");
+constexpr QLatin1String kName("name");
+constexpr QLatin1String kDisplayName("displayName");
+constexpr QLatin1String kBase("base");
+constexpr QLatin1String kSource("source");
+constexpr QLatin1String kParameters("parameters");
+constexpr QLatin1String kDraft("draft");
 
 QString nameOf(const QJsonValue& entry)
 {
@@ -60,7 +60,7 @@ QString freeNameIn(const QJsonArray& entries, const QString& word)
     return name;
 }
 
-void setOrRemove(QJsonObject& entry, const QString& key, const QString& text)
+void setOrRemove(QJsonObject& entry, QLatin1String key, const QString& text)
 {
     if (text.isEmpty())
         entry.remove(key);

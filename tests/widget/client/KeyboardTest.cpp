@@ -79,22 +79,22 @@ TEST_F(ClientWindow, GoesThroughTheOpenPanelsByF6AndBack)
     chart()->setFocus();
     QStringList visited;
     const auto current = [this]() -> QString {
-        for (const QString& id : client::kPanels) {
+        for (const QString& id : client::panelIds()) {
             const ads::CDockWidget* dock = m_window->docks()->dock(id);
             if (QApplication::focusWidget() && dock->isAncestorOf(QApplication::focusWidget()))
                 return id;
         }
         return QString();
     };
-    for (int step = 0; step < client::kPanels.size(); ++step) {
+    for (int step = 0; step < client::panelIds().size(); ++step) {
         entry(QStringLiteral("下一面板"))->trigger();
         visited << current();
     }
-    QStringList wanted = client::kPanels;
+    QStringList wanted = client::panelIds();
     wanted << wanted.takeFirst();
     EXPECT_EQ(visited, wanted);
     entry(QStringLiteral("上一面板"))->trigger();
-    EXPECT_EQ(current(), client::kPanels.back());
+    EXPECT_EQ(current(), client::panelIds().back());
 }
 
 TEST_F(ClientWindow, OpensTheMenusOfAllPanesByTheMenuKey)
