@@ -188,6 +188,7 @@ QStringList Hand::toolEvent()
         { "copy of the picture", [&] { return keys(QStringLiteral("ctrl+shift+c")); } },
         { "print preview",
           [&] { return keys(QStringLiteral("ctrl+p")) + pause() + keys(QStringLiteral("Escape")); } },
+        { "end", [&] { return keys(QStringLiteral("Escape Escape Escape ctrl+q")) + pause(); } },
         { "keys",
           [&] {
               return opened(keys(QStringLiteral("F1")), QStringLiteral("ctrl"))

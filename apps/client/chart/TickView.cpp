@@ -71,7 +71,7 @@ TickView::TickView(QWidget* parent)
     auto* layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(m_rule);
+    layout->addWidget(m_rule, 0, Qt::AlignLeft);
     m_prices = makePane(true);
     m_volumes = makePane(false);
     layout->addWidget(m_prices.title);
