@@ -9,6 +9,9 @@
 #include <sys/stat.h>
 #ifdef _WIN32
 #include <QString>
+
+#include <windows.h>
+
 #include <io.h>
 #else
 #include <unistd.h>
@@ -25,7 +28,13 @@ constexpr int kFolder = _S_IFDIR, kOrdinary = _S_IFREG, kKinds = _S_IFMT;
 
 int openFile(const std::string& path)
 {
-    return ::_wopen(QString::fromStdString(path).toStdWString().c_str(), _O_RDONLY | _O_BINARY);
+    const std::wstring name = QString::fromStdString(path).toStdWString();
+    const int file = ::_wopen(name.c_str(), _O_RDONLY | _O_BINARY);
+    State state = {};
+    if (file < 0 && errno == EACCES && ::_wstat64(name.c_str(), &state) == 0
+        && (state.st_mode & kKinds) == kFolder)
+        errno = EISDIR;
+    return file;
 }
 int stateOf(int file, State& state)
 {
@@ -37,7 +46,12 @@ int closeFile(int file)
 }
 std::int64_t readFile(int file, char* bytes, unsigned count)
 {
-    return ::_read(file, bytes, count);
+    // Not the C library's call: some remember the end of a file and do not see it grow.
+    DWORD got = 0;
+    if (::ReadFile(reinterpret_cast<HANDLE>(::_get_osfhandle(file)), bytes, count, &got, nullptr))
+        return got;
+    errno = EIO;
+    return -1;
 }
 bool seekFile(int file, std::int64_t offset)
 {

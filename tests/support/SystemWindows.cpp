@@ -7,6 +7,8 @@
 #include <private/qcolortrclut_p.h>
 #include <private/qguiapplication_p.h>
 
+#include <ctime>
+
 namespace test {
 
 bool makePipe(const QString&)
@@ -59,7 +61,13 @@ void blendTextsAsElsewhere()
 
 void setTimeZone(const QByteArray& name)
 {
-    qputenv("TZ", name);
+    // The C library misreads names of zones, and Qt goes by it: the variable is left out where it may be.
+    const QByteArray machine = QTimeZone::ianaIdToWindowsId(QTimeZone::systemTimeZoneId());
+    if (name.isEmpty() || QTimeZone::ianaIdToWindowsId(name) == machine)
+        qunsetenv("TZ");
+    else
+        qputenv("TZ", name);
+    _tzset();
 }
 
 bool isTimeZone(const QByteArray& name)

@@ -19,12 +19,14 @@ def on_linux(program):
 def main():
     results, programs = sys.argv[1:]
     for kind in ("unit", "trace", "golden", "property"):
-        path = os.path.join(results, kind + ".json")
-        if not os.path.exists(path):
-            print(f"{kind}: no results, the program did not end by itself")
-            continue
-        with open(path, encoding="utf-8") as file:
-            suites = json.load(file)["testsuites"]
+        suites = []
+        for half in (0, 1):
+            path = os.path.join(results, f"{kind}.{half}.json")
+            if not os.path.exists(path):
+                print(f"{kind}: half {half} has no results, the program did not end by itself")
+                continue
+            with open(path, encoding="utf-8") as file:
+                suites += json.load(file)["testsuites"]
         tests = [(f'{suite["name"]}.{test["name"]}', test) for suite in suites for test in suite["testsuite"]]
         run = [(name, test) for name, test in tests if test["status"] == "RUN"]
         failed = [name for name, test in run if "failures" in test]
