@@ -205,6 +205,25 @@ TEST_F(VisibleFocus, FramesEachFieldListTableAndTextInEverySkin)
     m_window->chooseSkin(skins.front());
 }
 
+TEST_F(VisibleFocus, FramesTheChartAndTheTickPageOnAllSides)
+{
+    ASSERT_TRUE(m_window->openTicks(sample("ticks/VALE3-2025-04-07.csv")).isGood());
+    const std::pair<QString, QWidget*> pages[] = { { client::kChartPanel, chart() },
+                                                   { client::kTickPanel, m_window->ticks() } };
+    for (const auto& [panel, page] : pages) {
+        m_window->docks()->dock(panel)->setAsCurrentTab();
+        m_window->activateWindow();
+        page->setFocus();
+        ASSERT_TRUE(QTest::qWaitFor([page = page] { return page->hasFocus(); }));
+        const QImage image = page->grab().toImage();
+        const QRgb frame = page->palette().color(QPalette::Highlight).rgb();
+        for (const QPoint& place :
+             { QPoint(image.width() / 2, 0), QPoint(image.width() / 2, image.height() - 1),
+               QPoint(0, image.height() / 2), QPoint(image.width() - 1, image.height() / 2) })
+            EXPECT_EQ(image.pixelColor(place).rgb(), frame) << place.x() << ' ' << place.y();
+    }
+}
+
 TEST_F(VisibleFocus, LeavesNoFrameBehindAndFollowsASizeThatChanges)
 {
     auto* list = m_window->findChild<client::MessageList*>();
