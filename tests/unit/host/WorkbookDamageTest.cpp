@@ -34,13 +34,10 @@ protected:
         EXPECT_LT(timer.elapsed(), 20'000);
         return lastWorkbookReport().outcome;
     }
-    WorkbookOutcome outcomeOf(const Parts& parts)
-    {
-        return outcomeOf(test::writeParts(m_folder.filePath(QStringLiteral("a.xlsx")), parts));
-    }
+    WorkbookOutcome outcomeOf(const Parts& parts) { return outcomeOf(test::writeParts(newFile(), parts)); }
     WorkbookOutcome outcomeOf(const QByteArray& bytes)
     {
-        return outcomeOf(test::writeFile(m_folder.filePath(QStringLiteral("a.xlsx")), bytes));
+        return outcomeOf(test::writeFile(newFile(), bytes));
     }
     /// Read, with the word that something may be missing.
     void expectTold(const Parts& parts, const char* sheet)
@@ -50,7 +47,11 @@ protected:
         EXPECT_TRUE(lastWorkbookReport().mayBeIncomplete);
     }
 
+    /// Never one that a program may still hold.
+    QString newFile() { return m_folder.filePath(QString::number(++m_files) + QStringLiteral(".xlsx")); }
+
     QTemporaryDir m_folder;
+    int m_files = 0;
     WB::CExcelReader m_reader;
 };
 
