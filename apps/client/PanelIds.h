@@ -7,13 +7,13 @@
 
 namespace client {
 
-inline constexpr QLatin1String kChartPanel("indexMainPanel");
-inline constexpr QLatin1String kTickPanel("transactionPanel");
-inline constexpr QLatin1String kBasketPanel("tradeBaskets");
-inline constexpr QLatin1String kInstrumentPanel("productBaseInfo");
-inline constexpr QLatin1String kQuotePanel("quoteList");
-inline constexpr QLatin1String kFormulaPanel("F7index");
-inline constexpr QLatin1String kMessagePanel("messagePanel");
+inline const QLatin1String kChartPanel("indexMainPanel");
+inline const QLatin1String kTickPanel("transactionPanel");
+inline const QLatin1String kBasketPanel("tradeBaskets");
+inline const QLatin1String kInstrumentPanel("productBaseInfo");
+inline const QLatin1String kQuotePanel("quoteList");
+inline const QLatin1String kFormulaPanel("F7index");
+inline const QLatin1String kMessagePanel("messagePanel");
 
 /// In the order in which menu and keys go through them.
 inline const QStringList& panelIds()
