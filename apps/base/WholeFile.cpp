@@ -13,7 +13,7 @@ namespace base {
 
 namespace {
 
-constexpr QLatin1String kUnfinished(".indicatorui-"); // beginning of names of files in the making
+const QLatin1String kUnfinished(".indicatorui-"); // beginning of names of files in the making
 
 } // namespace
 

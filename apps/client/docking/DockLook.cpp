@@ -91,9 +91,11 @@ QList<QWidget*> floatingWindows(const ads::CDockManager* manager)
 DropMarkMask::DropMarkMask(ads::CDockManager* manager)
     : QObject(manager)
 {
-    for (ads::CDockOverlay* overlay : manager->findChildren<ads::CDockOverlay*>())
+    const auto overlays = manager->findChildren<ads::CDockOverlay*>();
+    for (ads::CDockOverlay* overlay : overlays)
         overlay->installEventFilter(this);
-    for (ads::CDockOverlayCross* cross : manager->findChildren<ads::CDockOverlayCross*>())
+    const auto crosses = manager->findChildren<ads::CDockOverlayCross*>();
+    for (ads::CDockOverlayCross* cross : crosses)
         cross->installEventFilter(this);
 }
 

@@ -17,8 +17,8 @@ namespace {
 constexpr std::size_t kBarsShown = 120;
 constexpr std::size_t kBarsComputed = 500; // so that slow averages have settled where they are shown
 
-constexpr QLatin1String kCandles("KLINE");
-constexpr QLatin1String kOwn("preview");
+const QLatin1String kCandles("KLINE");
+const QLatin1String kOwn("preview");
 
 template <typename T>
 std::vector<T> tailOf(const std::vector<T>& all, std::size_t count)

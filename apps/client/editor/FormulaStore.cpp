@@ -16,13 +16,13 @@ namespace {
 
 constexpr int kLongestWaitMs = 2000; // for another client's change
 
-constexpr QLatin1String kFormulas("formulas");
-constexpr QLatin1String kName("name");
-constexpr QLatin1String kDisplayName("displayName");
-constexpr QLatin1String kBase("base");
-constexpr QLatin1String kSource("source");
-constexpr QLatin1String kParameters("parameters");
-constexpr QLatin1String kDraft("draft");
+const QLatin1String kFormulas("formulas");
+const QLatin1String kName("name");
+const QLatin1String kDisplayName("displayName");
+const QLatin1String kBase("base");
+const QLatin1String kSource("source");
+const QLatin1String kParameters("parameters");
+const QLatin1String kDraft("draft");
 
 QString nameOf(const QJsonValue& entry)
 {

@@ -18,9 +18,9 @@ namespace client {
 
 namespace {
 
-constexpr QLatin1String kFormulas("formulas");
-constexpr QLatin1String kScripts("scripts");
-constexpr QLatin1String kChecksum("sha256");
+const QLatin1String kFormulas("formulas");
+const QLatin1String kScripts("scripts");
+const QLatin1String kChecksum("sha256");
 
 QString checksum(const QJsonObject& files)
 {

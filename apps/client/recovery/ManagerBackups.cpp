@@ -17,9 +17,9 @@ using Recovery = utils::CSingletonT<TC::CRecoveryVersionManager>;
 
 constexpr int kListedAtMost = 10; // from here on each backup discards the oldest version
 
-constexpr QLatin1String kFormulas("configFormula");
-constexpr QLatin1String kScripts("lua");
-constexpr QLatin1String kTimeFormat("yyyy-MM-dd hh#mm#ss");
+const QLatin1String kFormulas("configFormula");
+const QLatin1String kScripts("lua");
+const QLatin1String kTimeFormat("yyyy-MM-dd hh#mm#ss");
 
 QString pathOf(const QString& name)
 {

@@ -192,7 +192,7 @@ TEST_F(VisibleFocus, FramesEachFieldListTableAndTextInEverySkin)
     int asked = 0;
     for (const QString& skin : skins) {
         m_window->chooseSkin(skin);
-        for (const QString panel : { client::kBasketPanel, client::kQuotePanel }) {
+        for (const QLatin1String panel : { client::kBasketPanel, client::kQuotePanel }) {
             m_window->docks()->dock(panel)->setAsCurrentTab();
             for (QWidget* widget : worked()) {
                 ++asked;
