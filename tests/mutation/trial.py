@@ -48,10 +48,12 @@ class Build:
             names.update(re.findall(r"^(?:TYPED_)?TEST(?:_[FP])?\((\w+),", source.read_text(), re.M))
         return ":".join(f"{name}.*:*/{name}.*:{name}/*" for name in sorted(names))
 
-    def measure(self):
-        """How long a processor works for each program over each folder on the library as it is."""
+    def measure(self, mutated):
+        """How long a processor works for each program over each folder that watches a mutated one, on the library as
+        it is."""
+        watching = {*mutated, *(user for folder in mutated for user in USERS[folder])}
         for (kind, folder), suites in self.suites.items():
-            if not suites:
+            if not suites or folder not in watching:
                 continue
             started = seconds_of_children()
             if not passes([str(self.folder / f"bin/{kind}_tests")], suites, {}, 600):

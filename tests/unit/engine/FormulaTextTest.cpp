@@ -241,7 +241,9 @@ TEST(FormulaText, ReadsHanLettersOfEveryBlock)
     for (const char* letter : { "\u4e00", "\u9fff", "\u3400", "\u4dbf", "\U00020000", "\U0003fffd", "\uf900",
                                 "\ufaff", "\u3005", "\u3007" }) {
         const std::string name = std::string("A") + letter;
-        EXPECT_EQ(faultsOf(name + ":=C; X:" + name + ";"), std::vector<std::string> {}) << name;
+        std::string text = name;
+        text.append(":=C; X:").append(name).append(";");
+        EXPECT_EQ(faultsOf(text), std::vector<std::string> {}) << name;
     }
     for (const char* other : { "\u4dc0", "\u33ff", "\u3004", "\u3008", "\ufb00", "\U0001f600" })
         EXPECT_FALSE(faultsOf(std::string("X:") + other + ";").empty()) << other;
