@@ -40,6 +40,18 @@ function(compile_for_this_system sources)
     endif()
 endfunction()
 
+# The coverage preset compiles without exceptions, so that no clean-up behind one counts as a branch.
+if(INDICATORUI_WITHOUT_EXCEPTIONS)
+    target_sources(indicatorui_options INTERFACE ${PROJECT_SOURCE_DIR}/tests/coverage/WithoutExceptions.cpp)
+endif()
+
+# Sources that throw or catch are compiled with exceptions in any case.
+function(compile_with_exceptions)
+    if(NOT MSVC)
+        set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS -fexceptions)
+    endif()
+endfunction()
+
 # Every source below the current folder has its line in the list of a target: a forgotten file stops the
 # configuration instead of staying out of the build (or a test out of the run) without a word. So has a header
 # of Qt objects that is not named as its source: the scanner of Qt objects finds only those by itself.

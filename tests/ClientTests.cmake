@@ -35,11 +35,13 @@ if(XVFB_RUN AND XDOTOOL AND WINDOW_MANAGER AND NOT INDICATORUI_PLAIN_DOCKS)
     add_test(NAME client_by_mouse COMMAND ${XVFB_RUN} -a -s "-screen 0 1920x1300x24" $<TARGET_FILE:driven_tests>)
     set_tests_properties(client_by_mouse PROPERTIES LABELS widget TIMEOUT 300 ENVIRONMENT QT_QPA_PLATFORM=xcb)
 
-    # A hand that does anything, for as long as it is told: ./dev check --soak.
-    add_executable(soak soak/Soak.cpp)
+    # A hand that does anything, as often as it is told: ./dev check --soak.
+    add_executable(soak soak/Hand.cpp soak/Soak.cpp)
     add_dependencies(soak indicatorui-client)
-    target_compile_definitions(soak PRIVATE CLIENT_PROGRAM="$<TARGET_FILE:indicatorui-client>"
-                                            XDOTOOL="${XDOTOOL}" SAMPLES_DIR="${PROJECT_SOURCE_DIR}/samples")
+    target_include_directories(soak PRIVATE ${PROJECT_SOURCE_DIR})
+    target_compile_definitions(soak PRIVATE
+        CLIENT_PROGRAM="$<TARGET_FILE:indicatorui-client>" XDOTOOL="${XDOTOOL}" WINDOW_MANAGER="${WINDOW_MANAGER}"
+        SAMPLES_DIR="${PROJECT_SOURCE_DIR}/samples")
     target_link_libraries(soak PRIVATE ${QT}::Core indicatorui_options)
 endif()
 

@@ -13,7 +13,7 @@ namespace base {
 
 namespace {
 
-const QString kUnfinished = QStringLiteral(".indicatorui-"); // beginning of names of files in the making
+const QLatin1String kUnfinished(".indicatorui-"); // beginning of names of files in the making
 
 } // namespace
 
@@ -100,7 +100,7 @@ void removeUnfinishedFiles(const QString& folder)
 {
     QDir inside(folder);
     const QStringList names =
-        inside.entryList({ kUnfinished + QStringLiteral("??????") }, QDir::Files | QDir::Hidden);
+        inside.entryList({ QString(kUnfinished) + QStringLiteral("??????") }, QDir::Files | QDir::Hidden);
     for (const QString& name : names)
         inside.remove(name);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/client/ApplicationLook.h"
 
+#include "apps/client/chart/FocusFrame.h"
 #include "draw/CDrawStyle.h"
 #include "host/WB/SkinLookup.h"
 
@@ -15,11 +16,14 @@ namespace client {
 
 namespace {
 
-/// Menus with a frame: over a chart their own ground alone would not tell where they end.
-class FramedMenus : public QProxyStyle
+constexpr int kFieldsOutline = 90; ///< opacity, of 255: there are many fields
+
+/// Fusion with an outline around what its own shades leave without one on a dark ground: menus over a chart,
+/// fields and boxes to check. What shows a menu points down at it from the middle of its height.
+class OutlinedLook : public QProxyStyle
 {
 public:
-    FramedMenus()
+    OutlinedLook()
         : QProxyStyle(QStringLiteral("Fusion"))
     {
     }
@@ -33,11 +37,30 @@ public:
                        const QWidget* widget) const override
     {
         if (element != PE_FrameMenu)
-            return QProxyStyle::drawPrimitive(element, option, painter, widget);
-        painter->save();
-        painter->setPen(option->palette.color(QPalette::Disabled, QPalette::Text));
-        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
-        painter->restore();
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+        QColor color = option->palette.color(QPalette::Disabled, QPalette::Text);
+        const bool isFocused = option->state & State_HasFocus; // Fusion shows that itself
+        if (element == PE_FrameLineEdit && !isFocused)
+            color.setAlpha(kFieldsOutline);
+        else if (element != PE_FrameMenu && element != PE_IndicatorCheckBox)
+            return;
+        paintFrame(*painter, option->rect, color);
+    }
+
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override
+    {
+        const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+        if (control != CC_ToolButton || !button || !(button->features & QStyleOptionToolButton::HasMenu))
+            return QProxyStyle::drawComplexControl(control, option, painter, widget);
+        QStyleOptionToolButton plain(*button);
+        plain.features &= ~QStyleOptionToolButton::HasMenu;
+        QProxyStyle::drawComplexControl(control, &plain, painter, widget);
+        constexpr int arrow = 8, margin = 4; // pixels
+        QStyleOption mark(*option);
+        mark.rect = QRect(option->rect.right() - margin - arrow, option->rect.center().y() - arrow / 2 + 1,
+                          arrow, arrow);
+        QProxyStyle::drawPrimitive(PE_IndicatorArrowDown, &mark, painter, widget);
     }
 };
 
@@ -60,7 +83,7 @@ ApplicationLook::ApplicationLook()
 {
     // The docks' style sheet would keep palettes from reaching the widgets inside.
     QApplication::setAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles);
-    QApplication::setStyle(new FramedMenus);
+    QApplication::setStyle(new OutlinedLook);
     ApplicationLook::uiResourceChanged();
 }
 

@@ -63,7 +63,7 @@ void MainWindow::buildFileMenu()
 
 void MainWindow::pasteIntoRaised()
 {
-    if (m_basket->isVisible())
+    if (!m_basket->visibleRegion().isEmpty()) // a covered dock of Qt's own counts as visible
         m_basket->slotPaste();
     else
         slotShowMessage(tr("先把“篮子管理”面板放到前面，再粘贴股票列表"));
@@ -80,6 +80,7 @@ QString MainWindow::skinWords(const QString& name) const
 void MainWindow::buildViewMenu()
 {
     QMenu* menu = titled(menuBar()->addMenu(QString()), [] { return tr("视图(&V)"); });
+    m_viewMenu = menu;
     auto* skins = new QActionGroup(this);
     QMenu* skinMenu = titled(menu->addMenu(QString()), [] { return tr("皮肤"); });
     const QStringList names = TC::embedded::skinNames();
@@ -112,7 +113,7 @@ void MainWindow::buildViewMenu()
     addLanguages(menu);
 
     QMenu* panels = titled(menu->addMenu(QString()), [] { return tr("面板"); });
-    for (const QString& id : kPanels) {
+    for (const QString& id : panelIds()) {
         if (ads::CDockWidget* dock = m_docks.dock(id))
             panels->addAction(dock->toggleViewAction());
     }

@@ -77,7 +77,7 @@ void MainWindow::choosePicture(ChartPane* only)
         forms.join(QStringLiteral(";;")), &form);
     if (path.isEmpty())
         return;
-    const int chosen = std::max(0, forms.indexOf(form));
+    const int chosen = std::max<int>(0, forms.indexOf(form));
     const QString suffix = suffixOf(chosen);
     if (!path.endsWith(suffix, Qt::CaseInsensitive)) // the form was changed, or none was typed
         path = QFileInfo(path).path() + QLatin1Char('/') + QFileInfo(path).completeBaseName() + suffix;

@@ -19,6 +19,7 @@
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QMimeData>
+#include <QToolBar>
 #include <QUrl>
 
 #include <algorithm>
@@ -66,6 +67,9 @@ void MainWindow::takeChoices()
     if (!m_last.skin.isEmpty())
         chooseSkin(m_last.skin);
     findChild<QAction*>(QStringLiteral("greenUp"))->setChecked(m_last.isGreenUp);
+    auto* tools = findChild<QToolBar*>(QStringLiteral("mainTools"));
+    tools->setVisible(m_last.hasTools);
+    tools->toggleViewAction()->setChecked(m_last.hasTools); // no event says so before the window stands
     for (const QStringList& formulas : m_last.panes.empty() ? usualPanes() : m_last.panes)
         m_chart->addPane(formulas);
     m_chart->take(m_last.chart);
@@ -154,6 +158,7 @@ Session MainWindow::session() const
         now.overlays = m_last.overlays;
     for (const PaneData::Overlay& overlay : m_chart->panes().front()->data()->overlays())
         now.overlays.push_back({ overlay.path, overlay.scale });
+    now.hasTools = !findChild<QToolBar*>(QStringLiteral("mainTools"))->isHidden();
     now.bookRule = m_ticks->followsBook();
     for (ChartPane* pane : m_chart->panes())
         now.panes.push_back(pane->data()->getFormulas());

@@ -45,7 +45,7 @@ QToolButton* choiceButton(QMenu* menu)
     const auto follow = [button, menu] {
         for (const QAction* action : menu->actions()) {
             if (action->isChecked())
-                button->setText(action->text() + QStringLiteral("  ")); // room for the mark
+                button->setText(action->text() + QStringLiteral("    ")); // room for the mark
         }
         button->setToolTip(plainText(*menu->menuAction()));
         button->setAccessibleName(button->toolTip());
@@ -78,6 +78,8 @@ void MainWindow::buildToolBar(QMenu* periods)
         }
     }
     addToolBar(Qt::TopToolBarArea, bar);
+    bar->toggleViewAction()->setObjectName(QStringLiteral("showTools"));
+    m_viewMenu->insertAction(findChild<QAction*>(QStringLiteral("greenUp")), bar->toggleViewAction());
 }
 
 void MainWindow::buildHelpMenu()
@@ -104,7 +106,7 @@ void MainWindow::showShortcuts()
 void MainWindow::goToPanel(int step)
 {
     QList<ads::CDockWidget*> open;
-    for (const QString& id : kPanels) {
+    for (const QString& id : panelIds()) {
         ads::CDockWidget* dock = m_docks.dock(id);
         if (dock && !dock->isClosed())
             open << dock;

@@ -10,6 +10,7 @@
 #include "apps/client/chart/ChartMenus.h"
 #include "apps/client/chart/ChartView.h"
 #include "apps/client/chart/TickView.h"
+#include "apps/client/docking/DockLook.h"
 #include "apps/client/docking/Panel.h"
 #include "apps/client/editor/FormulaEditor.h"
 #include "apps/client/language/Language.h"
@@ -34,7 +35,6 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QScreen>
-#include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
 
@@ -212,18 +212,16 @@ void MainWindow::buildPanels()
     ads::CDockWidget* chart = m_docks.addPanel(kChartPanel, ads::CenterDockWidgetArea);
     ads::CDockWidget* instruments = m_docks.addPanel(kInstrumentPanel, ads::LeftDockWidgetArea, chart);
     m_docks.addPanel(kFormulaPanel, ads::BottomDockWidgetArea, instruments);
+    // Before the tabs: Qt's own docks split no place that has some.
+    m_docks.addPanel(kMessagePanel, ads::BottomDockWidgetArea, chart);
     m_docks.addPanel(kTickPanel, ads::CenterDockWidgetArea, chart);
     m_docks.addPanel(kQuotePanel, ads::CenterDockWidgetArea, chart);
     m_docks.addPanel(kBasketPanel, ads::CenterDockWidgetArea, chart);
-    m_docks.addPanel(kMessagePanel, ads::BottomDockWidgetArea, chart);
     if (chart && instruments) {
         chart->setAsCurrentTab();
         m_docks.manager()->setSplitterSizes(instruments->dockAreaWidget(), { kListHeight, kListHeight });
         m_docks.manager()->setSplitterSizes(chart->dockAreaWidget(), { kChartHeight, kMessageHeight });
-        for (QSplitter* splitter : m_docks.manager()->findChildren<QSplitter*>()) {
-            if (splitter->orientation() == Qt::Horizontal && splitter->count() == 2)
-                splitter->setSizes({ kListWidth, kChartWidth });
-        }
+        setColumnWidths(m_docks.manager(), { instruments, chart }, { kListWidth, kChartWidth });
     }
     followLanguage(this, [this] { namePanels(); });
     m_docks.rememberDefault();

@@ -193,8 +193,9 @@ private:
     QPointer<ShortcutSheet> m_shortcuts; ///< likewise
     ComparedIndex m_index;
     BarsOpening* m_opening = nullptr; ///< in the status line
-    QLabel* m_indexName = nullptr;    ///< in the status line; hidden without an index
-    Session m_last;                   ///< the session before this one
+    QMenu* m_viewMenu = nullptr;
+    QLabel* m_indexName = nullptr; ///< in the status line; hidden without an index
+    Session m_last;                ///< the session before this one
     SessionKeeper m_keeper;
     QString m_barsPath, m_ticksPath;             ///< of what is open
     QString m_skin;                              ///< as it was chosen: a name or a path

@@ -7,16 +7,20 @@
 
 namespace client {
 
-inline const QString kChartPanel = QStringLiteral("indexMainPanel");
-inline const QString kTickPanel = QStringLiteral("transactionPanel");
-inline const QString kBasketPanel = QStringLiteral("tradeBaskets");
-inline const QString kInstrumentPanel = QStringLiteral("productBaseInfo");
-inline const QString kQuotePanel = QStringLiteral("quoteList");
-inline const QString kFormulaPanel = QStringLiteral("F7index");
-inline const QString kMessagePanel = QStringLiteral("messagePanel");
+inline const QLatin1String kChartPanel("indexMainPanel");
+inline const QLatin1String kTickPanel("transactionPanel");
+inline const QLatin1String kBasketPanel("tradeBaskets");
+inline const QLatin1String kInstrumentPanel("productBaseInfo");
+inline const QLatin1String kQuotePanel("quoteList");
+inline const QLatin1String kFormulaPanel("F7index");
+inline const QLatin1String kMessagePanel("messagePanel");
 
 /// In the order in which menu and keys go through them.
-inline const QStringList kPanels = { kChartPanel,      kTickPanel,    kQuotePanel,  kBasketPanel,
+inline const QStringList& panelIds()
+{
+    static const QStringList all = { kChartPanel,      kTickPanel,    kQuotePanel,  kBasketPanel,
                                      kInstrumentPanel, kFormulaPanel, kMessagePanel };
+    return all;
+}
 
 } // namespace client

@@ -363,10 +363,11 @@ NodeId ExpressionParser::readCall(const Token& name)
 /// RGB(r,g,b) of written numbers is a packed colour.
 NodeId ExpressionParser::colorNode(const Token& name, const std::vector<NodeId>& parts)
 {
+    if (std::count(parts.begin(), parts.end(), kBroken) > 0)
+        return kBroken;
     int packed = 0;
     for (std::size_t part = 0; part < parts.size() && parts.size() == 3; ++part) {
-        const std::optional<double> number =
-            parts[part] == kBroken ? std::nullopt : writtenNumber(parts[part]);
+        const std::optional<double> number = writtenNumber(parts[part]);
         if (!number || !(*number >= 0.0 && *number <= 255.0)) {
             m_reader.report(name, "RGB 的各部分应为 0 至 255 的数字",
                             "the parts of RGB are numbers from 0 to 255");

@@ -133,15 +133,34 @@ void CArrowColorSimpleText::drawText(QPainter* painter, int x, int y, int width,
 
     const QVector<QRect> places = placeTexts(x, y, width, lineHeight);
     auto piece = m_textColorMap.begin();
+    for (const QRect& place : places)
+        drawPiece(painter, *piece++, place, flags, font);
+}
+
+void CArrowColorSimpleText::drawPiece(QPainter* painter, const ArrowColorTextData& piece, const QRect& place,
+                                      int flags, const QFont& font) const
+{
+    painter->setPen(QPen(piece.color));
+    // Rows are lower than the line of some fonts: unclipped, no accent or descender is shaved off.
+    paintLine(painter, place, flags, piece.text, font);
+    if (const QPixmap* arrow = arrowOf(piece)) {
+        const QSize size = logicalSize(arrow);
+        painter->drawPixmap(place.x() + place.width(), place.y() + (place.height() - size.height()) / 2,
+                            size.width(), size.height(), *arrow);
+    }
+}
+
+void CArrowColorSimpleText::drawWhole(QPainter* painter, int x, int y, int width, int lineHeight,
+                                      const QRect& area) const
+{
+    if (!m_font)
+        return;
+    painter->setFont(*m_font);
+    const QVector<QRect> places = placeTexts(x, y, width, lineHeight);
+    auto piece = m_textColorMap.begin();
     for (const QRect& place : places) {
-        painter->setPen(QPen(piece->color));
-        // Rows are lower than the line of some fonts: unclipped, no accent or descender is shaved off.
-        paintLine(painter, place, flags, piece->text, font);
-        if (const QPixmap* arrow = arrowOf(*piece)) {
-            const QSize size = logicalSize(arrow);
-            painter->drawPixmap(place.x() + place.width(), place.y() + (lineHeight - size.height()) / 2,
-                                size.width(), size.height(), *arrow);
-        }
+        if (area.contains(place.adjusted(0, 0, logicalSize(arrowOf(*piece)).width(), 0)))
+            drawPiece(painter, *piece, place, Qt::AlignCenter, *m_font);
         ++piece;
     }
 }

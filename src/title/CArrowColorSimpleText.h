@@ -52,11 +52,17 @@ public:
     void drawText(QPainter* painter, int x, int y, int width, int lineHeight, int flags, bool underline,
                   bool bold) const override;
 
+    /// As drawText with centred texts and neither underline nor bold, but paints only what lies inside `area`
+    /// altogether, text and arrow.
+    void drawWhole(QPainter* painter, int x, int y, int width, int lineHeight, const QRect& area) const;
+
     /// Where drawText puts each text, in order and without the arrow behind it; ends where it stops.
     QVector<QRect> placeTexts(int x, int y, int width, int lineHeight) const;
 
 private:
     void readPictures();
+    void drawPiece(QPainter* painter, const ArrowColorTextData& piece, const QRect& place, int flags,
+                   const QFont& font) const;
     const QPixmap* arrowOf(const ArrowColorTextData& piece) const;
     int textWidth(const QString& text) const;
 

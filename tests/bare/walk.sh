@@ -9,6 +9,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
 MACHINES=${INDICATORUI_MACHINES:-$PWD/build/bare}
+CACHE=$MACHINES/cache # of ccache, which the machines share: to compile the same once is enough
 FOLDER="图 表/indicator ui"
 
 say() { printf '\033[1m%s\033[0m\n' "$*" >&2; }
@@ -30,6 +31,9 @@ new_machine() {
     cp -r /etc/apt/sources.list.d/. "$machine/etc/apt/sources.list.d/"
     cp -r /etc/apt/apt.conf.d/. "$machine/etc/apt/apt.conf.d/"
     mount -t proc proc "$machine/proc"
+    mkdir -p "$CACHE" "$machine/cache"
+    chmod 777 "$CACHE"
+    mount --bind "$CACHE" "$machine/cache"
     on "$1" root "apt-get update -qq"
 }
 
@@ -38,7 +42,7 @@ on() {
     local home=/root
     [ "$2" = root ] || home=/home/$2
     chroot "$MACHINES/$1" su "$2" -s /bin/bash -c "cd $home && env -i HOME=$home USER=$2 LC_ALL=C.UTF-8 \
-        PATH=/usr/local/bin:/usr/bin:/bin:/usr/sbin:/sbin bash -euc $(printf %q "$3")"
+        CCACHE_DIR=/cache CCACHE_UMASK=000 PATH=/usr/local/bin:/usr/bin:/bin:/usr/sbin:/sbin bash -euc $(printf %q "$3")"
 }
 
 # The committed state, in a folder of that user.

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Gathers what gcov counted into a trace file for gcovr: collect.py ROOT OBJECTS... >TRACE.json
+"""Gathers what gcov counted into a trace file for gcovr: collect.py ROOT BUILD >TRACE.json
 
 gcov's text, which gcovr reads by itself, does not say of a branch that was never reached whether it is taken by an
 exception alone. Sources that are compiled into two libraries would so have branches that nobody can take. gcov's JSON
@@ -10,6 +10,7 @@ does say it.
 import json
 import os
 import re
+import shlex
 import subprocess
 import sys
 from collections import defaultdict
@@ -50,9 +51,16 @@ def trace_of(name, lines, source):
     return {"file": name, "lines": written, "functions": []}
 
 
-def main(root, *folders):
+def compiled(build):
+    """The notes on all objects of a build; those of sources that went away stay in its folder as well."""
+    commands = [shlex.split(entry["command"]) for entry in json.loads((build / "compile_commands.json").read_text())]
+    notes = sorted((build / words[words.index("-o") + 1]).with_suffix(".gcno") for words in commands)
+    return [file for file in notes if file.exists()]
+
+
+def main(root, build):
     root = Path(root).resolve()
-    objects = [notes for folder in folders for notes in sorted(Path(folder).resolve().rglob("*.gcno"))]
+    objects = compiled(Path(build).resolve())
     files = defaultdict(lambda: defaultdict(lambda: {"count": 0, "branches": {}}))
     with ThreadPoolExecutor() as pool:
         for told in pool.map(counts_of, objects):

@@ -104,7 +104,7 @@ int readStocks()
     double leastWeight = 1.0;
     TC::CParserStockExeclTable::parserCvs(TC::getUserRootDir() + QStringLiteral("/stocks.csv"), stocks,
                                           leastWeight);
-    std::printf("%d\n", stocks.size());
+    std::printf("%lld\n", static_cast<long long>(stocks.size()));
     return EXIT_SUCCESS;
 }
 

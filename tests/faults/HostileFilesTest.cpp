@@ -23,16 +23,29 @@ using test::RecoveryFolders;
 constexpr int kLongestRunMs = 60'000;
 constexpr rlim_t kMostMemory = rlim_t { 2 } << 30; // address space, libraries included
 
+void limitMemory()
+{
+    const rlimit limit { kMostMemory, kMostMemory };
+    if (test::measuresMemory()) // sanitizers reserve terabytes
+        setrlimit(RLIMIT_AS, &limit);
+}
+
 /// A program that gets so much address space and no more.
 class LimitedProcess : public QProcess
 {
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 protected:
     void setupChildProcess() override
     {
-        const rlimit limit { kMostMemory, kMostMemory };
-        if (test::measuresMemory()) // sanitizers reserve terabytes
-            setrlimit(RLIMIT_AS, &limit);
+        limitMemory();
     }
+#else
+public:
+    LimitedProcess()
+    {
+        setChildProcessModifier(limitMemory);
+    }
+#endif
 };
 
 struct Kind

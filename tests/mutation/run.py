@@ -91,7 +91,7 @@ def main():
         print(f"{EXPLAINED.name} explains what is not there any more: {path}\n- {was}\n+ {now}")
 
     build = Build(ROOT, asked.build)
-    build.measure()
+    build.measure({mutant.path.split("/")[1] for mutant in chosen})
     outcomes = try_all(build, chosen, sources, asked.jobs)
     survivors = 0
     for folder in FOLDERS:

@@ -2,12 +2,13 @@
 """Building one mutant beside the build tree and letting the tests at it."""
 
 import json
+import math
 import os
 import re
+import resource
 import shlex
 import shutil
 import subprocess
-import time
 from pathlib import Path
 
 KINDS = ["unit", "trace", "widget", "golden", "property"]
@@ -47,23 +48,33 @@ class Build:
             names.update(re.findall(r"^(?:TYPED_)?TEST(?:_[FP])?\((\w+),", source.read_text(), re.M))
         return ":".join(f"{name}.*:*/{name}.*:{name}/*" for name in sorted(names))
 
-    def measure(self):
-        """How long each program takes over each folder on the library as it is."""
+    def measure(self, mutated):
+        """How long a processor works for each program over each folder that watches a mutated one, on the library as
+        it is."""
+        watching = {*mutated, *(user for folder in mutated for user in USERS[folder])}
         for (kind, folder), suites in self.suites.items():
-            if not suites:
+            if not suites or folder not in watching:
                 continue
-            started = time.monotonic()
+            started = seconds_of_children()
             if not passes([str(self.folder / f"bin/{kind}_tests")], suites, {}, 600):
                 raise SystemExit(f"The {kind} tests of {folder} fail on sources that nobody changed.")
-            self.seconds[kind, folder] = time.monotonic() - started
+            self.seconds[kind, folder] = seconds_of_children() - started
+
+
+def seconds_of_children():
+    """Processor time of all programs that were waited for."""
+    used = resource.getrusage(resource.RUSAGE_CHILDREN)
+    return used.ru_utime + used.ru_stime
 
 
 def passes(program, suites, surroundings, limit):
-    """Whether a test program ends well and in time."""
+    """Whether a test program ends well within so many seconds of a processor: on a busy machine an endless loop is
+    noticed, and a slow test is not taken for one. One that only waits gets ten times as long by the clock."""
     surroundings = {**os.environ, "QT_QPA_PLATFORM": "offscreen", **surroundings}
+    command = ["prlimit", f"--cpu={math.ceil(limit)}", *program, f"--gtest_filter={suites}", "--gtest_fail_fast",
+               "--gtest_brief=1"]
     try:
-        return subprocess.run([*program, f"--gtest_filter={suites}", "--gtest_fail_fast", "--gtest_brief=1"],
-                              env=surroundings, timeout=limit, stdout=subprocess.DEVNULL,
+        return subprocess.run(command, env=surroundings, timeout=10 * limit, stdout=subprocess.DEVNULL,
                               stderr=subprocess.DEVNULL).returncode == 0
     except subprocess.TimeoutExpired:
         return False

@@ -72,7 +72,8 @@ void list(const char* label, const QString& folder)
 {
     const QMap<QString, QByteArray> files = filesOf(folder);
     for (auto file = files.begin(); file != files.end(); ++file)
-        std::printf("%s/%s %d\n", label, file.key().toUtf8().constData(), file.value().size());
+        std::printf("%s/%s %lld\n", label, file.key().toUtf8().constData(),
+                    static_cast<long long>(file.value().size()));
 }
 
 } // namespace

@@ -1,63 +1,67 @@
 // SPDX-License-Identifier: MIT
-/// @file The client under a hand that does anything: random moves, clicks, drags, wheels and keys.
+/// @file The client under a hand that does anything, see Hand.h.
 ///
-/// soak SECONDS SEED
+/// soak EVENTS SEED
 /// Needs an X server. Starts the client in a folder of its own as often as the hand closes it. Ends with 0
 /// when every client that ended did so in order and nothing spoke of an error; else with 1 and what was said.
 
+#include "tests/driven/Desktop.h"
+#include "tests/soak/Hand.h"
+
 #include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QFile>
-#include <QProcess>
-#include <QProcessEnvironment>
-#include <QTemporaryDir>
-#include <QThread>
+#include <QDir>
 
 #include <cstdio>
 #include <cstdlib>
-#include <random>
 
 namespace {
 
-constexpr int kWidth = 1600, kHeight = 1000; // pixels of the screen
-constexpr int kStepsAtOnce = 25;
+constexpr int kEventsAtOnce = 10; // a followed file grows between them
 constexpr int kLongestSilenceMs = 60'000;
+constexpr int kFirstRows = 300; // of the file that grows
 
-/// Words of xdotool for one step of the hand.
-QStringList step(std::mt19937& random)
+/// Files that the hand opens, each a copy: nothing that it does reaches further than this folder.
+class Files
 {
-    static const char* const keys[] = {
-        "Left",   "Right",     "Up",         "Down",       "Home",   "End",       "Prior",  "Next",
-        "Escape", "Return",    "Tab",        "space",      "Delete", "BackSpace", "F1",     "F5",
-        "F7",     "F10",       "ctrl+a",     "ctrl+c",     "ctrl+v", "ctrl+z",    "ctrl+s", "ctrl+n",
-        "ctrl+f", "ctrl+plus", "ctrl+minus", "shift+Left", "alt+v",  "1",         "6",      "0",
-        "c",      "M",         "semicolon",  "parenleft",  "comma",  "colon"
-    };
-    const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
-    const auto move = [&] {
-        return QStringList { QStringLiteral("mousemove"), QString::number(below(kWidth)),
-                             QString::number(below(kHeight)) };
-    };
-    const auto with = [&](const char* word, int number) {
-        return QStringList { QString::fromLatin1(word), QString::number(number) };
-    };
-    const int button = below(8) == 0 ? 3 : 1;
-    switch (below(10)) {
-    case 0:
-    case 1:
-    case 2: return move() + with("click", button);
-    case 3:
-        return move() + QStringList { QStringLiteral("click"), QStringLiteral("--repeat"),
-                                      QStringLiteral("2"),     QStringLiteral("--delay"),
-                                      QStringLiteral("30"),    QStringLiteral("1") };
-    case 4: return move() + with("mousedown", 1) + move() + move() + with("mouseup", 1);
-    case 5: return move() + with("click", 4 + below(2));
-    case 6: return move();
-    default:
-        return { QStringLiteral("key"), QStringLiteral("--clearmodifiers"),
-                 QString::fromLatin1(keys[random() % (sizeof keys / sizeof *keys)]) };
+public:
+    explicit Files(const QString& folder)
+        : m_folder(folder)
+    {
+        for (const char* name :
+             { "bars/SH600030.csv", "bars/SH510050.csv", "bars/SFCU00.csv", "bars/DFM00.csv",
+               "bars/SH000001.csv", "ticks/SYNTHETIC-five-levels.csv" }) {
+            const QString from = QStringLiteral(SAMPLES_DIR "/") + QLatin1String(name);
+            QFile::copy(from, m_folder + QLatin1Char('/') + QFileInfo(from).fileName());
+        }
+        write("list.csv", "600030\n510050\n600000\n000001\n", QIODevice::WriteOnly);
+        write("weights.csv", "600030,0.25\n600000,0.5\n999999,x\n", QIODevice::WriteOnly);
+        write("broken.xlsx", "PK\x03\x04 no workbook", QIODevice::WriteOnly);
+        QFile bars(m_folder + QStringLiteral("/SH600030.csv"));
+        if (bars.open(QIODevice::ReadOnly))
+            m_rows = bars.readAll().split('\n');
     }
-}
+
+    /// One more row stands in the file that grows, now and then none but the first ones again.
+    void grow()
+    {
+        m_next = m_next == 0 || m_next + 1 >= m_rows.size() || m_next % 50 == 0 ? kFirstRows + 1 : m_next;
+        if (m_next == kFirstRows + 1)
+            write("growing.csv", m_rows.mid(0, kFirstRows).join('\n') + '\n', QIODevice::WriteOnly);
+        write("growing.csv", m_rows.at(m_next++) + '\n', QIODevice::Append);
+    }
+
+private:
+    void write(const char* name, const QByteArray& text, QIODevice::OpenMode how)
+    {
+        QFile file(m_folder + QLatin1Char('/') + QLatin1String(name));
+        if (file.open(how))
+            file.write(text);
+    }
+
+    QString m_folder;
+    QList<QByteArray> m_rows;
+    int m_next = 0;
+};
 
 /// The client and what it says.
 class Subject
@@ -69,9 +73,11 @@ public:
         environment.insert(QStringLiteral("HOME"), home);
         environment.insert(QStringLiteral("INDICATORUI_HOME"), home);
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
-        environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
+        // The client paints nothing by OpenGL, whose software driver leaks when it is unloaded.
+        environment.insert(QStringLiteral("QT_XCB_GL_INTEGRATION"), QStringLiteral("none"));
         environment.insert(QStringLiteral("UBSAN_OPTIONS"), QStringLiteral("print_stacktrace=1"));
         m_program.setProcessEnvironment(environment);
+        m_program.setWorkingDirectory(home);
         m_program.setStandardErrorFile(home + QStringLiteral("/said"), QIODevice::Append);
     }
     ~Subject()
@@ -80,10 +86,21 @@ public:
         m_program.waitForFinished();
     }
 
-    bool start()
+    bool start(const QStringList& arguments)
     {
-        m_program.start(QStringLiteral(CLIENT_PROGRAM), { QStringLiteral(SAMPLES_DIR "/bars/SH600030.csv") });
+        m_program.start(QStringLiteral(CLIENT_PROGRAM), arguments);
         return m_program.waitForStarted(kLongestSilenceMs);
+    }
+    /// Asks it to end, as a user does; what it leaked is told then.
+    void leave()
+    {
+        constexpr int times = 5, patienceMs = 10'000; // dialogs stand before the window
+        for (int time = 0; time < times && isRunning(); ++time) {
+            QProcess::execute(QStringLiteral(XDOTOOL),
+                              { QStringLiteral("key"), QStringLiteral("Escape"), QStringLiteral("Escape"),
+                                QStringLiteral("ctrl+q") });
+            m_program.waitForFinished(patienceMs);
+        }
     }
     bool isRunning()
     {
@@ -108,7 +125,7 @@ QByteArray complaints(const QString& home)
     if (said.open(QIODevice::ReadOnly)) {
         while (!said.atEnd()) {
             const QByteArray line = said.readLine(4096);
-            isReport = isReport || line.contains("ERROR: AddressSanitizer");
+            isReport = isReport || line.contains("Sanitizer");
             if (isReport || line.contains("runtime error") || line.contains("ASSERT"))
                 found += line;
         }
@@ -116,35 +133,58 @@ QByteArray complaints(const QString& home)
     return found;
 }
 
+int act(const QStringList& words)
+{
+    return QProcess::execute(QStringLiteral(XDOTOOL), words);
+}
+
+/// Windows that the hand hid, covered or dragged away come back.
+void bringForward()
+{
+    QProcess call;
+    call.setStandardErrorFile(QProcess::nullDevice()); // the first windows found are no one's to move
+    call.start(QStringLiteral(XDOTOOL),
+               QStringLiteral("search --maxdepth 3 --class indicatorui windowmove %@ 4 24 windowactivate %@")
+                   .split(QLatin1Char(' ')));
+    call.waitForFinished();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    const int seconds = argc > 1 ? std::atoi(argv[1]) : 0;
+    const int events = argc > 1 ? std::atoi(argv[1]) : 0;
     const auto seed = static_cast<unsigned>(argc > 2 ? std::atoi(argv[2]) : 1);
+    test::Desktop desktop(QStringLiteral("session.menuFile: %1/menu\nsession.screen0.enableToolbar: False\n"
+                                         "session.screen0.workspaces: 1\n"
+                                         "session.changeWorkspaceWithMouseWheel: False\n"),
+                          "[begin] (Nothing)\n[nop] (Nothing)\n[end]\n");
     const QTemporaryDir home;
-    std::mt19937 random(seed);
-    QElapsedTimer clock;
-    clock.start();
-    int steps = 0, starts = 0;
-    bool isSound = true;
-    while (isSound && clock.elapsed() < qint64 { 1000 } * seconds) {
+    Files files(home.path());
+    soak::Hand hand(seed, home.path());
+    bool isSound = desktop.stands();
+    int done = 0, starts = 0;
+    while (isSound && done < events) {
+        files.grow();
         Subject client(home.path());
-        isSound = client.start();
+        isSound = client.start(hand.nextArguments());
         ++starts;
         QThread::sleep(4); // until its window stands
-        while (client.isRunning() && clock.elapsed() < qint64 { 1000 } * seconds) {
-            QStringList words;
-            for (int times = 0; times < kStepsAtOnce; ++times, ++steps)
-                words << step(random) << QStringLiteral("sleep") << QStringLiteral("0.02");
-            QProcess::execute(QStringLiteral(XDOTOOL), words);
+        while (client.isRunning() && done < events) {
+            bringForward();
+            for (int times = 0; times < kEventsAtOnce && client.isRunning() && done < events; ++times, ++done)
+                act(hand.nextEvent() + QStringList { QStringLiteral("sleep"), QStringLiteral("0.02") });
+            files.grow();
         }
-        isSound =
-            isSound && (client.isRunning() || client.endedInOrder()) && complaints(home.path()).isEmpty();
+        if (done == events)
+            client.leave();
+        isSound = (client.isRunning() || client.endedInOrder()) && complaints(home.path()).isEmpty();
     }
-    std::printf("soak: %d seconds, seed %u, %d steps, %d starts, %s\n%s",
-                static_cast<int>(clock.elapsed() / 1000), seed, steps, starts,
-                isSound ? "nothing found" : "it failed", complaints(home.path()).constData());
+    std::printf("soak: %d events, seed %u, %d starts, %s\n", done, seed, starts,
+                isSound ? "nothing found" : "it failed");
+    for (auto tool = hand.taken().begin(); tool != hand.taken().end(); ++tool)
+        std::printf("  %4d %s\n", tool.value(), qPrintable(tool.key()));
+    std::printf("%s", complaints(home.path()).constData());
     return isSound ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -238,6 +238,8 @@ void BasketPanel::startImport(const QString& path)
             TC::CParserStockExeclTable::parserCvs(file.name(), import.found, import.minimum);
         if (!*cancelled)
             import.report = reportOnFile(file.name(), isWorkbook(path));
+        // What was read with goes now: no event loop of this thread would let it go.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return import;
     }));
 }

@@ -46,6 +46,13 @@ QVector<Detail> candidates(const QString& code, bool workbook)
     return found;
 }
 
+/// Whether the first row of a list names its columns: it holds no code, and none has a code without a digit.
+bool namesColumns(const QString& code)
+{
+    return !code.trimmed().isEmpty()
+        && std::none_of(code.begin(), code.end(), [](QChar letter) { return letter.isDigit(); });
+}
+
 } // namespace
 
 QString ImportReport::text(const QString& source) const
@@ -70,8 +77,11 @@ QString ImportReport::text(const QString& source) const
 ImportReport reportOn(const QVector<QString>& codes, bool workbook)
 {
     ImportReport report;
-    report.rows = codes.size();
-    for (const QString& code : codes) {
+    for (int row = 0; row < codes.size(); ++row) {
+        const QString& code = codes.at(row);
+        if (row == 0 && codes.size() > 1 && namesColumns(code))
+            continue;
+        ++report.rows;
         if (code.trimmed().isEmpty()) {
             ++report.empty;
             continue;

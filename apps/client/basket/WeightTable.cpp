@@ -13,7 +13,14 @@ namespace client {
 
 namespace {
 
-enum EColumn { EColumn_Market, EColumn_Code, EColumn_Name, EColumn_Relative, EColumn_Absolute };
+enum EColumn {
+    EColumn_Market,
+    EColumn_Code,
+    EColumn_Name,
+    EColumn_Relative,
+    EColumn_Absolute,
+    EColumn_Shares
+};
 enum ERule {
     ERule_FloatingValue = 2,
     ERule_TotalValue = 3,
@@ -115,6 +122,10 @@ void WeightTable::markHeaders(bool synthetic)
     const QString relative = synthetic ? tr("相对权重(虚构)") : tr("相对权重");
     if (columnHeader(EColumn_Relative) == relative && rowCount() > 0)
         return;
+    setColumnHeader(EColumn_Market, tr("市场"));
+    setColumnHeader(EColumn_Code, tr("代码"));
+    setColumnHeader(EColumn_Name, tr("名称"));
+    setColumnHeader(EColumn_Shares, tr("股数"));
     setColumnHeader(EColumn_Relative, relative);
     setColumnHeader(EColumn_Absolute, synthetic ? tr("绝对权重(%,虚构)") : tr("绝对权重(%)"));
     for (int column : { int(EColumn_Relative), int(EColumn_Absolute) }) {

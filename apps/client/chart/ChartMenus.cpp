@@ -89,10 +89,10 @@ void addAxisKinds(QMenu* menu, ChartState* state)
     };
     QMenu* axes = titled(menu->addMenu(QString()), [] { return ChartView::tr("价格坐标"); });
     auto* group = new QActionGroup(axes);
-    int key = Qt::Key_1;
+    int number = 1;
     for (const auto& [kind, words] : kinds) {
         QAction* action = addChoice(axes, group, words);
-        action->setShortcut(Qt::CTRL + Qt::ALT + key++);
+        action->setShortcut(QKeySequence(QStringLiteral("Ctrl+Alt+%1").arg(number++)));
         action->setChecked(kind == state->axisKind());
         QObject::connect(action, &QAction::triggered, state,
                          [state, kind = kind] { state->setAxisKind(kind); });
@@ -135,10 +135,10 @@ QMenu* addPeriodMenu(QMenuBar* bar, ChartView* chart)
     add([] { return ChartView::tr("原始周期"); }, QString())
         ->setShortcut(QKeySequence(QStringLiteral("Ctrl+0")));
     menu->addSeparator();
-    int key = Qt::Key_1;
+    int number = 1;
     for (const chart::OfferedPeriod& period : chart::offeredPeriods())
         add([period] { return ChartView::tr(period.title.toUtf8()); }, period.key)
-            ->setShortcut(Qt::CTRL + key++);
+            ->setShortcut(QKeySequence(QStringLiteral("Ctrl+%1").arg(number++)));
     menu->addSeparator();
     worded(menu->addAction(
                QString(), state, [state] { chooseNextPeriod(state); }, Qt::Key_F8),

@@ -6,13 +6,20 @@
 
 namespace client {
 
+void paintFrame(QPainter& painter, const QRect& rect, const QColor& color)
+{
+    painter.fillRect(rect.left(), rect.top(), rect.width(), 1, color);
+    painter.fillRect(rect.left(), rect.bottom(), rect.width(), 1, color);
+    painter.fillRect(rect.left(), rect.top(), 1, rect.height(), color);
+    painter.fillRect(rect.right(), rect.top(), 1, rect.height(), color);
+}
+
 void paintFocusFrame(QWidget* widget)
 {
     if (!widget->hasFocus())
         return;
     QPainter painter(widget);
-    painter.setPen(widget->palette().color(QPalette::Highlight));
-    painter.drawRect(widget->rect().adjusted(0, 0, -1, -1));
+    paintFrame(painter, widget->rect(), widget->palette().color(QPalette::Highlight));
 }
 
 } // namespace client

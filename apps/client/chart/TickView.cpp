@@ -69,9 +69,9 @@ TickView::TickView(QWidget* parent)
     m_pages->addWidget(empty);
     m_pages->addWidget(page);
     auto* layout = new QVBoxLayout(page);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(1, 1, 1, 1); // where the frame of the focus shows
     layout->setSpacing(0);
-    layout->addWidget(m_rule);
+    layout->addWidget(m_rule, 0, Qt::AlignLeft);
     m_prices = makePane(true);
     m_volumes = makePane(false);
     layout->addWidget(m_prices.title);

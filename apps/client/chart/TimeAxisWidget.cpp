@@ -14,8 +14,7 @@ TimeAxisWidget::TimeAxisWidget(ChartState* state, QWidget* parent)
     setFixedHeight(chart::kTimeHeight);
     connect(state, &ChartState::sigViewChanged, this, &TimeAxisWidget::renew);
     connect(state, &ChartState::sigBarsGrown, this, &TimeAxisWidget::renew);
-    connect(state, &ChartState::sigCrosshairChanged, this,
-            [this] { update(QRegion(m_tagShown) | tag().box); });
+    connect(state, &ChartState::sigCrosshairChanged, this, &TimeAxisWidget::moveTag);
 }
 
 chart::BarView TimeAxisWidget::barView() const
@@ -34,9 +33,17 @@ chart::TimeTag TimeAxisWidget::tag() const
     return chart::timeTag(rect(), times(), barView(), m_state->crosshairBar(), font());
 }
 
+/// Its text is made once a move, and only what the tag leaves and takes is painted.
+void TimeAxisWidget::moveTag()
+{
+    m_tag = tag();
+    update(QRegion(m_tagShown) | m_tag->box);
+}
+
 void TimeAxisWidget::renew()
 {
     m_kept = QPixmap();
+    m_tag.reset();
     update();
 }
 
@@ -68,11 +75,12 @@ void TimeAxisWidget::paintEvent(QPaintEvent*)
         painter.setFont(font());
         chart::paintTimeAxis(painter, rect(), times(), barView());
     }
-    const chart::TimeTag shown = tag();
+    if (!m_tag)
+        m_tag = tag();
     QPainter painter(this);
     painter.drawPixmap(0, 0, m_kept);
-    chart::paintTimeTag(painter, shown);
-    m_tagShown = shown.box;
+    chart::paintTimeTag(painter, *m_tag);
+    m_tagShown = m_tag->box;
 }
 
 } // namespace client

@@ -9,6 +9,8 @@
 
 #include <QPixmap>
 
+#include <optional>
+
 namespace client {
 
 /// Dates of the shown bars, which are painted once and kept, and over them that of the bar under the
@@ -32,11 +34,13 @@ private:
     chart::BarView barView() const;
     const std::vector<std::int64_t>& times() const;
     chart::TimeTag tag() const;
+    void moveTag();
     void renew();
 
     ChartState* m_state;
     QPixmap m_kept; ///< the dates; null when they are to be painted anew
     QRect m_tagShown;
+    std::optional<chart::TimeTag> m_tag; ///< empty when its text is to be made anew
 };
 
 } // namespace client

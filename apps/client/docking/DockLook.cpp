@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QMainWindow>
 #include <QPointer>
+#include <QSplitter>
 #include <QTimer>
 #include <QWindow>
 
@@ -68,6 +69,16 @@ void simplifyHeader(ads::CDockWidget* dock)
         button->setFixedSize(0, 0);
 }
 
+/// The library knows the splitters of a dock's own area alone, not the one between columns.
+void setColumnWidths(ads::CDockManager* manager, const QList<ads::CDockWidget*>&, const QList<int>& widths)
+{
+    const auto splitters = manager->findChildren<QSplitter*>();
+    for (QSplitter* splitter : splitters) {
+        if (splitter->orientation() == Qt::Horizontal && splitter->count() == widths.size())
+            splitter->setSizes(widths);
+    }
+}
+
 QList<QWidget*> floatingWindows(const ads::CDockManager* manager)
 {
     QList<QWidget*> windows;
@@ -80,9 +91,11 @@ QList<QWidget*> floatingWindows(const ads::CDockManager* manager)
 DropMarkMask::DropMarkMask(ads::CDockManager* manager)
     : QObject(manager)
 {
-    for (ads::CDockOverlay* overlay : manager->findChildren<ads::CDockOverlay*>())
+    const auto overlays = manager->findChildren<ads::CDockOverlay*>();
+    for (ads::CDockOverlay* overlay : overlays)
         overlay->installEventFilter(this);
-    for (ads::CDockOverlayCross* cross : manager->findChildren<ads::CDockOverlayCross*>())
+    const auto crosses = manager->findChildren<ads::CDockOverlayCross*>();
+    for (ads::CDockOverlayCross* cross : crosses)
         cross->installEventFilter(this);
 }
 

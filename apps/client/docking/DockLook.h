@@ -24,6 +24,10 @@ ads::CDockManager* makeDockManager(QMainWindow* window);
 /// Leaves of the dock's header the bare title, without a button that closes it.
 void simplifyHeader(ads::CDockWidget* dock);
 
+/// Widths of two docks, each in a column of its own, in pixels.
+void setColumnWidths(ads::CDockManager* manager, const QList<ads::CDockWidget*>& docks,
+                     const QList<int>& widths);
+
 /// The windows that docks float in.
 QList<QWidget*> floatingWindows(const ads::CDockManager* manager);
 

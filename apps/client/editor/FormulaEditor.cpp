@@ -38,8 +38,8 @@ constexpr int kPauseMs = 250;
 constexpr int kExactDigits = 17; // of a double
 enum Column { NameColumn, DefaultColumn, LeastColumn, GreatestColumn, ValueColumn, ColumnCount };
 
-const QString kNewName = QStringLiteral("MYFORMULA");
-const QString kNewText = QStringLiteral("SUB;\nPARAM N(10,1,1000);\n\nLINE:MA(CLOSE,N);\n");
+const QLatin1String kNewName("MYFORMULA");
+const QLatin1String kNewText("SUB;\nPARAM N(10,1,1000);\n\nLINE:MA(CLOSE,N);\n");
 
 QString numberText(double number)
 {

@@ -17,8 +17,8 @@ namespace {
 constexpr std::size_t kBarsShown = 120;
 constexpr std::size_t kBarsComputed = 500; // so that slow averages have settled where they are shown
 
-const QString kCandles = QStringLiteral("KLINE");
-const QString kOwn = QStringLiteral("preview");
+const QLatin1String kCandles("KLINE");
+const QLatin1String kOwn("preview");
 
 template <typename T>
 std::vector<T> tailOf(const std::vector<T>& all, std::size_t count)
@@ -79,7 +79,7 @@ void FormulaPreview::compute()
                           const std::atomic<bool>& cancelled) -> base::LatestJob::Answer {
         Records computed;
         if (formula->kind() == 1) {
-            if (auto candles = engine::computeFormula(kCandles.toStdString(), *bars, {}, &cancelled))
+            if (auto candles = engine::computeFormula(kCandles.data(), *bars, {}, &cancelled))
                 computed.emplace_back(kCandles, std::move(*candles));
         }
         if (auto records = engine::computeFormula(formula, *bars, parameters, &cancelled))

@@ -16,13 +16,13 @@ namespace {
 
 constexpr int kLongestWaitMs = 2000; // for another client's change
 
-const QString kFormulas = QStringLiteral("formulas");
-const QString kName = QStringLiteral("name");
-const QString kDisplayName = QStringLiteral("displayName");
-const QString kBase = QStringLiteral("base");
-const QString kSource = QStringLiteral("source");
-const QString kParameters = QStringLiteral("parameters");
-const QString kDraft = QStringLiteral("draft");
+const QLatin1String kFormulas("formulas");
+const QLatin1String kName("name");
+const QLatin1String kDisplayName("displayName");
+const QLatin1String kBase("base");
+const QLatin1String kSource("source");
+const QLatin1String kParameters("parameters");
+const QLatin1String kDraft("draft");
 
 QString nameOf(const QJsonValue& entry)
 {
@@ -60,7 +60,7 @@ QString freeNameIn(const QJsonArray& entries, const QString& word)
     return name;
 }
 
-void setOrRemove(QJsonObject& entry, const QString& key, const QString& text)
+void setOrRemove(QJsonObject& entry, QLatin1String key, const QString& text)
 {
     if (text.isEmpty())
         entry.remove(key);

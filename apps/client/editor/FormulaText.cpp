@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "apps/client/editor/FormulaText.h"
 
+#include "apps/client/FixedFont.h"
 #include "apps/client/editor/FormulaHighlighter.h"
 #include "apps/client/language/Language.h"
 #include "engine/language/Formula.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>
-#include <QFontDatabase>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -80,7 +80,7 @@ FormulaText::FormulaText(QWidget* parent)
     , m_completer(new QCompleter(this))
     , m_margin(new Margin(this))
 {
-    setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    setFont(fixedFont());
     setLineWrapMode(NoWrap);
     setTabStopDistance(fontMetrics().horizontalAdvance(QLatin1Char(' ')) * 4);
     m_highlighter->setBackground(palette().color(QPalette::Base));

@@ -18,9 +18,9 @@ namespace client {
 
 namespace {
 
-const QString kFormulas = QStringLiteral("formulas");
-const QString kScripts = QStringLiteral("scripts");
-const QString kChecksum = QStringLiteral("sha256");
+const QLatin1String kFormulas("formulas");
+const QLatin1String kScripts("scripts");
+const QLatin1String kChecksum("sha256");
 
 QString checksum(const QJsonObject& files)
 {
@@ -28,13 +28,13 @@ QString checksum(const QJsonObject& files)
     return QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
 }
 
-void insert(QJsonObject& object, const QString& key, const std::optional<QByteArray>& content)
+void insert(QJsonObject& object, QLatin1String key, const std::optional<QByteArray>& content)
 {
     if (content)
         object.insert(key, QString::fromLatin1(content->toBase64()));
 }
 
-std::optional<QByteArray> take(const QJsonObject& object, const QString& key)
+std::optional<QByteArray> take(const QJsonObject& object, QLatin1String key)
 {
     if (!object.contains(key))
         return std::nullopt;

@@ -17,9 +17,9 @@ using Recovery = utils::CSingletonT<TC::CRecoveryVersionManager>;
 
 constexpr int kListedAtMost = 10; // from here on each backup discards the oldest version
 
-const QString kFormulas = QStringLiteral("configFormula");
-const QString kScripts = QStringLiteral("lua");
-const QString kTimeFormat = QStringLiteral("yyyy-MM-dd hh#mm#ss");
+const QLatin1String kFormulas("configFormula");
+const QLatin1String kScripts("lua");
+const QLatin1String kTimeFormat("yyyy-MM-dd hh#mm#ss");
 
 QString pathOf(const QString& name)
 {
@@ -33,7 +33,7 @@ QString timestampOf(const QString& version)
 
 QString scriptsOf(const QString& version)
 {
-    return kScripts + QLatin1Char('_') + timestampOf(version);
+    return QString(kScripts) + QLatin1Char('_') + timestampOf(version);
 }
 
 std::optional<QByteArray> contentOf(const QString& name)

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "apps/client/recovery/RestoreDialog.h"
 
+#include "apps/client/FixedFont.h"
 #include "apps/client/PlainTexts.h"
 #include "apps/client/recovery/LineDiff.h"
 
 #include <QDialogButtonBox>
-#include <QFontDatabase>
 #include <QJsonDocument>
 #include <QLabel>
 #include <QLocale>
@@ -131,7 +131,7 @@ RestoreDialog::RestoreDialog(Occasion occasion, QWidget* parent)
     m_list->setAccessibleName(tr("备份版本"));
     m_preview->setAccessibleName(tr("与现用公式的差异"));
     m_preview->setReadOnly(true);
-    m_preview->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_preview->setFont(fixedFont());
     m_preview->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_preview->setPlaceholderText(tr("没有备份版本"));
 

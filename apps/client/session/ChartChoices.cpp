@@ -13,8 +13,12 @@ namespace {
 constexpr int kWidestMargin = 200; // slots
 constexpr int kMostNumbers = 200;
 /// In the order of chart::AxisKind.
-const QStringList kAxisNames { QStringLiteral("linear"), QStringLiteral("logarithmic"),
-                               QStringLiteral("percent"), QStringLiteral("indexed") };
+const QStringList& axisNames()
+{
+    static const QStringList names { QStringLiteral("linear"), QStringLiteral("logarithmic"),
+                                     QStringLiteral("percent"), QStringLiteral("indexed") };
+    return names;
+}
 
 QJsonArray packed(const QVector<double>& numbers)
 {
@@ -43,7 +47,7 @@ QJsonObject ChartChoices::toJson() const
         lines.insert(entry.key(), packed(entry.value()));
     return { { QStringLiteral("period"), period },
              { QStringLiteral("margin"), margin },
-             { QStringLiteral("axis"), kAxisNames.at(static_cast<int>(axis)) },
+             { QStringLiteral("axis"), axisNames().at(static_cast<int>(axis)) },
              { QStringLiteral("magnetic"), isMagnetic },
              { QStringLiteral("priceLines"), lines },
              { QStringLiteral("stretches"), packed(stretches) } };
@@ -54,7 +58,7 @@ ChartChoices ChartChoices::fromJson(const QJsonObject& json)
     ChartChoices choices;
     choices.period = json.value(QStringLiteral("period")).toString();
     choices.margin = std::clamp(json.value(QStringLiteral("margin")).toInt(choices.margin), 0, kWidestMargin);
-    const int axis = kAxisNames.indexOf(json.value(QStringLiteral("axis")).toString());
+    const int axis = axisNames().indexOf(json.value(QStringLiteral("axis")).toString());
     choices.axis = static_cast<chart::AxisKind>(std::max(0, axis));
     choices.isMagnetic = json.value(QStringLiteral("magnetic")).toBool();
     const QJsonObject lines = json.value(QStringLiteral("priceLines")).toObject();

@@ -124,6 +124,7 @@ QByteArray Session::toJson() const
                                        { QStringLiteral("shown"), shown },
                                        { QStringLiteral("behind"), behind },
                                        { QStringLiteral("bookRule"), bookRule },
+                                       { QStringLiteral("tools"), hasTools },
                                        { QStringLiteral("chart"), chart.toJson() },
                                        { QStringLiteral("overlays"), packed(overlays) },
                                        { QStringLiteral("panes"), packed(panes) },
@@ -146,6 +147,7 @@ Session Session::fromJson(const QByteArray& json)
     session.shown = std::max(0, root.value(QStringLiteral("shown")).toInt());
     session.behind = std::max(0, root.value(QStringLiteral("behind")).toInt());
     session.bookRule = root.value(QStringLiteral("bookRule")).toBool();
+    session.hasTools = root.value(QStringLiteral("tools")).toBool(true);
     session.chart = ChartChoices::fromJson(root.value(QStringLiteral("chart")).toObject());
     session.overlays = unpackedOverlays(root.value(QStringLiteral("overlays")).toArray());
     session.panes = unpacked(root.value(QStringLiteral("panes")).toArray());

@@ -34,6 +34,7 @@ struct Session
     int shown = 0;                  ///< bars in view; 0: as many as is usual
     int behind = 0;                 ///< bars between the last one in view and the last one of all
     bool bookRule = false;
+    bool hasTools = true; ///< the toolbar is shown
     ChartChoices chart;
     std::vector<OverlaidFile> overlays;        ///< over the main pane
     std::vector<QStringList> panes;            ///< formulas from top to bottom; empty: the usual ones

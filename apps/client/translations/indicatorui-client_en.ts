@@ -1456,6 +1456,22 @@ This version holds no scripts, the live ones stay.</translation>
 <context>
     <name>client::WeightTable</name>
     <message>
+        <source>市场</source>
+        <translation>Market</translation>
+    </message>
+    <message>
+        <source>代码</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>名称</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>股数</source>
+        <translation>Shares</translation>
+    </message>
+    <message>
         <source>无市值数据</source>
         <translation>no market value</translation>
     </message>

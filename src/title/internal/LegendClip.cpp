@@ -27,6 +27,8 @@ public:
     void add(const ArrowColorTextData& piece, const QRect& place, const QSize& arrow, const QFont& font)
     {
         const QRect room = addRoom(place, arrow.width());
+        if (room.isEmpty())
+            return;
         if (arrow.height() > place.height()
             || !inkStaysIn(room, m_painter, place, Qt::AlignCenter, piece.text, font))
             m_clip.isNeeded = true;

@@ -14,7 +14,7 @@ namespace TC::detail {
 struct LegendClip
 {
     QVector<QRect> pieces; ///< what shows: each text with its arrow and the room around it that ink may take
-    bool isNeeded = false; ///< false: the legend leaves no ink outside the pieces, so need not be clipped
+    bool isNeeded = false; ///< false: painted alone, they leave no ink outside their rooms, so need no clip
     QRegion region() const;
 };
 

@@ -12,16 +12,6 @@ namespace TC::detail {
 
 namespace {
 
-/// Paints one row; answers the x behind it.
-int paintRow(QPainter* painter, const QList<CArrowColorSimpleText>& row, int x, int y, int width,
-             bool stopAtEdge)
-{
-    const auto paint = [&](const CArrowColorSimpleText& object, int left, int room) {
-        object.drawText(painter, left, y, room, kLegendRowHeight, Qt::AlignCenter, false, false);
-    };
-    return forEachObject(row, x, width, paint, stopAtEdge);
-}
-
 void paintSummary(QPainter* painter, int x, const QVector<ArrowColorTextData>& texts)
 {
     painter->setFont(WB::skinFont(kTitleFont));
@@ -33,15 +23,39 @@ void paintSummary(QPainter* painter, int x, const QVector<ArrowColorTextData>& t
     }
 }
 
+/// @param paint  called with (object, x, y, width left) for each object.
+template <class Paint>
+void paintRows(QPainter* painter, const LegendRows& rows, const LegendOrigin& origin, int width,
+               const QVector<ArrowColorTextData>& summary, Paint paint)
+{
+    const auto paintAt = [&](int y) {
+        return
+            [&paint, y](const CArrowColorSimpleText& object, int x, int room) { paint(object, x, y, room); };
+    };
+    const int x = forEachObject(rows.first, origin.firstX, width, paintAt(0));
+    if (origin.hasSummary)
+        paintSummary(painter, x, summary);
+    forEachObject(rows.second, origin.secondX, width, paintAt(origin.secondY), origin.hasSummary);
+}
+
 } // namespace
 
 void paintLegend(QPainter* painter, const LegendRows& rows, const LegendOrigin& origin, int width,
                  const QVector<ArrowColorTextData>& summary)
 {
-    const int x = paintRow(painter, rows.first, origin.firstX, 0, width, false);
-    if (origin.hasSummary)
-        paintSummary(painter, x, summary);
-    paintRow(painter, rows.second, origin.secondX, origin.secondY, width, origin.hasSummary);
+    paintRows(painter, rows, origin, width, summary,
+              [&](const CArrowColorSimpleText& object, int x, int y, int room) {
+                  object.drawText(painter, x, y, room, kLegendRowHeight, Qt::AlignCenter, false, false);
+              });
+}
+
+void paintWholePieces(QPainter* painter, const QRect& area, const LegendRows& rows,
+                      const LegendOrigin& origin, int width, const QVector<ArrowColorTextData>& summary)
+{
+    paintRows(painter, rows, origin, width, summary,
+              [&](const CArrowColorSimpleText& object, int x, int y, int room) {
+                  object.drawWhole(painter, x, y, room, kLegendRowHeight, area);
+              });
 }
 
 } // namespace TC::detail

@@ -16,4 +16,8 @@ namespace TC::detail {
 void paintLegend(QPainter* painter, const LegendRows& rows, const LegendOrigin& origin, int width,
                  const QVector<ArrowColorTextData>& summary);
 
+/// As paintLegend, but of the rows only the pieces that lie inside `area` altogether.
+void paintWholePieces(QPainter* painter, const QRect& area, const LegendRows& rows,
+                      const LegendOrigin& origin, int width, const QVector<ArrowColorTextData>& summary);
+
 } // namespace TC::detail

@@ -81,7 +81,7 @@ TextLine::TextLine(const QString& text, const QFont& font)
     m_runs = layout.glyphRuns();
     std::sort(m_runs.begin(), m_runs.end(), endsBefore);
     m_width = line.naturalTextWidth();
-    m_height = line.height();
+    m_height = line.ascent() + line.descent(); // as drawText centres it; height() rounds it up
     const bool isLeftToRight =
         std::none_of(m_runs.begin(), m_runs.end(), [](const QGlyphRun& run) { return run.isRightToLeft(); });
     m_isPlain = isLeftToRight && !m_runs.isEmpty() && line.horizontalAdvance() == m_width

@@ -7,9 +7,9 @@
 #include <QPaintEngine>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace TC::detail {
@@ -65,25 +65,27 @@ bool isNear(const QRect& place)
         && place.height() < farthest;
 }
 
+/// A text's top left corner where drawText has it, which cuts places towards 0.
 QPointF cornerOf(const TextShape& shape, const QRect& place, int alignment)
 {
+    const auto cut = [](qreal coordinate) {
+        constexpr qreal fixedPoint = 64.0; // places to a pixel
+        return std::trunc(coordinate * fixedPoint) / fixedPoint;
+    };
     const qreal roomBeside = place.width() - shape.exactWidth, roomBelow = place.height() - shape.height;
-    return QPointF(place.x() + ((alignment & Qt::AlignHCenter) != 0 ? roomBeside / 2 : 0.0),
-                   place.y() + ((alignment & Qt::AlignVCenter) != 0 ? roomBelow / 2 : 0.0));
+    return QPointF(cut(place.x() + ((alignment & Qt::AlignHCenter) != 0 ? roomBeside / 2 : 0.0)),
+                   cut(place.y() + ((alignment & Qt::AlignVCenter) != 0 ? roomBelow / 2 : 0.0)));
 }
 
-/// Where the runs go so that their places are rounded as drawText rounds them, in 1/64 of a pixel of the
-/// device; empty where no place does that.
-std::optional<QPointF> roundedCorner(const QPointF& corner, const QTransform& transform)
+/// Whether glyphs from a corner on stand right of and on or below either origin: beyond, places are rounded
+/// the other way.
+bool isRoundedDown(const QPointF& corner, const QList<QGlyphRun>& runs)
 {
-    constexpr qreal fixedPoint = 64.0;
-    if (isWhole(corner.x() * fixedPoint))
-        return corner;
-    if (transform.m11() != 1.0)
-        return std::nullopt;
-    // drawText cuts the text's place, on either side of 0, and adds those of its glyphs.
-    const qreal cut = std::trunc((corner.x() + transform.dx()) * fixedPoint) / fixedPoint;
-    return QPointF(cut - transform.dx(), corner.y());
+    return corner.x() >= 0.0 && std::all_of(runs.begin(), runs.end(), [&](const QGlyphRun& run) {
+               const QVector<QPointF> positions = run.positions();
+               return std::all_of(positions.begin(), positions.end(),
+                                  [&](const QPointF& position) { return corner.y() + position.y() >= 0.0; });
+           });
 }
 
 /// Paints a text glyph by glyph where that is certain to be the same; answers whether it was.
@@ -95,13 +97,11 @@ bool paintGlyphs(QPainter* painter, const QRect& place, int alignment, const QSt
     const TextShape& shape = shapesOf(font).shape(text);
     if (shape.runs.isEmpty() || !isNear(place))
         return false;
-    const auto corner = roundedCorner(cornerOf(shape, place, alignment), painter->deviceTransform());
-    if (!corner)
-        return false;
-    if (shape.pixels && paintStamps(painter, *corner, shape.runs, *shape.pixels))
+    const QPointF corner = cornerOf(shape, place, alignment);
+    if (shape.pixels && paintStamps(painter, corner, shape.runs, *shape.pixels))
         return true;
     for (const QGlyphRun& run : shape.runs)
-        painter->drawGlyphRun(*corner, run);
+        painter->drawGlyphRun(corner, run);
     return true;
 }
 
@@ -132,9 +132,9 @@ bool inkStaysIn(const QRect& room, const QPainter& painter, const QRect& place, 
         return false;
     const QPointF corner = cornerOf(shape, place, alignment);
     if (shape.pixels && keepsPixels(painter, font) && painter.deviceTransform().isIdentity()
-        && corner.x() >= 0.0 && corner.y() >= 0.0) {
+        && isRoundedDown(corner, shape.runs)) {
         // The pixels move with the whole pixel that the corner stands in.
-        const QPoint pixel(static_cast<int>(corner.x()), static_cast<int>(corner.y()));
+        const QPoint pixel(static_cast<int>(corner.x()), static_cast<int>(std::floor(corner.y())));
         return shape.pixels->isEmpty() || room.contains(shape.pixels->translated(pixel));
     }
     constexpr qreal rasterized = 1.0; // pixels by which hinting and whole pixels may widen an outline

@@ -4,6 +4,7 @@
 #include "tests/support/Legend.h"
 #include "tests/support/Seeds.h"
 #include "title/internal/LegendClip.h"
+#include "title/internal/LegendPaint.h"
 #include "title/internal/TradeSummary.h"
 
 #include <gtest/gtest.h>
@@ -272,6 +273,39 @@ TEST(WholePieces, LeavesOutRowsBelowTheStrip)
     };
     EXPECT_TRUE(visible(32));
     EXPECT_FALSE(visible(31));
+}
+
+TEST(WholePieces, NeedNoClipForThoseLeftOut)
+{
+    TC::CArrowColorSimpleText object(QStringLiteral("fnt_index_title_text"));
+    object.setTextColor(QStringLiteral("abc"), Qt::red, 0);
+    object.setTextColor(QStringLiteral("def"), Qt::red, 0);
+    object.setGraphType(false);
+    LegendRows rows;
+    rows.first = { object };
+    const QRect area(0, 0, 20 + test::widthOf(QStringLiteral("abc")) + 5, 16);
+    const LegendOrigin origin = legendOrigin(QRect(20, 0, 5000, 16), TC::EIndexView_Plain, 0, false);
+    const LegendClip visible = wholePieces(Canvas().painter, area, rows, origin, 5000, {});
+    EXPECT_EQ(visible.pieces.size(), 1);
+    EXPECT_FALSE(visible.isNeeded);
+
+    const auto painted = [&](bool whole) {
+        QImage image(200, 16, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        if (whole) {
+            paintWholePieces(&painter, area, rows, origin, 5000, {});
+        } else {
+            painter.setClipRegion(visible.region());
+            paintLegend(&painter, rows, origin, 5000, {});
+        }
+        painter.end();
+        return image;
+    };
+    QImage empty(200, 16, QImage::Format_RGB32);
+    empty.fill(Qt::white);
+    EXPECT_EQ(painted(true), painted(false));
+    EXPECT_NE(painted(true), empty);
 }
 
 TEST(FitSummary, LeavesOutAccountsThenVolumesThenEverything)

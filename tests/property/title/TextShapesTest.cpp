@@ -203,7 +203,7 @@ TEST(PaintLine, StaysInsideTheRoomThatItIsSaidToStayIn)
         QPainter painter(&image);
         painter.setFont(font);
         const int width = WB::CSimpleText::getSize(text, font).width();
-        const QRect place(random.pick(20, 40), random.pick(10, 20), width + random.pick(0, 1), 16);
+        const QRect place(random.pick(20, 40), random.pick(0, 20), width + random.pick(0, 1), 16);
         const QRect room = place.adjusted(random.pick(-3, 1), random.pick(-3, 1), random.pick(-1, 3), 2);
         if (!inkStaysIn(room, painter, place, Qt::AlignCenter, text, font))
             continue;

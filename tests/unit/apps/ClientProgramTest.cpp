@@ -63,3 +63,32 @@ TEST(ClientProgram, NamesTheLanguagesItKnowsWhenAskedForAnother)
     EXPECT_TRUE(told.contains(QStringLiteral("tlh")) && told.contains(QStringLiteral("zh and en")))
         << told.toStdString();
 }
+
+TEST(ClientProgram, SaysHowItIsUsedWithoutADisplay)
+{
+    const auto answer = [](const char* option) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove(QStringLiteral("DISPLAY"));
+        environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+        QProcess program;
+        program.setProcessEnvironment(environment);
+        program.start(QStringLiteral(CLIENT_PROGRAM), { QString::fromUtf8(option) });
+        EXPECT_TRUE(program.waitForFinished());
+        EXPECT_EQ(program.exitCode(), 0);
+        return QString::fromUtf8(program.readAllStandardOutput());
+    };
+    for (const char* option : { "FILE.csv", "--lang", "--follow", "--help", "--version" })
+        EXPECT_TRUE(answer("--help").contains(QLatin1String(option))) << option;
+    EXPECT_TRUE(answer("--version").startsWith(QStringLiteral("indicatorui-client ")));
+}
+
+TEST(ClientProgram, NamesTheArgumentThatItDoesNotKnow)
+{
+    QProcess program;
+    program.start(QStringLiteral(CLIENT_PROGRAM), { QStringLiteral("--size"), QStringLiteral("bars.csv") });
+    ASSERT_TRUE(program.waitForFinished());
+    EXPECT_NE(program.exitCode(), 0);
+    const QString told = QString::fromUtf8(program.readAllStandardError());
+    EXPECT_TRUE(told.endsWith(QStringLiteral("indicatorui-client: unknown argument --size; see --help\n")))
+        << told.toStdString();
+}

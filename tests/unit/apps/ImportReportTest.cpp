@@ -31,6 +31,23 @@ TEST_F(ImportReport, OfASoundWorkbookCountsItsRowsAlone)
     EXPECT_EQ(lineOn(m_sound), QStringLiteral("a：读入 1 行，识别 1 行"));
 }
 
+TEST_F(ImportReport, CountsNoFirstRowThatNamesTheColumns)
+{
+    const auto lineOf = [](const QVector<QString>& codes) {
+        return client::reportOn(codes, false).text(QStringLiteral("a"));
+    };
+    EXPECT_EQ(lineOf({ QStringLiteral("代码"), QStringLiteral("600000") }),
+              QStringLiteral("a：读入 1 行，识别 1 行"));
+    EXPECT_EQ(lineOf({ QStringLiteral("600000"), QStringLiteral("代码") }),
+              QStringLiteral("a：读入 2 行，识别 1 行，跳过 1 行（代码未知 1），例如 代码"))
+        << "only the first one names columns";
+    EXPECT_EQ(lineOf({ QStringLiteral("999999"), QStringLiteral("600000") }),
+              QStringLiteral("a：读入 2 行，识别 1 行，跳过 1 行（代码未知 1），例如 999999"));
+    EXPECT_EQ(lineOf({ QStringLiteral("words") }),
+              QStringLiteral("a：读入 1 行，识别 0 行，跳过 1 行（代码未知 1），例如 words"))
+        << "a list of one row has no columns to name";
+}
+
 TEST_F(ImportReport, SaysThatADamagedWorkbookMayBeIncomplete)
 {
     test::Parts parts = test::soundParts("<row><c><v>600000</v></c></row>");

@@ -21,6 +21,7 @@
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -104,6 +105,151 @@ TEST_F(RenderProgram, LeavesOutOfTheExportWhatTheBarsDoNotCarry)
         EXPECT_GT(text.count('\n'), 1000) << name;
         EXPECT_FALSE(text.contains("nan")) << name;
     }
+}
+
+TEST_F(RenderProgram, PaintsEveryKindOfDrawingInItsColour)
+{
+    constexpr int belowLegends = 60; // rows
+    QFile all(sample("SH600030.csv"));
+    ASSERT_TRUE(all.open(QIODevice::ReadOnly));
+    const QList<QByteArray> rows = all.readAll().split('\n');
+    ASSERT_FALSE(base::writeWholeFile(path("SH600030.csv"), rows.mid(0, 41).join('\n')));
+    const auto inked = [&](const QByteArray& formula, const QColor& color = QColor(250, 10, 240)) {
+        EXPECT_FALSE(base::writeWholeFile(path("own.txt"), formula));
+        const Outcome result = run({ QStringLiteral("--bars"), path("SH600030.csv"),
+                                     QStringLiteral("--formula"), path("own.txt"), QStringLiteral("--size"),
+                                     QStringLiteral("600x400"), QStringLiteral("-o"), path("out.png") });
+        EXPECT_EQ(result.exitCode, 0) << result.error.toStdString();
+        const QImage image = QImage(path("out.png")).convertToFormat(QImage::Format_RGB32);
+        int pixels = 0;
+        for (int y = belowLegends; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                pixels += image.pixel(x, y) == color.rgb() ? 1 : 0;
+        }
+        return pixels;
+    };
+    const char* drawings[] = { "A:C",
+                               "A:C,STICK",
+                               "A:C,LINESTICK",
+                               "A:C,POINTDOT",
+                               "A:C,CIRCLEDOT",
+                               "A:C>O,BOOLLINE",
+                               "A:C,DOTLINE",
+                               "A:C,LINETHICK3",
+                               "DRAWTEXT(C>O,H,'TTT')",
+                               "DRAWTEXT_FIX(1,0.2,0.5,0,'TTT')",
+                               "DRAWNUMBER(C>O,H,C,2)",
+                               "STICKLINE(C>O,H,L,8,0)",
+                               "VERTLINE(C>O)",
+                               "VERTLINE(C>O,H,L)",
+                               "PARTLINE(C,C>O)" };
+    for (const char* drawing : drawings) {
+        const QByteArray formula = QByteArray("MAIN; ") + drawing;
+        EXPECT_GT(inked(formula + ",RGB(250,10,240);"), 0) << drawing;
+    }
+    EXPECT_GT(inked("SUB; STACKVOL(V,V),COLORMAGENTA,COLORGREEN;", Qt::magenta), 1'000)
+        << "the lower part of each stick";
+    EXPECT_GT(inked("SUB; STACKVOL(V,V),COLORGREEN,COLORMAGENTA;", Qt::magenta), 1'000) << "the upper one";
+}
+
+TEST_F(RenderProgram, PaintsIconsWhereTheirConditionHolds)
+{
+    const auto picture = [&](const QByteArray& formula) {
+        EXPECT_FALSE(base::writeWholeFile(path("own.txt"), formula));
+        const Outcome result =
+            run({ QStringLiteral("--bars"), sample("SH600030.csv"), QStringLiteral("--formula"),
+                  path("own.txt"), QStringLiteral("-o"), path("out.png") });
+        EXPECT_EQ(result.exitCode, 0) << result.error.toStdString();
+        return QImage(path("out.png"));
+    };
+    const QImage without = picture("MAIN; DRAWICON(C<0,L,1);");
+    EXPECT_NE(picture("MAIN; DRAWICON(C>O,L,1);"), without);
+    EXPECT_EQ(picture("MAIN; DRAWICON(C<0,L,2);"), without);
+}
+
+TEST_F(RenderProgram, PaintsAndExportsTrades)
+{
+    const QString trades = QStringLiteral(SAMPLES_DIR "/ticks/SYNTHETIC-five-levels.csv");
+    const auto picture = [&](const QStringList& more) {
+        const Outcome result = run(
+            QStringList { QStringLiteral("--ticks"), trades, QStringLiteral("-o"), path("out.png") } + more);
+        EXPECT_EQ(result.exitCode, 0) << result.error.toStdString();
+        return QImage(path("out.png"));
+    };
+    const QStringList all { QStringLiteral("--from"), QStringLiteral("0"), QStringLiteral("--count"),
+                            QStringLiteral("6000") };
+    const QImage last = picture({}), byPrice = picture(all);
+    EXPECT_EQ(last.size(), QSize(1600, 900));
+    EXPECT_NE(byPrice, last);
+    EXPECT_NE(picture(all + QStringList(QStringLiteral("--book"))), byPrice);
+
+    QFile file(trades);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const int count = file.readAll().count('\n') - 1; // without the head
+    const auto exported = [&](const QStringList& more) {
+        const Outcome result =
+            run(QStringList { QStringLiteral("--ticks"), trades, QStringLiteral("--export"), path("out.csv") }
+                + more);
+        EXPECT_EQ(result.exitCode, 0) << result.error.toStdString();
+        QFile written(path("out.csv"));
+        EXPECT_TRUE(written.open(QIODevice::ReadOnly));
+        return written.readAll().split('\n');
+    };
+    const QList<QByteArray> lines = exported({}), withTime = exported({ QStringLiteral("--with-time") });
+    EXPECT_GE(lines.size(), count + 1);
+    EXPECT_EQ(withTime.size(), lines.size());
+    EXPECT_GT(withTime.at(1).size(), lines.at(1).size());
+}
+
+TEST_F(RenderProgram, SaysWhatIsWrongWithItsArguments)
+{
+    const auto refused = [&](const QStringList& arguments) {
+        const Outcome result =
+            run(QStringList { QStringLiteral("--bars"), sample("SH600030.csv") } + arguments);
+        EXPECT_EQ(result.exitCode, 2);
+        EXPECT_FALSE(QFile::exists(path("out.png")));
+        return result.error.toStdString();
+    };
+    const QString out = path("out.png"), o = QStringLiteral("-o");
+    const auto with = [&](const char* option, const char* value) {
+        return QStringList { o, out, QString::fromUtf8(option), QString::fromUtf8(value) };
+    };
+    EXPECT_THAT(refused(with("--from", "5639")), testing::HasSubstr("SH600030.csv has only 5639 bars"));
+    EXPECT_THAT(refused(with("--from", "-1")), testing::HasSubstr("is not a whole number from 0 to"));
+    EXPECT_THAT(refused(with("--count", "0")),
+                testing::HasSubstr("--count: \"0\" is not a whole number from 2 to"));
+    EXPECT_THAT(refused(with("--count", "many")), testing::HasSubstr("\"many\" is not a whole number"));
+    for (const char* ratio : { "0.4", "4.1", "nan", "dense" })
+        EXPECT_THAT(refused(with("--dpr", ratio)), testing::HasSubstr("is not a ratio from 0.5 to 4"));
+    EXPECT_THAT(refused(with("--pane", ",")), testing::HasSubstr("--pane: \",\" names no formula"));
+    EXPECT_THAT(refused(with("--pane", "NONE")), testing::HasSubstr("unknown formula \"NONE\"; known are "));
+    EXPECT_THAT(refused({ o, path("out.gif") }), testing::HasSubstr("does not end in .png, .svg or .pdf"));
+    EXPECT_THAT(refused({}), testing::HasSubstr("-o OUT.png is missing"));
+    EXPECT_THAT(refused({ o, out, QStringLiteral("--with-time") }),
+                testing::HasSubstr("go with --export OUT.csv"));
+    EXPECT_THAT(refused(with("--export-one", "MA")), testing::HasSubstr("go with --export OUT.csv"));
+    EXPECT_THAT(refused({ QStringLiteral("--export"), path("out.csv"), QStringLiteral("--export-one"),
+                          QStringLiteral("MACD") }),
+                testing::HasSubstr("the first pane has no formula \"MACD\""));
+    EXPECT_THAT(refused({ o, out, QStringLiteral("more.csv") }),
+                testing::HasSubstr("unknown argument more.csv"));
+    EXPECT_THAT(refused({ o, out, QStringLiteral("-x") }), testing::HasSubstr("unknown argument -x"));
+    EXPECT_THAT(refused({ o }), testing::HasSubstr("See --help."));
+    EXPECT_THAT(refused(with("--ticks", "trades.csv")), testing::HasSubstr("exactly one of --bars"));
+}
+
+TEST_F(RenderProgram, SaysHowItIsUsed)
+{
+    const auto answer = [](const char* option) {
+        QProcess process;
+        process.start(QStringLiteral(RENDER_PROGRAM), { QString::fromUtf8(option) });
+        EXPECT_TRUE(process.waitForFinished(60'000));
+        EXPECT_EQ(process.exitCode(), 0);
+        return process.readAllStandardOutput().toStdString();
+    };
+    for (const char* option : { "--bars", "--ticks", "--pane", "--export-one", "--dpr", "--version" })
+        EXPECT_THAT(answer("--help"), testing::HasSubstr(option));
+    EXPECT_THAT(answer("--version"), testing::StartsWith("indicatorui-render "));
 }
 
 TEST_F(RenderProgram, WritesSvgAndPdf)

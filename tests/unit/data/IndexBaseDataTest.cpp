@@ -131,7 +131,7 @@ TEST(IndexBaseData, MaxMinMapWaitsForTheHolderOfTheDataLock)
     std::future<int> waiting;
     {
         const boost::recursive_mutex::scoped_lock lock(pane.m_dataLock);
-        waiting = std::async(std::launch::async, [&] { return pane.getMaxMinMap().size(); });
+        waiting = std::async(std::launch::async, [&]() -> int { return pane.getMaxMinMap().size(); });
         EXPECT_EQ(waiting.wait_for(std::chrono::milliseconds(50)), std::future_status::timeout);
         pane.m_maxMinMap[{}] = { 12.0, 3.0 };
     }

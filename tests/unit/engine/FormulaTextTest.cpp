@@ -204,6 +204,60 @@ TEST(FormulaText, NamesAnArgumentTooMany)
               (std::vector<std::string> { "1:10+1 6: an argument too many, expected MA(X,N)" }));
 }
 
+TEST(FormulaText, NamesWhatIsNoColour)
+{
+    EXPECT_EQ(faultsOf("X:C,RGB(1,2,300);").front(), "1:13+3 300: expected a number from 0 to 255");
+    EXPECT_EQ(faultsOf("X:C,RGB(1,C,3);").front(), "1:11+1 C: expected a number from 0 to 255");
+    EXPECT_EQ(faultsOf("X:C,RGB(1,2);").front(), "1:12+1 ): expected ,");
+    EXPECT_EQ(faultsOf("X:C,RGB(1,2,3;").front(), "1:14+1 ;: expected )");
+    const std::string parts = "1:3+3 RGB: the parts of RGB are numbers from 0 to 255";
+    for (const char* text : { "X:RGB(1,2,256);", "X:RGB(-1,2,3);", "X:RGB(1,C,3);" })
+        EXPECT_EQ(faultsOf(text), std::vector<std::string> { parts }) << text;
+    EXPECT_EQ(faultsOf("X:RGB(1,2);").front(), "1:3+3 RGB: wrong number of arguments, expected RGB(r,g,b)");
+    EXPECT_EQ(faultsOf("X:RGB(1,2,Q9);").front(), "1:11+2 Q9: unknown name");
+    EXPECT_EQ(valueOf("RGB(1,2,3)"), 1 + 256 * 2 + 65'536 * 3);
+    EXPECT_EQ(faultsOf("X:C,COLORRED,COLORBLUE;"),
+              std::vector<std::string> { "1:14+9 COLORBLUE: this output has a colour already" });
+    for (const char* text :
+         { "DRAWBAND(C,C,2,COLORGREEN);", "DRAWBAND(C,COLORRED,2,V);", "DRAWBAND(C,-1,2,COLORGREEN);",
+           "FILLRGN(C,O,C>1,V);", "FILLRGN(C,O,C>1);", "PARTLINE(C,C>O,V);" })
+        EXPECT_EQ(faultsOf(text).size(), 1U) << text;
+}
+
+TEST(FormulaText, NamesAttributesThatDoNotSuitTheirOutput)
+{
+    EXPECT_EQ(faultsOf("DRAWTEXT(C>O,H,'x'),STICK;").front(),
+              "1:21+5 STICK: drawings do not take this attribute");
+    EXPECT_EQ(faultsOf("X:C,WINNER;").front().substr(0, 12), "1:5+6 WINNER");
+    EXPECT_EQ(faultsOf("X:C,ALIGN1;").front(), "1:5+6 ALIGN1: only texts, numbers and icons are placed");
+    EXPECT_EQ(faultsOf("X:C,5;").front(), "1:5+1 5: expected an attribute");
+    const char* iconFirst = "DRAWICON(C>O,L,1),ALIGN1; DRAWTEXT(C>O,H,'x'),ALIGN2;";
+    EXPECT_THAT(faultsOf(iconFirst).front(),
+                testing::HasSubstr("texts and numbers share the ALIGN of an icon that is the first output"));
+}
+
+TEST(FormulaText, ReadsHanLettersOfEveryBlock)
+{
+    for (const char* letter : { "\u4e00", "\u9fff", "\u3400", "\u4dbf", "\U00020000", "\U0003fffd", "\uf900",
+                                "\ufaff", "\u3005", "\u3007" }) {
+        const std::string name = std::string("A") + letter;
+        std::string text = name;
+        text.append(":=C; X:").append(name).append(";");
+        EXPECT_EQ(faultsOf(text), std::vector<std::string> {}) << name;
+    }
+    for (const char* other : { "\u4dc0", "\u33ff", "\u3004", "\u3008", "\ufb00", "\U0001f600" })
+        EXPECT_FALSE(faultsOf(std::string("X:") + other + ";").empty()) << other;
+}
+
+TEST(FormulaText, TakesNoCharacterForOneThatUtf8DoesNotAllow)
+{
+    for (const char* bytes :
+         { "\xE0\x80\x80", "\xF0\x80\x80\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE4\xB8", "\xC3" })
+        EXPECT_THAT(faultsOf(std::string("X:C+") + bytes + "C;").front(),
+                    testing::HasSubstr("these bytes are no UTF-8"))
+            << bytes;
+}
+
 TEST(FormulaText, NamesForeignBytes)
 {
     EXPECT_EQ(faultsOf("X:C$$+1;"),
@@ -261,6 +315,10 @@ TEST(FormulaText, HasLimits)
         many += "X" + std::to_string(output) + ":C;";
     EXPECT_THAT(faultsOf(many).front(), testing::HasSubstr("too many outputs"));
     EXPECT_EQ(faultsOf(std::string((1 << 20) + 1, ' ')).size(), 1U);
+    std::string parameters = "PARAM P0(1,0,2)";
+    for (int parameter = 1; parameter < 1'000; ++parameter)
+        parameters += ",P" + std::to_string(parameter) + "(1,0,2)";
+    EXPECT_THAT(faultsOf(parameters + "; X:C;").front(), testing::HasSubstr("too many parameters"));
     std::string faulty;
     for (int line = 0; line < 1'000; ++line)
         faulty += "A" + std::to_string(line) + ":=;";

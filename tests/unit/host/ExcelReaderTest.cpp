@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "host/WB/CExcelReader.h"
 #include "host/embedded/EmbeddedHost.h"
+#include "host/embedded/ReadingSetup.h"
 #include "tests/support/System.h"
 #include "tests/support/Trace.h"
 #include "tests/support/Workbooks.h"
 #include "host/utils/TextCodec.h"
 
+#include <QSet>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -45,6 +47,25 @@ TEST_F(ExcelReader, ReadsTheFirstSheetOfAnXls)
     ON_UNIX_ALONE("a Python library makes the workbook");
     EXPECT_TRUE(m_reader.open(test::writeXls(path("a.xls"), kRows)));
     EXPECT_EQ(sheet(), kSheet);
+}
+
+TEST_F(ExcelReader, ReadsTextsThatLieAcrossTheRecordsOfAnXls)
+{
+    Rows rows; // hundreds of records of 8 KB, in bytes and in pairs of them
+    for (int row = 0; row < 100; ++row) {
+        const QString letters = QStringLiteral("%1 letters ").arg(row).leftJustified(6'000, QLatin1Char('a'));
+        const QString characters = QStringLiteral("%1 字").arg(row).leftJustified(1'000, QChar(0x5B57));
+        rows << QVariantList { letters, characters };
+    }
+    ASSERT_TRUE(m_reader.open(test::writeXls(path("a.xls"), rows)));
+    EXPECT_FALSE(TC::embedded::lastWorkbookReport().mayBeIncomplete);
+    int different = 0;
+    for (int row = 0; row < rows.size(); ++row) {
+        for (int column = 0; column < 2; ++column)
+            different +=
+                m_reader.getData(1, row + 1, column + 1, true) == rows[row][column].toString() ? 0 : 1;
+    }
+    EXPECT_EQ(different, 0);
 }
 
 TEST_F(ExcelReader, CountsRowsAndColumnsFromTheFirstCellThatHoldsSomething)
@@ -126,6 +147,22 @@ TEST_F(ExcelReader, RefusesWhatIsNoWorkbook)
         EXPECT_FALSE(m_reader.open(file)) << file.toStdString();
         EXPECT_EQ(sheet(), QString());
     }
+}
+
+TEST_F(ExcelReader, SaysSomethingElseOfEachReasonNotToRead)
+{
+    using TC::embedded::WorkbookOutcome;
+    QSet<QString> texts;
+    int outcomes = 0;
+    for (int outcome = 0; outcome <= static_cast<int>(WorkbookOutcome::ProgramNotStarted);
+         ++outcome, ++outcomes)
+        texts << TC::embedded::textOf({ static_cast<WorkbookOutcome>(outcome), false, QString() });
+    EXPECT_EQ(texts.size(), outcomes);
+    EXPECT_EQ(TC::embedded::textOf({ WorkbookOutcome::Read, false, QString() }), QString());
+    texts << TC::embedded::textOf({ WorkbookOutcome::Read, true, QString() }); // damaged, but read
+    EXPECT_EQ(texts.size(), outcomes + 1);
+    EXPECT_EQ(TC::embedded::textOf({ WorkbookOutcome::CannotOpen, true, QStringLiteral("no such file") }),
+              QStringLiteral("文件打不开（no such file）"));
 }
 
 TEST_F(ExcelReader, ForgetsTheWorkbookBefore)

@@ -179,6 +179,86 @@ TEST_F(InstrumentStore, WhoseTablesAreViewsIsNotRead)
     EXPECT_EQ(missing(), 0);
 }
 
+TEST_F(InstrumentStore, WithARowThatMakesNoSenseIsDamaged)
+{
+    const char* changes[] = { "UPDATE instrument SET name = 'a' || char(7) WHERE code = '600000'",
+                              "UPDATE instrument SET name = x'00FF' WHERE code = '600000'",
+                              "UPDATE instrument SET code = '' WHERE code = '600000'",
+                              "UPDATE instrument SET price_tick = -0.01 WHERE code = '600000'",
+                              "UPDATE instrument SET price_tick = 9e999 WHERE code = '600000'",
+                              "UPDATE instrument SET price_tick = 'dear' WHERE code = '600000'",
+                              "UPDATE figure SET value = 'much' WHERE code = '600000'",
+                              "UPDATE figure SET field = 'which' WHERE code = '600000' AND field = 3015" };
+    for (const char* change : changes) {
+        EXPECT_EQ(open(), QString());
+        inStore(QString::fromUtf8(change));
+        EXPECT_TRUE(open().startsWith(QStringLiteral("证券数据库已损坏（not an instrument store），")))
+            << change;
+        EXPECT_EQ(missing(), 0) << change;
+    }
+}
+
+TEST_F(InstrumentStore, WithFiguresOfInstrumentsThatItDoesNotHoldIsSound)
+{
+    open();
+    inStore(QStringLiteral("INSERT INTO figure VALUES ('XX', '1', 3015, 5.0, 0)"));
+    EXPECT_EQ(open(), QString());
+    EXPECT_FALSE(manager().getInstrumentDetail(QStringLiteral("XX1")));
+}
+
+TEST_F(InstrumentStore, IsCompletedByTheUsersOwnListWhoseFaultyLinesAreNamed)
+{
+    const QString list = m_folder.filePath(QStringLiteral("instruments.csv"));
+    test::writeFile(list,
+                    "market, code,name,kind,price_tick,floating_shares,colour\n"
+                    "SH,600000,own name,,0.5,100,red\n"
+                    "XX,1,new,future\n"
+                    "\n"
+                    ",2,without a market\n"
+                    "SH,600004,dear,,dear\n"
+                    "SH,600004,cheap,,-1\n"
+                    "SH,600004,none,,,0\n"
+                    "SH,600004,endless,,inf\n");
+    const QString faults =
+        QStringLiteral("证券列表有误的行未载入（共 5 处）：%1:5: an instrument has a market and a code")
+            .arg(list);
+    EXPECT_EQ(open(), faults);
+    const auto known = manager().getInstrumentDetail(QStringLiteral("SH600000")),
+               added = manager().getInstrumentDetail(QStringLiteral("XX1"));
+    EXPECT_EQ(known->name, "own name");
+    EXPECT_EQ(known->kind, "stock"); // an empty cell leaves what is known
+    EXPECT_EQ(known->priceTick, 0.5);
+    EXPECT_EQ(known->getNumber(TC::embedded::kFloatingSharesField), 100.0);
+    ASSERT_TRUE(added);
+    EXPECT_EQ(added->name, "new");
+    EXPECT_EQ(added->kind, "future");
+    EXPECT_NE(manager().getInstrumentDetail(QStringLiteral("SH600004"))->name, "endless");
+    EXPECT_EQ(storedCount(), kListed); // for this run alone
+
+    test::writeFile(path(), QByteArray(5000, 'x'));
+    const QString both = open();
+    EXPECT_TRUE(both.startsWith(QStringLiteral("证券数据库已损坏（"))) << both.toStdString();
+    EXPECT_TRUE(both.endsWith(QStringLiteral("；") + faults)) << both.toStdString();
+}
+
+TEST_F(InstrumentStore, IsAllThatIsKnownWhenTheUsersOwnListCannotBeRead)
+{
+    const QString list = m_folder.filePath(QStringLiteral("instruments.csv"));
+    for (const char* content : { "", "market,name\nSH,own\n", "code,name\n600000,own\n" }) {
+        test::writeFile(list, content);
+        EXPECT_EQ(
+            open(),
+            QStringLiteral(
+                "证券列表有误的行未载入（共 1 处）：%1:1: the first line names no columns market and code")
+                .arg(list));
+        EXPECT_EQ(manager().getInstrumentDetail(QStringLiteral("600000"))->name, "浦发银行");
+    }
+    ASSERT_TRUE(QFile::remove(list) && QDir().mkpath(list));
+    EXPECT_TRUE(open().startsWith(QStringLiteral("证券列表有误的行未载入（共 1 处）：%1: ").arg(list)))
+        << open().toStdString();
+    EXPECT_EQ(missing(), 0);
+}
+
 TEST_F(InstrumentStore, OfALaterVersionStaysAndTheListIsUsed)
 {
     open();

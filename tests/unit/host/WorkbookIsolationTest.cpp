@@ -126,6 +126,27 @@ TEST_F(WorkbookIsolation, TheProgramEndsAtOnceWhenItsParentIsAnother)
     EXPECT_EQ(program.readAllStandardOutput(), QByteArray());
 }
 
+TEST_F(WorkbookIsolation, TheProgramSaysThatItIsNotForUse)
+{
+    QProcess program;
+    program.start(QStringLiteral(WORKBOOK_PROGRAM), QStringList());
+    ASSERT_TRUE(program.waitForFinished());
+    EXPECT_EQ(program.exitCode(), 2);
+    EXPECT_EQ(program.readAllStandardOutput(), QByteArray());
+    EXPECT_TRUE(program.readAllStandardError().contains("started by the library"));
+}
+
+TEST_F(WorkbookIsolation, TheProgramFailsWhereItsAnswerFindsNoRoom)
+{
+    QProcess program;
+    program.setStandardInputFile(m_sound);
+    program.setStandardOutputFile(QStringLiteral("/dev/full"));
+    program.start(QStringLiteral(WORKBOOK_PROGRAM), { QString::number(getpid()) });
+    ASSERT_TRUE(program.waitForFinished());
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program.exitCode(), 1);
+}
+
 TEST_F(WorkbookIsolation, TheProgramStandsWhereItIsLookedFor)
 {
     EXPECT_EQ(outcome(), WorkbookOutcome::Read);

@@ -245,3 +245,20 @@ TEST_F(WorkbookParts, TextsOfExcel95AreReadInTheirCodePage)
     m_reader.open(test::writeFile(m_folder.filePath(QStringLiteral("a.xls")), bytes));
     EXPECT_EQ(m_reader.getData(1, 2, 2, true), QStringLiteral("浦发"));
 }
+
+TEST_F(WorkbookParts, ErrorsInCellsOfAnXlsAreReadAsExcelShowsThem)
+{
+    const QByteArray bytes = test::bytesOf(QStringLiteral(TEST_DATA_DIR "/workbooks/sheetjs.xls"));
+    const QByteArray cell("\x05\x02\x08\x00\x04\x00\x01\x00\x10\x00\x2A\x01", 12); // B5 holds the error 0x2A
+    ASSERT_EQ(bytes.count(cell), 1);
+    const std::pair<char, const char*> errors[] = { { 0x00, "#NULL!" },  { 0x07, "#DIV/0!" },
+                                                    { 0x0F, "#VALUE!" }, { 0x17, "#REF!" },
+                                                    { 0x1D, "#NAME?" },  { 0x24, "#NUM!" },
+                                                    { 0x2A, "#N/A" } };
+    for (const auto& [code, text] : errors) {
+        QByteArray changed = bytes;
+        changed[bytes.indexOf(cell) + 10] = code;
+        m_reader.open(test::writeFile(m_folder.filePath(QStringLiteral("a.xls")), changed));
+        EXPECT_EQ(m_reader.getData(1, 5, 2, true), QString::fromUtf8(text));
+    }
+}

@@ -64,6 +64,16 @@ TEST(ShownBarDate, ATimeOfAnyYearIsWrittenWithItsMonthAndDay)
         EXPECT_GE(dateAt(wild).size(), 8) << wild;
 }
 
+TEST(ShownBarDate, IsThatOfAnotherFormulaOfTheSameInstrumentWhereThereAreNoCandles)
+{
+    QMap<CFormulaKey, TC::RPCFormulaResultCache> data;
+    data[CFormulaKey(QStringLiteral("SZ1"), QStringLiteral("MA"))].result.barTimes = { { at(2024, 6, 20) } };
+    data[CFormulaKey(QStringLiteral("SH1"), QStringLiteral("A"))] = {}; // without bars
+    data[CFormulaKey(QStringLiteral("SH1"), QStringLiteral("MA"))].result.barTimes = { { at(2024, 6, 21) } };
+    EXPECT_EQ(shownBarDate(data, QStringLiteral("SH1"), 0), QStringLiteral("20240621"));
+    EXPECT_EQ(shownBarDate(data, QStringLiteral("SH2"), 0), QString());
+}
+
 TEST(TradingAt, ShowsEachAccountsLatestPositionUpToTheBar)
 {
     TC::CPositionNumber numbers;

@@ -5,6 +5,7 @@
 #include "host/WB/TableEvents.h"
 #include "host/TC/CStockManager.h"
 #include "host/embedded/InstrumentSetup.h"
+#include "host/embedded/ReadingSetup.h"
 #include "stocklist/CParserStockExeclTable.h"
 #include "tests/support/Workbooks.h"
 #include "tests/widget/client/ClientWindow.h"
@@ -171,6 +172,16 @@ TEST_F(BasketWeights, ThatAWorkbookBroughtAreAskedForAsTypedOnesAre)
     EXPECT_FALSE(offer()->isVisibleTo(panel()));
     EXPECT_FALSE(chooseRule(kEqual, "取消").isEmpty());
     EXPECT_EQ(cells(4), QStringLiteral("75|25"));
+}
+
+TEST_F(BasketWeights, OfAWorkbookLeaveNoReaderBehindInTheThreadThatReadIt)
+{
+    const int before = TC::embedded::excelReaderCount();
+    QSignalSpy ended(panel(), &client::BasketPanel::sigImportEnded);
+    panel()->importFile(
+        test::writeXlsx(m_folder.filePath(QStringLiteral("one.xlsx")), { { QStringLiteral("600000") } }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ended.count() == 1; }));
+    EXPECT_EQ(TC::embedded::excelReaderCount(), before);
 }
 
 TEST_F(BasketWeights, OfAPastedListGoToTheBasketThatIsInFrontWhereverTheFocusIs)

@@ -81,12 +81,12 @@ TEST_F(ClientWindow, TagsOfPricesDoNotCoverEachOther)
     chart()->state()->addPriceLine(last - 0.03);
     const QStringList lines = test::traceOf([&](QPainter& painter) { plot(0)->paintOn(painter); });
     const auto rowOf = [&](double price) {
-        const QRegularExpression text(QStringLiteral("^text [^,]+,(-?\\d+) \"%1\"")
+        const QRegularExpression text(QStringLiteral("^text [^,]+,(-?[\\d.]+) \"%1\"")
                                           .arg(QRegularExpression::escape(QString::number(price, 'f', 2))));
         const QStringList found = lines.filter(text);
-        return found.isEmpty() ? 0 : text.match(found.first()).captured(1).toInt();
+        return found.isEmpty() ? 0.0 : text.match(found.first()).captured(1).toDouble();
     };
-    constexpr int tagHeight = 18;
+    constexpr double tagHeight = 18.0;
     EXPECT_EQ(rowOf(last) - rowOf(last + 0.02), tagHeight);
     EXPECT_EQ(rowOf(last - 0.03) - rowOf(last), tagHeight);
 }

@@ -11,14 +11,19 @@
 #include "tests/support/RecoveryFolders.h"
 #include "tests/support/Trace.h"
 
+#include <QAbstractItemView>
 #include <QAction>
+#include <QCompleter>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableWidget>
 #include <QTextBlock>
 #include <QTextLayout>
 #include <QTimer>
+#include <QToolTip>
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>
@@ -78,6 +83,14 @@ protected:
     {
         return m_editor->findChild<Widget*>(QLatin1String(name));
     }
+    QPushButton* button(const char* words) const
+    {
+        for (QPushButton* button : m_editor->findChildren<QPushButton*>()) {
+            if (button->text() == QString::fromUtf8(words))
+                return button;
+        }
+        return nullptr;
+    }
     QString name() const { return part<QLineEdit>("name")->text(); }
     QByteArray file() const { return live(QStringLiteral("configFormula")); }
     static bool isKnown(const char* formula)
@@ -134,6 +147,117 @@ TEST_F(FormulaEditorTest, UnderlinesGoWhenTheTextIsRight)
     EXPECT_TRUE(m_editor->check());
     EXPECT_TRUE(text()->extraSelections().isEmpty());
     EXPECT_EQ(part<QListWidget>("problems")->count(), 0);
+}
+
+TEST_F(FormulaEditorTest, TypingErrorIsExplainedUnderThePointerAndFoundFromTheList)
+{
+    m_editor->show();
+    setText("A:=CLOSE;\nLINE:CLOZE+1;\n");
+    settle();
+    const auto askAt = [&](int position) {
+        QTextCursor cursor = text()->textCursor();
+        cursor.setPosition(position);
+        text()->setTextCursor(cursor);
+        const QPoint place = text()->cursorRect().center() + QPoint(2, 0);
+        QHelpEvent asked(QEvent::ToolTip, place, text()->viewport()->mapToGlobal(place));
+        QCoreApplication::sendEvent(text()->viewport(), &asked);
+    };
+    const int fault = text()->toPlainText().indexOf(QStringLiteral("CLOZE"));
+    askAt(fault + 1);
+    EXPECT_EQ(QToolTip::text(), text()->problemAt(fault));
+    EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("CLOSE"))) << "the word that was meant";
+    askAt(1);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+
+    auto* problems = part<QListWidget>("problems");
+    Q_EMIT problems->itemActivated(problems->item(0));
+    EXPECT_EQ(text()->textCursor().position(), fault);
+    text()->goToProblem(1); // there is none
+    text()->goToProblem(-1);
+    EXPECT_EQ(text()->textCursor().position(), fault);
+}
+
+TEST_F(FormulaEditorTest, TwoLettersOfferTheWordsThatBeginSo)
+{
+    m_editor->show();
+    setText("");
+    auto* completer = text()->findChild<QCompleter*>();
+    const auto offered = [&] {
+        QStringList words;
+        for (int row = 0; completer->popup()->isVisible() && row < completer->completionModel()->rowCount();
+             ++row)
+            words << completer->completionModel()->index(row, 0).data().toString();
+        return words;
+    };
+    QTest::keyClicks(text(), QStringLiteral("X:d"));
+    EXPECT_EQ(offered(), QStringList());
+    QTest::keyClicks(text(), QStringLiteral("r"));
+    EXPECT_TRUE(offered().contains(QStringLiteral("DRAWBAND")));
+    for (const QString& word : offered())
+        EXPECT_TRUE(word.startsWith(QStringLiteral("DR"))) << word.toStdString();
+    QTest::keyClick(text(), Qt::Key_Return); // is the list's
+    EXPECT_EQ(text()->toPlainText(), QStringLiteral("X:dr"));
+    QTest::keyClicks(text(), QStringLiteral("awband"));
+    EXPECT_EQ(offered(), QStringList()) << "the word is whole";
+
+    Q_EMIT completer->activated(QStringLiteral("DRAWBAND"));
+    EXPECT_EQ(text()->toPlainText(), QStringLiteral("X:DRAWBAND"));
+    QTest::keyClicks(text(), QStringLiteral("(zzq"));
+    EXPECT_EQ(offered(), QStringList());
+    QTest::keyClick(text(), Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_EQ(offered(), QStringList()) << "no word begins so";
+    for (int letter = 0; letter < 3; ++letter)
+        QTest::keyClick(text(), Qt::Key_Backspace);
+    QTest::keyClick(text(), Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_GT(offered().size(), 100) << "every word, as none is begun";
+    EXPECT_EQ(text()->toPlainText(), QStringLiteral("X:DRAWBAND("));
+    QTest::keyClick(text(), Qt::Key_Right);
+    EXPECT_EQ(offered(), QStringList());
+
+    edit("SHORTMA"); // rests on a built-in formula, whose text is not its own
+    QTest::keyClick(text(), Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_EQ(offered(), QStringList());
+}
+
+TEST_F(FormulaEditorTest, LinesAreNumberedBesideTheText)
+{
+    m_editor->show();
+    setText("A:=1;");
+    const int narrow = text()->viewport()->x();
+    QString lines;
+    for (int line = 0; line < 120; ++line)
+        lines += QStringLiteral("A%1:=1;\n").arg(line);
+    text()->setPlainText(lines);
+    EXPECT_GT(text()->viewport()->x(), narrow) << "room for three digits";
+    const int three = text()->viewport()->x();
+    QFont large = text()->font();
+    large.setPointSize(large.pointSize() + 12);
+    text()->setFont(large);
+    EXPECT_GT(text()->viewport()->x(), three);
+    const QImage top = text()->grab(QRect(0, 0, narrow, 60)).toImage();
+    text()->verticalScrollBar()->setValue(60);
+    EXPECT_NE(text()->grab(QRect(0, 0, narrow, 60)).toImage(), top);
+}
+
+TEST_F(FormulaEditorTest, NewFormulaStandsInTheListBeforeItIsSaved)
+{
+    m_editor->show();
+    button("新建")->click();
+    settle();
+    const auto* list = part<QListWidget>("formulas");
+    EXPECT_EQ(list->count(), 3);
+    EXPECT_EQ(list->currentRow(), 2);
+    EXPECT_EQ(listed(2), name() + QStringLiteral("（未保存）"));
+    EXPECT_FALSE(button("删除")->isEnabled());
+    QTest::keyClicks(part<QLineEdit>("name"), QStringLiteral("X"));
+    EXPECT_TRUE(m_editor->isWindowModified());
+    m_answer = false;
+    EXPECT_FALSE(m_editor->leave());
+    EXPECT_TRUE(m_editor->isVisible());
+    m_answer = true;
+    QTest::keyClick(m_editor.get(), Qt::Key_Escape);
+    EXPECT_FALSE(m_editor->isVisible());
+    EXPECT_EQ(m_questions, 2);
 }
 
 TEST_F(FormulaEditorTest, FaultAtTheEndUnderlinesTheLastCharacter)

@@ -5,8 +5,11 @@
 #include "apps/client/lists/InstrumentSearch.h"
 #include "tests/widget/client/ClientWindow.h"
 
+#include <QContextMenuEvent>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 
 using test::ClientWindow;
 
@@ -93,4 +96,62 @@ TEST_F(InstrumentKeys, EscapeClosesTheSearchAndChangesNothing)
     EXPECT_FALSE(search()->isVisible());
     EXPECT_EQ(shown(), QStringLiteral("SH600030"));
     EXPECT_TRUE(chart()->hasFocus());
+}
+
+TEST_F(InstrumentKeys, PageAndCursorKeysMoveTheCurrentRowOfTheFilter)
+{
+    filter()->setFocus();
+    const auto rowAfter = [&](Qt::Key key) {
+        QTest::keyClick(filter(), key);
+        return rows()->currentRow();
+    };
+    EXPECT_EQ(rowAfter(Qt::Key_PageUp), 0); // a page is longer than the list
+    EXPECT_EQ(rowAfter(Qt::Key_Up), 0);
+    EXPECT_EQ(rowAfter(Qt::Key_Down), 1);
+    EXPECT_EQ(rowAfter(Qt::Key_PageDown), 4);
+    EXPECT_EQ(rowAfter(Qt::Key_Down), 4);
+    EXPECT_EQ(shown(), QStringLiteral("SH600030")) << "nothing was opened";
+}
+
+TEST_F(InstrumentKeys, CursorKeysChooseAmongWhatTheSearchFinds)
+{
+    QTest::keyClick(chart(), Qt::Key_0);
+    ASSERT_TRUE(search()->isVisible());
+    auto* field = search()->findChild<QLineEdit*>();
+    const auto* found = search()->findChild<QListWidget*>();
+    const int count = found->count();
+    ASSERT_GT(count, 2);
+    QTest::keyClick(field, Qt::Key_Up);
+    EXPECT_EQ(found->currentRow(), 0);
+    QTest::keyClick(field, Qt::Key_Down);
+    EXPECT_EQ(found->currentRow(), 1);
+    for (int more = 0; more < count; ++more)
+        QTest::keyClick(field, Qt::Key_Down);
+    EXPECT_EQ(found->currentRow(), count - 1);
+    const QString last = QFileInfo(found->currentItem()->data(Qt::UserRole).toString()).baseName();
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_FALSE(search()->isVisible());
+    EXPECT_EQ(shown(), last);
+}
+
+TEST_F(InstrumentKeys, FavouritesAreChosenByTheListsMenu)
+{
+    const auto openMenu = [&](const QPoint& place) {
+        QContextMenuEvent asked(QContextMenuEvent::Mouse, place, rows()->viewport()->mapToGlobal(place));
+        QApplication::sendEvent(rows()->viewport(), &asked);
+        return list()->findChild<QMenu*>();
+    };
+    const auto choose = [&](int row, const char* text) {
+        QMenu* menu = openMenu(rows()->visualItemRect(rows()->item(row)).center());
+        ASSERT_TRUE(menu);
+        ASSERT_EQ(menu->actions().size(), 1);
+        EXPECT_EQ(menu->actions().first()->text(), QString::fromUtf8(text));
+        menu->actions().first()->trigger();
+        delete menu;
+    };
+    choose(1, "加入自选");
+    EXPECT_EQ(list()->favourites(), QStringList(QStringLiteral("SFCU00")));
+    choose(1, "移出自选");
+    EXPECT_EQ(list()->favourites(), QStringList());
+    EXPECT_FALSE(openMenu(QPoint(5, 100'000))) << "no instrument stands there";
 }

@@ -3,6 +3,7 @@
 
 #include "apps/client/help/ShortcutSheet.h"
 #include "apps/client/language/Language.h"
+#include "apps/client/session/SessionKeeper.h"
 #include "apps/client/tools/ActionTexts.h"
 #include "apps/client/tools/ToolIcon.h"
 #include "tests/widget/client/ClientWindow.h"
@@ -75,6 +76,28 @@ TEST_F(ClientWindow, HasAToolbarWhoseTipsNameTheKeys)
     entry(QStringLiteral("English"))->trigger();
     EXPECT_EQ(m_window->findChild<QAction*>(QStringLiteral("goToDate"))->toolTip(),
               QStringLiteral("Go to date (Ctrl+G)"));
+}
+
+TEST_F(ClientWindow, HidesTheToolbarFromTheViewMenuAndKeepsItSoForTheNextRun)
+{
+    QAction* shown = entry(QStringLiteral("工具栏"));
+    ASSERT_NE(shown, nullptr);
+    const auto* view = qobject_cast<QMenu*>(shown->associatedWidgets().last());
+    ASSERT_NE(view, nullptr);
+    EXPECT_EQ(view->title(), QStringLiteral("视图(&V)"));
+    EXPECT_TRUE(shown->isChecked());
+    EXPECT_TRUE(toolBarOf(*m_window)->isVisible());
+    shown->trigger();
+    EXPECT_FALSE(toolBarOf(*m_window)->isVisible());
+    ASSERT_TRUE(QTest::qWaitFor([] { return !client::SessionKeeper::last().hasTools; }, 30'000));
+    client::MainWindow next;
+    next.resize(1400, 860);
+    showSettled(next);
+    EXPECT_FALSE(toolBarOf(next)->isVisible());
+    auto* again = next.findChild<QAction*>(QStringLiteral("showTools"));
+    EXPECT_FALSE(again->isChecked());
+    again->trigger();
+    EXPECT_TRUE(toolBarOf(next)->isVisible());
 }
 
 TEST_F(ClientWindow, ShowsTheChosenPeriodOnTheToolbar)

@@ -7,13 +7,16 @@
 #include "tests/support/Trace.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QMenu>
 #include <QTableView>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
 #include <cmath>
 
@@ -55,8 +58,30 @@ public:
     }
     QTableView* view() const { return findChild<QTableView*>(); }
 
+    /// The open menu of the header; null when there is none.
+    QMenu* headerMenu() const
+    {
+        const QList<QMenu*> menus = findChildren<QMenu*>();
+        const auto open = std::find_if(menus.begin(), menus.end(), [&](const QMenu* menu) {
+            return menu != contextMenu() && menu->isVisible();
+        });
+        return open == menus.end() ? nullptr : *open;
+    }
+    void closeHeaderMenu() const
+    {
+        headerMenu()->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
     QStringList events;
 };
+
+void openHeaderMenu(const Table& table, int x)
+{
+    QWidget* header = table.view()->horizontalHeader()->viewport();
+    QContextMenuEvent asked(QContextMenuEvent::Mouse, QPoint(x, 5), header->mapToGlobal(QPoint(x, 5)));
+    QCoreApplication::sendEvent(header, &asked);
+}
 
 } // namespace
 
@@ -254,4 +279,83 @@ TEST(StandardTable, FollowsTheSkin)
     EXPECT_EQ(table.grab().toImage().pixelColor(150, 60), QColor(10, 20, 30));
     TC::embedded::clearSkin(); // no key answers
     table.grab();
+}
+
+TEST(StandardTable, AFilterOfAnyColumnLeavesRowsThatHoldTheTextSomewhere)
+{
+    Table table;
+    table.fill({ { "apple", 12 }, { "pear", 7 }, { "plum 12", 3 } });
+    table.setColumnFilter(WB::CStandardTable::kAnyColumn, QStringLiteral("12"));
+    EXPECT_FALSE(table.view()->isRowHidden(0)); // in its number
+    EXPECT_TRUE(table.view()->isRowHidden(1));
+    EXPECT_FALSE(table.view()->isRowHidden(2)); // in its name
+}
+
+TEST(StandardTable, TheHeadersMenuFiltersTheColumnUnderThePointerByWhatIsTyped)
+{
+    Table table(WB::EBaseTableMenu_Filter);
+    table.resize(300, 120);
+    table.show();
+    table.fill({ { "apple", 12 }, { "pear", 7 } });
+    const auto fieldOver = [&](int column) {
+        openHeaderMenu(table, table.view()->horizontalHeader()->sectionViewportPosition(column) + 5);
+        return table.headerMenu()->findChild<QLineEdit*>();
+    };
+    QTest::keyClicks(fieldOver(1), QStringLiteral("7"));
+    EXPECT_TRUE(table.view()->isRowHidden(0));
+    EXPECT_FALSE(table.view()->isRowHidden(1));
+    EXPECT_EQ(table.columnFilters(), (QMap<int, QString> { { 1, QStringLiteral("7") } }));
+    table.closeHeaderMenu();
+    EXPECT_EQ(fieldOver(0)->text(), QString());
+    table.closeHeaderMenu();
+    QLineEdit* field = fieldOver(1);
+    EXPECT_EQ(field->text(), QStringLiteral("7"));
+    EXPECT_EQ(field->placeholderText(), QStringLiteral("筛选“number”"));
+    field->clear();
+    EXPECT_FALSE(table.view()->isRowHidden(0));
+}
+
+TEST(StandardTable, TheHeadersMenuHidesColumnsAndShowsThemAgain)
+{
+    Table table(WB::EBaseTableMenu_Columns);
+    table.resize(300, 120);
+    table.show();
+    table.setColumnHeader(1, QStringLiteral("P&L"));
+    table.setColumnVisible(0, false);
+    openHeaderMenu(table, 5);
+    const QList<QAction*> shown = table.headerMenu()->actions();
+    ASSERT_EQ(shown.size(), 2);
+    EXPECT_EQ(shown[1]->text(), QStringLiteral("P&&L")); // an ampersand, not a key
+    EXPECT_FALSE(shown[0]->isChecked());
+    EXPECT_TRUE(shown[1]->isChecked());
+    shown[0]->trigger();
+    shown[1]->trigger();
+    EXPECT_TRUE(table.columnVisible(0));
+    EXPECT_FALSE(table.columnVisible(1));
+}
+
+TEST(StandardTable, AHeaderWithoutChoicesOpensNoMenu)
+{
+    Table table, filtered(WB::EBaseTableMenu_Filter);
+    table.resize(300, 120);
+    table.show();
+    openHeaderMenu(table, 5);
+    EXPECT_FALSE(table.headerMenu());
+    filtered.resize(1000, 120);
+    filtered.show();
+    openHeaderMenu(filtered, filtered.view()->horizontalHeader()->length() + 5); // beside the last column
+    EXPECT_FALSE(filtered.headerMenu());
+}
+
+TEST(StandardTable, TheRowsMenuOpensUnderThePointer)
+{
+    Table table(WB::EBaseTableMenu_Delete);
+    table.resize(300, 120);
+    table.show();
+    const QPoint place(40, 30);
+    QContextMenuEvent asked(QContextMenuEvent::Mouse, place, table.view()->viewport()->mapToGlobal(place));
+    QCoreApplication::sendEvent(table.view()->viewport(), &asked);
+    EXPECT_TRUE(table.contextMenu()->isVisible());
+    EXPECT_EQ(table.contextMenu()->pos(), table.view()->viewport()->mapToGlobal(place));
+    table.contextMenu()->close();
 }

@@ -12,6 +12,12 @@ ads::CDockManager* makeDockManager(QMainWindow* window)
 /// Its close button goes with the right to close the dock, which is the panel's to give.
 void simplifyHeader(ads::CDockWidget*) { }
 
+void setColumnWidths(ads::CDockManager* manager, const QList<ads::CDockWidget*>& docks,
+                     const QList<int>& widths)
+{
+    manager->resizeDocks({ docks.begin(), docks.end() }, widths, Qt::Horizontal);
+}
+
 /// Docks that float are windows themselves, and die with nothing else.
 QList<QWidget*> floatingWindows(const ads::CDockManager*)
 {

@@ -18,7 +18,7 @@ int escapedUnit(const QString& text, int at)
         || text[at + kEscapeLength - 1] != QLatin1Char('_'))
         return -1;
     bool isNumber = false;
-    const int unit = text.mid(at + 2, 4).toInt(&isNumber, 16);
+    const int unit = QStringView(text).mid(at + 2, 4).toInt(&isNumber, 16);
     return isNumber && text[at + 2] != QLatin1Char('+') && text[at + 2] != QLatin1Char('-') ? unit : -1;
 }
 
