@@ -212,6 +212,21 @@ TEST_F(ClientByMouse, ShowsEveryDockInTheSkinThatIsChosen)
     }
 }
 
+TEST_F(ClientByMouse, KeepsASkinThatWasChosenBeforeASuddenEnd)
+{
+    start();
+    const QString session = configFile("session.json");
+    choose({ QStringLiteral("视图(&V)"), QStringLiteral("皮肤"), QStringLiteral("浅色（红涨绿跌）") });
+    awaitThat("the skin in the session", [&](const View&) { return contentOf(session).contains("light"); });
+    kill();
+
+    start();
+    const QImage again = picture(QStringLiteral("skin-after-a-sudden-end"));
+    const std::optional<Seen> messages = look().dock(kMessages);
+    ASSERT_TRUE(messages);
+    EXPECT_GT(averageGray(again, messages->place), 200);
+}
+
 TEST_F(ClientByMouse, OffersARestoreAfterASuddenEndAndCarriesItOut)
 {
     writeUserFile("configFormula", kFormulas);
