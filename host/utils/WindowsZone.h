@@ -14,11 +14,12 @@ namespace utils::windows {
 /// The zone that the environment variable TZ names as other systems do ("Asia/Shanghai"), else the machine's.
 struct ZoneInUse
 {
-    QByteArray name; ///< as the variable says
-    QTimeZone zone;
-    bool isChina = false;
+    QByteArray name;      ///< as the variable says
+    QTimeZone zone;       ///< not valid where Windows cannot tell its own
+    bool isChina = false; ///< goes by the clock of mainland China, whose former rules Windows does not have
 };
 
+/// The zone that counts now; looked up again when the variable changes. One for each thread.
 inline const ZoneInUse& zoneInUse()
 {
     thread_local ZoneInUse its;
