@@ -25,9 +25,13 @@ FONTCONFIG_FILE=$home/fonts/fonts.conf "$linux_renderer" "${chart[@]}" -o "$home
 cmp "$home/windows.png" "$home/linux.png"
 echo "The renderer's picture without texts has the bytes of Linux' own."
 
-Xvfb :97 -screen 0 1600x1000x24 -nolisten tcp -fbdir "$screen" 2>/dev/null &
+Xvfb -displayfd 3 -screen 0 1600x1000x24 -nolisten tcp -fbdir "$screen" 3>"$home/display" 2>/dev/null &
 server=$!
-DISPLAY=:97 QT_QPA_PLATFORM=windows run_wine bin/indicatorui-client.exe samples/SH600030.csv &
+until [ -s "$home/display" ]; do # its number, once it can be drawn on: Wine shows nothing on a screen that comes later
+    kill -0 $server
+    sleep 0.2
+done
+DISPLAY=:$(cat "$home/display") QT_QPA_PLATFORM=windows run_wine bin/indicatorui-client.exe samples/SH600030.csv &
 client=$!
 finish() {
     kill $client 2>/dev/null || true
