@@ -25,9 +25,13 @@ FONTCONFIG_FILE=$home/fonts/fonts.conf "$linux_renderer" "${chart[@]}" -o "$home
 cmp "$home/windows.png" "$home/linux.png"
 echo "The renderer's picture without texts has the bytes of Linux' own."
 
+# The desktop that the renderer's run has begun has no screen, and keeps none while it stays.
+"$(dirname "$WINE")/wineserver64" -k || true
+"$(dirname "$WINE")/wineserver64" -w
+
 Xvfb -displayfd 3 -screen 0 1600x1000x24 -nolisten tcp -fbdir "$screen" 3>"$home/display" 2>/dev/null &
 server=$!
-until [ -s "$home/display" ]; do # its number, once it can be drawn on: Wine shows nothing on a screen that comes later
+until [ -s "$home/display" ]; do # its number, once it can be drawn on
     kill -0 $server
     sleep 0.2
 done
