@@ -129,39 +129,33 @@ void CArrowColorSimpleText::drawText(QPainter* painter, int x, int y, int width,
         font.setUnderline(true);
     if (bold)
         font.setBold(true);
-    painter->setFont(font);
-
-    const QVector<QRect> places = placeTexts(x, y, width, lineHeight);
-    auto piece = m_textColorMap.begin();
-    for (const QRect& place : places)
-        drawPiece(painter, *piece++, place, flags, font);
-}
-
-void CArrowColorSimpleText::drawPiece(QPainter* painter, const ArrowColorTextData& piece, const QRect& place,
-                                      int flags, const QFont& font) const
-{
-    painter->setPen(QPen(piece.color));
-    // Rows are lower than the line of some fonts: unclipped, no accent or descender is shaved off.
-    paintLine(painter, place, flags, piece.text, font);
-    if (const QPixmap* arrow = arrowOf(piece)) {
-        const QSize size = logicalSize(arrow);
-        painter->drawPixmap(place.x() + place.width(), place.y() + (place.height() - size.height()) / 2,
-                            size.width(), size.height(), *arrow);
-    }
+    drawPieces(painter, placeTexts(x, y, width, lineHeight), flags, font, nullptr);
 }
 
 void CArrowColorSimpleText::drawWhole(QPainter* painter, int x, int y, int width, int lineHeight,
                                       const QRect& area) const
 {
-    if (!m_font)
-        return;
-    painter->setFont(*m_font);
-    const QVector<QRect> places = placeTexts(x, y, width, lineHeight);
-    auto piece = m_textColorMap.begin();
+    if (m_font)
+        drawPieces(painter, placeTexts(x, y, width, lineHeight), Qt::AlignCenter, *m_font, &area);
+}
+
+void CArrowColorSimpleText::drawPieces(QPainter* painter, const QVector<QRect>& places, int flags,
+                                       const QFont& font, const QRect* area) const
+{
+    painter->setFont(font);
+    auto next = m_textColorMap.begin();
     for (const QRect& place : places) {
-        if (area.contains(place.adjusted(0, 0, logicalSize(arrowOf(*piece)).width(), 0)))
-            drawPiece(painter, *piece, place, Qt::AlignCenter, *m_font);
-        ++piece;
+        const ArrowColorTextData& piece = *next++;
+        const QPixmap* arrow = arrowOf(piece);
+        const QSize size = logicalSize(arrow);
+        if (area && !area->contains(place.adjusted(0, 0, size.width(), 0)))
+            continue;
+        painter->setPen(QPen(piece.color));
+        // Rows are lower than the line of some fonts: unclipped, no accent or descender is shaved off.
+        paintLine(painter, place, flags, piece.text, font);
+        if (arrow)
+            painter->drawPixmap(place.x() + place.width(), place.y() + (place.height() - size.height()) / 2,
+                                size.width(), size.height(), *arrow);
     }
 }
 

@@ -61,8 +61,9 @@ public:
 
 private:
     void readPictures();
-    void drawPiece(QPainter* painter, const ArrowColorTextData& piece, const QRect& place, int flags,
-                   const QFont& font) const;
+    /// @param places  of the first pieces; `area`: null for all, else only what lies inside it altogether.
+    void drawPieces(QPainter* painter, const QVector<QRect>& places, int flags, const QFont& font,
+                    const QRect* area) const;
     const QPixmap* arrowOf(const ArrowColorTextData& piece) const;
     int textWidth(const QString& text) const;
 

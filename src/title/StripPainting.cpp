@@ -211,7 +211,7 @@ void CIndexTitleWidget::paintRows(QPainter& painter, const LegendRows& rows, con
     // Under a clip of many rectangles a text takes nearly half as long again.
     if (visible.isNeeded)
         painter.setClipRegion(visible.region());
-    paintWholePieces(&painter, layout.legend, rows, origin, width, summary);
+    paintLegend(&painter, rows, origin, width, summary, &layout.legend);
 }
 
 } // namespace TC

@@ -23,39 +23,23 @@ void paintSummary(QPainter* painter, int x, const QVector<ArrowColorTextData>& t
     }
 }
 
-/// @param paint  called with (object, x, y, width left) for each object.
-template <class Paint>
-void paintRows(QPainter* painter, const LegendRows& rows, const LegendOrigin& origin, int width,
-               const QVector<ArrowColorTextData>& summary, Paint paint)
+} // namespace
+
+void paintLegend(QPainter* painter, const LegendRows& rows, const LegendOrigin& origin, int width,
+                 const QVector<ArrowColorTextData>& summary, const QRect* area)
 {
-    const auto paintAt = [&](int y) {
-        return
-            [&paint, y](const CArrowColorSimpleText& object, int x, int room) { paint(object, x, y, room); };
+    const auto paintAt = [=](int y) {
+        return [=](const CArrowColorSimpleText& object, int x, int room) {
+            if (area)
+                object.drawWhole(painter, x, y, room, kLegendRowHeight, *area);
+            else
+                object.drawText(painter, x, y, room, kLegendRowHeight, Qt::AlignCenter, false, false);
+        };
     };
     const int x = forEachObject(rows.first, origin.firstX, width, paintAt(0));
     if (origin.hasSummary)
         paintSummary(painter, x, summary);
     forEachObject(rows.second, origin.secondX, width, paintAt(origin.secondY), origin.hasSummary);
-}
-
-} // namespace
-
-void paintLegend(QPainter* painter, const LegendRows& rows, const LegendOrigin& origin, int width,
-                 const QVector<ArrowColorTextData>& summary)
-{
-    paintRows(painter, rows, origin, width, summary,
-              [&](const CArrowColorSimpleText& object, int x, int y, int room) {
-                  object.drawText(painter, x, y, room, kLegendRowHeight, Qt::AlignCenter, false, false);
-              });
-}
-
-void paintWholePieces(QPainter* painter, const QRect& area, const LegendRows& rows,
-                      const LegendOrigin& origin, int width, const QVector<ArrowColorTextData>& summary)
-{
-    paintRows(painter, rows, origin, width, summary,
-              [&](const CArrowColorSimpleText& object, int x, int y, int room) {
-                  object.drawWhole(painter, x, y, room, kLegendRowHeight, area);
-              });
 }
 
 } // namespace TC::detail

@@ -293,12 +293,9 @@ TEST(WholePieces, NeedNoClipForThoseLeftOut)
         QImage image(200, 16, QImage::Format_RGB32);
         image.fill(Qt::white);
         QPainter painter(&image);
-        if (whole) {
-            paintWholePieces(&painter, area, rows, origin, 5000, {});
-        } else {
+        if (!whole)
             painter.setClipRegion(visible.region());
-            paintLegend(&painter, rows, origin, 5000, {});
-        }
+        paintLegend(&painter, rows, origin, 5000, {}, whole ? &area : nullptr);
         painter.end();
         return image;
     };
