@@ -3,6 +3,7 @@
 
 #include "host/TC/PeriodNames.h"
 #include "tests/support/Legend.h"
+#include "tests/support/TimeZone.h"
 #include "tests/support/Trace.h"
 
 #include <QDateTime>
@@ -10,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <utility>
 
 using TC::CFormulaKey;
 using namespace TC::detail;
@@ -60,8 +62,15 @@ TEST(ShownBarDate, ATimeOfAnyYearIsWrittenWithItsMonthAndDay)
         return shownBarDate(data, key, 0);
     };
     EXPECT_EQ(dateAt(at(9999, 12, 31)), QStringLiteral("99991231"));
-    for (const long long wild : { LLONG_MIN, LLONG_MAX })
-        EXPECT_GE(dateAt(wild).size(), 8) << wild;
+    const std::pair<const char*, const char*> firstDays[] = {
+        { "Asia/Shanghai", "-2922750560517" },
+        { "America/New_York", "-2922750560516" },
+    };
+    for (const auto& [zone, firstDay] : firstDays) {
+        const test::TimeZone there(zone);
+        EXPECT_EQ(dateAt(LLONG_MIN), QString::fromLatin1(firstDay)) << zone;
+        EXPECT_EQ(dateAt(LLONG_MAX), QStringLiteral("2922789940817")) << zone;
+    }
 }
 
 TEST(ShownBarDate, IsThatOfAnotherFormulaOfTheSameInstrumentWhereThereAreNoCandles)

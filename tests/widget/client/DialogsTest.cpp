@@ -16,6 +16,7 @@
 #include <QMenu>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
+#include <QPrinter>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTimer>
@@ -153,7 +154,8 @@ TEST_F(ClientDialogs, ShowTheChartOnASheetBeforeItIsPrinted)
                                 [](QPrintPreviewDialog* dialog) {
                                     const auto* sheets = dialog->findChild<QPrintPreviewWidget*>();
                                     EXPECT_EQ(sheets->pageCount(), 1);
-                                    EXPECT_EQ(sheets->orientation(), QPrinter::Landscape);
+                                    EXPECT_EQ(dialog->printer()->pageLayout().orientation(),
+                                              QPageLayout::Landscape);
                                     dialog->reject();
                                 });
 }

@@ -346,6 +346,16 @@ TEST_F(ClientWindow, RefusesStockListsOfUnknownKinds)
     EXPECT_EQ(messages.count(), 1);
 }
 
+TEST_F(ClientWindow, LeavesTheMessagesAFewLinesBelowTheChart)
+{
+    const ads::CDockWidget* chart = m_window->docks()->dock(QStringLiteral("indexMainPanel"));
+    const ads::CDockWidget* messages = m_window->docks()->dock(QStringLiteral("monitorMessagePanel"));
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return messages->height() >= 50 && chart->height() >= 6 * messages->height();
+    })) << chart->height()
+        << " and " << messages->height();
+}
+
 TEST_F(ClientWindow, RemembersItsArrangement)
 {
     ads::CDockWidget* basket = m_window->docks()->dock(QStringLiteral("tradeBaskets"));

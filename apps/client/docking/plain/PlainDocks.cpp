@@ -39,6 +39,16 @@ int CDockAreaWidget::dockWidgetsCount() const
     return static_cast<int>(tabsOf(m_dock).size());
 }
 
+CDockWidget* CDockAreaWidget::below() const
+{
+    return m_below;
+}
+
+void CDockAreaWidget::setBelow(CDockWidget* dock)
+{
+    m_below = dock;
+}
+
 CDockWidget::CDockWidget(const QString& title)
     : QDockWidget(title)
 {
@@ -74,7 +84,7 @@ CDockManager::CDockManager(QMainWindow* window)
     window->setCentralWidget(this);
 }
 
-void CDockManager::addDockWidget(DockWidgetArea area, CDockWidget* dock, const CDockAreaWidget* beside)
+void CDockManager::addDockWidget(DockWidgetArea area, CDockWidget* dock, CDockAreaWidget* beside)
 {
     if (!beside || area == LeftDockWidgetArea || area == TopDockWidgetArea)
         QMainWindow::addDockWidget(sideOf(area), dock);
@@ -82,6 +92,8 @@ void CDockManager::addDockWidget(DockWidgetArea area, CDockWidget* dock, const C
         tabifyDockWidget(beside->dock(), dock);
     else
         splitDockWidget(beside->dock(), dock, area == BottomDockWidgetArea ? Qt::Vertical : Qt::Horizontal);
+    if (beside && area == BottomDockWidgetArea)
+        beside->setBelow(dock);
 }
 
 void CDockManager::removeDockWidget(CDockWidget* dock)
@@ -97,7 +109,8 @@ CDockWidget* CDockManager::findDockWidget(const QString& name) const
 
 void CDockManager::setSplitterSizes(const CDockAreaWidget* area, const QList<int>& heights)
 {
-    resizeDocks({ area->dock() }, { heights.first() }, Qt::Vertical);
+    if (area->below())
+        resizeDocks({ area->dock(), area->below() }, heights, Qt::Vertical);
 }
 
 bool CDockManager::restoreState(const QByteArray& state, int version)

@@ -6,6 +6,7 @@
 #include <QDockWidget>
 #include <QList>
 #include <QMainWindow>
+#include <QPointer>
 
 namespace ads {
 
@@ -30,9 +31,13 @@ public:
     /// One of the docks.
     CDockWidget* dock() const { return m_dock; }
     int dockWidgetsCount() const;
+    /// The dock that was last put below this area; null without one.
+    CDockWidget* below() const;
+    void setBelow(CDockWidget* dock);
 
 private:
     CDockWidget* m_dock;
+    QPointer<CDockWidget> m_below;
 };
 
 /// A dock; Qt's docks have one header, which is tab and title.
@@ -82,11 +87,11 @@ public:
     explicit CDockManager(QMainWindow* window);
 
     /// @param beside  the area that is split, or joined by a tab; null for the sides of the window.
-    void addDockWidget(DockWidgetArea area, CDockWidget* dock, const CDockAreaWidget* beside = nullptr);
+    void addDockWidget(DockWidgetArea area, CDockWidget* dock, CDockAreaWidget* beside = nullptr);
     /// The caller owns the dock from then on.
     void removeDockWidget(CDockWidget* dock);
     CDockWidget* findDockWidget(const QString& name) const;
-    /// Heights of an area and of what is below it, in pixels.
+    /// Heights of an area and of the dock below it, in pixels; larger or smaller windows keep their ratio.
     void setSplitterSizes(const CDockAreaWidget* area, const QList<int>& heights);
     bool restoreState(const QByteArray& state, int version);
 
