@@ -126,8 +126,9 @@ std::vector<MarkedPrice> markedPrices(const PaneGeometry& geometry, const PaneCo
             WB::skinColor(pane.lastPrice->rises ? "ic_clr_kline_rise" : "ic_clr_kline_fall", axisText());
         marked.push_back({ *row, *row, pane.lastPrice->price, color, Qt::DashLine, true });
     }
-    std::sort(marked.begin(), marked.end(),
-              [](const MarkedPrice& a, const MarkedPrice& b) { return a.row < b.row; });
+    std::sort(marked.begin(), marked.end(), [](const MarkedPrice& a, const MarkedPrice& b) {
+        return a.row != b.row ? a.row < b.row : a.price > b.price; // of one row the higher first, too
+    });
     return marked;
 }
 

@@ -42,6 +42,9 @@ namespace client {
 
 namespace {
 
+// Without "TC::" in front of a function, which Qt 6's lupdate takes for the context of its texts.
+using TC::CPositionNumber;
+
 // Shares of the default arrangement, pixels of a window of the initial size.
 constexpr int kListWidth = 230, kChartWidth = 1170, kListHeight = 400, kChartHeight = 700,
               kMessageHeight = 90;
@@ -51,9 +54,9 @@ const QSize kUsable(1024, 640);       // the first window is no smaller on any s
 const QSize kFrame(16, 48);           // that window managers draw around a window
 
 /// Invented trades and accounts, to show what the legend can say.
-TC::CPositionNumber demoPositions()
+CPositionNumber demoPositions()
 {
-    TC::CPositionNumber positions;
+    CPositionNumber positions;
     positions.accounts = { { MainWindow::tr("演示账户A"), 0, 1200, true },
                            { MainWindow::tr("演示账户B"), 0, -300, false } };
     positions.summary.totalBuyAmount = 1234500.0;

@@ -2,32 +2,41 @@
 #include "data/IndexBaseDataReq.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace TC {
+
+namespace {
+
+/// -1 when no entry is what is looked for.
+template <typename Items, typename IsWanted>
+int placeOf(const Items& items, IsWanted isWanted)
+{
+    const auto found = std::find_if(items.begin(), items.end(), isWanted);
+    return found == items.end() ? -1 : static_cast<int>(std::distance(items.begin(), found));
+}
+
+} // namespace
 
 IndexBaseDataReqItem IndexBaseDataReq::s_defItem;
 
 int IndexBaseDataReq::indexOf(const CFormulaKey& key) const
 {
-    const auto found = std::find_if(m_items.begin(), m_items.end(),
-                                    [&](const IndexBaseDataReqItem& item) { return item.key == key; });
-    return found == m_items.end() ? -1 : static_cast<int>(found - m_items.begin());
+    return placeOf(m_items, [&](const IndexBaseDataReqItem& item) { return item.key == key; });
 }
 
 int IndexBaseDataReq::indexOf(const QString& reqId) const
 {
-    const auto found = std::find_if(m_items.begin(), m_items.end(),
-                                    [&](const IndexBaseDataReqItem& item) { return item.reqId == reqId; });
-    return found == m_items.end() ? -1 : static_cast<int>(found - m_items.begin());
+    return placeOf(m_items, [&](const IndexBaseDataReqItem& item) { return item.reqId == reqId; });
 }
 
 bool IndexBaseDataReq::add(const CFormulaKey& key, const QString& reqId)
 {
     const int known = indexOf(key);
     if (known >= 0)
-        m_items[known].reqId = reqId;
+        std::next(m_items.begin(), known)->reqId = reqId;
     else
-        m_items.append({ key, reqId });
+        m_items.push_back({ key, reqId });
     return true;
 }
 
@@ -46,7 +55,7 @@ bool IndexBaseDataReq::getKey(CFormulaKey& key, const QString& reqId) const
     const int place = indexOf(reqId);
     if (place < 0)
         return false;
-    key = m_items[place].key;
+    key = std::next(m_items.begin(), place)->key;
     return true;
 }
 
@@ -55,14 +64,14 @@ bool IndexBaseDataReq::getReq(QString& reqId, const CFormulaKey& key) const
     const int place = indexOf(key);
     if (place < 0)
         return false;
-    reqId = m_items[place].reqId;
+    reqId = std::next(m_items.begin(), place)->reqId;
     return true;
 }
 
 void IndexBaseDataReq::removeAt(int index)
 {
-    if (index >= 0 && index < m_items.size())
-        m_items.removeAt(index);
+    if (index >= 0 && index < count())
+        m_items.erase(std::next(m_items.begin(), index));
 }
 
 void IndexBaseDataReq::removeKey(const CFormulaKey& key)
@@ -78,7 +87,7 @@ void IndexBaseDataReq::removeReq(const QString& reqId)
 QVector<QString> IndexBaseDataReq::reqIds() const
 {
     QVector<QString> ids;
-    ids.reserve(m_items.size());
+    ids.reserve(count());
     for (const IndexBaseDataReqItem& item : m_items)
         ids.append(item.reqId);
     return ids;
@@ -87,12 +96,12 @@ QVector<QString> IndexBaseDataReq::reqIds() const
 // Deliberate: without an entry the one default of all tables is handed out, even where it can be written to.
 IndexBaseDataReqItem& IndexBaseDataReq::operator[](int index)
 {
-    return m_items.isEmpty() || index < 0 ? s_defItem : m_items[index % m_items.size()];
+    return m_items.empty() || index < 0 ? s_defItem : *std::next(m_items.begin(), index % count());
 }
 
 const IndexBaseDataReqItem& IndexBaseDataReq::operator[](int index) const
 {
-    return m_items.isEmpty() || index < 0 ? s_defItem : m_items[index % m_items.size()];
+    return m_items.empty() || index < 0 ? s_defItem : *std::next(m_items.begin(), index % count());
 }
 
 } // namespace TC

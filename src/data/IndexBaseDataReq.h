@@ -3,9 +3,9 @@
 /// @file The outstanding requests of a pane.
 
 #include "data/IndexBaseDataReqItem.h"
+#include "host/utils/QtVersions.h"
 #include "indicatorui_export.h"
 
-#include <QList>
 #include <QVector>
 
 namespace TC {
@@ -46,12 +46,13 @@ public:
     /// Every identifier, in order.
     QVector<QString> reqIds() const;
     /// Number of items.
-    int count() const { return m_items.size(); }
+    int count() const { return static_cast<int>(m_items.size()); }
     /// Forgets every item.
     void clear() { m_items.clear(); }
 
     /// Entry at `index % count()`. An empty table answers the shared s_defItem, and so does a negative index;
-    /// writing to that changes it for every table, so test count() first.
+    /// writing to that changes it for every table, so test count() first. An entry stays where it is in
+    /// memory until it is removed.
     IndexBaseDataReqItem& operator[](int index);
     /// The same for reading.
     const IndexBaseDataReqItem& operator[](int index) const;
@@ -62,7 +63,7 @@ private:
     int indexOf(const CFormulaKey& key) const;
     int indexOf(const QString& reqId) const;
 
-    QList<IndexBaseDataReqItem> m_items;
+    utils::LastingList<IndexBaseDataReqItem> m_items;
 };
 
 } // namespace TC

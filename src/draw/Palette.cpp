@@ -50,7 +50,8 @@ void CDrawStyle::initColorListGradient(QList<QColor> colors)
 void CDrawStyle::resetDrawStyleColor()
 {
     QList<int> packed;
-    for (const QColor& color : numberedColors(QStringLiteral("ic_clr_index_output_var%1"), kPaletteSize))
+    const auto palette = numberedColors(QStringLiteral("ic_clr_index_output_var%1"), kPaletteSize);
+    for (const QColor& color : palette)
         packed.append(color.red() | color.green() << 8 | color.blue() << 16);
     initColorList(packed);
     initColorListGradient(numberedColors(QStringLiteral("ic_clr_index_gradient%1"), kGradientSize));

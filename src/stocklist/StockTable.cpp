@@ -123,7 +123,7 @@ void CParserStockExeclTable::addData(QVector<ParserStockDetail>& details, double
     reCalc();
     // Deliberate: the rows are filled once more, scaled, unfiltered and unsorted. The scaling touches this
     // copy alone, so that the next refill shows the stored weights again.
-    QVector<ParserStockDetail> shown = m_stocks.values().toVector();
+    QVector<ParserStockDetail> shown(m_stocks.cbegin(), m_stocks.cend());
     fillDetail(shown, minRelativeWeight);
 }
 

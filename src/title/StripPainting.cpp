@@ -195,7 +195,8 @@ void CIndexTitleWidget::paintRows(QPainter& painter, const LegendRows& rows, con
     if (!mainChart && layout.legend.width() < legendWidth(rows)) {
         // The painting of a pane's legend wraps each formula by itself and leaves what stands behind it
         // outside the strip: the rows that were opened for the legend would stay empty.
-        for (const FlowPiece& piece : flowPieces(rows, layout.legend))
+        const auto pieces = flowPieces(rows, layout.legend);
+        for (const FlowPiece& piece : pieces)
             piece.text.drawText(&painter, piece.position.x(), piece.position.y(), QWIDGETSIZE_MAX,
                                 kLegendRowHeight, Qt::AlignCenter, false, false);
         return;

@@ -16,6 +16,9 @@ namespace client {
 
 namespace {
 
+// Without "base::" in front of a function, which Qt 6's lupdate takes for the context of its texts.
+using base::Failure;
+
 /// Of this file, for the catalogue.
 struct Texts
 {
@@ -25,7 +28,7 @@ struct Texts
 constexpr int kFormat = 1;
 constexpr qint64 kMaxBytes = qint64 { 16 } << 20; // an arrangement takes a few kilobytes
 
-base::Failure damaged()
+Failure damaged()
 {
     return { Texts::tr("面板布局文件已损坏") };
 }

@@ -18,6 +18,9 @@ namespace client {
 
 namespace {
 
+// Without "base::" in front of a function, which Qt 6's lupdate takes for the context of its texts.
+using base::Failure;
+
 /// Counts the changes of what a saved arrangement means.
 constexpr int kStateVersion = 1;
 
@@ -57,7 +60,7 @@ QString freshAside(const QString& path)
     return aside;
 }
 
-base::Failure otherClient()
+Failure otherClient()
 {
     return { DockArrangement::tr("另一个客户端正在运行，布局未保存。") };
 }

@@ -14,6 +14,9 @@ namespace client {
 
 namespace {
 
+// Without "base::" in front of a function, which Qt 6's lupdate takes for the context of its texts.
+using base::Failure;
+
 constexpr int kLongestWaitMs = 2000; // for another client's change
 
 const QLatin1String kFormulas("formulas");
@@ -103,7 +106,7 @@ OwnFormula formulaOf(const QJsonObject& entry)
     return formula;
 }
 
-base::Failure unknownFormula(const QString& name)
+Failure unknownFormula(const QString& name)
 {
     return { FormulaStore::tr("公式文件里没有“%1”。").arg(name) };
 }

@@ -29,6 +29,8 @@ QString page(const QString& path)
 TEST(DocumentPictures, TheFirstChartIsWhatTheRendererDrawsNow)
 {
     ON_UNIX_ALONE("a Python program makes the pictures, with the edges of glyphs of Linux");
+    if (QT_VERSION >= QT_VERSION_CHECK(6, 0, 0))
+        GTEST_SKIP() << "the documentation shows texts as Qt 5 paints them; the golden pictures hold Qt 6's";
     const QTemporaryDir folder;
     QProcess script;
     script.setProcessChannelMode(QProcess::MergedChannels);

@@ -73,22 +73,25 @@ TEST_F(ClientWindow, DrawsAPriceLineWhereTheMenuWasOpened)
     EXPECT_TRUE(textsOf(plot(0)).contains(QString::number(price, 'f', 2)));
 }
 
-TEST_F(ClientWindow, TagsOfPricesDoNotCoverEachOther)
+TEST_F(ClientWindow, TagsOfPricesStandBelowEachOtherFromTheHighest)
 {
     openShare();
     const double last = chart()->state()->bars()->close.back();
     chart()->state()->addPriceLine(last + 0.02);
-    chart()->state()->addPriceLine(last - 0.03);
-    const QStringList lines = test::traceOf([&](QPainter& painter) { plot(0)->paintOn(painter); });
-    const auto rowOf = [&](double price) {
+    chart()->state()->addPriceLine(last - 0.02);
+    const auto rowOf = [&](const QStringList& lines, double price) {
         const QRegularExpression text(QStringLiteral("^text [^,]+,(-?[\\d.]+) \"%1\"")
                                           .arg(QRegularExpression::escape(QString::number(price, 'f', 2))));
         const QStringList found = lines.filter(text);
         return found.isEmpty() ? 0.0 : text.match(found.first()).captured(1).toDouble();
     };
     constexpr double tagHeight = 18.0;
-    EXPECT_EQ(rowOf(last) - rowOf(last + 0.02), tagHeight);
-    EXPECT_EQ(rowOf(last - 0.03) - rowOf(last), tagHeight);
+    for (const int height : { 860, 500 }) { // rows of 0.025 and of 0.1: the prices share one there
+        m_window->resize(1400, height);
+        const QStringList lines = test::traceOf([&](QPainter& painter) { plot(0)->paintOn(painter); });
+        EXPECT_EQ(rowOf(lines, last) - rowOf(lines, last + 0.02), tagHeight) << height;
+        EXPECT_EQ(rowOf(lines, last - 0.02) - rowOf(lines, last), tagHeight) << height;
+    }
 }
 
 TEST_F(ClientWindow, APriceLineIsDraggedAndRemoved)

@@ -349,7 +349,7 @@ TEST_F(ClientWindow, RefusesStockListsOfUnknownKinds)
 TEST_F(ClientWindow, LeavesTheMessagesAFewLinesBelowTheChart)
 {
     const ads::CDockWidget* chart = m_window->docks()->dock(QStringLiteral("indexMainPanel"));
-    const ads::CDockWidget* messages = m_window->docks()->dock(QStringLiteral("monitorMessagePanel"));
+    const ads::CDockWidget* messages = m_window->docks()->dock(QStringLiteral("messagePanel"));
     EXPECT_TRUE(QTest::qWaitFor([&] {
         return messages->height() >= 50 && chart->height() >= 6 * messages->height();
     })) << chart->height()
