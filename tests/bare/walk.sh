@@ -32,7 +32,7 @@ new_machine() {
     cp -r /etc/apt/apt.conf.d/. "$machine/etc/apt/apt.conf.d/"
     mount -t proc proc "$machine/proc"
     mkdir -p "$CACHE" "$machine/cache"
-    chmod 777 "$CACHE"
+    chmod -R a+rwX "$CACHE" # whoever filled it before
     mount --bind "$CACHE" "$machine/cache"
     on "$1" root "apt-get update -qq"
 }
@@ -42,7 +42,7 @@ on() {
     local home=/root
     [ "$2" = root ] || home=/home/$2
     chroot "$MACHINES/$1" su "$2" -s /bin/bash -c "cd $home && env -i HOME=$home USER=$2 LC_ALL=C.UTF-8 \
-        CCACHE_DIR=/cache CCACHE_UMASK=000 PATH=/usr/local/bin:/usr/bin:/bin:/usr/sbin:/sbin bash -euc $(printf %q "$3")"
+        CCACHE_DIR=/cache PATH=/usr/local/bin:/usr/bin:/bin:/usr/sbin:/sbin bash -euc $(printf %q "$3")"
 }
 
 # The committed state, in a folder of that user.

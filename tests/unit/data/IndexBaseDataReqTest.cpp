@@ -211,11 +211,14 @@ TEST(IndexBaseDataReq, ClearsEverything)
 TEST(IndexBaseDataReq, IndexWrapsRoundTheCount)
 {
     IndexBaseDataReq table = threeRequests();
-    EXPECT_EQ(table[0].reqId, id("1"));
-    EXPECT_EQ(table[3].reqId, id("1"));
-    EXPECT_EQ(table[4].reqId, id("2"));
-    EXPECT_EQ(std::as_const(table)[4].reqId, id("2"));
-    EXPECT_EQ(table[INT_MAX].reqId, id("2")); // 2147483647 = 3 x 715827882 + 1
+    for (const int index : { 0, 3, 3'000'000 }) {
+        EXPECT_EQ(table[index].reqId, id("1"));
+        EXPECT_EQ(std::as_const(table)[index].reqId, id("1"));
+    }
+    for (const int index : { 1, 4, INT_MAX }) { // 2147483647 = 3 x 715827882 + 1
+        EXPECT_EQ(table[index].reqId, id("2"));
+        EXPECT_EQ(std::as_const(table)[index].reqId, id("2"));
+    }
 }
 
 TEST(IndexBaseDataReq, IndexGivesTheEntryItself)

@@ -42,7 +42,8 @@ protected:
 
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(AtPixelRatios, PointSize, testing::Values(1, 2, 3));
+INSTANTIATE_TEST_SUITE_P(AtPixelRatios, PointSize, testing::Values(1, 2, 3),
+                         testing::PrintToStringParamName());
 
 TEST_P(PointSize, AVertLineBetweenEqualPricesIsOnePixel)
 {

@@ -443,6 +443,7 @@ TEST_P(DamagedStores, LoseNoInstrument)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(FourTimesFifty, DamagedStores, testing::Values(1u, 51u, 101u, 151u));
+INSTANTIATE_TEST_SUITE_P(FourTimesFifty, DamagedStores, testing::Values(1u, 51u, 101u, 151u),
+                         testing::PrintToStringParamName());
 
 } // namespace
