@@ -20,7 +20,7 @@ foreach(example IN LISTS EXAMPLES)
         INDICATORUI_HOME=${FOLDER}/home ${FOLDER}/build/bin/${example} ${BARS} ${INTO}/${example}.png)
 endforeach()
 
-# With EXPECTED: each picture is the one that stands there.
+# With EXPECTED: each picture is the one that stands there. They show texts as Qt 5 paints them.
 foreach(example IN LISTS EXAMPLES)
     if(DEFINED EXPECTED)
         file(SHA256 ${INTO}/${example}.png made)

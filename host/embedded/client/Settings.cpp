@@ -8,9 +8,17 @@
 
 namespace {
 
-int s_clientType = 0; ///< 0: of no type
-QString s_configDir;
-QString s_userRootDir;
+struct Settings
+{
+    int clientType = 0; ///< 0: of no type
+    QString configDir, userRootDir;
+};
+
+Settings& settings()
+{
+    static Settings chosen;
+    return chosen;
+}
 
 /// The chosen folder, or the default one of the given name; made when it does not exist.
 QString folder(const QString& chosen, const QString& name)
@@ -33,34 +41,34 @@ namespace TC {
 
 bool CAppConfig::isClientType(int type) const
 {
-    return s_clientType != 0 && s_clientType == type;
+    return type != 0 && settings().clientType == type;
 }
 
 QString getConfigDir()
 {
-    return folder(s_configDir, QStringLiteral("config"));
+    return folder(settings().configDir, QStringLiteral("config"));
 }
 
 QString getUserRootDir()
 {
-    return folder(s_userRootDir, QStringLiteral("user"));
+    return folder(settings().userRootDir, QStringLiteral("user"));
 }
 
 namespace embedded {
 
 void setClientType(int type)
 {
-    s_clientType = type;
+    settings().clientType = type;
 }
 
 void setConfigDir(const QString& path)
 {
-    s_configDir = path;
+    settings().configDir = path;
 }
 
 void setUserRootDir(const QString& path)
 {
-    s_userRootDir = path;
+    settings().userRootDir = path;
 }
 
 } // namespace embedded

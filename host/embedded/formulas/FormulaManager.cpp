@@ -24,9 +24,20 @@ using TC::embedded::KnownFormula;
 
 using Formulas = std::vector<KnownFormula>;
 
-Formulas s_formulas;     ///< in the order in which they were added; display names are unique
 bool s_isFilled = false; ///< the built-in and the user's formulas have been added
-TC::embedded::ReloadReceiver s_reloadReceiver;
+
+/// In the order in which they were added; display names are unique.
+Formulas& addedFormulas()
+{
+    static Formulas formulas;
+    return formulas;
+}
+
+TC::embedded::ReloadReceiver& reloadReceiver()
+{
+    static TC::embedded::ReloadReceiver receiver;
+    return receiver;
+}
 
 KnownFormula known(const QString& name, const std::shared_ptr<const engine::Formula>& formula,
                    const QString& base, KnownFormula::Origin origin)
@@ -88,15 +99,16 @@ QStringList readUserFormulas(Formulas& formulas)
 /// All formulas, with everything that is known by default.
 Formulas& knownFormulas()
 {
+    Formulas& formulas = addedFormulas();
     if (!s_isFilled) {
         s_isFilled = true;
         for (const engine::BuiltInFormula& builtIn : engine::builtInFormulas()) {
             const QString name = QString::fromStdString(builtIn.name);
-            s_formulas.push_back(known(name, builtIn.formula, name, KnownFormula::BuiltIn));
+            formulas.push_back(known(name, builtIn.formula, name, KnownFormula::BuiltIn));
         }
-        readUserFormulas(s_formulas);
+        readUserFormulas(formulas);
     }
-    return s_formulas;
+    return formulas;
 }
 
 const KnownFormula* findBy(const Formulas& formulas, QString CFormulaDetail::*field, const QString& name)
@@ -164,13 +176,13 @@ QStringList formulaNames()
 void clearFormulas()
 {
     s_isFilled = true;
-    s_formulas.clear();
+    addedFormulas().clear();
 }
 
 void restoreFormulas()
 {
     s_isFilled = false;
-    s_formulas.clear();
+    addedFormulas().clear();
 }
 
 QStringList loadFormulas()
@@ -204,7 +216,7 @@ void applyColors(const FormulaRecipe& recipe, se::RPCFormulaMetaResult& meta)
 
 void setReloadReceiver(ReloadReceiver receiver)
 {
-    s_reloadReceiver = std::move(receiver);
+    reloadReceiver() = std::move(receiver);
 }
 
 } // namespace embedded
@@ -214,7 +226,7 @@ int se::loadConfig(const std::string& folder, const std::string& file, const std
 {
     const bool isKnown = folder == "root" && file == "configFormula";
     const bool isGood = isKnown && TC::embedded::loadFormulas().isEmpty();
-    const TC::embedded::ReloadReceiver receiver = s_reloadReceiver; // the receiver may replace itself
+    const TC::embedded::ReloadReceiver receiver = reloadReceiver(); // the receiver may replace itself
     if (receiver)
         receiver(folder, file, section);
     return isGood ? 0 : 1;

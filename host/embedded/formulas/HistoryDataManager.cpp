@@ -5,7 +5,11 @@
 
 namespace {
 
-TC::embedded::BacktestReceiver s_receiver;
+TC::embedded::BacktestReceiver& backtestReceiver()
+{
+    static TC::embedded::BacktestReceiver receiver;
+    return receiver;
+}
 
 } // namespace
 
@@ -14,14 +18,14 @@ namespace TC {
 void CFormulaHistoryDataManager::updateStrategyBacktestData(const QVector<QString>& ids,
                                                             const QMap<QString, double>& figures)
 {
-    const embedded::BacktestReceiver receiver = s_receiver; // the receiver may replace itself
+    const embedded::BacktestReceiver receiver = backtestReceiver(); // the receiver may replace itself
     if (receiver)
         receiver(ids, figures);
 }
 
 void embedded::setBacktestReceiver(BacktestReceiver receiver)
 {
-    s_receiver = std::move(receiver);
+    backtestReceiver() = std::move(receiver);
 }
 
 } // namespace TC

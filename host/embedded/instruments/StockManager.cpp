@@ -38,13 +38,19 @@ bool isShareOfMainland(const TC::CStockManager::Detail& detail)
         && (detail->market == "SH" || detail->market == "SZ" || detail->market == "BJ");
 }
 
-TC::embedded::InstrumentTable s_instruments;
+/// The instruments that are loaded.
+TC::embedded::InstrumentTable& instrumentTable()
+{
+    static TC::embedded::InstrumentTable table;
+    return table;
+}
 
 /// The instruments, loaded at the first call.
 TC::embedded::InstrumentTable& instruments()
 {
-    s_instruments.load();
-    return s_instruments;
+    TC::embedded::InstrumentTable& table = instrumentTable();
+    table.load();
+    return table;
 }
 
 } // namespace
@@ -136,14 +142,14 @@ void setInstrument(const ttservice::CInstrumentDetail& instrument)
 void setInstruments(const QVector<ttservice::CInstrumentDetail>& list)
 {
     reloadInstruments();
-    s_instruments.loaded = true;
+    instrumentTable().loaded = true;
     for (const ttservice::CInstrumentDetail& instrument : list)
         instruments().add(std::make_shared<ttservice::CInstrumentDetail>(instrument));
 }
 
 void reloadInstruments()
 {
-    s_instruments = InstrumentTable();
+    instrumentTable() = InstrumentTable();
 }
 
 QString instrumentStoreNotice()

@@ -8,8 +8,9 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QMutex>
 #include <QProcess>
+
+#include <mutex>
 
 namespace TC::embedded {
 
@@ -18,8 +19,13 @@ namespace {
 constexpr int kGrace = 5'000;    // milliseconds beyond the program's own limit
 constexpr int kFarewell = 2'000; // milliseconds for a program that has answered to end
 
-QMutex s_mutex; // readers work in any thread
-QString s_program;
+std::mutex s_mutex; // readers work in any thread
+
+QString& chosenProgram()
+{
+    static QString path;
+    return path;
+}
 
 QString programName()
 {
@@ -34,9 +40,9 @@ QString programName()
 QString findProgram()
 {
     {
-        const QMutexLocker lock(&s_mutex);
-        if (!s_program.isEmpty())
-            return QFileInfo(s_program).isFile() ? s_program : QString();
+        const std::lock_guard lock(s_mutex);
+        if (!chosenProgram().isEmpty())
+            return QFileInfo(chosenProgram()).isFile() ? chosenProgram() : QString();
     }
     const QStringList places = workbookProgramPlaces();
     for (const QString& place : places) {
@@ -68,8 +74,8 @@ QByteArray answerOf(QProcess& program, const QElapsedTimer& timer)
 
 void setWorkbookProgram(const QString& path)
 {
-    const QMutexLocker lock(&s_mutex);
-    s_program = path;
+    const std::lock_guard lock(s_mutex);
+    chosenProgram() = path;
 }
 
 QStringList workbookProgramPlaces()
@@ -91,9 +97,9 @@ WorkbookReport readInProgram(const QString& file, SheetCells& cells)
 {
     const QString path = findProgram();
     if (path.isEmpty()) {
-        const QMutexLocker lock(&s_mutex);
+        const std::lock_guard lock(s_mutex);
         const QString sought =
-            s_program.isEmpty() ? workbookProgramPlaces().join(QStringLiteral("、")) : s_program;
+            chosenProgram().isEmpty() ? workbookProgramPlaces().join(QStringLiteral("、")) : chosenProgram();
         return { WorkbookOutcome::ProgramMissing, false, sought };
     }
     QElapsedTimer timer;

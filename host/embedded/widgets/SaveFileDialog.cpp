@@ -9,8 +9,18 @@
 
 namespace {
 
-std::optional<QString> s_answer;
-TC::embedded::SaveDialogRequest s_request;
+/// Takes the dialog's place.
+std::optional<QString>& answerToGive()
+{
+    static std::optional<QString> answer;
+    return answer;
+}
+
+TC::embedded::SaveDialogRequest& lastRequest()
+{
+    static TC::embedded::SaveDialogRequest request;
+    return request;
+}
 
 } // namespace
 
@@ -18,9 +28,10 @@ namespace WB {
 
 QString getSaveFileName(QWidget* parent, const QString& title, const QString& folder, const QString& filter)
 {
-    s_request = { title, folder, filter, QString() };
-    QString answer = s_answer ? *s_answer : QFileDialog::getSaveFileName(parent, title, folder, filter);
-    s_request.answer = answer;
+    lastRequest() = { title, folder, filter, QString() };
+    const std::optional<QString>& given = answerToGive();
+    QString answer = given ? *given : QFileDialog::getSaveFileName(parent, title, folder, filter);
+    lastRequest().answer = answer;
     return answer;
 }
 
@@ -30,18 +41,18 @@ namespace TC::embedded {
 
 void setSaveDialogAnswer(const QString& path)
 {
-    s_answer = path;
+    answerToGive() = path;
 }
 
 void clearSaveDialogAnswer()
 {
-    s_answer.reset();
-    s_request = {};
+    answerToGive().reset();
+    lastRequest() = {};
 }
 
 SaveDialogRequest lastSaveDialogRequest()
 {
-    return s_request;
+    return lastRequest();
 }
 
 } // namespace TC::embedded

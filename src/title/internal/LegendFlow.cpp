@@ -50,7 +50,8 @@ int inkWidth(const ArrowColorTextData& piece)
 /// Places the pieces of one object; `follower` pixels must fit behind its first piece.
 void flowObject(const CArrowColorSimpleText& object, int follower, FlowPen& pen, QVector<FlowPiece>& placed)
 {
-    for (const ArrowColorTextData& piece : object.getTextColor()) {
+    const QVector<ArrowColorTextData> pieces = object.getTextColor();
+    for (const ArrowColorTextData& piece : pieces) {
         CArrowColorSimpleText single(QString::fromLatin1(kTitleFont));
         single.setTextColor(piece.text, piece.color, piece.arrowType);
         const int ink = inkWidth(piece);

@@ -5,6 +5,7 @@
 #include "title/internal/TextLine.h"
 
 #include <cmath>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -91,7 +92,7 @@ NumberGlyphs::NumberGlyphs(const QFont& font, const QString& letter)
 /// Each character right behind the letter, at the end of a text.
 bool NumberGlyphs::readSingles(const QFont& font, const QString& letter)
 {
-    for (const char character : QByteArray(kCharacters)) {
+    for (const char character : std::string_view(kCharacters)) {
         const QString text = letter + QLatin1Char(character);
         const TextLine line(text, font);
         const LineGlyphs all(line);

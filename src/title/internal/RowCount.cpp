@@ -13,7 +13,8 @@ template <class Visit>
 void forEachStep(const QList<CArrowColorSimpleText>& row, const PieceSteps& steps, Visit visit)
 {
     for (const CArrowColorSimpleText& object : row) {
-        for (const ArrowColorTextData& piece : object.getTextColor()) {
+        const QVector<ArrowColorTextData> pieces = object.getTextColor();
+        for (const ArrowColorTextData& piece : pieces) {
             const int arrow = piece.arrowType == 1 ? steps.upArrow
                 : piece.arrowType == 2             ? steps.downArrow
                                                    : 0;

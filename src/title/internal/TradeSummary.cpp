@@ -146,7 +146,8 @@ TradeSummary fitSummary(TradeSummary trading, const QRect& area, int x, double p
 {
     const auto fits = [&] {
         long long end = x;
-        for (const ArrowColorTextData& text : summaryTexts(trading, priceTick))
+        const QVector<ArrowColorTextData> texts = summaryTexts(trading, priceTick);
+        for (const ArrowColorTextData& text : texts)
             end += summaryTextWidth(text.text);
         return end <= area.right() + 1LL && kSummaryTop + kLegendRowHeight <= area.height();
     };
