@@ -43,14 +43,16 @@ QToolButton* choiceButton(QMenu* menu)
     button->setMenu(menu);
     button->setPopupMode(QToolButton::InstantPopup);
     const auto follow = [button, menu] {
-        for (const QAction* action : menu->actions()) {
+        const QList<QAction*> choices = menu->actions();
+        for (const QAction* action : choices) {
             if (action->isChecked())
                 button->setText(action->text() + QStringLiteral("    ")); // room for the mark
         }
         button->setToolTip(plainText(*menu->menuAction()));
         button->setAccessibleName(button->toolTip());
     };
-    for (QAction* action : menu->actions())
+    const QList<QAction*> choices = menu->actions();
+    for (QAction* action : choices)
         QObject::connect(action, &QAction::changed, button, follow);
     followLanguage(button, follow);
     return button;

@@ -36,7 +36,8 @@ QDialog* dialogBehind(Stage& stage, const char* entry)
     stage.choose(entry);
     QDialog* open = nullptr;
     stage.await("a dialog", [&open] {
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
+        const QWidgetList shown = QApplication::topLevelWidgets();
+        for (QWidget* widget : shown) {
             if (widget->isVisible() && qobject_cast<QDialog*>(widget))
                 open = qobject_cast<QDialog*>(widget);
         }

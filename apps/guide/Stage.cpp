@@ -96,7 +96,8 @@ void Stage::openBars(const char* name)
 
 void Stage::choose(const char* entry)
 {
-    for (QAction* action : m_window->findChildren<QAction*>()) {
+    const auto actions = m_window->findChildren<QAction*>();
+    for (QAction* action : actions) {
         for (const char* speaker : { "client::MainWindow", "client::ChartView" }) {
             if (action->text() == QCoreApplication::translate(speaker, entry)) {
                 action->trigger();
@@ -137,7 +138,8 @@ QImage Stage::picture()
     settle();
     QImage image = picture(m_window.get());
     QPainter painter(&image);
-    for (QWidget* other : QApplication::topLevelWidgets()) {
+    const QWidgetList shown = QApplication::topLevelWidgets();
+    for (QWidget* other : shown) {
         if (other == m_window.get() || !other->isVisible())
             continue;
         const QPoint place = other->windowType() == Qt::Popup

@@ -50,7 +50,8 @@ QStringList openFormulaFile(const QString& path, QString& name, QStringList* hin
     if (!reading.formula)
         return linesOf(path, reading.problems, {});
     name = QFileInfo(path).completeBaseName();
-    for (const QString& known : TC::embedded::formulaNames()) {
+    const QStringList names = TC::embedded::formulaNames();
+    for (const QString& known : names) {
         if (known != name && known.compare(name, Qt::CaseInsensitive) == 0)
             return {
                 QStringLiteral("%1: the name differs from the formula %2 in case alone").arg(path, known)

@@ -91,7 +91,8 @@ TC::CParserStockExeclTable* BasketPanel::table()
 
 void BasketPanel::tellHowExportsEnd()
 {
-    for (QAction* entry : m_table->contextMenu()->actions()) {
+    const QList<QAction*> entries = m_table->contextMenu()->actions();
+    for (QAction* entry : entries) {
         // An entry of the table's own that goes to its silent export now goes through the panel.
         if (QObject::disconnect(entry, SIGNAL(triggered()), m_table, SLOT(slotExportData())))
             connect(entry, &QAction::triggered, this, [this] {

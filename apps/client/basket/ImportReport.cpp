@@ -12,6 +12,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <utility>
 
 namespace client {
 
@@ -114,7 +115,7 @@ ImportReport reportOnFile(const QString& path, bool workbook)
         QString file = path;
         QList<QString> lines;
         TC::QReadFile(file, lines, false);
-        for (const QString& line : lines)
+        for (const QString& line : std::as_const(lines))
             codes << line.section(QLatin1Char(','), 0, 0);
     }
     ImportReport report = reportOn(codes, workbook);

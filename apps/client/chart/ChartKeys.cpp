@@ -66,7 +66,8 @@ bool runKeyAction(const QWidget* view, const QKeyEvent* event)
     const Qt::KeyboardModifiers held = event->modifiers() & ~Qt::KeypadModifier
         & ~(event->key() == Qt::Key_Plus ? Qt::ShiftModifier : Qt::NoModifier);
     const QKeySequence keys(static_cast<int>(held) + event->key());
-    for (QAction* action : view->actions()) {
+    const QList<QAction*> actions = view->actions();
+    for (QAction* action : actions) {
         if (action->isEnabled() && action->shortcuts().contains(keys)) {
             action->trigger();
             return true;

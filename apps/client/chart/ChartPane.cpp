@@ -68,8 +68,9 @@ ChartPane::ChartPane(bool main, ChartState* state, FormulaSource* source, const 
         m_klineParam->barCount = m_state->barTotal();
         m_title->setPeroid(m_state->period());
     });
-    for (const auto signal : { &ChartState::sigCrosshairChanged, &ChartState::sigViewChanged })
-        connect(state, signal, this, [this] { showLegendOf(m_state->crosshairBar()); });
+    const auto followCrosshair = [this] { showLegendOf(m_state->crosshairBar()); };
+    connect(state, &ChartState::sigCrosshairChanged, this, followCrosshair);
+    connect(state, &ChartState::sigViewChanged, this, followCrosshair);
     connect(state, &ChartState::sigBarsChanged, this, &ChartPane::reloadStock);
     ChartPane::reloadStock();
     m_data->setFormulas(formulas);
