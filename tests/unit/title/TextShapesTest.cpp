@@ -115,6 +115,20 @@ TEST(PaintLine, PutsEveryTextWhereQtPutsItInEveryFont)
     }
 }
 
+TEST(PaintLine, PutsNumbersWhereQtPutsThemInFontsThatSetThemByWhatStandsAround)
+{
+    forgetTexts();
+    for (const char* way :
+         { "Joined", "JoinedLetter", "Turned", "Raised", "Spread", "WithoutHyphen", "Reaching" }) {
+        const QFont font = test::unusualFont(QLatin1String(way), 16);
+        for (const char* text : { "2.50 -1.00", "M2.5 -1--2", "M00 12.00100", "M: 1001.001", "A12 -9001",
+                                  "--1", "M0.001", "M20.001", "\u6536 12.001" })
+            EXPECT_TRUE(
+                isAsQtPaints(kPlain, font, kPlace, Qt::AlignLeft | Qt::AlignVCenter, QString::fromUtf8(text)))
+                << text << " in " << way;
+    }
+}
+
 TEST(PaintLine, PutsTextsWhereQtPutsThemInEverySettingOfThePainter)
 {
     QLinearGradient gradient(0, 0, 200, 0);
