@@ -9,15 +9,22 @@ from fontTools.feaLib.builder import addOpenTypeFeaturesFromString
 from fontTools.ttLib import TTFont
 
 CHARACTERS = "0123456789.- AM:"
-NAMES = {"zero": "0", "one": "1", "seven": "7", "nine": "9", "hyphen": "-", "colon": ":", "A": "A", "M": "M"}
+NAMES = {"zero": "0", "one": "1", "seven": "7", "hyphen": "-", "period": ".", "colon": ":", "A": "A", "M": "M"}
 
 # How a font sets numbers, as OpenType features.
 WAYS = {
     "Joined": "feature liga { sub $hyphen $hyphen by $colon; } liga;",  # two characters of a number as one glyph
-    "JoinedLetter": "feature liga { sub $M $zero by $A; } liga;",  # a letter with the digit behind it
     "Turned": "feature calt { sub $zero $zero $one' by $seven; } calt;",  # another glyph behind certain digits
     "Raised": "feature kern { pos $zero $zero $one' <0 120 0 0>; } kern;",
     "Spread": "feature kern { pos $zero $zero $one' <0 0 300 0>; } kern;",  # a step that three digits decide
+    # One letter changes the number behind it, others do not.
+    "LetterJoins": "feature liga { sub $M $zero by $A; } liga;",
+    "LetterTurnsFirst": "feature calt { sub $M $zero' by $colon; } calt;"
+                        "feature kern { pos $colon $one $period' <300 0 300 0>; } kern;",
+    "LetterTurnsSecond": "feature calt { sub $M $zero $one' by $seven; } calt;"
+                         "feature kern { pos $seven $period' <300 0 300 0>; } kern;",
+    "LetterRaisesSecond": "feature kern { pos $M $zero $one' <0 120 0 0>; } kern;",
+    "LetterSpreadsSecond": "feature kern { pos $M $zero $one' <0 0 300 0>; } kern;",
 }
 
 folder = pathlib.Path(__file__).parent

@@ -117,12 +117,27 @@ TEST(PaintLine, PutsEveryTextWhereQtPutsItInEveryFont)
 
 TEST(PaintLine, PutsNumbersWhereQtPutsThemInFontsThatSetThemByWhatStandsAround)
 {
+    const char* const ways[] = {
+        "Joined",
+        "Turned",
+        "Raised",
+        "Spread",
+        "LetterJoins",
+        "LetterTurnsFirst",
+        "LetterTurnsSecond",
+        "LetterRaisesSecond",
+        "LetterSpreadsSecond",
+        "WithoutHyphen",
+        "Reaching",
+    };
+    const char* const texts[] = {
+        "A12 -9001",  "2.50 -1.00",  "M01.001", "M0.001",        "M00 12.00100",
+        "M2.5 -1--2", "M: 1001.001", "--1",     "\u6536 12.001",
+    };
     forgetTexts();
-    for (const char* way :
-         { "Joined", "JoinedLetter", "Turned", "Raised", "Spread", "WithoutHyphen", "Reaching" }) {
+    for (const char* way : ways) {
         const QFont font = test::unusualFont(QLatin1String(way), 16);
-        for (const char* text : { "2.50 -1.00", "M2.5 -1--2", "M00 12.00100", "M: 1001.001", "A12 -9001",
-                                  "--1", "M0.001", "M20.001", "\u6536 12.001" })
+        for (const char* text : texts)
             EXPECT_TRUE(
                 isAsQtPaints(kPlain, font, kPlace, Qt::AlignLeft | Qt::AlignVCenter, QString::fromUtf8(text)))
                 << text << " in " << way;
