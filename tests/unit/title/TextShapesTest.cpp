@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <functional>
 
 using TC::detail::forgetTexts;
@@ -205,8 +206,10 @@ TEST(InkStaysIn, IsNotCertainOfTextsAndPlacesThatQtAloneKnows)
     QPainter painter(&image);
     const QRect everywhere(-1'000'000, -1'000'000, 2'000'000, 2'000'000);
     EXPECT_TRUE(inkStaysIn(everywhere, painter, kPlace, Qt::AlignLeft, QStringLiteral("1"), test::font(12)));
-    EXPECT_FALSE(inkStaysIn(everywhere, painter, QRect(200'000, 0, 5, 5), Qt::AlignLeft, QStringLiteral("1"),
-                            test::font(12)));
+    for (const int far : { 200'000, INT_MIN })
+        EXPECT_FALSE(inkStaysIn(everywhere, painter, QRect(far, 0, 5, 5), Qt::AlignLeft, QStringLiteral("1"),
+                                test::font(12)))
+            << far;
     EXPECT_FALSE(
         inkStaysIn(everywhere, painter, kPlace, Qt::AlignLeft, QStringLiteral("a\tb"), test::font(12)));
 }
