@@ -95,6 +95,9 @@ bool paintGlyphs(QPainter* painter, const QRect& place, int alignment, const QSt
     constexpr int known = Qt::AlignLeft | Qt::AlignHCenter | Qt::AlignVCenter;
     if ((alignment & ~known) != 0 || !keepsPixels(*painter, font))
         return false;
+    // What a font leaves open, such as its hinting, a painter takes from its device or the application.
+    if (painter->font() != font)
+        return false;
     const TextShape& shape = shapesOf(font).shape(text);
     if (shape.runs.isEmpty() || !isNear(place))
         return false;

@@ -72,6 +72,8 @@ std::vector<QFont> fonts()
     all[8].setWordSpacing(3.0);
     all.push_back(test::font(12));
     all.back().setPointSizeF(9.5);
+    all.emplace_back(test::font(12).family()); // the painter hints as the application's font says
+    all.back().setPixelSize(12);
     return all;
 }
 
