@@ -102,13 +102,13 @@ void CIndexTitleWidget::resizeEvent(QResizeEvent* event)
 void CIndexTitleWidget::paintEvent(QPaintEvent*)
 {
     // The strip may have moved to a screen of another density since it was drawn.
-    if (!m_buffer.isNull() && !qFuzzyCompare(m_buffer.devicePixelRatioF(), devicePixelRatioF())) {
+    if (!qFuzzyCompare(m_buffer.devicePixelRatioF(), devicePixelRatioF())) {
         makeBuffer();
         updateView();
     }
     QPainter painter(this);
     painter.fillRect(rect(), WB::skinColor(kBackgroundColor));
-    if (m_indexData && !m_buffer.isNull())
+    if (m_indexData)
         painter.drawPixmap(0, 0, m_buffer);
 }
 

@@ -11,8 +11,7 @@ namespace {
 /// Empty for a time that no calendar holds.
 QString dateText(long long msecs)
 {
-    const QDate date = utils::localDateTime(msecs).date();
-    return date.isValid() ? date.toString(QStringLiteral("yyyyMMdd")) : QString();
+    return utils::localDateTime(msecs).date().toString(QStringLiteral("yyyyMMdd"));
 }
 
 } // namespace

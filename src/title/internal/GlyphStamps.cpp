@@ -37,19 +37,21 @@ GlyphStamps& stampsOf(const GlyphPaint& paint)
     return *kept.back();
 }
 
-/// Whether glyphs show nothing but their own coverage in the pen's colour.
+/// Whether glyphs show nothing but their own coverage in the pen's colour. One that lets through what lies
+/// beneath would come out a level off at times.
 bool paintsPlainly(const QPainter& painter)
 {
+    constexpr int opaque = 255;
     return painter.renderHints() == QPainter::TextAntialiasing && painter.pen().style() != Qt::NoPen
-        && painter.pen().brush().style() == Qt::SolidPattern;
+        && painter.pen().brush().style() == Qt::SolidPattern && painter.pen().color().alpha() == opaque;
 }
 
-/// A place in 1/64 of a pixel of the device; empty where it lies between two of them, on the device's edge,
-/// or left of or above either origin, where rounding turns round.
+/// A place in 1/64 of a pixel of the device, on which layouts put glyphs and texts are; empty where it lies
+/// on the device's edge, or left of or above either origin, where rounding turns round.
 std::optional<QPoint> fixedPlace(const QPointF& place, const QPoint& offset)
 {
     const double x = place.x() * kFixedPoint, y = place.y() * kFixedPoint;
-    if (x != std::floor(x) || y != std::floor(y) || x < 0.0 || y < 0.0)
+    if (x < 0.0 || y < 0.0)
         return std::nullopt;
     const QPoint fixed = QPoint(static_cast<int>(x), static_cast<int>(y)) + offset * kFixedPoint;
     return fixed.x() > 0 && fixed.y() >= 0 ? std::optional<QPoint>(fixed) : std::nullopt;

@@ -116,9 +116,8 @@ StripLayout layOutStrip(const StripContent& content)
     const int rightEdge = content.size.width() - rightReserve(content);
     int x = std::clamp(stripIndent(content.subViewType, content.leftOffset), 0, content.size.width());
     if (content.displayType == EIndexDisplay_Heading) {
-        // Without a legend beside it the heading may use the whole strip.
-        const int headingEdge = content.size.width() - (content.hasButton ? rightReserve(content) : 0);
-        x = layOutHeading(content, x, headingEdge, layout);
+        // Without a legend beside it the heading may use the whole strip: one with a heading has no button.
+        x = layOutHeading(content, x, content.size.width(), layout);
         if (!layout.separators.isEmpty())
             x += kLegendGap;
     } else {

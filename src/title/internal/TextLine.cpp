@@ -62,7 +62,7 @@ bool mayBeReordered(const QList<QGlyphRun>& runs)
 bool endsBefore(const QGlyphRun& left, const QGlyphRun& right)
 {
     const QVector<QPointF> some = left.positions(), others = right.positions();
-    return !others.isEmpty() && (some.isEmpty() || some.last().x() < others.last().x());
+    return some.value(some.size() - 1).x() < others.value(others.size() - 1).x();
 }
 
 } // namespace

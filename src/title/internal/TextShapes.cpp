@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <tuple>
 #include <vector>
 
 namespace TC::detail {
@@ -57,6 +58,16 @@ bool keepsPixels(const QPainter& painter, const QFont& font)
         && font.pixelSize() * transform.m11() <= largestGlyph;
 }
 
+/// How a font sets texts. What it leaves open, such as its hinting, a painter takes from its device or the
+/// application.
+auto waysOf(const QFont& font)
+{
+    return std::make_tuple(font.family(), font.weight(), font.style(), font.stretch(), font.styleStrategy(),
+                           font.hintingPreference(), font.kerning(), font.capitalization(),
+                           font.letterSpacing(), font.wordSpacing(), font.underline(), font.overline(),
+                           font.strikeOut());
+}
+
 /// Coordinates far outside saturate.
 bool isNear(const QRect& place)
 {
@@ -93,7 +104,7 @@ bool isRoundedDown(const QPointF& corner, const QList<QGlyphRun>& runs)
 bool paintGlyphs(QPainter* painter, const QRect& place, int alignment, const QString& text, const QFont& font)
 {
     constexpr int known = Qt::AlignLeft | Qt::AlignHCenter | Qt::AlignVCenter;
-    if ((alignment & ~known) != 0 || !keepsPixels(*painter, font))
+    if ((alignment & ~known) != 0 || !keepsPixels(*painter, font) || waysOf(painter->font()) != waysOf(font))
         return false;
     const TextShape& shape = shapesOf(font).shape(text);
     if (shape.runs.isEmpty() || !isNear(place))

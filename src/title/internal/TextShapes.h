@@ -19,7 +19,7 @@ int textWidth(const QString& text, const QFont& font);
 /// shorten it.
 bool isWithin(int pixels, const QString& text, const QFont& font);
 
-/// Paints a text in one line, in the painter's pen and in `font`, which the painter must have: the same
+/// Paints a text in one line, in the painter's pen and in `font`, which the painter must have got: the same
 /// pixels as drawText with `alignment`, Qt::TextDontClip and Qt::TextSingleLine. Where that is not certain,
 /// on any paint engine but the raster one for a start, it is that very call. GUI thread only.
 /// @param alignment  of the text in `place`, which may be narrower than the text.

@@ -42,9 +42,13 @@ QImage painted(const Setting& setting, const QFont& font, const Setting& paint)
 bool isAsQtPaints(const Setting& setting, const QFont& font, const QRect& place, int alignment,
                   const QString& text)
 {
-    const QImage expected = painted(setting, font, [&](QPainter& painter) {
-        painter.drawText(place, alignment | Qt::TextDontClip | Qt::TextSingleLine, text);
-    });
+    const auto byQt = [&] {
+        return painted(setting, font, [&](QPainter& painter) {
+            painter.drawText(place, alignment | Qt::TextDontClip | Qt::TextSingleLine, text);
+        });
+    };
+    byQt(); // Qt paints some glyphs otherwise the first time, before it has kept them
+    const QImage expected = byQt();
     bool isEqual = true;
     for (int time = 0; time < 2; ++time)
         isEqual &= expected == painted(setting, font, [&](QPainter& painter) {
@@ -68,6 +72,8 @@ std::vector<QFont> fonts()
     all[8].setWordSpacing(3.0);
     all.push_back(test::font(12));
     all.back().setPointSizeF(9.5);
+    all.emplace_back(test::font(12).family()); // the painter hints as the application's font says
+    all.back().setPixelSize(12);
     return all;
 }
 
@@ -95,6 +101,7 @@ TEST(PaintLine, PutsEveryTextWhereQtPutsItInEveryFont)
                               QStringLiteral("收盘 1,234.50"),
                               QStringLiteral("成交量(5,10) -1.2 -.5 00"),
                               QStringLiteral("a\tb"),
+                              QStringLiteral("a\u3000b"),
                               QStringLiteral("line\nline"),
                               QStringLiteral(" "),
                               QString(),
@@ -156,6 +163,7 @@ TEST(PaintLine, PutsTextsWhereQtPutsThemInEverySettingOfThePainter)
         { "shrunk", [](QPainter& painter) { painter.scale(0.5, 0.5); } },
         { "scaled by a fraction", [](QPainter& painter) { painter.scale(1.5, 1.5); } },
         { "moved", [](QPainter& painter) { painter.translate(-7, 3); } },
+        { "moved far", [](QPainter& painter) { painter.translate(40, 20); } },
         { "moved by a fraction", [](QPainter& painter) { painter.translate(0.5, 0.0); } },
         { "moved down by a fraction", [](QPainter& painter) { painter.translate(0.0, 0.25); } },
         { "turned", [](QPainter& painter) { painter.rotate(10); } },
@@ -180,17 +188,36 @@ TEST(PaintLine, PutsTextsWhereQtPutsThemInEverySettingOfThePainter)
             for (const int alignment :
                  { Qt::AlignLeft | Qt::AlignVCenter, Qt::AlignHCenter | Qt::AlignVCenter })
                 EXPECT_TRUE(
-                    isAsQtPaints(setting, test::font(12), place, alignment, QStringLiteral("收盘: 1,234.50")))
+                    isAsQtPaints(setting, test::font(12), place, alignment, QStringLiteral("收: 1,234.50")))
                     << name << " at " << place.x() << "," << place.y() << " " << alignment;
         }
     }
 }
 
+TEST(PaintLine, PutsTextsWhereQtPutsThemAcrossTheOriginAndTheEdges)
+{
+    const Setting settings[] = {
+        kPlain,
+        [](QPainter& painter) { painter.translate(40, 30); },
+        [](QPainter& painter) { painter.translate(-40, -30); },
+    };
+    forgetTexts();
+    for (const Setting& setting : settings) {
+        for (int y = -35; y < 70; ++y)
+            EXPECT_TRUE(isAsQtPaints(setting, test::font(16), QRect(y, y, 60, 20),
+                                     Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("_1.5,")))
+                << y << " in setting " << &setting - settings;
+    }
+}
+
 TEST(PaintLine, PutsMoreGlyphsAndColoursWhereQtPutsThemThanAreKept)
 {
+    QFont full(QStringLiteral("Noto Sans CJK SC"));
+    full.setPixelSize(12);
+    full.setHintingPreference(QFont::PreferNoHinting);
     forgetTexts();
     for (int letter = 0; letter < 700; ++letter)
-        ASSERT_TRUE(isAsQtPaints(kPlain, test::font(12), kPlace, Qt::AlignLeft | Qt::AlignVCenter,
+        ASSERT_TRUE(isAsQtPaints(kPlain, full, kPlace, Qt::AlignLeft | Qt::AlignVCenter,
                                  QString(QChar(0x4E00 + letter)) + QStringLiteral("12")))
             << letter;
     for (int shade = 0; shade < 60; ++shade)
