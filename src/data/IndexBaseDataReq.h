@@ -3,10 +3,11 @@
 /// @file The outstanding requests of a pane.
 
 #include "data/IndexBaseDataReqItem.h"
-#include "host/utils/QtVersions.h"
 #include "indicatorui_export.h"
 
 #include <QVector>
+
+#include <list>
 
 namespace TC {
 
@@ -63,7 +64,7 @@ private:
     int indexOf(const CFormulaKey& key) const;
     int indexOf(const QString& reqId) const;
 
-    utils::LastingList<IndexBaseDataReqItem> m_items;
+    std::list<IndexBaseDataReqItem> m_items;
 };
 
 } // namespace TC
