@@ -330,5 +330,6 @@ TEST(FitSummary, LeavesOutAccountsThenVolumesThenEverything)
     EXPECT_EQ(fitted(width(withoutAccounts) - 1).buyVolume, 0);
     EXPECT_EQ(fitted(width(withoutAccounts) - 1).profitLoss, 5.0);
     EXPECT_EQ(fitted(5).profitLoss, 0.0);
+    EXPECT_EQ(fitSummary(trading, QRect(0, 0, all, 18), 0, 0.01).accounts.size(), 2);
     EXPECT_TRUE(summaryTexts(fitSummary(trading, QRect(0, 0, all, 17), 0, 0.01), 0.01).isEmpty());
 }
