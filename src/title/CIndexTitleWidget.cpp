@@ -42,7 +42,7 @@ CIndexTitleWidget::CIndexTitleWidget(IndexBaseData* indexData, EIndexDisplayType
     , m_leftOffset(leftOffset)
     , m_drType(drType)
     , m_klineParam(klineParam)
-    , m_hoverTimer(new QTimer)
+    , m_hoverTimer(new QTimer(this))
 {
     readPictures();
     createUi();
@@ -52,10 +52,7 @@ CIndexTitleWidget::CIndexTitleWidget(IndexBaseData* indexData, EIndexDisplayType
             SLOT(slotTradeDateChanged(long long)));
 }
 
-CIndexTitleWidget::~CIndexTitleWidget()
-{
-    delete m_hoverTimer;
-}
+CIndexTitleWidget::~CIndexTitleWidget() = default;
 
 void CIndexTitleWidget::createUi()
 {

@@ -160,9 +160,9 @@ private:
     boost::shared_ptr<CKLineUiParam> m_klineParam;
     boost::shared_ptr<CRealtimeUiParam> m_realtimeParam;
     QList<std::shared_ptr<ttservice::CInstrumentDetail>> m_addStocks;
-    int m_storeys = 1;   ///< rows in use
-    int m_showState = 2; ///< most rows that count: 2, or 5 once the pointer has rested
-    QTimer* m_hoverTimer = nullptr;
+    int m_storeys = 1;                    ///< rows in use
+    int m_showState = 2;                  ///< most rows that count: 2, or 5 once the pointer has rested
+    QTimer* m_hoverTimer;                 ///< child
     const QPixmap* m_upArrow = nullptr;   ///< the skin's
     const QPixmap* m_downArrow = nullptr; ///< the skin's
     QPixmap m_buffer;

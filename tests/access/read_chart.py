@@ -112,6 +112,8 @@ try:
     await_that("the same bar in another pane", lambda: date_of(volumes) == date_of(chart))
     assert "VOL:" in volumes.get_description(), volumes.get_description()
     print(chart.get_description())
+    press("ctrl+q")
+    assert program.wait(LONGEST_WAIT) == 0, program.returncode
 finally:
     program.kill()
     program.wait()

@@ -50,6 +50,12 @@ int averageGray(const QImage& picture, const QRect& area)
 class ClientByMouse : public testing::Test, protected test::DrivenClient
 {
 protected:
+    void TearDown() override
+    {
+        if (isRunning() && !HasFailure())
+            quit();
+    }
+
     /// Drags the basket by its tab to a place where there is no mark to drop it on.
     void floatTheBasket()
     {
@@ -256,7 +262,6 @@ TEST_F(ClientByMouse, OffersARestoreAfterASuddenEndAndCarriesItOut)
     });
     settled();
     picture(QStringLiteral("restored"));
-    quit();
 }
 
 } // namespace

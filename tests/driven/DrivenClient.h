@@ -79,6 +79,7 @@ public:
     void start();
     /// Ends it without a warning (SIGKILL).
     void kill();
+    bool isRunning() const { return m_program.state() == QProcess::Running; }
     /// Waits until the program has ended by itself. @return whether it did so in order.
     bool hasEnded();
 

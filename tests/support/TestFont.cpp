@@ -36,4 +36,9 @@ QFont blankFont(int pixelSize)
     return sizedFont(family, pixelSize);
 }
 
+QFont unusualFont(const QString& way, int pixelSize)
+{
+    return sizedFont(familyOf(QStringLiteral("IndicatorTest%1.otf").arg(way)), pixelSize);
+}
+
 } // namespace test

@@ -12,4 +12,7 @@ QFont font(int pixelSize);
 /// A font as wide and high as that, of which nothing is seen.
 QFont blankFont(int pixelSize);
 
+/// A font that sets numbers in a way of its own; tests/data/fonts/make_unusual.py says which ways there are.
+QFont unusualFont(const QString& way, int pixelSize);
+
 } // namespace test

@@ -105,14 +105,14 @@ FontShapes::Head FontShapes::makeHead(const QString& text)
     head.positions = line.runs().last().positions();
 
     const int last = head.glyphs.size() - 1;
-    if (text.size() < kNumberStart || last < 1 || head.positions.size() != head.glyphs.size())
+    if (text.size() < kNumberStart || last < 1)
         return head;
     const QChar first = text.at(text.size() - 2), second = text.at(text.size() - 1);
     if (!isNumberCharacter(first) || !isNumberCharacter(second))
         return head;
     const NumberGlyphs* numbers = numbersBehind(text);
-    if (numbers && line.runs().last().rawFont() == numbers->rawFont()
-        && head.glyphs.at(last - 1) == numbers->glyph(first) && head.glyphs.at(last) == numbers->glyph(second)
+    if (numbers && head.glyphs.at(last - 1) == numbers->glyph(first)
+        && head.glyphs.at(last) == numbers->glyph(second)
         && head.positions.at(last - 1) + QPointF(numbers->step(first, second), 0.0) == head.positions.at(last)
         && head.positions.at(last).x() + numbers->lastStep(second) == line.width())
         head.numbers = numbers;

@@ -37,7 +37,7 @@ QString everyThree()
     return text;
 }
 
-/// A line's glyphs in one list.
+/// A line's glyphs and their places, as many of these, in one list each.
 struct LineGlyphs
 {
     explicit LineGlyphs(const TextLine& line)
@@ -48,10 +48,7 @@ struct LineGlyphs
         }
     }
     /// Whether each character of a text has its glyph.
-    bool isOneEach(const QString& text) const
-    {
-        return glyphs.size() == text.size() && positions.size() == text.size();
-    }
+    bool isOneEach(const QString& text) const { return glyphs.size() == text.size(); }
 
     QVector<quint32> glyphs;
     QVector<QPointF> positions;
@@ -59,7 +56,7 @@ struct LineGlyphs
 
 } // namespace
 
-int NumberGlyphs::indexOf(QChar character)
+int numberIndex(QChar character)
 {
     const ushort code = character.unicode();
     switch (code) {
@@ -72,13 +69,7 @@ int NumberGlyphs::indexOf(QChar character)
 
 int NumberGlyphs::pairOf(QChar character, QChar next)
 {
-    return indexOf(character) * kCount + indexOf(next);
-}
-
-bool isNumberCharacter(QChar character)
-{
-    const ushort code = character.unicode();
-    return (code >= '0' && code <= '9') || code == '.' || code == '-' || code == ' ';
+    return numberIndex(character) * kCount + numberIndex(next);
 }
 
 NumberGlyphs::NumberGlyphs(const QFont& font, const QString& letter)
@@ -119,14 +110,14 @@ void NumberGlyphs::readPixels()
     m_pixels = paintedPixels({ run }, m_ink);
 }
 
-/// Answers whether neighbours alone decide the steps.
+/// Answers whether neighbours alone decide the steps. All glyphs are of the font that those behind the letter
+/// are of.
 bool NumberGlyphs::readSteps(const QFont& font, const QString& letter)
 {
     const QString text = letter + everyThree();
     const TextLine line(text, font);
     const LineGlyphs all(line);
-    if (!line.isPlain() || !all.isOneEach(text) || line.runs().last().rawFont() != m_rawFont
-        || line.runs().size() > (letter.isEmpty() ? 1 : 2))
+    if (!line.isPlain() || !all.isOneEach(text))
         return false;
 
     m_steps.fill(std::nan(""), kCount * kCount);
@@ -136,7 +127,8 @@ bool NumberGlyphs::readSteps(const QFont& font, const QString& letter)
             return false;
         const bool isLast = at + 1 == text.size();
         const qreal end = isLast ? line.width() : all.positions.at(at + 1).x();
-        qreal& known = isLast ? m_lastSteps[indexOf(character)] : m_steps[pairOf(character, text.at(at + 1))];
+        qreal& known =
+            isLast ? m_lastSteps[numberIndex(character)] : m_steps[pairOf(character, text.at(at + 1))];
         const qreal step = end - all.positions.at(at).x();
         if (std::isnan(known))
             known = step;

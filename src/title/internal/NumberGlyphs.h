@@ -12,8 +12,14 @@
 
 namespace TC::detail {
 
-/// Whether a character stands in numbers: a digit, a sign, a point or a blank.
-bool isNumberCharacter(QChar character);
+/// Which of the characters that stand in numbers it is: a digit, a sign, a point or a blank; -1 for any
+/// other.
+int numberIndex(QChar character);
+
+inline bool isNumberCharacter(QChar character)
+{
+    return numberIndex(character) >= 0;
+}
 
 /// Glyphs and steps of the characters of numbers, behind a text of some script. A number can be put together
 /// from them where the font sets every such character in the same glyph whatever stands around it, and as far
@@ -27,11 +33,11 @@ public:
 
     /// False where the font sets numbers in another way; nothing else may be asked for then.
     bool areKnown() const { return !m_glyphs.isEmpty(); }
-    quint32 glyph(QChar character) const { return m_glyphs.at(indexOf(character)); }
+    quint32 glyph(QChar character) const { return m_glyphs.at(numberIndex(character)); }
     /// Pixels from a character to the next one.
     qreal step(QChar character, QChar next) const { return m_steps.at(pairOf(character, next)); }
     /// Pixels from a text's last character to its end.
-    qreal lastStep(QChar character) const { return m_lastSteps.at(indexOf(character)); }
+    qreal lastStep(QChar character) const { return m_lastSteps.at(numberIndex(character)); }
     /// Holds the outline of each glyph, from its place.
     const QRectF& ink() const { return m_ink; }
     /// The pixels that paintedPixels finds of all glyphs, from their place.
@@ -40,7 +46,6 @@ public:
     const QRawFont& rawFont() const { return m_rawFont; }
 
 private:
-    static int indexOf(QChar character);
     static int pairOf(QChar character, QChar next);
     bool readSingles(const QFont& font, const QString& letter);
     void readPixels();

@@ -61,7 +61,8 @@ bool keepsPixels(const QPainter& painter, const QFont& font)
 bool isNear(const QRect& place)
 {
     constexpr int farthest = 100000;
-    return std::abs(place.x()) < farthest && std::abs(place.y()) < farthest && place.width() < farthest
+    const auto isNearOrigin = [](int coordinate) { return coordinate > -farthest && coordinate < farthest; };
+    return isNearOrigin(place.x()) && isNearOrigin(place.y()) && place.width() < farthest
         && place.height() < farthest;
 }
 

@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <functional>
 
 using TC::detail::forgetTexts;
@@ -115,6 +116,35 @@ TEST(PaintLine, PutsEveryTextWhereQtPutsItInEveryFont)
     }
 }
 
+TEST(PaintLine, PutsNumbersWhereQtPutsThemInFontsThatSetThemByWhatStandsAround)
+{
+    const char* const ways[] = {
+        "Joined",
+        "Turned",
+        "Raised",
+        "Spread",
+        "LetterJoins",
+        "LetterTurnsFirst",
+        "LetterTurnsSecond",
+        "LetterRaisesSecond",
+        "LetterSpreadsSecond",
+        "WithoutHyphen",
+        "Reaching",
+    };
+    const char* const texts[] = {
+        "A12 -9001",  "2.50 -1.00",  "M01.001", "M0.001",        "M00 12.00100",
+        "M2.5 -1--2", "M: 1001.001", "--1",     "\u6536 12.001",
+    };
+    forgetTexts();
+    for (const char* way : ways) {
+        const QFont font = test::unusualFont(QLatin1String(way), 16);
+        for (const char* text : texts)
+            EXPECT_TRUE(
+                isAsQtPaints(kPlain, font, kPlace, Qt::AlignLeft | Qt::AlignVCenter, QString::fromUtf8(text)))
+                << text << " in " << way;
+    }
+}
+
 TEST(PaintLine, PutsTextsWhereQtPutsThemInEverySettingOfThePainter)
 {
     QLinearGradient gradient(0, 0, 200, 0);
@@ -176,8 +206,10 @@ TEST(InkStaysIn, IsNotCertainOfTextsAndPlacesThatQtAloneKnows)
     QPainter painter(&image);
     const QRect everywhere(-1'000'000, -1'000'000, 2'000'000, 2'000'000);
     EXPECT_TRUE(inkStaysIn(everywhere, painter, kPlace, Qt::AlignLeft, QStringLiteral("1"), test::font(12)));
-    EXPECT_FALSE(inkStaysIn(everywhere, painter, QRect(200'000, 0, 5, 5), Qt::AlignLeft, QStringLiteral("1"),
-                            test::font(12)));
+    for (const int far : { 200'000, INT_MIN })
+        EXPECT_FALSE(inkStaysIn(everywhere, painter, QRect(far, 0, 5, 5), Qt::AlignLeft, QStringLiteral("1"),
+                                test::font(12)))
+            << far;
     EXPECT_FALSE(
         inkStaysIn(everywhere, painter, kPlace, Qt::AlignLeft, QStringLiteral("a\tb"), test::font(12)));
 }

@@ -485,15 +485,18 @@ TEST_F(TitleWidget, OverlaidInstrumentsRedrawOnlyWhenTheListDiffers)
 
 TEST_F(TitleWidget, HidingAnIndicatorRedrawsInAnyCase)
 {
-    data.add(QStringLiteral("F"), outputs(1));
-    test::Strip strip(&data, 1, 3, 2);
-    strip.setStock(stock);
-    const QImage before = strip.picture(300, 16);
-    data.clearAll();
-    strip.hideIndex(QStringLiteral("another"));
-    QImage now(before.size(), before.format());
-    strip.render(&now);
-    EXPECT_EQ(lastInk(now), -1);
+    for (const char* hidden : { "F", "another" }) {
+        data.add(QStringLiteral("F"), outputs(1));
+        test::Strip strip(&data, 1, 3, 2);
+        strip.setStock(stock);
+        strip.setShowIndex(QStringLiteral("F"));
+        QImage now = strip.picture(300, 16);
+        ASSERT_GE(lastInk(now), 0);
+        data.clearAll();
+        strip.hideIndex(QLatin1String(hidden));
+        strip.render(&now);
+        EXPECT_EQ(lastInk(now), -1) << hidden;
+    }
 }
 
 TEST_F(TitleWidget, SettersRedrawAtOnce)
