@@ -23,6 +23,8 @@
 #include <QTemporaryDir>
 #include <QTreeWidget>
 
+#include <memory>
+
 namespace guide {
 
 namespace {
@@ -182,10 +184,10 @@ QImage basket(Stage& stage)
                 .toUtf8());
     list.close();
     client::BasketPanel* basket = stage.window().basket();
-    bool isRead = false;
-    QObject::connect(basket, &client::BasketPanel::sigImportEnded, basket, [&isRead] { isRead = true; });
+    const auto isRead = std::make_shared<bool>(false); // the connection outlives this scene
+    QObject::connect(basket, &client::BasketPanel::sigImportEnded, basket, [isRead] { *isRead = true; });
     basket->importFile(list.fileName());
-    stage.await("the import", [&isRead] { return isRead; });
+    stage.await("the import", [isRead] { return *isRead; });
     basket->findChild<QComboBox*>()->setCurrentIndex(0); // equal weights
     return stage.picture();
 }

@@ -53,7 +53,7 @@ Stage::Stage(const QString& language, const QString& samples)
     TC::embedded::setUserRootDir(m_folder.filePath(QStringLiteral("user")));
     TC::embedded::setConfigDir(m_folder.filePath(QStringLiteral("config")));
     m_window = std::make_unique<client::MainWindow>(language);
-    m_window->chooseSkin(TC::embedded::skinNames().front()); // the one before stays for the whole program
+    m_window->chooseSkin(TC::embedded::skinNames().value(0)); // the one before stays for the whole program
     m_window->resize(kWindow);
     m_window->show();
     settle();

@@ -23,7 +23,7 @@ int rankOf(const ListedInstrument& instrument, const QString& typed)
     constexpr int marketLength = 2;
     if (instrument.text.startsWith(typed, Qt::CaseInsensitive))
         return 0;
-    return instrument.text.mid(marketLength).startsWith(typed, Qt::CaseInsensitive) ? 1 : 2;
+    return instrument.text.indexOf(typed, marketLength, Qt::CaseInsensitive) == marketLength ? 1 : 2;
 }
 
 } // namespace

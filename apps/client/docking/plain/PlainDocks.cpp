@@ -39,16 +39,6 @@ int CDockAreaWidget::dockWidgetsCount() const
     return static_cast<int>(tabsOf(m_dock).size());
 }
 
-CDockWidget* CDockAreaWidget::below() const
-{
-    return m_below;
-}
-
-void CDockAreaWidget::setBelow(CDockWidget* dock)
-{
-    m_below = dock;
-}
-
 CDockWidget::CDockWidget(const QString& title)
     : QDockWidget(title)
 {
@@ -84,7 +74,7 @@ CDockManager::CDockManager(QMainWindow* window)
     window->setCentralWidget(this);
 }
 
-void CDockManager::addDockWidget(DockWidgetArea area, CDockWidget* dock, CDockAreaWidget* beside)
+void CDockManager::addDockWidget(DockWidgetArea area, CDockWidget* dock, const CDockAreaWidget* beside)
 {
     if (!beside || area == LeftDockWidgetArea || area == TopDockWidgetArea)
         QMainWindow::addDockWidget(sideOf(area), dock);
@@ -93,12 +83,13 @@ void CDockManager::addDockWidget(DockWidgetArea area, CDockWidget* dock, CDockAr
     else
         splitDockWidget(beside->dock(), dock, area == BottomDockWidgetArea ? Qt::Vertical : Qt::Horizontal);
     if (beside && area == BottomDockWidgetArea)
-        beside->setBelow(dock);
+        m_below.insert(beside->dock(), dock);
 }
 
 void CDockManager::removeDockWidget(CDockWidget* dock)
 {
     QMainWindow::removeDockWidget(dock);
+    m_below.remove(dock);
     dock->setParent(nullptr);
 }
 
@@ -109,8 +100,11 @@ CDockWidget* CDockManager::findDockWidget(const QString& name) const
 
 void CDockManager::setSplitterSizes(const CDockAreaWidget* area, const QList<int>& heights)
 {
-    if (area->below())
-        resizeDocks({ area->dock(), area->below() }, heights, Qt::Vertical);
+    const QList<CDockWidget*> tabs = tabsOf(area->dock());
+    for (CDockWidget* tab : tabs) { // any of them may have been alone when the dock was put below
+        if (CDockWidget* below = m_below.value(tab))
+            resizeDocks({ tab, below }, heights, Qt::Vertical);
+    }
 }
 
 bool CDockManager::restoreState(const QByteArray& state, int version)

@@ -4,6 +4,7 @@
 /// uses, over Qt's own docks. Names and meanings are the library's.
 
 #include <QDockWidget>
+#include <QHash>
 #include <QList>
 #include <QMainWindow>
 #include <QPointer>
@@ -31,13 +32,9 @@ public:
     /// One of the docks.
     CDockWidget* dock() const { return m_dock; }
     int dockWidgetsCount() const;
-    /// The dock that was last put below this area; null without one.
-    CDockWidget* below() const;
-    void setBelow(CDockWidget* dock);
 
 private:
     CDockWidget* m_dock;
-    QPointer<CDockWidget> m_below;
 };
 
 /// A dock; Qt's docks have one header, which is tab and title.
@@ -87,7 +84,7 @@ public:
     explicit CDockManager(QMainWindow* window);
 
     /// @param beside  the area that is split, or joined by a tab; null for the sides of the window.
-    void addDockWidget(DockWidgetArea area, CDockWidget* dock, CDockAreaWidget* beside = nullptr);
+    void addDockWidget(DockWidgetArea area, CDockWidget* dock, const CDockAreaWidget* beside = nullptr);
     /// The caller owns the dock from then on.
     void removeDockWidget(CDockWidget* dock);
     CDockWidget* findDockWidget(const QString& name) const;
@@ -98,6 +95,9 @@ public:
 Q_SIGNALS:
     /// A state is about to be restored.
     void restoringState();
+
+private:
+    QHash<const CDockWidget*, QPointer<CDockWidget>> m_below; ///< of a dock what was put below it
 };
 
 } // namespace ads
