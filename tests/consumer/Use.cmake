@@ -37,7 +37,7 @@ function(use_through_pkg_config prefix)
     run(pkg-config --cflags --libs indicatorui indicatorui-engine)
     separate_arguments(flags UNIX_COMMAND "${output}")
     run(pkg-config --variable=libdir indicatorui)
-    string(STRIP "${output}" libraries)
+    separate_arguments(libraries UNIX_COMMAND "${output}") # pkg-config marks blanks
     run(${LAUNCHER} ${COMPILER} -std=c++17 -fPIC -c ${CMAKE_CURRENT_LIST_DIR}/main.cpp -o ${FOLDER}/plain.o ${flags})
     run(${COMPILER} ${FOLDER}/plain.o -o ${FOLDER}/plain ${flags} -Wl,-rpath,${libraries})
     run(${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen ${FOLDER}/plain)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/faults/FaultRun.h"
 
+#include "tests/support/Preload.h"
+
 #include <QFile>
 #include <QProcess>
 #include <QProcessEnvironment>
@@ -73,7 +75,7 @@ FaultEnd runWithFault(const QStringList& words, const QString& folder, int call,
     const QTemporaryDir outside;
     const QString mark = outside.filePath(QStringLiteral("met"));
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LD_PRELOAD"), QStringLiteral(FAILING_CALLS));
+    preload(environment, QStringLiteral(FAILING_CALLS));
     environment.insert(QStringLiteral("ASAN_OPTIONS"),
                        QStringLiteral("verify_asan_link_order=0:detect_leaks=0"));
     environment.insert(QStringLiteral("FAILING_FOLDER"), folder);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 /// @file The client as its users start it: as a program, on the offscreen platform.
 
+#include "tests/support/Preload.h"
 #include "tests/support/Trace.h"
 
 #include <QElapsedTimer>
@@ -19,7 +20,7 @@ QStringList legendTexts(const QString& bars)
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("INDICATORUI_HOME"), home.path());
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    environment.insert(QStringLiteral("LD_PRELOAD"), QStringLiteral(DRAWN_TEXTS));
+    test::preload(environment, QStringLiteral(DRAWN_TEXTS));
     // At a fractional pixel ratio every text of a legend is handed to the painter as text, none as glyphs.
     environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("1.25"));
     environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("verify_asan_link_order=0"));
