@@ -52,7 +52,7 @@ struct Kind
 {
     const char* name;
     const char* sound;     ///< file that the hostile ones are made from
-    const char* arguments; ///< of the renderer; FILE and OUT stand for the files
+    const char* arguments; ///< of the renderer; FILE, BARS and OUT stand for the files
 };
 
 /// One message at most, of one line; and an answer that is yes or no.
@@ -85,9 +85,10 @@ protected:
         RecoveryFolders::write(file, text);
         QStringList arguments;
         for (const QString& word : QString::fromLatin1(GetParam().arguments).split(QLatin1Char(' ')))
-            arguments << (word == QLatin1String("FILE")      ? file
-                              : word == QLatin1String("OUT") ? output
-                                                             : word);
+            arguments << (word == QLatin1String("FILE")       ? file
+                              : word == QLatin1String("BARS") ? QStringLiteral(SAMPLES_DIR "/bars/DFM00.csv")
+                              : word == QLatin1String("OUT")  ? output
+                                                              : word);
         run(QStringLiteral(RENDER_PROGRAM), arguments, output, arguments.contains(QStringLiteral("--check")));
     }
 
@@ -102,7 +103,7 @@ unsigned seedsTried()
 /// A sound file of moderate length, so that most of the time is the program's.
 QByteArray headOf(const char* file)
 {
-    const QByteArray text = RecoveryFolders::contentOf(QString::fromLatin1(file));
+    const QByteArray text = RecoveryFolders::contentOf(QString::fromUtf8(file));
     return text.size() < 20'000 ? text : text.left(text.lastIndexOf('\n', 20'000) + 1);
 }
 
@@ -118,15 +119,13 @@ TEST_P(HostileFiles, AreDrawnOrRefusedInOneLine)
     }
 }
 
-#define ON_BARS "--bars " SAMPLES_DIR "/bars/DFM00.csv -o OUT "
-
 INSTANTIATE_TEST_SUITE_P(
     Of, HostileFiles,
     testing::Values(Kind { "bars", SAMPLES_DIR "/bars/SFCU00.csv", "--bars FILE -o OUT" },
                     Kind { "ticks", SAMPLES_DIR "/ticks/SYNTHETIC-five-levels.csv", "--ticks FILE -o OUT" },
-                    Kind { "formula", SAMPLES_DIR "/formulas/MACD.txt", ON_BARS "--formula FILE" },
+                    Kind { "formula", SAMPLES_DIR "/formulas/MACD.txt", "--bars BARS -o OUT --formula FILE" },
                     Kind { "check", SAMPLES_DIR "/formulas/DMI.txt", "--check FILE" },
-                    Kind { "skin", SKINS_DIR "/dark.json", ON_BARS "--skin FILE" }),
+                    Kind { "skin", SKINS_DIR "/dark.json", "--bars BARS -o OUT --skin FILE" }),
     [](const auto& kind) { return std::string(kind.param.name); });
 
 TEST(HostileFiles, OfStocksAreReadAsFarAsTheyGo)
