@@ -9,8 +9,8 @@ namespace TC {
 namespace {
 
 /// -1 when no entry is what is looked for.
-template <typename IsWanted>
-int placeOf(const std::list<IndexBaseDataReqItem>& items, IsWanted isWanted)
+template <typename Items, typename IsWanted>
+int placeOf(const Items& items, IsWanted isWanted)
 {
     const auto found = std::find_if(items.begin(), items.end(), isWanted);
     return found == items.end() ? -1 : static_cast<int>(std::distance(items.begin(), found));

@@ -3,11 +3,10 @@
 /// @file The outstanding requests of a pane.
 
 #include "data/IndexBaseDataReqItem.h"
+#include "host/utils/QtVersions.h"
 #include "indicatorui_export.h"
 
 #include <QVector>
-
-#include <list>
 
 namespace TC {
 
@@ -64,7 +63,7 @@ private:
     int indexOf(const CFormulaKey& key) const;
     int indexOf(const QString& reqId) const;
 
-    std::list<IndexBaseDataReqItem> m_items;
+    utils::LastingList<IndexBaseDataReqItem> m_items;
 };
 
 } // namespace TC
