@@ -245,6 +245,16 @@ TEST_P(DrawTickVolStick, DrawsNothingForAnOutputOfTwoColumns)
     EXPECT_EQ(drawn(cache), QStringList());
 }
 
+TEST_P(DrawTickVolStick, DrawsNothingWithoutItsVolumesOrItsPrices)
+{
+    for (const std::size_t column : { 0u, 2u }) {
+        auto cache = trades({ 5.0, 5.0 }, { 2.0, 1.0 });
+        ASSERT_NE(drawn(cache), QStringList());
+        cache.meta.outputColumns[0][column] = 99;
+        EXPECT_EQ(drawn(cache), QStringList()) << column;
+    }
+}
+
 TEST_P(DrawTickVolStick, DrawsNothingWithASingleNumberSeries)
 {
     auto cache = trades({ 5.0 }, { 2.0 });

@@ -134,6 +134,11 @@ TEST(StockWeights, WildFiguresSaturate)
     both.setWeightType(2);
     both.add({ stock("600000", 7.0), stock("600036", 8.0) });
     EXPECT_EQ(both.weights(), QStringLiteral("9.22337e+16 9.22337e+16 | 1 1")); // the sum saturates as well
+    setFigures(INFINITY, 1.0);
+    BasketTable oneBeyond;
+    oneBeyond.setWeightType(2);
+    oneBeyond.add({ stock("600000", 7.0), stock("600036", 8.0) });
+    EXPECT_EQ(oneBeyond.weights(), QStringLiteral("9.22337e+16 0 | 1 1.0842e-19"));
     setFigures(-INFINITY, -DBL_MAX);
     BasketTable negative;
     negative.setWeightType(2);
