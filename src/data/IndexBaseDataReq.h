@@ -52,7 +52,7 @@ public:
 
     /// Entry at `index % count()`. An empty table answers the shared s_defItem, and so does a negative index;
     /// writing to that changes it for every table, so test count() first. An entry stays where it is in
-    /// memory until it is removed.
+    /// memory while others come and go, unless the table was copied.
     IndexBaseDataReqItem& operator[](int index);
     /// The same for reading.
     const IndexBaseDataReqItem& operator[](int index) const;
