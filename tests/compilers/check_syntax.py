@@ -18,6 +18,8 @@ split = arguments.index("--") if "--" in arguments else len(arguments)
 commands, compiler, *options = arguments[:split]
 project = pathlib.Path(__file__).resolve().parents[2]
 folders = [project / name for name in arguments[split + 1:] or ["engine", "src", "host", "apps", "tests"]]
+# Words of the build that make no difference to what is read, or that GCC alone knows.
+LEFT_OUT = ("-g", "-O", "-fno-gnu-unique")
 
 
 def own(entry):
@@ -29,7 +31,7 @@ def read(entry):
     if "ccache" in words[0]:
         words.pop(0)
     words = words[1:words.index("-o")] + words[words.index("-o") + 2:]
-    words = [word for word in words if not word.startswith("-g") and not word.startswith("-O")]
+    words = [word for word in words if not word.startswith(LEFT_OUT)]
     done = subprocess.run([compiler, "-fsyntax-only", *words, *options, "-Werror"], cwd=entry["directory"],
                           capture_output=True, text=True)
     return done.stderr if done.returncode else ""
