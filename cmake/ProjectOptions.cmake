@@ -11,6 +11,7 @@ if(MSVC)
                                                          $<$<BOOL:${INDICATORUI_WERROR}>:/WX>)
     target_compile_definitions(indicatorui_options INTERFACE NOMINMAX)
 else()
+    # Clang's -Wconversion warns of changed signs, too; without those it is the -Wconversion of GCC.
     target_compile_options(indicatorui_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Wno-sign-conversion
                                                          -ffp-contract=off
                                                          $<$<BOOL:${INDICATORUI_WERROR}>:-Werror>)
