@@ -19,7 +19,7 @@ commands, compiler, *options = arguments[:split]
 project = pathlib.Path(__file__).resolve().parents[2]
 folders = [project / name for name in arguments[split + 1:] or ["engine", "src", "host", "apps", "tests"]]
 # Words of the build that make no difference to what is read, or that GCC alone knows.
-LEFT_OUT = ("-g", "-O", "-fno-gnu-unique", "-Wno-stringop-overflow")
+LEFT_OUT = ("-g", "-O", "-fno-gnu-unique")
 
 
 def own(entry):
